@@ -1,0 +1,1 @@
+#include "base/data_set.h"

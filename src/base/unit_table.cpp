@@ -1,0 +1,1 @@
+#include "base/unit_table.h"

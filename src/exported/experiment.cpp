@@ -1,0 +1,1 @@
+#include "exported/experiment.h"

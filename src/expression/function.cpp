@@ -1,0 +1,1 @@
+#include "expression/function.h"

@@ -1,0 +1,1 @@
+#include "expression/node.h"

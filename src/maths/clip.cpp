@@ -1,0 +1,1 @@
+#include "maths/clip.h"

@@ -1,0 +1,1 @@
+#include "maths/dispersion.h"

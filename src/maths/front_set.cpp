@@ -1,0 +1,1 @@
+#include "maths/front_set.h"

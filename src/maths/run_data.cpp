@@ -1,0 +1,1 @@
+#include "maths/run_data.h"

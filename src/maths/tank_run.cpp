@@ -1,0 +1,1 @@
+#include "maths/tank_run.h"

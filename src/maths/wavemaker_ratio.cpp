@@ -1,0 +1,1 @@
+#include "maths/wavemaker_ratio.h"

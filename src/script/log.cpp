@@ -1,0 +1,1 @@
+#include "script/log.h"

@@ -1,0 +1,1 @@
+#include "script/sub_enum.h"

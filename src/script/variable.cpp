@@ -1,0 +1,1 @@
+#include "script/variable.h"

@@ -1,0 +1,44 @@
+// A wavemaker bank: a row of paddles, told by position, and exactly one machine.
+#ifndef KELPBOX_SITE_PADDLES_H_
+#define KELPBOX_SITE_PADDLES_H_
+
+#include <string>
+
+#include "script/wrap.h"
+#include "site/machine.h"
+
+namespace Common {
+
+// One paddle: position in metres, direction of its normal in radians.
+class PadPos : public Script::Declared {
+ public:
+  const char* class_name() const override { return "Paddle"; }
+  void declare(Script::List& list) override;
+
+  double x = Script::UnsetReal;
+  double y = Script::UnsetReal;
+  double angle = Script::UnsetReal;
+};
+
+class Paddles : public Script::Declared {
+ public:
+  Paddles();
+
+  const char* class_name() const override { return "Paddles"; }
+  void declare(Script::List& list) override;
+  // Throws Script::LogItm "There should be one machine exactly but there are N".
+  void create() override;
+
+  // The bank's only machine.
+  Machine& machine() const { return machines[0]; }
+
+  std::string name = Script::UnsetString;
+  Script::WrapAry<PadPos> pad_pos;
+  Script::WrapBase<Machine> machines;
+  Script::WrapAlternative<Flap, Machine> flap;
+  Script::WrapAlternative<Piston, Machine> piston;
+};
+
+}  // namespace Common
+
+#endif  // KELPBOX_SITE_PADDLES_H_

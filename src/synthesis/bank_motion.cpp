@@ -1,0 +1,1 @@
+#include "synthesis/bank_motion.h"

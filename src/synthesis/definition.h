@@ -1,0 +1,69 @@
+// A run: specifications on one repeat time, merged and referred to the paddles, and what is built
+// from the merged fronts.
+#ifndef KELPBOX_SYNTHESIS_DEFINITION_H_
+#define KELPBOX_SYNTHESIS_DEFINITION_H_
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/params.h"
+#include "maths/front.h"
+#include "maths/run_data.h"
+#include "maths/run_fronts.h"
+#include "site/context.h"
+#include "synthesis/bank_motion.h"
+#include "synthesis/specification.h"
+
+namespace Synthesis {
+
+// Specifications and the context are owned elsewhere and must outlive their place here. Failures
+// are thrown as std::string.
+class Definition {
+ public:
+  Definition(std::string name, Common::Context& context)
+      : name_(std::move(name)), context_(context) {}
+
+  void add_specification(Specification& specification);
+  // Throws "Failed to find Specification to remove".
+  void remove_specification(Specification& specification);
+
+  // Declares "repeat", "dalrymple", "wave_merge", "ran_gen", "seed".
+  void query(Base::Params& out) const;
+  // Fits the repeat time to whole samples of the base rate and writes it back.
+  void set(Base::Params& in);
+
+  // Throws "Evaluate before setting state".
+  const Maths::RunFronts& run_build();
+  std::uint32_t run_size() const { return static_cast<std::uint32_t>(run_.sets.size()); }
+  Maths::RunData& repeat() { return run_.run; }
+  // Of one set, valid until the next run_build. Throws "invalid vector<T> subscript".
+  Maths::Position& position(std::uint32_t index);
+  // Each result is valid until the next call of the same form. The form with an index throws
+  // "invalid vector<T> subscript".
+  const std::vector<Front>& fronts(bool merged);
+  const std::vector<Maths::TransferFront>& fronts(std::uint32_t index);
+  const Messages& messages() const { return messages_; }
+
+  // Takes "rate" from the parameters and rebuilds the signals of all banks.
+  void paddle_motion_build(Base::Params& in);
+  // Both throw "Bank out of range or paddle_motion not built".
+  const std::vector<double>& paddle_motion_data(std::uint32_t bank, std::uint32_t paddle) const;
+  void paddle_motion_stats(std::uint32_t bank, Base::Params& out) const;
+
+ private:
+  Base::Params params_;
+  std::string name_;
+  std::vector<Specification*> specifications_;
+  Maths::RunFronts run_;
+  Common::Context& context_;
+  std::vector<BankMotion> banks_;
+  std::vector<Front> display_fronts_;
+  std::vector<Maths::TransferFront> transfer_fronts_;
+  bool ready_ = false;
+  Messages messages_;
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SYNTHESIS_DEFINITION_H_

@@ -1,0 +1,1 @@
+#include "synthesis/set_fronts.h"

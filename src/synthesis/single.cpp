@@ -1,0 +1,1 @@
+#include "synthesis/single.h"

@@ -1,0 +1,1 @@
+#include "synthesis/time_series.h"

@@ -1,0 +1,28 @@
+// Measured or computed surface elevation, brought to the repeat time.
+#ifndef KELPBOX_SYNTHESIS_TIME_SERIES_H_
+#define KELPBOX_SYNTHESIS_TIME_SERIES_H_
+
+#include "base/vector.h"
+#include "synthesis/component.h"
+
+namespace Synthesis {
+
+// Takes "scale_ratio", "rate", "ramp_time", "ramp_type". The vector is the host's, is read at
+// every set and evaluate, and must outlive the component.
+class TimeSeries : public Component {
+ public:
+  explicit TimeSeries(const Base::Vector& data) : Component(data.label), data_(&data) {}
+
+ protected:
+  void on_query(Base::Params& out) override;
+  void on_set(Base::Params& in, Base::Params& stored) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
+                   Messages& messages) override;
+
+ private:
+  const Base::Vector* data_;
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SYNTHESIS_TIME_SERIES_H_
