@@ -1,1 +1,122 @@
 #include "site/context.h"
+
+#include <cmath>
+#include <sstream>
+
+#include "base/enumerations.h"
+
+namespace Common {
+
+namespace {
+
+template <typename T>
+T& built(const Script::WrapObj<T>& object) {
+  if (!object.get()) throw "Object not built";
+  return *object.get();
+}
+
+}  // namespace
+
+Script::List& Context::Units_enum::members() {
+  static Script::List list = [] {
+    Script::List members;
+    members.member("Hz", Hz);
+    members.member("rad_s", rad_s);
+    return members;
+  }();
+  return list;
+}
+
+Context::Context() : wavemaker_bank({Script::SizeRule::at_least, 1, 1, 1}) {}
+
+void Context::declare(Script::List& list) {
+  list.fixed("site_name", site_name);
+  list.fixed("tank_name", tank_name);
+  list.fixed("config_name", config_name);
+  list.object("tank", tank);
+  list.object("limits", limits);
+  list.array("wavemaker_bank", wavemaker_bank);
+  list.fixed("rate_units", rate_units);
+  list.fixed("base_rate", base_rate);
+  list.fixed("base_g", base_g);
+  list.fixed("base_rho", base_rho);
+}
+
+void Context::create() {
+  Base::Params consts;
+  get_consts(consts);
+
+  const auto store = [&](int row, const char* name, Base::UnitCategory category) {
+    limit_table_[static_cast<std::size_t>(row)] = consts.at(name).get(category);
+  };
+  store(Limit::min_x, "min_x", Base::Category::length);
+  store(Limit::max_x, "max_x", Base::Category::length);
+  store(Limit::min_y, "min_y", Base::Category::length);
+  store(Limit::max_y, "max_y", Base::Category::length);
+  store(Limit::base_g, "base_g", Base::Category::acceleration);
+  store(Limit::base_rate, "base_rate", Base::Category::frequency);
+  store(Limit::max_freq, "max_freq", Base::Category::frequency);
+  store(Limit::min_freq, "min_freq", Base::Category::frequency);
+  store(Limit::max_angle, "max_angle", Base::Category::angle);
+  store(Limit::min_angle, "min_angle", Base::Category::angle);
+  geometry_ = consts.find_enum("geometry", Base::EnumType::Geometry)
+                  ->second.enum_value(Base::EnumType::Geometry);
+
+  tank_config_.min_angle = get(Limit::min_angle);
+  tank_config_.max_angle = get(Limit::max_angle);
+  tank_config_.g = get(Limit::base_g);
+  tank_config_.base_rate = get(Limit::base_rate);
+  full_name_ = tank_name + " " + config_name;
+
+  // Every run divides by these two.
+  const auto check_positive = [&](const char* key, double value) {
+    if (value > 0.0 && std::isfinite(value)) return;
+    throw problem("Create").add(key).add(" ").add(value).add(" is not a positive number");
+  };
+  check_positive("base_rate", base_rate);
+  check_positive("base_g", base_g);
+}
+
+void Context::make_ready() {
+  if (ready_) throw problem("General").add("Make ready called when already ready");
+  built(tank).make_config(tank_config_);
+  ready_ = true;
+}
+
+const Maths::TankConfig& Context::tank_config() const {
+  if (!ready_) {
+    throw problem("General").add("Attempting to access TankConfig when not made ready");
+  }
+  return tank_config_;
+}
+
+double Context::get(int index) const {
+  if (index < 0 || index >= Limit::count) throw std::string("type out of range");
+  return limit_table_[static_cast<std::size_t>(index)];
+}
+
+void Context::get_consts(Base::Params& out) {
+  built(tank).get_consts(out);
+  built(limits).get_consts(out);
+  const char* unit = nullptr;
+  switch (rate_units.number) {
+    case Units_enum::Hz:
+      unit = "Hz";
+      break;
+    case Units_enum::rad_s:
+      unit = "rad/s";
+      break;
+    default:
+      throw std::string("Unsupported units for rate");
+  }
+  out.insert("base_rate", base_rate, unit);
+  out.insert("base_g", base_g, "m/s2");
+}
+
+std::string Context::identity(std::uint32_t checksum) const {
+  std::ostringstream text;
+  text << site_name << "::" << tank_name << "::" << config_name << "#0x" << std::hex << checksum;
+  return text.str();
+}
+
+}  // namespace Common

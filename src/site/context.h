@@ -82,6 +82,8 @@ class Context : public Script::Declared {
   // A row of the limit table. Throws std::string "type out of range" for 10 or more.
   double get(int index) const;
   void get_consts(Base::Params& out);
+  // The member of the enumeration "Geometry" that the tank has.
+  std::uint32_t geometry() const { return geometry_; }
 
   // The tank's name, a blank, the configuration's name.
   const std::string& full_name() const { return full_name_; }
