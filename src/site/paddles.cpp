@@ -1,1 +1,33 @@
 #include "site/paddles.h"
+
+namespace Common {
+
+void PadPos::declare(Script::List& list) {
+  list.fixed("x", x);
+  list.fixed("y", y);
+  list.fixed("angle", angle);
+}
+
+// The machines' own rule admits any number: too many or too few is told when the tree is
+// finished, with the bank's path.
+Paddles::Paddles()
+    : pad_pos({Script::SizeRule::at_least, 1, 1, 1}),
+      machines({Script::SizeRule::any, 0, 0, 0}),
+      flap(machines, Machine::flap),
+      piston(machines, Machine::piston) {}
+
+void Paddles::declare(Script::List& list) {
+  list.fixed("name", name);
+  list.array("pad_pos", pad_pos);
+  list.object("flap", flap);
+  list.object("piston", piston);
+}
+
+void Paddles::create() {
+  if (machines.size() == 1) return;
+  throw problem("General")
+      .add("There should be one machine exactly but there are ")
+      .add(static_cast<unsigned>(machines.size()));
+}
+
+}  // namespace Common
