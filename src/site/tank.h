@@ -1,10 +1,12 @@
 // The water body: crosswise extent, side walls, and depth along the wave direction as a chain of
 // sections, each with a depth given by a formula. Also the site's tunable parameters.
 //
-// Keys and their meaning are in docs/site-script.md.
+// Keys and their meaning are in docs/site-keys.md.
 #ifndef KELPBOX_SITE_TANK_H_
 #define KELPBOX_SITE_TANK_H_
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "base/params.h"
@@ -69,7 +71,8 @@ class Tank : public Script::Declared {
   void create() override;
 
   // Turns the sections into the tabulated profile and sets the walls. The numbers of the script
-  // are taken as metres whatever `units` says; only get_consts looks at it.
+  // are taken as metres whatever `units` says; only get_consts looks at it. Throws std::string for
+  // a depth that is no positive number or whose profile does not come to an end.
   void make_config(Maths::TankConfig& out);
   // Inserts "min_x", "max_x", "max_y", "min_y", "geometry", and "max_<name>", "min_<name>" for
   // each tunable value.
@@ -91,6 +94,10 @@ class Tank : public Script::Declared {
 
   double min_x = 0.0;
   double max_x = 0.0;
+
+ private:
+  // The index that the script knows a section by.
+  std::int32_t script_index(std::size_t position) const;
 };
 
 }  // namespace Common
