@@ -46,8 +46,9 @@ class Definition {
   const Messages& messages() const { return messages_; }
 
   // Takes "rate" from the parameters and rebuilds the signals of all banks.
-  void paddle_motion_build(Base::Params& in);
-  // Both throw "Bank out of range or paddle_motion not built".
+  void paddle_motion_build(const Base::Params& in);
+  // Both throw "Bank out of range or paddle_motion not built"; a paddle without a signal throws
+  // "Paddle out of range in paddle_motion_data::bank B has no signal of paddle P".
   const std::vector<double>& paddle_motion_data(std::uint32_t bank, std::uint32_t paddle) const;
   void paddle_motion_stats(std::uint32_t bank, Base::Params& out) const;
 

@@ -29,7 +29,7 @@ class Specification {
 
   // Declares "x", "y" and "t".
   void query(Base::Params& out) const;
-  void set(Base::Params& in);
+  void set(const Base::Params& in);
 
   // Components in order of adding, then gain, angle, phase. Throws "Evaluating specification
   // before values set".
