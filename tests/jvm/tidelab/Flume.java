@@ -1,0 +1,134 @@
+package tidelab;
+
+import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
+
+import java.io.IOException;
+import java.io.UncheckedIOException;
+import java.nio.file.Files;
+import java.nio.file.Path;
+
+/** A flume of 1 m depth with one full-depth piston at its end, and short names for the tests. */
+final class Flume {
+
+    static final double TWO_PI = 2.0 * Math.PI;
+    static final double DEPTH = 1.0;
+    static final double GRAVITY = 9.81;
+
+    static final String SCRIPT = """
+        context {
+            site_name = "Test";
+            tank_name = "Flume";
+            config_name = "piston";
+            tank {
+                geometry = TwoDimensional;
+                units = m;
+                max_y = 0.5;
+                min_y = -0.5;
+                section[2..1] { offset = Absolute; x = 20; }
+                section[1] { x = 0; depth = "1.0"; }
+                param[1..1] {
+                    name = "beach";
+                    value = 0.25; max = 1; min = 0; error = 0.01;
+                    units = "m";
+                }
+            }
+            limits {
+                frequency { units = "Hz"; maximum = 2; minimum = 0.1; }
+                angle { units = "deg"; maximum = 360; minimum = 0; }
+            }
+            wavemaker_bank[1..1] {
+                name = "west";
+                pad_pos[1..1] { x = 0; y = 0; angle = 0; }
+                piston {
+                    paddle_width = 1;
+                    critical_dimension = 0;
+                    dimension_type = ToBottom;
+                    paddle_motion { clip_limit = 0.3; maximum = 0.4; minimum = -0.4; units = "m"; }
+                    constant[1..1] { name = "gain"; units = "V"; value = 2.5; }
+                }
+            }
+            rate_units = Hz;
+            base_rate = 100;
+            base_g = 9.81;
+            base_rho = 1000;
+        }
+        """;
+
+    private Flume() {}
+
+    static void load() {
+        System.load(System.getProperty("kelpbox.library"));
+    }
+
+    /** A file of that text, gone when the JVM ends. */
+    static String file(String text) {
+        try {
+            Path path = Files.createTempFile("kelpbox", ".site");
+            path.toFile().deleteOnExit();
+            return Files.writeString(path, text).toString();
+        } catch (IOException e) {
+            throw new UncheckedIOException(e);
+        }
+    }
+
+    static long experiment() {
+        long experiment = new_Kelpbox_Experiment__SWIG_0();
+        Kelpbox_Experiment_initialise(experiment, null, file(SCRIPT));
+        return experiment;
+    }
+
+    /** A parameter as the library wants it: the value, in the units. */
+    static void insert(long params, String name, double value, String units) {
+        Kelpbox_Params_insert__SWIG_0(params, null, name, value, units);
+    }
+
+    static void insert(long params, String name, String member, String type) {
+        Kelpbox_Params_insert__SWIG_1(params, null, name, member, type);
+    }
+
+    /** A specification at the origin at time 0, set. */
+    static long specification(long experiment, long definition) {
+        long specification = Kelpbox_Experiment_add_specification(experiment, null, definition);
+        long params = new_Kelpbox_Params();
+        insert(params, "x", 0, "m");
+        insert(params, "y", 0, "m");
+        insert(params, "t", 0, "s");
+        Kelpbox_Experiment_set__SWIG_1(experiment, null, specification, params, null);
+        delete_Kelpbox_Params(params);
+        return specification;
+    }
+
+    static void setDefinition(long experiment, long definition, double repeat) {
+        long params = new_Kelpbox_Params();
+        insert(params, "repeat", repeat, "s");
+        insert(params, "dalrymple", "False", "Bool");
+        insert(params, "wave_merge", "Null", "WaveMerge");
+        Kelpbox_Experiment_set__SWIG_1(experiment, null, definition, params, null);
+        delete_Kelpbox_Params(params);
+    }
+
+    static void setSingle(long experiment, long single, double f, double a, double phase) {
+        long params = new_Kelpbox_Params();
+        insert(params, "f", f, "Hz");
+        insert(params, "a", a, "m");
+        insert(params, "angle", 0, "rad");
+        insert(params, "phase", phase, "rad");
+        Kelpbox_Experiment_set__SWIG_1(experiment, null, single, params, null);
+        delete_Kelpbox_Params(params);
+    }
+
+    /** The wave number of linear theory, by bisection of omega^2 = g k tanh(k depth). */
+    static double waveNumber(double omega) {
+        double low = 0.0;
+        double high = 1000.0;
+        for (int i = 0; i < 200; ++i) {
+            double k = 0.5 * (low + high);
+            if (GRAVITY * k * Math.tanh(k * DEPTH) < omega * omega) {
+                low = k;
+            } else {
+                high = k;
+            }
+        }
+        return 0.5 * (low + high);
+    }
+}
