@@ -104,7 +104,8 @@ class RunTest {
         Flume.insert(params, "rate", rate, "Hz");
         Kelpbox_Experiment_paddle_motion_build(experiment, null, definition, params, null);
 
-        // A piston over the full depth makes 4 sinh^2(kd) / (sinh(2kd) + 2kd) of its stroke.
+        // A piston over the full depth makes 4 sinh^2(kd) / (sinh(2kd) + 2kd) of its stroke. The
+        // library's explicit wave number is within a few parts in 1e5 of the exact one used here.
         double k = Flume.waveNumber(Flume.TWO_PI * f);
         double kd = k * Flume.DEPTH;
         double sinh = Math.sinh(kd);
@@ -114,7 +115,7 @@ class RunTest {
         assertEquals(500, n);
         for (int j = 0; j < n; ++j) {
             double expected = stroke * Math.cos(Flume.TWO_PI * f * j / rate + phase - Math.PI / 2);
-            assertEquals(expected, Kelpbox_StdVectorDouble_get(signal, null, j), 1e-6 * stroke);
+            assertEquals(expected, Kelpbox_StdVectorDouble_get(signal, null, j), 1e-4 * stroke);
         }
         Kelpbox_Params_clear(params, null);
         Kelpbox_Experiment_paddle_motion_stats(experiment, null, definition, 0, params, null);
