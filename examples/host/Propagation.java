@@ -1,0 +1,73 @@
+import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
+
+/**
+ * Carries the fronts of a run from the paddle line to a point, by linear theory of its own: the
+ * exact dispersion relation, Snell's law and energy flux over the sampled depth profile.
+ */
+final class Propagation {
+
+    private static final double STEP = 0.02; // m, along the tank
+
+    private final long experiment;
+    private final double g;
+    private final double xLow;
+    private final double[] depths;
+
+    Propagation(long experiment) {
+        this.experiment = experiment;
+        long params = new_Kelpbox_Params();
+        Kelpbox_Experiment_get_consts(experiment, null, params, null);
+        g = Kelpbox_Params_get(params, null, "base_g", "m/s2");
+        xLow = Kelpbox_Params_get(params, null, "min_x", "m");
+        Basin.number(params, "delta_x", STEP, "m");
+        long profile = Kelpbox_Experiment_profile(experiment, null, params, null);
+        depths = Basin.array(profile);
+        delete_Kelpbox_StdVectorDouble(profile);
+        delete_Kelpbox_Params(params);
+    }
+
+    /** The surface elevation in metres at a point in front of the paddles. */
+    double elevation(long run, double x, double y, double t) {
+        long fronts = Kelpbox_Experiment_fronts__SWIG_2(experiment, null, run);
+        double sum = 0;
+        for (int i = 0; i < Kelpbox_StdVectorFront_size(fronts, null); ++i) {
+            long front = Kelpbox_StdVectorFront_get(fronts, null, i);
+            double omega = 2 * Math.PI * Kelpbox_Front_get_freq(front, null);
+            double angle = Kelpbox_Front_get_angle(front, null);
+            double across = waveNumber(omega, depth(0)) * Math.sin(angle);
+            double along = 0;
+            for (double from = 0; from < x; from += STEP) {
+                double to = Math.min(from + STEP, x);
+                double k = waveNumber(omega, depth(0.5 * (from + to)));
+                along += Math.sqrt(k * k - across * across) * (to - from);
+            }
+            double shoaling = Math.sqrt(groupVelocity(omega, depth(0)) / groupVelocity(omega, depth(x)));
+            sum += shoaling * Kelpbox_Front_get_amp(front, null)
+                    * Math.cos(omega * t - along - across * y + Kelpbox_Front_get_phase(front, null));
+        }
+        return sum;
+    }
+
+    private double depth(double x) {
+        double position = (x - xLow) / STEP;
+        int i = Math.min((int) position, depths.length - 2);
+        double part = position - i;
+        return (1 - part) * depths[i] + part * depths[i + 1];
+    }
+
+    /** omega^2 = g k tanh(k depth), by Newton's method from the deep-water wave number. */
+    private double waveNumber(double omega, double depth) {
+        double k = omega * omega / g / Math.sqrt(Math.tanh(omega * omega * depth / g));
+        for (int i = 0; i < 50; ++i) {
+            double tanh = Math.tanh(k * depth);
+            double f = g * k * tanh - omega * omega;
+            k -= f / (g * tanh + g * k * depth * (1 - tanh * tanh));
+        }
+        return k;
+    }
+
+    private double groupVelocity(double omega, double depth) {
+        double k = waveNumber(omega, depth);
+        return omega / k * 0.5 * (1 + 2 * k * depth / Math.sinh(2 * k * depth));
+    }
+}
