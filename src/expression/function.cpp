@@ -1,1 +1,104 @@
 #include "expression/function.h"
+
+#include <iostream>
+#include <sstream>
+#include <string_view>
+#include <utility>
+
+#include "expression/node.h"
+#include "expression/parser.h"
+#include "expression/scanner.h"
+
+namespace Expression {
+namespace {
+
+constexpr std::string_view SyntaxError = "ExpressionParser error::";
+
+}  // namespace
+
+class Function::Parser final : public ExpressionParser {
+ public:
+  void error(const std::string& report) override {
+    std::cout << "Help" << report << '\n';
+    throw std::string(SyntaxError) + report;
+  }
+};
+
+Function::Function() = default;
+Function::Function(const std::string& text) { parse(text); }
+Function::~Function() = default;
+Function::Function(Function&&) noexcept = default;
+Function& Function::operator=(Function&&) noexcept = default;
+
+void Function::parse(const std::string& text) {
+  const std::size_t at = text.find('@');
+  const Base::Units units = at == std::string::npos ? Base::default_units(Base::Category::unit)
+                                                    : Base::resolve_units(text.substr(at + 1));
+  const std::string expression = text.substr(0, at);
+
+  std::istringstream in(expression);
+  ExpressionScanner scanner(in);
+  Parser parser;
+  try {
+    TokenValue value;
+    int kind;
+    do {
+      kind = scanner.next(value);
+      parser.push(kind, value);
+    } while (kind != 0);
+  } catch (const std::string& failure) {
+    if (!failure.starts_with(SyntaxError)) throw;
+    throw "Error while parsing expression ::" + expression;
+  }
+
+  root_ = parser.tree();
+  fixed_ = false;
+  checked_ = false;
+  value_.reset();
+  units_ = units;
+}
+
+void Function::declare(Base::Params& out) const { root().declare(out); }
+
+bool Function::bind(const Base::Params& source, Base::Params& target) {
+  Node& tree = root();
+  fixed_ = tree.bind(source, target);
+  if (fixed_) value_ = tree.eval(no_variable());
+  checked_ = true;
+  return fixed_;
+}
+
+bool Function::is_constant() {
+  const Node& tree = root();
+  if (!checked_) {
+    fixed_ = tree.is_constant();
+    checked_ = true;
+  }
+  return fixed_;
+}
+
+bool Function::compatible(std::uint32_t unit_row) const { return root().compatible(unit_row); }
+
+Base::Quantity Function::evaluate(const Base::Quantity& variable) const {
+  return {root().eval(variable), units_, Base::ValueState{}};
+}
+
+Base::Quantity Function::constant() const {
+  const Node& tree = root();
+  if (!fixed_) {
+    throw std::string("Trying to find the constant value of a non constant function");
+  }
+  // is_constant alone stores no value.
+  return {value_ ? *value_ : tree.eval(no_variable()), units_, Base::ValueState{}};
+}
+
+void Function::print(std::ostream& out) const { root().print(out); }
+
+const Node& Function::root() const {
+  if (root_ == nullptr) throw std::string("Evaluated incomplete function");
+  return *root_;
+}
+
+Node& Function::root() { return const_cast<Node&>(std::as_const(*this).root()); }
+
+}  // namespace Expression

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -29,8 +30,9 @@ class Function {
   Function(Function&&) noexcept;
   Function& operator=(Function&&) noexcept;
 
-  // Replaces the tree. Throws "Error while parsing expression ::" and the text of the
-  // expression, or "Unknown units - " and the unit text.
+  // Replaces the tree; a text that fails leaves the function as it was. Throws "Error while
+  // parsing expression ::" and the text before the first `@`, or "Unknown units - " and the
+  // unit text.
   void parse(const std::string& text);
 
   // Everything below throws "Evaluated incomplete function" when nothing has been parsed.
@@ -46,20 +48,24 @@ class Function {
   bool compatible(std::uint32_t unit_row) const;
   // The result for that value of the variable, in the units of the function.
   Base::Quantity evaluate(const Base::Quantity& variable) const;
-  // The fixed value. Throws "Trying to find the constant value of a non constant function".
+  // The value of a function that bind or is_constant has found to be fixed. Throws "Trying to
+  // find the constant value of a non constant function", and as evaluate does when the function
+  // has not been bound.
   Base::Quantity constant() const;
   Base::Units units() const { return units_; }
   // The tree in the language's notation.
   void print(std::ostream& out) const;
 
  private:
+  class Parser;
+
   const Node& root() const;
   Node& root();
 
   std::unique_ptr<Node> root_;
   bool fixed_ = false;
-  bool checked_ = false;
-  double value_ = 0.0;
+  bool checked_ = false;         // fixed_ is settled
+  std::optional<double> value_;  // once bound, when fixed
   Base::Units units_;
 };
 
