@@ -10,6 +10,7 @@
 #include <map>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/quantity.h"
@@ -75,7 +76,7 @@ class Params {
   void clear();
 
   std::uint32_t comment_size() const { return static_cast<std::uint32_t>(comments_.size()); }
-  // The text behind "Error::", "Warning::" or "Detail::". The index is not checked.
+  // The text behind "Error::", "Warning::" or "Detail::". Throws "Comment N out of range".
   std::string comment(std::uint32_t index) const;
   void add_comment(std::uint32_t severity, std::string text);
 
@@ -117,6 +118,8 @@ class Params {
                                 double tolerance);
 
  private:
+  void check_absent(const std::string& name) const;
+
   std::vector<Param> list_;
   std::vector<ParamComment> comments_;
   Entries entries_;
