@@ -31,12 +31,14 @@ class BaseVec {
   virtual std::uint64_t storage_size(std::uint64_t samples) const { return samples; }
 
   // Throws "Index N out of range" when the index is greater than the number of elements. An
-  // index equal to it passes on purpose: hosts depend on the bound as it is.
+  // index equal to it passes on purpose: hosts depend on the bound as it is. It reaches a spare
+  // element, so that writing there harms nothing.
   T& at(std::uint64_t index);
   const T& at(std::uint64_t index) const;
 
   // Remove or add elements at both ends; `length` becomes the new size. Throw "BaseVec length
-  // does not equal size on erase" (or "insert") when it does not equal the size before.
+  // does not equal size on erase" (or "insert") when it does not equal the size before, and
+  // "BaseVec erase of more elements than there are".
   void erase(std::uint64_t front, std::uint64_t back);
   void insert(std::uint64_t front, std::uint64_t back, const T& fill);
 
@@ -44,6 +46,9 @@ class BaseVec {
   std::string label;
   Units units;
   std::vector<T> data;
+
+ private:
+  T spare_{};
 };
 
 class Vector : public BaseVec<double> {
