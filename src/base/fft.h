@@ -12,7 +12,8 @@
 #include <memory>
 #include <vector>
 
-// Fills the spectrum, which the caller has sized to N / 2 + 1, from the N samples.
+// Fills the spectrum, which the caller has sized to N / 2 + 1, from the N samples. The size is
+// never exceeded; elements above N / 2 become 0.
 void KLPFFT_time_to_freq(const std::vector<double>* time, std::vector<std::complex<double>>* freq);
 
 // Fills the samples, which the caller has sized to N, from the spectrum. A spectrum of fewer
@@ -32,7 +33,8 @@ class FFT_Plan {
   FFT_Plan(const FFT_Plan&) = delete;
   FFT_Plan& operator=(const FFT_Plan&) = delete;
 
-  // The same result as KLPFFT_freq_to_time.
+  // The same result as KLPFFT_freq_to_time. Throws a std::string when the vector is not of N
+  // samples, or when the buffers have been freed.
   void execute(const std::vector<std::complex<double>>* freq, std::vector<double>* time);
 
   // Releases the working memory. After it the plan only waits to be destroyed.
@@ -40,6 +42,7 @@ class FFT_Plan {
 
  private:
   struct Buffers;
+  unsigned samples_;
   std::unique_ptr<Buffers> buffers_;
 };
 
