@@ -47,7 +47,8 @@ class DataSet {
   // Editing of the time form; each makes the frequency form out of date.
   void erase(std::uint64_t front, std::uint64_t back);
   void pad(std::uint64_t front, std::uint64_t back, double fill);
-  // Adds the last `count` samples to the first ones and removes them.
+  // Adds the last `count` samples to the first ones and removes them. Throws "Fold of more
+  // samples than there are".
   void fold(std::uint64_t count);
   void scale(double factor);
 
@@ -57,6 +58,9 @@ class DataSet {
   void variance(Vector& out);
 
  private:
+  // Gives the time form the shape of the frequency form's series.
+  void shape_time();
+
   Quantity rate_;
   Vector time_;
   Cvector freq_;
