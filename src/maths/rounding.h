@@ -1,0 +1,34 @@
+// Real numbers to counts: the one rounding of the wave code, floor(x + 0.5).
+//
+// Any input has a defined result. A number that does not fit, or is not one, passes through 64
+// bits as the most negative of them; the narrower types keep the low 32 bits.
+#ifndef KELPBOX_MATHS_ROUNDING_H_
+#define KELPBOX_MATHS_ROUNDING_H_
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace Maths {
+
+inline std::int64_t truncate_to_i64(double x) {
+  constexpr double limit = 9223372036854775808.0;  // 2^63
+  return x >= -limit && x < limit ? static_cast<std::int64_t>(x)
+                                  : std::numeric_limits<std::int64_t>::min();
+}
+
+inline std::int32_t truncate_to_i32(double x) {
+  return static_cast<std::int32_t>(truncate_to_i64(x));
+}
+
+inline std::uint32_t truncate_to_u32(double x) {
+  return static_cast<std::uint32_t>(truncate_to_i64(x));
+}
+
+inline std::int64_t round_to_i64(double x) { return truncate_to_i64(std::floor(x + 0.5)); }
+inline std::int32_t round_to_i32(double x) { return truncate_to_i32(std::floor(x + 0.5)); }
+inline std::uint32_t round_to_u32(double x) { return truncate_to_u32(std::floor(x + 0.5)); }
+
+}  // namespace Maths
+
+#endif  // KELPBOX_MATHS_ROUNDING_H_
