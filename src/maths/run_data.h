@@ -34,6 +34,9 @@ class RunData {
   bool is_inrange(double freq) const;
 
  private:
+  // Compared as unsigned: a negative number is out of range.
+  bool in_limits(std::int64_t harmonic) const;
+
   bool initialised_ = false;
   double repeat_ = 0.0;
   std::uint64_t max_harmonic_ = 0;
