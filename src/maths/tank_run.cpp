@@ -1,1 +1,166 @@
 #include "maths/tank_run.h"
+
+#include <cmath>
+#include <sstream>
+#include <string>
+
+#include "base/constants.h"
+#include "maths/dispersion.h"
+
+namespace Maths {
+namespace {
+
+[[noreturn]] void throw_outside(double x) {
+  std::ostringstream text;
+  text << "Value x=" << x << " is outside dimensions of tank";
+  throw text.str();
+}
+
+// The part of the group velocity that depends on depth, twice its ratio to the phase velocity.
+double group_factor(double depth, double k) {
+  const double q = 2 * depth * k;
+  return q >= 70.0 ? 1 : q / std::sinh(q) + 1;  // deep water, where sinh would overflow
+}
+
+}  // namespace
+
+double TankRun::omega(std::uint64_t harmonic) const { return run_.freq(harmonic) * Base::TwoPi; }
+
+double TankRun::depth_at(double x) const {
+  const std::vector<ProfilePoint>& profile = tank_.profile;
+  if (profile.size() < 2) throw std::string("TankConfig not built");
+  // The first point whatever the paddle line's, on purpose: hosts depend on the depth at 0.
+  if (x == 0.0) return profile.front().depth;
+  const std::size_t i = segment_of(x);
+  const double t = (x - profile[i].x) / (profile[i + 1].x - profile[i].x);
+  return (1 - t) * profile[i].depth + t * profile[i + 1].depth;
+}
+
+std::size_t TankRun::segment_of(double x) const {
+  if (!(x <= tank_.x_high && x >= tank_.x_low)) throw_outside(x);
+  const std::vector<ProfilePoint>& profile = tank_.profile;
+  const std::size_t count = profile.size();
+  if (count == 2) return 0;
+  if (count < 2) throw std::string("TankConfig not built");
+  std::size_t i = 0;
+  for (std::size_t step = next_pow2(count) / 2; step != 0; step /= 2) {
+    if (i + step < count - 1 && x > profile[i + step].x) i = i + step;
+  }
+  return i;
+}
+
+void TankRun::depth_samples(std::vector<double>& out, double dx) const {
+  tank_.profile_samples(dx, out);
+}
+
+void TankRun::build_ladder(std::uint64_t harmonic, double x) {
+  ladder_.clear();
+  ladder_harmonic_ = harmonic;
+  ladder_x_ = x;
+  if (std::isnan(x)) throw_outside(x);
+  const double w = omega(harmonic);
+  push_rung(0.0, knum(w, tank_.paddle_depth, tank_.g));
+  double end_depth = tank_.paddle_depth;
+  if (x > 0) end_depth = walk_forward(w, x);
+  if (x < 0) end_depth = walk_backward(w, x);
+  ladder_end_depth_ = end_depth;
+  push_rung(0.0, knum(w, ladder_end_depth_, tank_.g));
+}
+
+double TankRun::walk_forward(double w, double x) {
+  const std::vector<ProfilePoint>& profile = tank_.profile;
+  double x_prev = 0.0;
+  double d_prev = tank_.paddle_depth;
+  for (std::size_t i = std::size_t{tank_.paddle_index} + 1; i < profile.size(); ++i) {
+    double x_i = profile[i].x;
+    double d_i = profile[i].depth;
+    const double dx = x_i - x_prev;
+    if (dx > 1e-6) {
+      if (x <= x_i) {
+        const double t = (x_i - x) / dx;
+        d_i = (1 - t) * d_i + t * d_prev;
+        x_i = x;
+      }
+      push_rung(x_i - x_prev, knum(w, (d_prev + d_i) * 0.5, tank_.g));
+    }
+    x_prev = x_i;
+    d_prev = d_i;
+    if (x_i == x) return d_i;
+  }
+  throw_outside(x);
+}
+
+double TankRun::walk_backward(double w, double x) {
+  const std::vector<ProfilePoint>& profile = tank_.profile;
+  if (tank_.paddle_index >= profile.size()) throw_outside(x);
+  double x_prev = 0.0;
+  double d_prev = tank_.paddle_depth;
+  for (std::size_t left = std::size_t{tank_.paddle_index} + 1; left > 0; --left) {
+    double x_i = profile[left - 1].x;
+    double d_i = profile[left - 1].depth;
+    if (x_prev - x_i > 1e-6) {
+      if (x_i <= x) {
+        const double t = (x_i - x) / (x_i - x_prev);
+        d_i = (1 - t) * d_i + t * d_prev;
+        x_i = x;
+      }
+      push_rung(x_i - x_prev, knum(w, (d_prev + d_i) * 0.5, tank_.g));
+    }
+    x_prev = x_i;
+    d_prev = d_i;
+    if (x_i == x) return d_i;
+  }
+  throw_outside(x);
+}
+
+void TankRun::push_rung(double dx, double k) { ladder_.push_back({dx, k, k * k}); }
+
+void TankRun::need_ladder(std::uint64_t harmonic, double x) {
+  if (harmonic == ladder_harmonic_ && std::fabs(x - ladder_x_) <= 1e-6) return;
+  build_ladder(harmonic, x);
+}
+
+double TankRun::wave_num_at(std::uint64_t harmonic, double x) const {
+  if (harmonic == ladder_harmonic_ && !ladder_.empty()) {
+    if (std::fabs(x) < 1e-6) return ladder_.front().k;
+    if (std::fabs(x - ladder_x_) < 1e-6) return ladder_.back().k;
+  }
+  return knum(omega(harmonic), depth_at(x), tank_.g);
+}
+
+double TankRun::shoaling(std::uint64_t harmonic, double x) {
+  need_ladder(harmonic, x);
+  if (tank_.paddle_depth == ladder_end_depth_) return 1.0;
+  if (ladder_.empty()) throw std::string("knum is empty");
+  const double k0 = ladder_.front().k;
+  const double k1 = ladder_.back().k;
+  run_.freq(harmonic);  // its range check
+  const double c0 = group_factor(tank_.paddle_depth, k0);
+  const double c1 = group_factor(ladder_end_depth_, k1);
+  return std::sqrt((c0 * k1) / (c1 * k0));
+}
+
+double TankRun::phase_lag(std::uint64_t harmonic, double x, double y, double theta) {
+  need_ladder(harmonic, x);
+  if (ladder_.empty()) throw std::string("knum is empty");
+  const double s = std::sin(theta);
+  const double k0 = ladder_.front().k;
+  const double k0sq = ladder_.front().k2;
+  double sum = 0.0;
+  for (std::size_t i = 1; i + 1 < ladder_.size(); ++i) {
+    sum = sum + std::sqrt(ladder_[i].k2 - s * s * k0sq) * ladder_[i].dx;
+  }
+  if (std::cos(theta) < 0) sum = -sum;
+  return y * k0 * s + sum;
+}
+
+bool TankRun::angle_in_range(double theta) const {
+  const double t = wrap_angle(theta);
+  const double low = tank_.min_angle;
+  const double high = tank_.max_angle;
+  if (high == low) return true;
+  if (high > low) return low <= t && t <= high;
+  return t <= high || t >= low;  // the range wraps through pi
+}
+
+}  // namespace Maths

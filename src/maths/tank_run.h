@@ -50,6 +50,12 @@ class TankRun {
   bool angle_in_range(double theta) const;
 
  private:
+  void need_ladder(std::uint64_t harmonic, double x);
+  // The rungs from the paddle line to x, and the depth there.
+  double walk_forward(double w, double x);
+  double walk_backward(double w, double x);
+  void push_rung(double dx, double k);
+
   TankConfig tank_;
   RunData run_;
   std::vector<KnumStep> ladder_;
