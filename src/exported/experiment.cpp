@@ -1,1 +1,0 @@
-#include "exported/experiment.h"
