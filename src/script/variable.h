@@ -64,27 +64,30 @@ class Variable {
   Variable& operator=(const Variable& other) = delete;
   ~Variable();
 
-  // The same entry again, for looking it up. Not for string literals.
+  // The same entry again, for looking it up. A string literal is copied.
   Variable reference() const;
 
   VarType type() const { return type_; }
   const char* name() const { return name_; }
 
   // Reading; each throws its own text when the type is another.
-  std::int32_t as_integer() const;  // "Wrong type 8"
-  std::string as_string() const;    // "Wrong type 10"
-  BaseWrapObj& as_object() const;   // "Wrong type 1"
-  BaseWrapAry& as_array() const;    // "Wrong type 2"
-  SubEnum& as_enum() const;         // "Wrong type 6"
+  std::int32_t as_integer() const;       // "Wrong type 8"
+  const std::string& as_string() const;  // "Wrong type 10"
+  BaseWrapObj& as_object() const;        // "Wrong type 1"
+  BaseWrapAry& as_array() const;         // "Wrong type 2"
+  SubEnum& as_enum() const;              // "Wrong type 6"
+  // "Wrong type"
   std::int32_t member_number() const;
   const std::int32_t& integer_field() const;
   const double& real_field() const;
   const std::string& string_field() const;
 
-  // Removes the first and the last character of a string literal.
+  // Removes the first and the last character of a string literal. "Wrong type", "Can't strip
+  // this string as its too small".
   void strip_quotes();
 
-  // Arithmetic of literals: integers stay integers, a real on either side makes a real.
+  // Arithmetic of literals: integers stay integers and wrap, a real on either side makes a real.
+  // An integer division by zero stops the process.
   friend Variable operator+(const Variable& left, const Variable& right);
   friend Variable operator-(const Variable& left, const Variable& right);
   friend Variable operator*(const Variable& left, const Variable& right);
@@ -93,7 +96,8 @@ class Variable {
 
   bool is_set() const;
   bool is_required() const;
-  // Stores the source's value in the declared field.
+  // Stores the source's value in the declared field. A real that goes into an integer is rounded,
+  // and a loss told on standard output; one that does not fit throws std::string.
   void assign(Variable& source);
   // Stores the no-value mark in a declared number.
   void set_no_value();
@@ -109,6 +113,9 @@ class Variable {
     BaseWrapObj* object;
     BaseWrapAry* array;
   };
+
+  bool is_literal_number() const;
+  double widened() const;
 
   VarType type_ = VarType::empty;
   const char* name_ = nullptr;

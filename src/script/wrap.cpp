@@ -1,1 +1,88 @@
 #include "script/wrap.h"
+
+#include <limits>
+
+namespace Script {
+namespace {
+
+// Elements that one statement may make; a typing error must not exhaust the memory.
+constexpr std::uint64_t most_elements = 100000;
+
+void refuse(std::uint64_t elements) {
+  if (elements <= most_elements) return;
+  throw "Array of " + std::to_string(elements) + " elements is too large: at most " +
+      std::to_string(most_elements) + " can be made at once";
+}
+
+// How many array elements there are below a list.
+std::uint64_t elements_below(const List& list) {
+  std::uint64_t count = 0;
+  for (const Variable& item : list.items()) {
+    if (item.type() == VarType::object) {
+      count += elements_below(item.as_object().list());
+    } else if (item.type() == VarType::array) {
+      count += item.as_array().lists().size();
+      for (const List& element : item.as_array().lists()) count += elements_below(element);
+    }
+  }
+  return count;
+}
+
+}  // namespace
+
+bool Rule::admits(std::uint64_t count) const {
+  switch (size_rule) {
+    case SizeRule::any:
+      return true;
+    case SizeRule::at_most:
+      return count <= limit;
+    case SizeRule::at_least:
+      return count >= limit;
+    case SizeRule::exactly:
+      return count == limit;
+  }
+  return false;
+}
+
+List& BaseWrapAry::build(std::int32_t last, std::int32_t first) {
+  const std::int64_t size = std::int64_t{last} - first + 1;
+  if (!lists_.empty()) {
+    if (size != static_cast<std::int64_t>(lists_.size())) throw "Rebuilding with a differnt size";
+    if (first != offset_) throw "Rebuilding with a differnt offset";
+    return lists_.front();
+  }
+  if (last < first) throw "max is not greater than min";
+  if (rule_.offset_rule == 2 && first != rule_.required_offset) throw "Wrong offset value";
+  const auto count = static_cast<std::uint64_t>(size);
+  if (!rule_.admits(count)) throw "Size of array out of bounds";
+  refuse(count);
+  offset_ = first;
+  lists_.resize(count);
+  build();
+  return lists_.front();
+}
+
+void BaseWrapAry::replicate() {
+  if (lists_.empty()) throw "Wrong build order";
+  refuse(elements_below(lists_.front()) * lists_.size());
+  for (std::size_t i = 1; i < lists_.size(); ++i) clone(lists_[i], lists_.front());
+}
+
+List& BaseWrapAry::element(std::int32_t index) {
+  if (lists_.empty()) throw "Trying to access a list of an unreplicated array object";
+  const std::int64_t position = std::int64_t{index} - offset_;
+  if (position < 0 || position >= static_cast<std::int64_t>(lists_.size())) {
+    throw "Accessing array out of bounds";
+  }
+  return lists_[static_cast<std::size_t>(position)];
+}
+
+void BaseWrapAry::check_position(std::size_t position) const {
+  if (position < lists_.size()) return;
+  throw LogItm("General", Level::error)
+      .add("Array element ")
+      .add(static_cast<unsigned>(position))
+      .add(" is out of bounds");
+}
+
+}  // namespace Script
