@@ -1,1 +1,61 @@
 #include "script/log.h"
+
+#include <array>
+#include <sstream>
+#include <utility>
+
+namespace Script {
+namespace {
+
+const char* level_word(std::uint32_t level) {
+  static constexpr std::array<const char*, 7> words = {"Fatal", "Error", "Warning", "Alert",
+                                                       "State", "Info",  "Detail"};
+  return level < words.size() ? words[level] : "Unknown";
+}
+
+}  // namespace
+
+LogItm::LogItm(std::string heading, std::uint32_t item_level)
+    : name(std::move(heading)), level(item_level) {}
+
+LogItm::LogItm(const std::string* path_entry, std::string heading, std::uint32_t item_level)
+    : path{path_entry}, name(std::move(heading)), level(item_level) {}
+
+LogItm& LogItm::add(const std::string& part) {
+  text += part;
+  return *this;
+}
+
+LogItm& LogItm::add(const char* part) {
+  text += part;
+  return *this;
+}
+
+LogItm& LogItm::add(unsigned number) {
+  std::ostringstream digits;
+  if (hex == 1) digits << std::hex << std::showbase;
+  digits << number;
+  text += digits.str();
+  return *this;
+}
+
+LogItm& LogItm::add(double number) {
+  std::ostringstream digits;
+  digits << number;
+  text += digits.str();
+  return *this;
+}
+
+std::ostream& operator<<(std::ostream& out, const LogItm& item) {
+  for (const std::string* entry : item.path) out << *entry << "::";
+  return out << level_word(item.level) << "::" << item.text;
+}
+
+void SimpleLog::message(float time, const LogItm& item) {
+  *out_ << time << "::";
+  message(item);
+}
+
+void SimpleLog::message(const LogItm& item) { *out_ << item << '\n' << std::flush; }
+
+}  // namespace Script
