@@ -3,7 +3,6 @@
 #define KELPBOX_SCRIPT_SERIALISE_H_
 
 #include <cstdint>
-#include <memory>
 #include <ostream>
 #include <string>
 
@@ -25,7 +24,9 @@ class SubSerial : public Master {
   // Throws std::string: `File "<path>" does not exist`, `Unable to open file "<path>" for
   // input`, "<main>::parse error", "<main>::Failed to verify", "<main>::No log object found",
   // "Caught log exception" (the item goes to the log), "<main>::<text>" for any other string
-  // of a finishing object; and plain texts (const char*) of the framework and the parser.
+  // of a finishing object, "Incorrect syntax in include directive", and `File "<path>" includes
+  // itself`; and plain texts (const char*) of the framework and the parser. What was set before a
+  // failure stays set, and the object is then of no further use.
   void read(std::ostream& report, const std::string& main_path, const std::string& second_path);
 
   // Writes the adjustable fields to the second path; nothing when that is empty.
@@ -38,10 +39,11 @@ class SubSerial : public Master {
  private:
   class Parser;
 
+  void finish_objects(const std::string& main_path);
+
   std::string second_path_;
   BaseWrapObj& root_object_;
   List root_;
-  std::unique_ptr<Parser> parser_;
 };
 
 // The reader of a tree whose root is of class T.

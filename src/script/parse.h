@@ -1,0 +1,67 @@
+// The parser of scripts: takes one stream of tokens, from however many files, and fills the tree
+// below the root list. The grammar is script_parse.y.
+#ifndef KELPBOX_SCRIPT_PARSE_H_
+#define KELPBOX_SCRIPT_PARSE_H_
+
+#include <deque>
+#include <memory>
+#include <string>
+
+#include "script/list.h"
+#include "script/stack.h"
+#include "script/wrap.h"
+
+struct script_parse_pstate;
+
+namespace Script {
+
+// The token for a name that was found as the given entry; IDENT for an empty one. Throws the plain
+// text "Unexpected type for an Ident!" for what no list holds.
+int ident_token(const Variable& found);
+
+class ScriptParse {
+ public:
+  explicit ScriptParse(List& root);
+  virtual ~ScriptParse();
+  ScriptParse(const ScriptParse&) = delete;
+  ScriptParse& operator=(const ScriptParse&) = delete;
+
+  // Takes a token, and acts as far as it decides the input. Returns false when the parser's stack
+  // is exhausted. A syntax error is reported, and then thrown as a plain text: "yydefact from
+  // yypact error", "yytable error" or "yydefact after YYTRANSLATE added error".
+  bool push(int token, Variable value);
+  // Takes the end of the input.
+  bool finish();
+
+  // The entry of that name in the open scope.
+  Variable find(const std::string& name) const { return stack_.find(name); }
+
+  // An error of the grammar, in words for the user.
+  virtual void report(const std::string& text) = 0;
+
+  // The actions of the grammar.
+  void enter(const Variable& object);
+  void enter_first(const Variable& array);
+  void enter_element(const Variable& array, const Variable& index);
+  void enter_members(const Variable& enumeration);
+  void leave() { stack_.pop(); }
+  void build(const Variable& array, const Variable& last, const Variable& first);
+  void replicate(const Variable& array) { array.as_array().replicate(); }
+  // A value for the parser's stack, which holds plain pointers.
+  Variable* keep(Variable value);
+
+ private:
+  struct Delete {
+    void operator()(script_parse_pstate* state) const;
+  };
+
+  Stack stack_;
+  // The values live here, and not on the parser's stack, so that a parse that fails in the middle
+  // frees each of them once.
+  std::deque<Variable> values_;
+  std::unique_ptr<script_parse_pstate, Delete> state_;
+};
+
+}  // namespace Script
+
+#endif  // KELPBOX_SCRIPT_PARSE_H_

@@ -1,0 +1,44 @@
+// Reads script files, with the files they include, into one parser.
+#ifndef KELPBOX_SCRIPT_READER_H_
+#define KELPBOX_SCRIPT_READER_H_
+
+#include <boost/filesystem/path.hpp>
+#include <string>
+#include <vector>
+
+#include "script/parse.h"
+#include "script/scan.h"
+#include "script/serialise.h"
+
+namespace Script {
+
+class SubSerial::Parser : public ScriptParse {
+ public:
+  using ScriptParse::ScriptParse;
+
+  // Returns false when the parser failed. Throws as SubSerial::read does, and std::string for a
+  // file that includes itself, or for files that include each other too deeply.
+  bool read(const boost::filesystem::path& file) { return read(file, 0); }
+
+  void report(const std::string& text) override;
+
+ private:
+  struct Open {
+    boost::filesystem::path file;
+    boost::filesystem::path canonical;
+    const ScriptScan* scan;
+  };
+
+  bool read(const boost::filesystem::path& file, unsigned depth);
+  bool read_tokens(ScriptScan& scan, const boost::filesystem::path& file, unsigned depth);
+  bool include(ScriptScan& scan, const boost::filesystem::path& file, unsigned depth);
+  void refuse_loop(const boost::filesystem::path& file,
+                   const boost::filesystem::path& canonical) const;
+
+  // The file being read is the last, behind those that include it.
+  std::vector<Open> open_;
+};
+
+}  // namespace Script
+
+#endif  // KELPBOX_SCRIPT_READER_H_

@@ -1,0 +1,56 @@
+// The scanner of one script file. Its patterns are script_scan.l.
+#ifndef KELPBOX_SCRIPT_SCAN_H_
+#define KELPBOX_SCRIPT_SCAN_H_
+
+#include <cstdint>
+#include <istream>
+#include <string>
+
+#ifndef yyFlexLexerOnce
+#define yyFlexLexer ScriptScanFlexLexer
+#include <FlexLexer.h>
+#endif
+
+#include "script/variable.h"
+
+namespace Script {
+
+class ScriptScan : public ScriptScanFlexLexer {
+ public:
+  // The stream is not owned. It must be good.
+  explicit ScriptScan(std::istream& in);
+
+  // The next token, or 0 at the end. Faults of the scanner are thrown as plain texts.
+  int yylex() override;
+
+  // The last token's characters, its value if it is a number or a string, and where it began.
+  std::string text() const { return {YYText(), static_cast<std::size_t>(YYLeng())}; }
+  Variable& value() { return value_; }
+  unsigned line() const { return token_line_; }
+  unsigned column() const { return token_column_; }
+
+ protected:
+  // Characters that mean nothing, to standard output.
+  void LexerOutput(const char* characters, int count) override;
+  int LexerInput(char* buffer, int size) override;
+  void LexerError(const char* text) override;
+
+ private:
+  void advance(const char* characters, int count);
+
+  std::istream& in_;
+  Variable value_;
+  unsigned line_ = 1;
+  unsigned column_ = 1;
+  unsigned token_line_ = 1;
+  unsigned token_column_ = 1;
+};
+
+// Literals, as they stand in a script. Integers keep their low 32 bits.
+std::int32_t decimal_literal(const char* digits);
+std::int32_t hexadecimal_literal(const char* digits);
+double real_literal(const char* digits);
+
+}  // namespace Script
+
+#endif  // KELPBOX_SCRIPT_SCAN_H_
