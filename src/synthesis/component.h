@@ -12,9 +12,9 @@
 
 #include "base/params.h"
 #include "base/units.h"
-#include "expression/function.h"
 #include "maths/front_set.h"
 #include "maths/run_data.h"
+#include "synthesis/piecewise.h"
 
 namespace Synthesis {
 
@@ -55,7 +55,7 @@ class Component {
   bool enabled_ = true;
   bool ready_ = false;
   std::string name_;
-  std::vector<Expression::Function> functions_;  // limits at even places, functions at odd ones
+  Functions functions_;  // limits at even places, functions at odd ones
   std::vector<double> limits_;
   Base::UnitCategory input_units_ = 0;   // what the functions take
   Base::UnitCategory output_units_ = 0;  // what they return
