@@ -3,12 +3,15 @@
 #define KELPBOX_SYNTHESIS_TIME_EXP_H_
 
 #include <string>
+#include <vector>
 
 #include "synthesis/component.h"
 
 namespace Synthesis {
 
-// Takes "rate", the sampling rate of the formulas.
+// Takes "rate", the sampling rate of the formulas. Throws "data rate is zero", "limit_steps is
+// zero". How steep the signal is, and how well it joins at the repeat time, goes to the standard
+// output stream.
 class TimeExp : public Component {
  public:
   TimeExp(std::string name, const std::string& text) : Component(std::move(name), text) {}
@@ -18,6 +21,16 @@ class TimeExp : public Component {
   void on_set(Base::Params& in, Base::Params& stored) override;
   void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
                    Messages& messages) override;
+
+ private:
+  // The largest first and second differences between samples.
+  struct Steepness {
+    double first = 0.0;
+    double second = 0.0;
+  };
+
+  // Fills the samples, dt apart from time 0 on.
+  Steepness sample(std::vector<double>& x, double dt) const;
 };
 
 }  // namespace Synthesis
