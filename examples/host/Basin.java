@@ -21,8 +21,8 @@ public final class Basin {
     static final double GAMMA = 3.3;
     static final double F_LOW = 0.35; // Hz
     static final double F_HIGH = 1.4; // Hz
-    static final double FOCUS_X = 6.0; // m
-    static final double FOCUS_Y = 1.0; // m
+    static final double FOCUS_X = 12.0; // m
+    static final double FOCUS_Y = 9.0; // m
     static final double FOCUS_T = 32.0; // s
     static final double REPEAT = 64.0; // s
     static final double RATE = 50.0; // Hz, of the drive signals
