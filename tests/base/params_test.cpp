@@ -1,0 +1,481 @@
+#include "base/params.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <iostream>
+#include <numbers>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "base/enumerations.h"
+#include "thrown.h"
+
+namespace {
+
+using Base::Param;
+using Base::Params;
+using Base::Quantity;
+using Base::resolve_units;
+using Base::ValueState;
+namespace Category = Base::Category;
+namespace EnumType = Base::EnumType;
+
+std::vector<std::string> names(const std::vector<Param>& list) {
+  std::vector<std::string> result;
+  for (const Param& param : list) {
+    result.push_back(param.name());
+  }
+  return result;
+}
+
+TEST(Param, DefaultIsEmpty) {
+  const Param param;
+  EXPECT_EQ(param.name(), "");
+  EXPECT_EQ(param.value(), 0.0);
+  EXPECT_FALSE(param.is_enum());
+  EXPECT_EQ(param.units(), "Error");
+}
+
+TEST(Param, ReadsAsStored) {
+  const Param param("depth", Quantity(12.0, resolve_units("cm"), Base::InvalidState));
+  EXPECT_EQ(param.name(), "depth");
+  EXPECT_EQ(param.value(), 12.0);
+  EXPECT_EQ(param.units(), "cm");
+  const std::string text = "Trying to convert to Enum from non Enum type";
+  EXPECT_EQ(thrown([&] { param.enum_type(); }), text);
+  EXPECT_EQ(thrown([&] { param.enum_value(); }), text);
+}
+
+TEST(Param, NamesAnEnumerationAndItsMember) {
+  const Param param("window", Quantity(Base::make_enum("Window", "Barlett")));
+  EXPECT_TRUE(param.is_enum());
+  EXPECT_EQ(param.value(), 1.0);
+  EXPECT_EQ(param.enum_type(), "Window");
+  EXPECT_EQ(param.enum_value(), "Barlett");
+  const Param declared("ramp", Quantity(Base::enum_of_type("Ramp")));
+  EXPECT_EQ(declared.enum_type(), "Ramp");
+  EXPECT_EQ(declared.enum_value(), "Null");
+}
+
+TEST(Param, AMemberThatIsNoneIsReported) {
+  const Param param("window", Quantity(std::nan(""), Base::Units{1, Base::ENUM_MARKER}));
+  EXPECT_EQ(thrown([&] { param.enum_value(); }), "Value \"4294967295\" out of range in enum");
+}
+
+TEST(Param, ConvertsBetweenTexts) {
+  EXPECT_DOUBLE_EQ(Param::convert("ft", "mm"), 304.8);
+  EXPECT_EQ(thrown([] { Param::convert("ft", "s"); }), "Unable to convert from \"ft\" to \"s\"");
+  EXPECT_EQ(thrown([] { Param::convert("ftt", "s"); }), "Unknown units - ftt");
+  EXPECT_EQ(thrown([] { Param::convert("ft", "sss"); }), "Unknown units - sss");
+  EXPECT_EQ(thrown([] { Param::convert("ftt", "sss"); }), "Unknown units - ftt");
+}
+
+TEST(Param, OffersAlternatives) {
+  EXPECT_EQ(Param::alternate("km"), (std::vector<std::string>{"km", "m", "cm", "mm", "ft", "in"}));
+  EXPECT_EQ(thrown([] { Param::alternate("xm"); }), "Unknown units - xm");
+}
+
+TEST(Params, GetConvertsToTheUnitsAskedFor) {
+  Params params;
+  params.insert("height", 2.0, "ft");
+  params.insert("rate", 3.0, "Hz");
+  EXPECT_DOUBLE_EQ(params.get("height", "cm"), 60.96);
+  EXPECT_DOUBLE_EQ(params.get("rate", "rad/s"), 6.0 * std::numbers::pi);
+  EXPECT_EQ(thrown([&] { params.get("height", "s"); }), "Unable to convert from \"ft\" to \"s\"");
+  EXPECT_EQ(thrown([&] { params.get("height", "xm"); }), "Unknown units - xm");
+  EXPECT_EQ(thrown([&] { params.get("depth", "xm"); }), "depth::Not found");
+}
+
+TEST(Params, GetEnumReadsTheMember) {
+  Params params;
+  params.insert("window", "Hamming", "Window");
+  params.insert("height", 1.0, "m");
+  params.declare_enum("ramp", EnumType::Ramp);
+  EXPECT_EQ(params.get_enum("window", "Window"), 6u);
+  EXPECT_EQ(thrown([&] { params.get_enum("windows", "Nothing"); }), "windows::Not found");
+  EXPECT_EQ(thrown([&] { params.get_enum("height", "Nothing"); }), "Enum type::Nothing::Not found");
+  EXPECT_EQ(thrown([&] { params.get_enum("height", "Window"); }), "Not an enum");
+  EXPECT_EQ(thrown([&] { params.get_enum("ramp", "Ramp"); }), "Invalid value");
+  EXPECT_EQ(thrown([&] { params.get_enum("window", "Ramp"); }), "Accessing enum of wrong type");
+}
+
+TEST(Params, EveryMemberSurvivesTheTripByName) {
+  Params params;
+  const std::vector<std::string> members = {"NoSides", "PlusSide", "MinusSide", "BothSides",
+                                            "TwoDimensional"};
+  for (std::uint32_t i = 0; i < members.size(); ++i) {
+    params.insert(members[i], members[i], "Geometry");
+    EXPECT_EQ(params.get_enum(members[i], "Geometry"), i);
+  }
+  for (const Param& param : params.param_list()) {
+    EXPECT_EQ(param.enum_type(), "Geometry");
+    EXPECT_EQ(param.enum_value(), param.name());
+  }
+}
+
+TEST(Params, InsertedEntriesAreValid) {
+  Params params;
+  params.insert("a", 1.5, "cm");
+  params.insert("b", "Sine", "Ramp");
+  params.insert("c", 2.5, resolve_units("kHz"));
+  EXPECT_EQ(params.at("a").units, resolve_units("cm"));
+  EXPECT_EQ(params.at("a").value, 1.5);
+  EXPECT_EQ(params.at("c").units, resolve_units("kHz"));
+  for (const char* name : {"a", "b", "c"}) {
+    EXPECT_EQ(params.at(name).state, (ValueState{0, 1})) << name;
+  }
+}
+
+TEST(Params, ADuplicateIsReportedBeforeAnythingElse) {
+  Params params;
+  params.insert("x", 1.0, "m");
+  const std::string text = "\"x\"::Duplicate parameter:";
+  EXPECT_EQ(thrown([&] { params.insert("x", 1.0, "m"); }), text);
+  EXPECT_EQ(thrown([&] { params.insert("x", 2.0, "no units"); }), text);
+  EXPECT_EQ(thrown([&] { params.insert("x", "no member", "no type"); }), text);
+  EXPECT_EQ(thrown([&] { params.insert("x", 2.0, resolve_units("m")); }), text);
+  EXPECT_EQ(params.get("x", "m"), 1.0);
+  EXPECT_EQ(params.entries().size(), 1u);
+}
+
+TEST(Params, AFailedInsertAddsNothing) {
+  Params params;
+  EXPECT_EQ(thrown([&] { params.insert("x", 1.0, "xm"); }), "Unknown units - xm");
+  EXPECT_EQ(thrown([&] { params.insert("x", "Sine", "Rampe"); }), "Enum type::Rampe::Not found");
+  EXPECT_EQ(thrown([&] { params.insert("x", "Sinus", "Ramp"); }),
+            "Enum type::Ramp::Sinus::Not found");
+  EXPECT_FALSE(params.contains("x"));
+  EXPECT_TRUE(params.entries().empty());
+}
+
+TEST(Params, NamesAreCaseSensitive) {
+  Params params;
+  params.insert("Rate", 1.0, "Hz");
+  params.insert("rate", 2.0, "Hz");
+  EXPECT_EQ(params.get("Rate", "Hz"), 1.0);
+  EXPECT_EQ(params.get("rate", "Hz"), 2.0);
+  EXPECT_EQ(thrown([&] { params.get("RATE", "Hz"); }), "RATE::Not found");
+}
+
+TEST(Params, TheListIsInByteOrderOfNames) {
+  Params params;
+  for (const char* name : {"alpha", "Zeta", "alp", "alpha2", "_x", "\xc3\xa9"}) {
+    params.insert(name, 1.0, "m");
+  }
+  EXPECT_EQ(names(params.param_list()),
+            (std::vector<std::string>{"Zeta", "_x", "alp", "alpha", "alpha2", "\xc3\xa9"}));
+}
+
+TEST(Params, TheListIsASnapshot) {
+  Params params;
+  params.insert("a", 1.0, "m");
+  const std::vector<Param>& list = params.param_list();
+  EXPECT_EQ(names(list), (std::vector<std::string>{"a"}));
+  params.insert("b", 1.0, "m");
+  EXPECT_EQ(list.size(), 1u);
+  EXPECT_EQ(&params.param_list(), &list);
+  EXPECT_EQ(list.size(), 2u);
+  params.clear();
+  EXPECT_EQ(list.size(), 2u);
+  EXPECT_EQ(params.param_list().size(), 0u);
+}
+
+TEST(Params, ClearEmptiesEntriesAndComments) {
+  Params params;
+  params.insert("a", 1.0, "m");
+  params.add_comment(Base::Severity::error, "x");
+  params.clear();
+  EXPECT_TRUE(params.entries().empty());
+  EXPECT_EQ(params.comment_size(), 0u);
+  params.insert("a", 2.0, "m");
+  EXPECT_EQ(params.get("a", "m"), 2.0);
+}
+
+TEST(Params, CommentsCarryTheirSeverity) {
+  Params params;
+  params.add_comment(0, "one");
+  params.add_comment(1, "two");
+  params.add_comment(2, "three");
+  params.add_comment(3, "four");
+  ASSERT_EQ(params.comment_size(), 4u);
+  EXPECT_EQ(params.comment(0), "Error::one");
+  EXPECT_EQ(params.comment(1), "Warning::two");
+  EXPECT_EQ(params.comment(2), "Detail::three");
+  EXPECT_EQ(params.comment(3), "four");
+  EXPECT_EQ(thrown([&] { params.comment(4); }), "Comment 4 out of range");
+}
+
+TEST(Params, CopiesTakeEntriesCommentsAndList) {
+  Params params;
+  params.insert("a", 1.0, "m");
+  params.declare("b", resolve_units("s"));
+  params.param_list();
+  params.add_comment(0, "one");
+  Params copy = params;
+  params.clear();
+  EXPECT_EQ(copy.get("a", "m"), 1.0);
+  EXPECT_EQ(std::bit_cast<std::uint64_t>(copy.at("b").value), Base::UNSET_REAL_BITS);
+  EXPECT_EQ(copy.comment(0), "Error::one");
+}
+
+TEST(Params, EveryLookupReportsAnAbsentName) {
+  Params params;
+  const Params& constant = params;
+  const std::string text = "x::Not found";
+  EXPECT_EQ(thrown([&] { params.find("x"); }), text);
+  EXPECT_EQ(thrown([&] { constant.find("x"); }), text);
+  EXPECT_EQ(thrown([&] { params.at("x"); }), text);
+  EXPECT_EQ(thrown([&] { constant.at("x"); }), text);
+  EXPECT_EQ(thrown([&] { params.find_convertible("x", Category::length); }), text);
+  EXPECT_EQ(thrown([&] { params.find_enum("x", EnumType::Bool); }), text);
+  EXPECT_EQ(thrown([&] { params.get("x", "m"); }), text);
+  EXPECT_EQ(thrown([&] { params.get_enum("x", "Bool"); }), text);
+  EXPECT_EQ(thrown([&] { params.set("x", 1.0, Category::length); }), text);
+  EXPECT_EQ(thrown([&] { params.set_checked("x", 1.0, Category::length, 0.1); }), text);
+}
+
+TEST(Params, FindConvertible) {
+  Params params;
+  params.insert("rate", 1.0, "rad/s");
+  params.insert("ran", "Default", "RanGen");
+  EXPECT_EQ(params.find_convertible("rate", Category::frequency)->second.value, 1.0);
+  EXPECT_EQ(thrown([&] { params.find_convertible("rate", Category::time); }),
+            "rate::not convertable");
+  // Type 3 is the row of the inch.
+  EXPECT_EQ(params.find_convertible("ran", Category::length)->first, "ran");
+  EXPECT_EQ(thrown([&] { params.find_convertible("ran", Category::time); }),
+            "ran::not convertable");
+}
+
+TEST(Params, FindEnum) {
+  Params params;
+  params.insert("ran", "Default", "RanGen");
+  params.insert("rate", 1.0, "Hz");
+  EXPECT_EQ(params.find_enum("ran", EnumType::RanGen)->first, "ran");
+  EXPECT_EQ(thrown([&] { params.find_enum("ran", EnumType::Ramp); }), "ran::wrong enum type");
+  EXPECT_EQ(thrown([&] { params.find_enum("rate", EnumType::Ramp); }), "rate::wrong enum type");
+}
+
+TEST(Params, ADeclaredEntryIsUnset) {
+  Params params;
+  params.declare("depth", resolve_units("cm"));
+  EXPECT_TRUE(std::isnan(params.get("depth", "m")));
+  EXPECT_EQ(thrown([&] { params.at("depth").get(Category::length); }), "Invalid value");
+  EXPECT_EQ(std::bit_cast<std::uint64_t>(params.at("depth").value), Base::UNSET_REAL_BITS);
+  params.set("depth", 1.0, Category::length);
+  EXPECT_EQ(params.at("depth").get(Category::length), 1.0);
+}
+
+TEST(Params, DeclareLeavesAnEntryOfThatCategory) {
+  Params params;
+  params.insert("depth", 3.0, "ft");
+  params.insert("rate", 3.0, "Hz");
+  params.declare("depth", resolve_units("m"));
+  params.declare("rate", resolve_units("rad/s"));
+  EXPECT_EQ(params.at("depth").units, resolve_units("ft"));
+  EXPECT_EQ(params.at("depth").value, 3.0);
+  EXPECT_EQ(params.at("depth").state, (ValueState{0, 1}));
+  EXPECT_EQ(params.at("rate").units, resolve_units("Hz"));
+  EXPECT_EQ(thrown([&] { params.declare("depth", resolve_units("s")); }),
+            "Incompatible units for => depth");
+  EXPECT_EQ(params.at("depth").value, 3.0);
+}
+
+TEST(Params, DeclareEnum) {
+  Params params;
+  params.declare_enum("ramp", EnumType::Ramp);
+  const Quantity& ramp = params.at("ramp");
+  EXPECT_EQ(ramp.units, (Base::Units{2, Base::ENUM_MARKER}));
+  EXPECT_EQ(ramp.value, 0.0);
+  EXPECT_EQ(ramp.state, Base::InvalidState);
+
+  params.insert("bool", "True", "Bool");
+  params.declare_enum("bool", EnumType::Bool);
+  EXPECT_EQ(params.get_enum("bool", "Bool"), 1u);
+
+  params.insert("number", 1.0, "m");
+  EXPECT_EQ(thrown([&] { params.declare_enum("bool", EnumType::Ramp); }),
+            "Incompatible enum types for => bool");
+  EXPECT_EQ(thrown([&] { params.declare_enum("number", EnumType::Ramp); }), "Not an enum");
+  EXPECT_EQ(thrown([&] { params.declare_enum("other", 10); }), "Type \"10\" out of range in enum");
+  EXPECT_FALSE(params.contains("other"));
+}
+
+TEST(Params, MergeAddsACopyOfTheWholeQuantity) {
+  Params host;
+  host.insert("depth", 3.0, "ft");
+  host.at("depth").state = {'*', 3};
+  Params own;
+  const auto& entry = *host.find("depth");
+  EXPECT_EQ(&own.merge(entry), &entry.second);
+  EXPECT_EQ(own.at("depth").units, resolve_units("ft"));
+  EXPECT_EQ(own.at("depth").value, 3.0);
+  EXPECT_EQ(own.at("depth").state, (ValueState{'*', 3}));
+}
+
+TEST(Params, MergeLeavesAnEntryThatAgrees) {
+  Params host;
+  host.insert("depth", 3.0, "ft");
+  host.insert("time", 3.0, "s");
+  Params own;
+  own.insert("depth", 1.0, "m");
+  own.insert("time", 1.0, "Hz");
+  const auto& entry = *host.find("depth");
+  EXPECT_EQ(&own.merge(entry), &entry.second);
+  EXPECT_EQ(own.at("depth").value, 1.0);
+  EXPECT_EQ(thrown([&] { own.merge(*host.find("time")); }), "time::Incompatible types");
+  EXPECT_EQ(own.at("time").value, 1.0);
+}
+
+TEST(Params, MergeComparesTypeNumbersAsRows) {
+  Params host;
+  host.insert("a", "Sine", "Ramp");  // row 2, a length
+  host.insert("b", "True", "Bool");  // row 0, no category
+  Params own;
+  own.insert("a", "Default", "RanGen");  // row 3, a length
+  own.insert("b", "Sine", "Ramp");
+  own.merge(*host.find("a"));
+  EXPECT_EQ(own.get_enum("a", "RanGen"), 0u);
+  EXPECT_EQ(thrown([&] { own.merge(*host.find("b")); }), "b::Incompatible types");
+  Params lengths;
+  lengths.insert("a", 1.0, "m");
+  lengths.merge(*host.find("a"));
+  EXPECT_EQ(lengths.get("a", "m"), 1.0);
+}
+
+TEST(Params, SetKeepsTheUnitsOfTheEntry) {
+  Params params;
+  params.insert("depth", 7.0, "cm");
+  const auto entry = params.set("depth", 1.0, Category::length);
+  EXPECT_EQ(entry->first, "depth");
+  EXPECT_DOUBLE_EQ(entry->second.value, 100.0);
+  EXPECT_EQ(params.at("depth").units, resolve_units("cm"));
+  EXPECT_EQ(thrown([&] { params.set("depth", 1.0, Category::time); }),
+            "Unable to convert from \"cm\" to \"s\"");
+  EXPECT_DOUBLE_EQ(params.at("depth").value, 100.0);
+}
+
+// The comments left by a value found, for a value asked for in cm.
+std::vector<std::string> remarks(double asked_cm, double found_m, double tolerance) {
+  Params params;
+  params.insert("step", asked_cm, "cm");
+  const auto entry = params.set_checked("step", found_m, Category::length, tolerance);
+  EXPECT_DOUBLE_EQ(entry->second.value, found_m * 100.0);
+  EXPECT_EQ(entry->second.state, (ValueState{0, 1}));
+  std::vector<std::string> result;
+  for (std::uint32_t i = 0; i < params.comment_size(); ++i) {
+    result.push_back(params.comment(i));
+  }
+  return result;
+}
+
+const std::vector<std::string> poor = {"Warning::Poor match"};
+const std::vector<std::string> none = {};
+
+TEST(Params, SetCheckedRemarksOnAPoorMatch) {
+  EXPECT_EQ(remarks(100.0, 1.0, 0.01), none);
+  EXPECT_EQ(remarks(100.9, 1.0, 0.01), none);
+  EXPECT_EQ(remarks(99.1, 1.0, 0.01), none);
+  EXPECT_EQ(remarks(101.1, 1.0, 0.01), poor);
+  EXPECT_EQ(remarks(98.9, 1.0, 0.01), poor);
+  EXPECT_EQ(remarks(-100.0, 1.0, 0.01), poor);
+  EXPECT_EQ(remarks(-100.0, -1.0, 0.01), none);
+}
+
+TEST(Params, SetCheckedMatchesRelativeToTheValueFound) {
+  // 150 / 100 - 1 is 0.5, where 100 / 150 - 1 would be 0.33.
+  EXPECT_EQ(remarks(150.0, 1.0, 0.4), poor);
+  EXPECT_EQ(remarks(100.0, 1.5, 0.4), none);
+  // The tolerance itself is no match, and of 0 nothing is.
+  EXPECT_EQ(remarks(150.0, 1.0, 0.5), poor);
+  EXPECT_EQ(remarks(100.0, 1.0, 0.0), poor);
+}
+
+TEST(Params, SetCheckedAtZero) {
+  const auto at_zero = [](double asked, double found) {
+    Params params;
+    params.insert("x", asked, "m");
+    params.set_checked("x", found, Category::length, 0.01);
+    EXPECT_EQ(params.at("x").value, found);
+    return params.comment_size();
+  };
+  EXPECT_EQ(at_zero(0.0, 0.0), 0u);
+  EXPECT_EQ(at_zero(0.9e-19, 0.0), 0u);
+  EXPECT_EQ(at_zero(-0.9e-19, 0.0), 0u);
+  EXPECT_EQ(at_zero(1e-19, 0.0), 1u);
+  EXPECT_EQ(at_zero(-1.0, 0.0), 1u);
+  EXPECT_EQ(at_zero(0.9e-19, -0.9e-20), 0u);
+  // From 1e-20 on the match is relative.
+  EXPECT_EQ(at_zero(0.9e-19, 1e-20), 1u);
+  EXPECT_EQ(at_zero(1e-20, 1e-20), 0u);
+}
+
+TEST(Params, SetCheckedNeedsAValueAskedFor) {
+  Params params;
+  params.declare("x", resolve_units("m"));
+  EXPECT_EQ(thrown([&] { params.set_checked("x", 1.0, Category::length, 0.1); }), "Invalid value");
+  EXPECT_EQ(params.at("x").state, Base::InvalidState);
+  params.insert("y", 1.0, "s");
+  EXPECT_EQ(thrown([&] { params.set_checked("y", 1.0, Category::length, 0.1); }),
+            "Unable to convert from \"s\" to \"m\"");
+  EXPECT_EQ(params.comment_size(), 0u);
+}
+
+Params printable() {
+  Params params;
+  params.insert("window", "Hamming", "Window");
+  params.insert("depth", 1.5, "m");
+  params.declare("rate", resolve_units("Hz"));
+  params.add_comment(Base::Severity::warning, "Poor match");
+  params.add_comment(7, "bare");
+  return params;
+}
+
+TEST(Params, PrintsEntriesBehindThePrefixAndCommentsWithout) {
+  std::ostringstream out;
+  printable().print(out, "  ");
+  EXPECT_EQ(out.str(),
+            "  depth = 1.5m\n"
+            "  rate = nanHz[I]\n"
+            "  window = Window::Hamming\n"
+            "Warning::Poor match\n"
+            "bare\n");
+}
+
+TEST(Params, PrintsToTheStandardOutput) {
+  testing::internal::CaptureStdout();
+  printable().print();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "depth = 1.5m\n"
+            "rate = nanHz[I]\n"
+            "window = Window::Hamming\n"
+            "Warning::Poor match\n"
+            "bare\n");
+}
+
+// Keeps what had been written at each flush.
+class FlushLog : public std::stringbuf {
+ public:
+  std::vector<std::string> seen;
+
+ protected:
+  int sync() override {
+    seen.push_back(str());
+    return 0;
+  }
+};
+
+TEST(Params, PrintFlushesEachLine) {
+  FlushLog log;
+  std::ostream out(&log);
+  printable().print(out, "");
+  ASSERT_EQ(log.seen.size(), 5u);
+  EXPECT_EQ(log.seen[0], "depth = 1.5m\n");
+  EXPECT_EQ(log.seen[1], "depth = 1.5m\nrate = nanHz[I]\n");
+  EXPECT_EQ(log.seen[4], log.str());
+}
+
+}  // namespace
