@@ -1,0 +1,106 @@
+#include "expression/gamma.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "testutil.h"
+
+namespace {
+
+using Expression::thrown;
+
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+
+void expect_relative(double result, double expected, double tolerance) {
+  EXPECT_NEAR(result, expected, tolerance * std::fabs(expected));
+}
+
+TEST(Gamma, GivesFactorials) {
+  double factorial = 1.0;
+  for (int n = 1; n <= 20; ++n) {
+    expect_relative(Expression::tgamma(n), factorial, 1e-13);
+    factorial *= n;
+  }
+}
+
+// Abramowitz and Stegun, Handbook of Mathematical Functions, tables 6.1 and 1.1; the minimum is
+// the one of Gauss's value x0 = 1.4616...
+TEST(Gamma, GivesPublishedValues) {
+  expect_relative(Expression::tgamma(0.5), 1.7724538509055160, 1e-14);
+  expect_relative(Expression::tgamma(1.5), 0.8862269254527580, 1e-14);
+  expect_relative(Expression::tgamma(1.0 / 3.0), 2.6789385347077476, 1e-14);
+  expect_relative(Expression::tgamma(0.25), 3.6256099082219083, 1e-14);
+  expect_relative(Expression::tgamma(0.75), 1.2254167024651777, 1e-14);
+  expect_relative(Expression::tgamma(1.4616321449683623), 0.8856031944108887, 1e-14);
+}
+
+// Below 1 the argument goes through 1 + x, whose rounding counts 1 / x times in the result.
+double rational_tolerance(double x) { return 1e-14 + 1.2e-16 / x; }
+
+// Stirling's series is the exponential of a number up to 710, whose last digit counts 710 times in
+// the result.
+TEST(Gamma, AgreesWithTheStandardLibrary) {
+  for (double x = 0.001; x < 12.0; x += 0.0137) {
+    SCOPED_TRACE(x);
+    expect_relative(Expression::tgamma(x), std::tgamma(x), rational_tolerance(x));
+  }
+  for (double x = 12.0; x < 171.6; x += 0.37) {
+    SCOPED_TRACE(x);
+    expect_relative(Expression::tgamma(x), std::tgamma(x), 1e-12);
+  }
+}
+
+TEST(Gamma, OfASmallArgumentIsTheShortSeries) {
+  for (const double x : {0.0005, 0.0009999, 1e-10, 1e-300}) {
+    EXPECT_EQ(Expression::tgamma(x), 1.0 / (x * (1.0 + 0.5772156649015329 * x)));
+    expect_relative(Expression::tgamma(x), std::tgamma(x), 1e-6);
+  }
+  // From 0.001 on it is the rational function, which is far closer than the series.
+  expect_relative(Expression::tgamma(0.001), std::tgamma(0.001), rational_tolerance(0.001));
+  EXPECT_NE(Expression::tgamma(0.001), 1.0 / (0.001 * (1.0 + 0.5772156649015329 * 0.001)));
+}
+
+TEST(Gamma, OverflowsToInfinityAboveItsLargestArgument) {
+  EXPECT_TRUE(std::isfinite(Expression::tgamma(171.62)));
+  EXPECT_EQ(Expression::tgamma(171.6241), Infinity);
+  EXPECT_EQ(Expression::tgamma(172.0), Infinity);
+  EXPECT_EQ(Expression::tgamma(Infinity), Infinity);
+}
+
+TEST(Gamma, RefusesWhatIsNotAboveZero) {
+  EXPECT_EQ(thrown([] { Expression::tgamma(0.0); }),
+            "tgamma: Invalid input argument 0. Argument must be positive.");
+  EXPECT_EQ(thrown([] { Expression::tgamma(-0.0); }),
+            "tgamma: Invalid input argument -0. Argument must be positive.");
+  EXPECT_EQ(thrown([] { Expression::tgamma(-1234567.0); }),
+            "tgamma: Invalid input argument -1.23457e+06. Argument must be positive.");
+  EXPECT_EQ(thrown([] { Expression::tgamma(std::nan("")); }),
+            "tgamma: Invalid input argument nan. Argument must be positive.");
+}
+
+TEST(LogGamma, AgreesWithTheStandardLibrary) {
+  // Near 1 and 2 the logarithm is near 0: the error counts against 1 there.
+  for (double x = 0.001; x < 12.0; x += 0.0137) {
+    SCOPED_TRACE(x);
+    const double expected = std::lgamma(x);
+    EXPECT_NEAR(Expression::lgamma(x), expected,
+                rational_tolerance(x) * std::fmax(1.0, std::fabs(expected)));
+  }
+  for (double x = 12.0; x < 1e6; x *= 1.3) {
+    SCOPED_TRACE(x);
+    expect_relative(Expression::lgamma(x), std::lgamma(x), 1e-14);
+  }
+}
+
+TEST(LogGamma, RefusesWhatIsNotAboveZero) {
+  EXPECT_EQ(thrown([] { Expression::lgamma(0.0); }),
+            "lgamma: Invalid input argument 0. Argument must be positive.");
+  EXPECT_EQ(thrown([] { Expression::lgamma(-2.5); }),
+            "lgamma: Invalid input argument -2.5. Argument must be positive.");
+  EXPECT_EQ(thrown([] { Expression::lgamma(std::nan("")); }),
+            "lgamma: Invalid input argument nan. Argument must be positive.");
+}
+
+}  // namespace

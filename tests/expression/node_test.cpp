@@ -1,0 +1,319 @@
+#include "expression/node.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "testutil.h"
+
+namespace Expression {
+namespace {
+
+const Base::Quantity Anything = quantity(1.0, "");
+
+// A leaf that tells what it is asked, and answers as it is told.
+struct Visits {
+  bool fixed = true;
+  double value = 0.0;
+  int declared = 0;
+  int bound = 0;
+  int asked_constant = 0;
+  int asked_compatible = 0;
+  int evaluated = 0;
+};
+
+class Witness final : public Node {
+ public:
+  explicit Witness(Visits& visits) : visits_(visits) {}
+
+  bool declare(Base::Params&) const override {
+    ++visits_.declared;
+    return visits_.fixed;
+  }
+  bool bind(const Base::Params&, Base::Params&) override {
+    ++visits_.bound;
+    return visits_.fixed;
+  }
+  bool is_constant() const override {
+    ++visits_.asked_constant;
+    return visits_.fixed;
+  }
+  bool compatible(std::uint32_t) const override {
+    ++visits_.asked_compatible;
+    return visits_.fixed;
+  }
+  double eval(const Base::Quantity&) const override {
+    ++visits_.evaluated;
+    return visits_.value;
+  }
+  void print(std::ostream& out) const override { out << '?'; }
+  void destroy_children() override {}
+
+ private:
+  Visits& visits_;
+};
+
+std::unique_ptr<Node> witness(Visits& visits) { return std::make_unique<Witness>(visits); }
+
+std::unique_ptr<Node> binary(OperatorNumber op, std::unique_ptr<Node> left,
+                             std::unique_ptr<Node> right) {
+  return std::make_unique<BinaryOp>(op, std::move(left), std::move(right));
+}
+
+std::uint32_t row(const std::string& units) { return Base::resolve_units(units).row; }
+
+TEST(Folding, AFoldedUnaryDoesNotVisitItsChild) {
+  Visits child{.value = 3.0};
+  UnaryOp node(Unary::negate, witness(child));
+  Base::Params none;
+  EXPECT_TRUE(node.bind(none, none));
+  EXPECT_EQ(child.evaluated, 1);
+  child.value = 4.0;
+  EXPECT_EQ(node.eval(Anything), -3.0);
+  EXPECT_EQ(node.eval(Anything), -3.0);
+  EXPECT_EQ(child.evaluated, 1);
+}
+
+TEST(Folding, AFoldedBinaryDoesNotVisitItsChildren) {
+  Visits left{.value = 3.0};
+  Visits right{.value = 5.0};
+  const auto node = binary(Binary::minus, witness(left), witness(right));
+  Base::Params none;
+  EXPECT_TRUE(node->bind(none, none));
+  EXPECT_EQ(left.evaluated, 1);
+  EXPECT_EQ(right.evaluated, 1);
+  EXPECT_EQ(node->eval(Anything), -2.0);
+  EXPECT_EQ(left.evaluated, 1);
+  EXPECT_EQ(right.evaluated, 1);
+}
+
+TEST(Folding, AnUnboundTreeVisitsItsLeavesEachTime) {
+  Visits leaf{.value = 3.0};
+  const UnaryOp node(Unary::negate, witness(leaf));
+  EXPECT_EQ(node.eval(Anything), -3.0);
+  leaf.value = 4.0;
+  EXPECT_EQ(node.eval(Anything), -4.0);
+  EXPECT_EQ(leaf.evaluated, 2);
+}
+
+TEST(Folding, FoldsOneSideAndEvaluatesTheOther) {
+  Visits variable{.fixed = false, .value = 1.0};
+  Visits fixed{.value = 2.0};
+  const auto node = binary(Binary::plus, witness(variable),
+                           binary(Binary::times, witness(fixed), std::make_unique<Constant>(3.0)));
+  Base::Params none;
+  EXPECT_FALSE(node->bind(none, none));
+  EXPECT_EQ(variable.evaluated, 0);
+  EXPECT_EQ(fixed.evaluated, 1);
+  EXPECT_EQ(node->eval(Anything), 7.0);
+  variable.value = 10.0;
+  EXPECT_EQ(node->eval(Anything), 16.0);
+  EXPECT_EQ(variable.evaluated, 2);
+  EXPECT_EQ(fixed.evaluated, 1);
+}
+
+// 2 + 3 + $ + 4: the chain is fixed up to the variable.
+TEST(Folding, FoldsTheStartOfAChain) {
+  Visits first{.value = 2.0};
+  Visits second{.value = 3.0};
+  Visits variable{.fixed = false, .value = 1.0};
+  Visits last{.value = 4.0};
+  const auto node =
+      binary(Binary::plus,
+             binary(Binary::plus, binary(Binary::plus, witness(first), witness(second)),
+                    witness(variable)),
+             witness(last));
+  Base::Params none;
+  EXPECT_FALSE(node->bind(none, none));
+  EXPECT_EQ(node->eval(Anything), 10.0);
+  EXPECT_EQ(node->eval(Anything), 10.0);
+  EXPECT_EQ(first.evaluated, 1);
+  EXPECT_EQ(second.evaluated, 1);
+  EXPECT_EQ(variable.evaluated, 2);
+  EXPECT_EQ(last.evaluated, 2);
+}
+
+TEST(Folding, ANewBindFoldsTheNewValues) {
+  Visits left{.value = 3.0};
+  Visits right{.value = 5.0};
+  UnaryOp node(Unary::negate, binary(Binary::plus, witness(left), witness(right)));
+  Base::Params none;
+  EXPECT_TRUE(node.bind(none, none));
+  left.value = 10.0;
+  EXPECT_EQ(node.eval(Anything), -8.0);
+  EXPECT_TRUE(node.bind(none, none));
+  EXPECT_EQ(node.eval(Anything), -15.0);
+}
+
+TEST(Folding, AFailureLeavesTheTreeAsItWas) {
+  Visits argument{.value = 5.0};
+  UnaryOp node(Unary::gamma, witness(argument));
+  Base::Params none;
+  EXPECT_TRUE(node.bind(none, none));
+  argument.value = -1.0;
+  EXPECT_EQ(thrown([&] { node.bind(none, none); }),
+            "tgamma: Invalid input argument -1. Argument must be positive.");
+  EXPECT_NEAR(node.eval(Anything), 24.0, 1e-12);
+}
+
+TEST(BinaryOp, BindsAndDeclaresBothSidesAlways) {
+  Visits left{.fixed = false};
+  Visits right{.fixed = true};
+  const auto node = binary(Binary::plus, witness(left), witness(right));
+  Base::Params none;
+  EXPECT_FALSE(node->bind(none, none));
+  EXPECT_FALSE(node->declare(none));
+  EXPECT_EQ(right.bound, 1);
+  EXPECT_EQ(right.declared, 1);
+  left.fixed = true;
+  right.fixed = false;
+  EXPECT_FALSE(node->bind(none, none));
+  EXPECT_FALSE(node->declare(none));
+  right.fixed = true;
+  EXPECT_TRUE(node->declare(none));
+  EXPECT_TRUE(node->bind(none, none));
+}
+
+TEST(BinaryOp, AsksTheRightSideOnlyIfTheLeftAgrees) {
+  Visits left{.fixed = false};
+  Visits right{.fixed = true};
+  const auto node = binary(Binary::plus, witness(left), witness(right));
+  EXPECT_FALSE(node->is_constant());
+  EXPECT_FALSE(node->compatible(1));
+  EXPECT_EQ(right.asked_constant, 0);
+  EXPECT_EQ(right.asked_compatible, 0);
+  left.fixed = true;
+  EXPECT_TRUE(node->is_constant());
+  EXPECT_TRUE(node->compatible(1));
+  right.fixed = false;
+  EXPECT_FALSE(node->is_constant());
+  EXPECT_FALSE(node->compatible(1));
+}
+
+TEST(UnaryOp, AnswersAsItsChild) {
+  for (const bool fixed : {false, true}) {
+    Visits child{.fixed = fixed};
+    UnaryOp node(Unary::sine, witness(child));
+    Base::Params none;
+    EXPECT_EQ(node.declare(none), fixed);
+    EXPECT_EQ(node.is_constant(), fixed);
+    EXPECT_EQ(node.compatible(1), fixed);
+    EXPECT_EQ(node.bind(none, none), fixed);
+  }
+}
+
+TEST(Constant, IsOneNumber) {
+  Constant node(2.5);
+  Base::Params none;
+  EXPECT_TRUE(node.declare(none));
+  EXPECT_TRUE(node.bind(none, none));
+  EXPECT_TRUE(node.is_constant());
+  EXPECT_TRUE(node.compatible(row("m")));
+  EXPECT_EQ(node.eval(quantity(7.0, "s")), 2.5);
+  EXPECT_TRUE(none.entries().empty());
+}
+
+TEST(Constant, PrintsInTheStreamsDefaultForm) {
+  EXPECT_EQ(printed(Constant(2.0)), "2");
+  EXPECT_EQ(printed(Constant(1234567.0)), "1.23457e+06");
+  EXPECT_EQ(printed(Constant(0.1 + 0.2)), "0.3");
+}
+
+TEST(Value, IsTheVariableInItsUnits) {
+  Value node(Base::resolve_units("Hz"));
+  Base::Params none;
+  EXPECT_FALSE(node.declare(none));
+  EXPECT_FALSE(node.bind(none, none));
+  EXPECT_FALSE(node.is_constant());
+  EXPECT_TRUE(node.compatible(row("Hz")));
+  EXPECT_TRUE(node.compatible(row("rad/s")));
+  EXPECT_TRUE(node.compatible(row("rpm")));
+  EXPECT_FALSE(node.compatible(row("s")));
+  EXPECT_EQ(node.eval(quantity(2.0, "kHz")), 2000.0);
+  EXPECT_EQ(thrown([&] { node.eval(quantity(2.0, "m")); }),
+            "Unable to convert from \"m\" to \"Hz\"");
+  EXPECT_EQ(printed(node), "$[Hz]");
+}
+
+TEST(Parameter, IsAnnouncedUnsetInItsUnits) {
+  const Parameter node("depth", Base::resolve_units("mm"));
+  Base::Params out;
+  EXPECT_TRUE(node.declare(out));
+  ASSERT_EQ(out.entries().size(), 1U);
+  EXPECT_EQ(out.at("depth").units, Base::resolve_units("mm"));
+  EXPECT_EQ(out.at("depth").state.state, 0U);
+}
+
+TEST(Parameter, IsUnsetBeforeBind) {
+  const Parameter node("depth", Base::resolve_units("m"));
+  EXPECT_EQ(thrown([&] { node.eval(Anything); }), "Unset parameterdepth");
+  EXPECT_TRUE(node.is_constant());
+  EXPECT_TRUE(node.compatible(row("s")));
+  EXPECT_EQ(printed(node), "depth[m]");
+}
+
+TEST(Parameter, IsConvertedAndListedByBind) {
+  Parameter node("depth", Base::resolve_units("m"));
+  Base::Params source;
+  source.insert("depth", 250.0, "cm");
+  source.insert("other", 1.0, "s");
+  Base::Params target;
+  EXPECT_TRUE(node.bind(source, target));
+  EXPECT_EQ(node.eval(Anything), 2.5);
+  ASSERT_EQ(target.entries().size(), 1U);
+  EXPECT_EQ(target.at("depth").value, 250.0);
+  EXPECT_EQ(target.at("depth").units, Base::resolve_units("cm"));
+}
+
+TEST(Parameter, IsReadFromTheSourceEvenIfTheTargetHasAnother) {
+  Parameter node("depth", Base::resolve_units("m"));
+  Base::Params source;
+  source.insert("depth", 2.0, "m");
+  Base::Params target;
+  target.insert("depth", 9.0, "m");
+  EXPECT_TRUE(node.bind(source, target));
+  EXPECT_EQ(node.eval(Anything), 2.0);
+  EXPECT_EQ(target.at("depth").value, 9.0);
+}
+
+TEST(Parameter, MustBeInTheSource) {
+  Parameter node("depth", Base::resolve_units("m"));
+  const Base::Params source;
+  Base::Params target;
+  EXPECT_EQ(thrown([&] { node.bind(source, target); }), "depth::Not found");
+  EXPECT_EQ(thrown([&] { node.eval(Anything); }), "Unset parameterdepth");
+}
+
+TEST(Parameter, MustAgreeWithTheTarget) {
+  Parameter node("depth", Base::resolve_units("m"));
+  Base::Params source;
+  source.insert("depth", 2.0, "m");
+  Base::Params target;
+  target.insert("depth", 2.0, "s");
+  EXPECT_EQ(thrown([&] { node.bind(source, target); }), "depth::Incompatible types");
+}
+
+TEST(Parameter, OfAnotherKindIsListedBeforeItFails) {
+  Parameter node("depth", Base::resolve_units("s"));
+  Base::Params source;
+  source.insert("depth", 2.0, "m");
+  Base::Params target;
+  EXPECT_EQ(thrown([&] { node.bind(source, target); }), "Unable to convert from \"m\" to \"s\"");
+  EXPECT_TRUE(target.contains("depth"));
+  EXPECT_EQ(thrown([&] { node.eval(Anything); }), "Unset parameterdepth");
+}
+
+TEST(Parameter, DeclaredAndNotFilledInPassesAsNotANumber) {
+  Parameter node("depth", Base::resolve_units("m"));
+  Base::Params source;
+  source.declare("depth", Base::resolve_units("m"));
+  Base::Params target;
+  EXPECT_TRUE(node.bind(source, target));
+  const double value = node.eval(Anything);
+  EXPECT_NE(value, value);
+}
+
+}  // namespace
+}  // namespace Expression
