@@ -1,5 +1,6 @@
 #include "maths/dalrymple.h"
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <cstdint>
@@ -27,6 +28,11 @@ std::uint32_t highest_mode(double kW) {
 
 bool along_the_tank(const std::vector<HarmonicFront>& fronts) {
   return fronts.size() == 1 && std::fabs(fronts.front().angle) < 1e-6;
+}
+
+// The angle of a mode. At its cut-off, across the tank, rounding may carry the sine above 1.
+double mode_angle(std::size_t m, double kW) {
+  return std::asin(std::min(static_cast<double>(m) * Base::Pi / kW, 1.0));
 }
 
 // Adds a front's share in each mode.
@@ -67,13 +73,13 @@ void dalrymple(FrontSet& set, const TankRun& tank, double width) {
     if (!forward.empty()) {
       fronts.push_back({std::abs(forward[0]), 0.0, std::arg(forward[0])});
       for (std::size_t m = 1; m <= N; ++m) {
-        append_pair(fronts, forward[m], m, std::asin(m * Base::Pi / kW));
+        append_pair(fronts, forward[m], m, mode_angle(m, kW));
       }
     }
     if (!backward.empty()) {
       fronts.push_back({std::abs(backward[0]), Base::Pi, std::arg(backward[0])});
       for (std::size_t m = 1; m <= N; ++m) {
-        append_pair(fronts, backward[m], m, std::asin(m * Base::Pi / kW) - Base::Pi);
+        append_pair(fronts, backward[m], m, mode_angle(m, kW) - Base::Pi);
       }
     }
   }
