@@ -13,7 +13,8 @@
 namespace Maths {
 
 // Replaces the fronts of each harmonic by the modes that a tank of that width admits. A slot that
-// is empty or holds a single front along the tank is left alone.
+// is empty or holds a single front along the tank is left alone. Throws std::string for a width
+// that gives no usable number of modes.
 void dalrymple(FrontSet& set, const TankRun& tank, double width);
 
 // Fills one coefficient for each cross-tank mode; the caller has sized the vector. Throws

@@ -16,7 +16,7 @@ class FrontSet {
   // Appends the front to its slot; a front of amplitude exactly 0 is dropped. A slot beyond the
   // set throws std::string "Help" after a line on the standard output stream.
   void add_front(std::uint64_t slot, const HarmonicFront& front);
-  // Makes that many empty slots.
+  // Makes that many empty slots. Throws std::string "Front set::..." above 2^26.
   void reset(std::uint64_t slot_count);
   // Append all fronts, slot by slot.
   void display_fronts(std::vector<Synthesis::Front>& out, const RunData& run) const;

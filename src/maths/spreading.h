@@ -5,7 +5,8 @@
 namespace Maths {
 
 // cos^power(theta), for a power that is not a whole number by interpolation between whole powers
-// of equal parity.
+// of equal parity. Both throw std::string "Spreading power::..." for a power that is not a number
+// or above 1e6.
 double cos_power(double power, double theta);
 // Its integral from 0 to theta, by the same interpolation.
 double cos_power_integral(double power, double theta);

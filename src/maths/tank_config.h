@@ -15,7 +15,8 @@ struct ProfilePoint {
 
 struct TankConfig {
   // The depths at x_low, x_low + delta_x, ..., floor((x_high - x_low) / delta_x) + 1 of them, for
-  // a host's drawing. Throws std::string "TankConfig not built" with fewer than two points.
+  // a host's drawing. Throws std::string "TankConfig not built" with fewer than two points, and
+  // "delta_x::..." for a spacing that is not above 0 or gives more than ten million depths.
   void profile_samples(double delta_x, std::vector<double>& out) const;
 
   bool has_walls = false;  // side walls that reflect

@@ -7,9 +7,10 @@
 
 namespace Maths {
 
-// Wave amplitude per radian of a flap hinged `e` below the water line.
+// Wave height per radian of stroke of a flap hinged `e` below the water line; also amplitude for
+// amplitude.
 double flap_ratio(double k, double depth, double e);
-// Wave amplitude per metre of stroke of a piston that reaches `e` below the water line.
+// Wave height per metre of stroke of a piston that reaches `e` below the water line.
 double piston_ratio(double k, double depth, double e);
 
 // The same for a segment of width `w` that makes a wave at the angle `theta` to its normal.
