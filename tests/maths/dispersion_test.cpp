@@ -1,0 +1,159 @@
+#include "maths/dispersion.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <numbers>
+#include <sstream>
+
+#include "base/constants.h"
+#include "support.h"
+
+namespace {
+
+using Maths::knum;
+using Maths::next_pow2;
+using Maths::wrap_angle;
+
+constexpr double g = 9.81;
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double inf = std::numeric_limits<double>::infinity();
+
+// A wave so long that 1 - exp(-x) with x = kd0^1.25 keeps one bit of x: the first guess is then
+// too large by the factor (x / 2^-53)^0.4, and in shallow water the step is known in closed form.
+struct LongWave {
+  explicit LongWave(double x)
+      : omega(std::sqrt(std::pow(x, 0.8) * g)),
+        exact(omega / std::sqrt(g)),
+        guess(exact * std::pow(x / std::ldexp(1.0, -53), 0.4)),
+        stepped(0.5 * (guess + exact * exact / guess)) {}
+  double omega;    // in 1 m of water
+  double exact;    // omega / sqrt(g depth)
+  double guess;    // before the Newton step
+  double stepped;  // after it
+};
+
+// Whatever sign the machine gives to not-a-number.
+std::string without_sign_of_nan(std::string text) {
+  const std::size_t at = text.find("-nan");
+  if (at != std::string::npos) text.erase(at, 1);
+  return text;
+}
+
+TEST(Dispersion, SolvesTheRelationOverAGridOfFrequenciesAndDepths) {
+  for (double omega = 0.05; omega < 60.0; omega *= 1.1) {
+    for (double depth = 0.02; depth < 60.0; depth *= 1.2) {
+      const double k = knum(omega, depth, g);
+      EXPECT_NEAR(g * k * std::tanh(k * depth) / (omega * omega), 1.0, 2e-4)
+          << omega << " " << depth;
+      EXPECT_NEAR(k / exact_wave_number(omega, depth, g), 1.0, 1e-4) << omega << " " << depth;
+    }
+  }
+}
+
+TEST(Dispersion, IsOneNewtonStepFromTheExplicitApproximation) {
+  for (const double omega : {0.5, 2.0, 4.0, 9.0}) {
+    for (const double depth : {0.3, 1.0, 2.5}) {
+      const long double a = static_cast<long double>(omega) * omega;
+      const long double x = powl(a * depth / g, 1.25L);
+      const long double k = a / g * powl(1 - expl(-x), -0.4L);
+      const long double f = a - g * k * tanhl(k * depth);
+      const long double slope = g * tanhl(k * depth) + g * k * depth / powl(coshl(k * depth), 2);
+      EXPECT_NEAR(knum(omega, depth, g), static_cast<double>(k + f / slope), 1e-12);
+    }
+  }
+}
+
+TEST(Dispersion, DeepWaterIsOmegaSquaredOverG) {
+  // k * depth of 41, 1000 and, where cosh overflows, 100000.
+  for (const double depth : {41.0 * 9.81 / 25.0, 1000.0 * 9.81 / 25.0, 1e5 * 9.81 / 25.0}) {
+    EXPECT_NEAR(knum(5.0, depth, g), 25.0 / 9.81, 1e-14);
+  }
+}
+
+TEST(Dispersion, ShallowWaterIsOmegaOverTheRootOfGTimesDepth) {
+  EXPECT_NEAR(knum(0.01, 1.0, g), 0.01 / std::sqrt(9.81), 1e-7);
+}
+
+TEST(Dispersion, AcceptsANegativeStepHoweverLarge) {
+  const LongWave wave(1.6e-16);
+  ASSERT_LT((wave.stepped - wave.guess) / wave.stepped, -0.1);
+  EXPECT_NEAR(knum(wave.omega, 1.0, g) / wave.stepped, 1.0, 1e-9);
+}
+
+TEST(Dispersion, RefusesAPositiveStepAboveAHundredth) {
+  const LongWave wave(0.9e-16);
+  ASSERT_GT((wave.stepped - wave.guess) / wave.stepped, 0.01);
+  std::ostringstream expected;
+  expected << "Knum calculation failed for omega=" << wave.omega
+           << " and depth = 1 with return value " << wave.stepped;
+  EXPECT_EQ(thrown_text([&] { knum(wave.omega, 1.0, g); }), expected.str());
+}
+
+TEST(Dispersion, FailureTextHasSixSignificantDigits) {
+  // A negative gravity and depth give a negative wave number, a hundredth of which is below the
+  // step of zero: -100 / 9.81 = -10.19367992.
+  EXPECT_EQ(thrown_text([] { knum(10.0, -10.0, -9.81); }),
+            "Knum calculation failed for omega=10 and depth = -10 with return value -10.1937");
+}
+
+TEST(Dispersion, AnOmegaOfZeroFails) {
+  EXPECT_EQ(without_sign_of_nan(thrown_text([] { knum(0.0, 0.5, g); })),
+            "Knum calculation failed for omega=0 and depth = 0.5 with return value nan");
+}
+
+TEST(Dispersion, NotANumberFails) {
+  EXPECT_EQ(without_sign_of_nan(thrown_text([] { knum(nan, 2.0, g); })),
+            "Knum calculation failed for omega=nan and depth = 2 with return value nan");
+  EXPECT_EQ(without_sign_of_nan(thrown_text([] { knum(1.5, nan, g); })),
+            "Knum calculation failed for omega=1.5 and depth = nan with return value nan");
+  EXPECT_EQ(without_sign_of_nan(thrown_text([] { knum(1.5, 1.0, nan); })),
+            "Knum calculation failed for omega=1.5 and depth = 1 with return value nan");
+}
+
+TEST(Dispersion, NoWaterAndNoGravityFail) {
+  EXPECT_EQ(without_sign_of_nan(thrown_text([] { knum(1.0, 0.0, g); })),
+            "Knum calculation failed for omega=1 and depth = 0 with return value nan");
+  EXPECT_EQ(without_sign_of_nan(thrown_text([] { knum(1.0, 1.0, 0.0); })),
+            "Knum calculation failed for omega=1 and depth = 1 with return value nan");
+}
+
+TEST(WrapAngle, KeepsBothLimits) {
+  EXPECT_EQ(wrap_angle(Base::Pi), Base::Pi);
+  EXPECT_EQ(wrap_angle(-Base::Pi), -Base::Pi);
+  EXPECT_EQ(wrap_angle(0.0), 0.0);
+  EXPECT_EQ(wrap_angle(-1.25), -1.25);
+}
+
+TEST(WrapAngle, BringsAnglesBackByWholeTurns) {
+  constexpr double turn = 2 * std::numbers::pi;
+  EXPECT_NEAR(wrap_angle(3.5), 3.5 - turn, 1e-15);
+  EXPECT_NEAR(wrap_angle(-3.5), turn - 3.5, 1e-15);
+  EXPECT_NEAR(wrap_angle(1.0 + 9 * turn), 1.0, 1e-13);
+  EXPECT_NEAR(wrap_angle(-2.0 - 9 * turn), -2.0, 1e-13);
+}
+
+TEST(WrapAngle, EndsForHugeAngles) {
+  for (const double theta : {1e7, -1e7, 1e15, 1e300}) {
+    const double wrapped = wrap_angle(theta);
+    EXPECT_LE(std::fabs(wrapped), Base::Pi) << theta;
+  }
+  EXPECT_NEAR(wrap_angle(1e7), std::atan2(std::sin(1e7), std::cos(1e7)), 1e-8);
+  EXPECT_TRUE(std::isnan(wrap_angle(inf)));
+  EXPECT_TRUE(std::isnan(wrap_angle(-inf)));
+  EXPECT_TRUE(std::isnan(wrap_angle(nan)));
+}
+
+TEST(NextPow2, IsTheSmallestPowerNotBelow) {
+  std::uint64_t power = 1;
+  for (std::uint64_t n = 1; n <= 5000; ++n) {
+    while (power < n) power *= 2;
+    EXPECT_EQ(next_pow2(n), power) << n;
+  }
+  EXPECT_EQ(next_pow2((std::uint64_t{1} << 40) + 1), std::uint64_t{1} << 41);
+  EXPECT_EQ(next_pow2(std::uint64_t{1} << 63), std::uint64_t{1} << 63);
+}
+
+}  // namespace

@@ -1,0 +1,259 @@
+// Sharing the harmonics between sets, and summing sets.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "maths/run_fronts.h"
+#include "support.h"
+
+namespace {
+
+using Maths::FrontSet;
+using Maths::HarmonicFront;
+using Maths::merge_sets;
+using Maths::PureRandom;
+using Maths::RanGen;
+using Maths::RunFronts;
+
+// A generator whose unit value is chosen.
+class Chosen : public RanGen {
+ public:
+  explicit Chosen(double unit) : RanGen(0) {
+    value_ = static_cast<std::uint32_t>(unit * 4294967295.0);
+  }
+  void init() override {}
+  std::uint32_t step() override {
+    ADD_FAILURE() << "the generator was advanced";
+    return value_;
+  }
+};
+
+// Harmonics 1 to 40 of 10 s.
+RunFronts sets_of(std::size_t count) {
+  RunFronts fronts;
+  fronts.run.init(10.0, 100.0, 0.1, 4.0, false);
+  fronts.resize(count);
+  return fronts;
+}
+
+double slot_energy(const FrontSet& set, std::size_t slot) {
+  double sum = 0.0;
+  for (const HarmonicFront& front : set.slots[slot]) sum += front.amp * front.amp;
+  return sum;
+}
+
+TEST(RunFronts, ResizeMakesEmptySlotsUpToTheHighestHarmonic) {
+  RunFronts fronts = sets_of(3);
+  ASSERT_EQ(fronts.sets.size(), 3u);
+  fronts.sets[1].add_front(40, {1.0, 0.0, 0.0});
+  fronts.sets[1].position = {1.0, 2.0, 3.0};
+  fronts.resize(2);
+  ASSERT_EQ(fronts.sets.size(), 2u);
+  for (const FrontSet& set : fronts.sets) {
+    EXPECT_EQ(set.slots.size(), 41u);
+    EXPECT_TRUE(set.slots[40].empty());
+    EXPECT_EQ(set.position.x, 0.0);
+  }
+}
+
+TEST(RunFronts, ResizeNeedsTheHarmonicGrid) {
+  RunFronts fronts;
+  EXPECT_EQ(thrown_text([&] { fronts.resize(1); }), "Calling size when not initialised");
+}
+
+TEST(MergeRms, EqualCreditsGoToTheLowestSet) {
+  RunFronts fronts = sets_of(2);
+  for (std::size_t slot = 1; slot <= 4; ++slot) {
+    for (FrontSet& set : fronts.sets) set.add_front(slot, {1.0, 0.25, 0.5});
+  }
+  fronts.merge_rms();
+  // Credits before the choice: 1 1, 0 2, 1 1, 0 2.
+  for (std::size_t slot = 1; slot <= 4; ++slot) {
+    const std::size_t owner = slot % 2 == 1 ? 0 : 1;
+    ASSERT_EQ(fronts.sets[owner].slots[slot].size(), 1u) << slot;
+    EXPECT_TRUE(fronts.sets[1 - owner].slots[slot].empty()) << slot;
+    EXPECT_NEAR(fronts.sets[owner].slots[slot][0].amp, std::sqrt(2.0), 1e-15);
+    EXPECT_EQ(fronts.sets[owner].slots[slot][0].angle, 0.25);
+    EXPECT_EQ(fronts.sets[owner].slots[slot][0].phase, 0.5);
+  }
+}
+
+TEST(MergeRms, KeepsTheEnergyOfEachHarmonicAndTheShareOfEachSet) {
+  RunFronts fronts = sets_of(2);
+  for (std::size_t slot = 1; slot <= 40; ++slot) {
+    fronts.sets[0].add_front(slot, {std::sqrt(2.0), 0.1, 0.2});
+    fronts.sets[0].add_front(slot, {-1.0, 0.3, 0.4});
+    fronts.sets[1].add_front(slot, {1.0, 0.5, 0.6});
+  }
+  fronts.merge_rms();
+  int of_first = 0;
+  for (std::size_t slot = 1; slot <= 40; ++slot) {
+    EXPECT_NEAR(slot_energy(fronts.sets[0], slot) + slot_energy(fronts.sets[1], slot), 4.0, 1e-12);
+    EXPECT_EQ(fronts.sets[0].slots[slot].size() + fronts.sets[1].slots[slot].size(), 1u);
+    if (fronts.sets[0].slots[slot].empty()) continue;
+    ++of_first;
+    EXPECT_EQ(fronts.sets[0].slots[slot][0].angle, 0.1);  // its first front stays
+  }
+  EXPECT_EQ(of_first, 30);  // three quarters of the energy
+}
+
+TEST(MergeRms, OnlySetsWithFrontsTakePart) {
+  RunFronts fronts = sets_of(3);
+  fronts.sets[1].add_front(5, {2.0, 0.0, 0.0});
+  fronts.merge_rms();
+  EXPECT_TRUE(fronts.sets[0].slots[5].empty());
+  ASSERT_EQ(fronts.sets[1].slots[5].size(), 1u);
+  EXPECT_EQ(fronts.sets[1].slots[5][0].amp, 2.0);
+  EXPECT_TRUE(fronts.sets[1].slots[6].empty());
+}
+
+TEST(MergeRms, WithoutSetsDoesNothing) {
+  RunFronts fronts;
+  fronts.merge_rms();
+  fronts.merge_random(Chosen(0.5));
+  EXPECT_TRUE(fronts.sets.empty());
+}
+
+TEST(MergeRandom, DrawsTheSetInProportionToEnergy) {
+  // Energies 1, 2 and 1: the unit values up to 1/4, 3/4 and 1.
+  for (const double unit : {0.1, 0.24, 0.26, 0.5, 0.74, 0.76, 0.99}) {
+    RunFronts fronts = sets_of(3);
+    fronts.sets[0].add_front(3, {1.0, 0.1, 0.0});
+    fronts.sets[1].add_front(3, {1.0, 0.2, 0.0});
+    fronts.sets[1].add_front(3, {1.0, 0.2, 0.0});
+    fronts.sets[2].add_front(3, {-1.0, 0.3, 0.0});
+    fronts.merge_random(Chosen(unit));
+    const std::size_t chosen = unit < 0.25 ? 0 : unit < 0.75 ? 1 : 2;
+    for (std::size_t s = 0; s < 3; ++s) {
+      if (s == chosen) {
+        ASSERT_EQ(fronts.sets[s].slots[3].size(), 1u) << unit;
+        EXPECT_EQ(fronts.sets[s].slots[3][0].amp, 2.0) << unit;
+      } else {
+        EXPECT_TRUE(fronts.sets[s].slots[3].empty()) << unit;
+      }
+    }
+  }
+}
+
+TEST(MergeRandom, OneValueDecidesEveryHarmonic) {
+  RunFronts fronts = sets_of(2);
+  for (std::size_t slot = 1; slot <= 40; ++slot) {
+    fronts.sets[0].add_front(slot, {1.0, 0.1, 0.0});
+    fronts.sets[1].add_front(slot, {1.0, 0.2, 0.0});
+  }
+  PureRandom generator(42);
+  generator.init();
+  const std::size_t chosen = generator.unit() * 2 <= 1 ? 0 : 1;
+  const double before = generator.unit();
+  fronts.merge_random(generator);
+  EXPECT_EQ(generator.unit(), before);
+  for (std::size_t slot = 1; slot <= 40; ++slot) {
+    EXPECT_NEAR(slot_energy(fronts.sets[chosen], slot), 2.0, 1e-12);
+    EXPECT_TRUE(fronts.sets[1 - chosen].slots[slot].empty());
+  }
+}
+
+TEST(MergeRandom, ALaterSetThatHoldsAllTheEnergyIsChosenToo) {
+  RunFronts fronts = sets_of(2);
+  fronts.sets[0].slots[3].push_back({0.0, 0.1, 0.0});
+  fronts.sets[1].add_front(3, {3.0, 0.2, 0.0});
+  fronts.merge_random(Chosen(0.0));
+  ASSERT_EQ(fronts.sets[0].slots[3].size(), 1u);
+  EXPECT_EQ(fronts.sets[0].slots[3][0].amp, 3.0);
+  ASSERT_EQ(fronts.sets[1].slots[3].size(), 1u);
+  EXPECT_EQ(fronts.sets[1].slots[3][0].amp, 3.0);
+}
+
+TEST(MergeRandom, ASetWithoutFrontsStaysEmpty) {
+  RunFronts fronts = sets_of(2);
+  fronts.sets[1].add_front(3, {3.0, 0.2, 0.0});
+  fronts.merge_random(Chosen(0.0));
+  EXPECT_TRUE(fronts.sets[0].slots[3].empty());
+  ASSERT_EQ(fronts.sets[1].slots[3].size(), 1u);
+  EXPECT_EQ(fronts.sets[1].slots[3][0].amp, 3.0);
+}
+
+FrontSet three_slots() {
+  FrontSet set;
+  set.reset(3);
+  return set;
+}
+
+TEST(MergeSets, SumsFrontsOfEqualAngleAtOneIndex) {
+  FrontSet a = three_slots();
+  FrontSet b = three_slots();
+  a.slots[1] = {{2.0, 0.3, 0.5}};
+  b.slots[1] = {{-1.0, 0.3, 1.2}};
+  merge_sets(a, b);
+  const std::complex<double> sum =
+      2.0 * std::exp(std::complex<double>(0, 0.5)) - std::exp(std::complex<double>(0, 1.2));
+  ASSERT_EQ(a.slots[1].size(), 1u);
+  EXPECT_NEAR(a.slots[1][0].amp, std::abs(sum), 1e-15);
+  EXPECT_NEAR(a.slots[1][0].phase, std::arg(sum), 1e-15);
+  EXPECT_EQ(a.slots[1][0].angle, 0.3);
+}
+
+TEST(MergeSets, AppendsFrontsOfAnyOtherAngle) {
+  FrontSet a = three_slots();
+  FrontSet b = three_slots();
+  a.slots[1] = {{1.0, 0.1, 0.0}, {1.0, 0.2, 0.0}};
+  b.slots[1] = {{1.0, 0.2, 0.0}, {1.0, std::nextafter(0.2, 1.0), 0.0}};
+  b.slots[2] = {{4.0, 0.7, 0.1}};
+  merge_sets(a, b);
+  // Equal angles at different places remain two fronts.
+  ASSERT_EQ(a.slots[1].size(), 4u);
+  EXPECT_EQ(a.slots[1][2].angle, 0.2);
+  EXPECT_EQ(a.slots[1][3].angle, std::nextafter(0.2, 1.0));
+  ASSERT_EQ(a.slots[2].size(), 1u);
+  EXPECT_EQ(a.slots[2][0].amp, 4.0);
+  EXPECT_EQ(a.slots[2][0].phase, 0.1);
+}
+
+TEST(MergeSets, AnAppendedFrontIsThereForTheNextIndex) {
+  FrontSet a = three_slots();
+  FrontSet b = three_slots();
+  a.slots[1] = {{1.0, 0.1, 0.0}};
+  b.slots[1] = {{1.0, 0.4, 0.0}, {2.0, 0.4, 0.0}};
+  merge_sets(a, b);
+  ASSERT_EQ(a.slots[1].size(), 2u);
+  EXPECT_EQ(a.slots[1][1].angle, 0.4);
+  EXPECT_NEAR(a.slots[1][1].amp, 3.0, 1e-15);
+}
+
+TEST(MergeSets, PositionsMustAgree) {
+  const auto refused = [](Maths::Position p, Maths::Position q) {
+    FrontSet a = three_slots();
+    FrontSet b = three_slots();
+    a.position = p;
+    b.position = q;
+    const std::string text = thrown_text([&] { merge_sets(a, b); });
+    EXPECT_TRUE(text == "(nothing thrown)" || text == "Error in position when merging fronts")
+        << text;
+    return text != "(nothing thrown)";
+  };
+  EXPECT_FALSE(refused({}, {}));
+  EXPECT_FALSE(refused({2.0, -3.0, 4.0}, {2.0, -3.0, 4.0}));
+  EXPECT_FALSE(refused({2.0 * (1 + 0.9e-6), 0, 0}, {2.0, 0, 0}));
+  EXPECT_TRUE(refused({2.0 * (1 + 1.1e-6), 0, 0}, {2.0, 0, 0}));
+  EXPECT_TRUE(refused({0, 1.0, 0}, {0, -1.0, 0}));
+  EXPECT_TRUE(refused({0, 0, 1.0}, {0, 0, 0}));
+  EXPECT_TRUE(refused({0, 0, 0}, {0, 0, 1e-20}));
+  EXPECT_FALSE(refused({0, 0, 0.99e-19}, {0, 0, 0}));
+  EXPECT_TRUE(refused({0, 0, 1e-19}, {0, 0, 0}));
+  EXPECT_FALSE(refused({0, 0, 0}, {0, 0, 0.9e-20}));
+}
+
+TEST(MergeSets, SlotCountsMustAgreeOncePositionsDo) {
+  FrontSet a = three_slots();
+  FrontSet b;
+  b.reset(4);
+  EXPECT_EQ(thrown_text([&] { merge_sets(a, b); }), "Mismatched sizes in front sets");
+  b.position.y = 1.0;
+  EXPECT_EQ(thrown_text([&] { merge_sets(a, b); }), "Error in position when merging fronts");
+}
+
+}  // namespace

@@ -1,0 +1,394 @@
+#include "maths/tank_run.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <vector>
+
+#include "maths/dispersion.h"
+#include "support.h"
+
+namespace {
+
+using Maths::knum;
+using Maths::TankConfig;
+using Maths::TankRun;
+
+constexpr double pi = std::numbers::pi;
+constexpr double g = 9.81;
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double inf = std::numeric_limits<double>::infinity();
+
+// Harmonics 1 to 40 of 10 s.
+Maths::RunData grid() {
+  Maths::RunData run;
+  run.init(10.0, 100.0, 0.1, 4.0, false);
+  return run;
+}
+
+// A slope of 5 m behind the paddles, 1 m of water to x = 4, a slope to 0.5 m at x = 10, a step
+// down to 0.8 m.
+TankConfig varied() {
+  TankConfig tank;
+  tank.g = g;
+  tank.x_low = -5.0;
+  tank.x_high = 20.0;
+  tank.profile = {{0.4, -5.0}, {1.0, 0.0},  {1.0, 0.0},  {1.0, 4.0},
+                  {1.0, 4.0},  {0.5, 10.0}, {0.8, 10.0}, {0.8, 20.0}};
+  tank.paddle_index = 2;
+  tank.paddle_depth = 1.0;
+  return tank;
+}
+
+TankRun varied_run() { return {varied(), grid()}; }
+
+// The wave number of harmonic 10, of 1 Hz.
+double k_of(double depth) { return knum(2 * pi, depth, g); }
+
+double group_velocity(double depth, double k) {
+  const double kd = k * depth;
+  return 2 * pi / k * 0.5 * (1 + 2 * kd / std::sinh(2 * kd));
+}
+
+std::string outside(const std::string& x) {
+  return "Value x=" + x + " is outside dimensions of tank";
+}
+
+TEST(TankRun, OmegaIsTheAngularRateOfAHarmonic) {
+  EXPECT_DOUBLE_EQ(varied_run().omega(7), 0.7 * 2 * pi);
+  EXPECT_EQ(thrown_text([] { varied_run().omega(41); }), "Harmonic out of range");
+}
+
+TEST(TankRun, SegmentIsTheOneThatALinearSearchFinds) {
+  for (std::size_t count = 2; count <= 40; ++count) {
+    TankConfig tank;
+    tank.x_low = 0.0;
+    for (std::size_t i = 0; i < count; ++i) {
+      // Every third point shares its x with the one before it.
+      const double x = static_cast<double>(i - i % 3 / 2);
+      tank.profile.push_back({1.0, x});
+    }
+    tank.x_high = tank.profile.back().x;
+    const TankRun run(tank, grid());
+    for (double x = 0.0; x <= tank.x_high; x += 0.25) {
+      std::size_t expected = 0;
+      while (expected + 2 < count && x > tank.profile[expected + 1].x) ++expected;
+      EXPECT_EQ(run.segment_of(x), expected) << count << " " << x;
+    }
+  }
+}
+
+TEST(TankRun, PositionsOutsideTheTankAreRefused) {
+  const TankRun run = varied_run();
+  EXPECT_EQ(run.segment_of(-5.0), 0u);
+  EXPECT_EQ(run.segment_of(20.0), 6u);
+  EXPECT_EQ(thrown_text([&] { run.segment_of(20.5); }), outside("20.5"));
+  EXPECT_EQ(thrown_text([&] { run.segment_of(-5.01); }), outside("-5.01"));
+  EXPECT_EQ(thrown_text([&] { run.segment_of(nan); }), outside("nan"));
+  EXPECT_EQ(thrown_text([&] { run.depth_at(1e20); }), outside("1e+20"));
+}
+
+TEST(TankRun, NeedsTwoPointsOfProfile) {
+  TankConfig tank = varied();
+  tank.profile.resize(1);
+  const TankRun run(tank, grid());
+  EXPECT_EQ(thrown_text([&] { run.segment_of(1.0); }), "TankConfig not built");
+  EXPECT_EQ(thrown_text([&] { run.depth_at(1.0); }), "TankConfig not built");
+  EXPECT_EQ(thrown_text([&] { run.depth_at(0.0); }), "TankConfig not built");
+  std::vector<double> out;
+  EXPECT_EQ(thrown_text([&] { run.depth_samples(out, 1.0); }), "TankConfig not built");
+  EXPECT_EQ(thrown_text([&] { run.segment_of(99.0); }), outside("99"));
+}
+
+TEST(TankRun, TwoPointsAreOneSegment) {
+  TankConfig tank;
+  tank.x_low = -1.0;
+  tank.x_high = 3.0;
+  tank.profile = {{2.0, -1.0}, {1.0, 3.0}};
+  const TankRun run(tank, grid());
+  EXPECT_EQ(run.segment_of(-1.0), 0u);
+  EXPECT_EQ(run.segment_of(3.0), 0u);
+  EXPECT_NEAR(run.depth_at(1.0), 1.5, 1e-15);
+}
+
+TEST(TankRun, DepthIsInterpolated) {
+  const TankRun run = varied_run();
+  EXPECT_NEAR(run.depth_at(-2.5), 0.7, 1e-15);
+  EXPECT_NEAR(run.depth_at(2.0), 1.0, 1e-15);
+  EXPECT_NEAR(run.depth_at(7.0), 0.75, 1e-15);
+  EXPECT_NEAR(run.depth_at(10.0), 0.5, 1e-15);  // the near side of the step
+  EXPECT_NEAR(run.depth_at(10.001), 0.8, 1e-15);
+  EXPECT_NEAR(run.depth_at(20.0), 0.8, 1e-15);
+}
+
+TEST(TankRun, DepthAtZeroIsTheFirstPointsDepth) {
+  EXPECT_EQ(varied_run().depth_at(0.0), 0.4);
+  EXPECT_NEAR(varied_run().depth_at(1e-9), 1.0, 1e-9);
+}
+
+TEST(TankRun, AFirstSegmentWithoutLengthHasNoDepth) {
+  TankConfig tank = varied();
+  tank.profile.insert(tank.profile.begin(), {0.3, -5.0});
+  const TankRun run(tank, grid());
+  EXPECT_TRUE(std::isnan(run.depth_at(-5.0)));
+  EXPECT_NEAR(run.depth_at(-4.999999), 0.4, 1e-6);
+}
+
+TEST(TankRun, DepthSamplesAreTheProfilesSamples) {
+  std::vector<double> samples;
+  std::vector<double> expected;
+  varied_run().depth_samples(samples, 0.75);
+  varied().profile_samples(0.75, expected);
+  EXPECT_EQ(samples.size(), 34u);
+  EXPECT_EQ(samples, expected);
+}
+
+void expect_rungs(const TankRun& run, const std::vector<std::pair<double, double>>& dx_and_depth) {
+  ASSERT_EQ(run.ladder().size(), dx_and_depth.size());
+  for (std::size_t i = 0; i < dx_and_depth.size(); ++i) {
+    const double k = k_of(dx_and_depth[i].second);
+    EXPECT_NEAR(run.ladder()[i].dx, dx_and_depth[i].first, 1e-14) << i;
+    EXPECT_NEAR(run.ladder()[i].k, k, 1e-12) << i;
+    EXPECT_NEAR(run.ladder()[i].k2, k * k, 1e-11) << i;
+  }
+}
+
+TEST(Ladder, AtThePaddlesHasTwoRungs) {
+  TankRun run = varied_run();
+  run.build_ladder(10, 0.0);
+  expect_rungs(run, {{0.0, 1.0}, {0.0, 1.0}});
+}
+
+TEST(Ladder, GoesForwardThroughTheMeanDepthOfEachPiece) {
+  TankRun run = varied_run();
+  run.build_ladder(10, 15.0);
+  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {6.0, 0.75}, {5.0, 0.8}, {0, 0.8}});
+  run.build_ladder(10, 7.0);
+  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {3.0, 0.875}, {0, 0.75}});
+  run.build_ladder(10, 4.0);
+  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {0, 1.0}});
+  run.build_ladder(10, 10.0);
+  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {6.0, 0.75}, {0, 0.5}});
+  run.build_ladder(10, 20.0);
+  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {6.0, 0.75}, {10.0, 0.8}, {0, 0.8}});
+}
+
+TEST(Ladder, GoesBackwardInNegativeSteps) {
+  TankRun run = varied_run();
+  run.build_ladder(10, -2.5);
+  expect_rungs(run, {{0, 1.0}, {-2.5, 0.85}, {0, 0.7}});
+  run.build_ladder(10, -5.0);
+  expect_rungs(run, {{0, 1.0}, {-5.0, 0.7}, {0, 0.4}});
+}
+
+TEST(Ladder, StartsWithinASectionThatHoldsThePaddles) {
+  TankConfig tank = varied();
+  tank.profile = {{0.6, -8.0}, {0.9, -2.0}, {1.2, 4.0}, {1.2, 9.0}};
+  tank.x_low = -8.0;
+  tank.x_high = 9.0;
+  tank.paddle_index = 1;
+  tank.paddle_depth = 1.0;
+  TankRun run(tank, grid());
+  run.build_ladder(10, 2.0);
+  expect_rungs(run, {{0, 1.0}, {2.0, 1.05}, {0, 1.1}});
+  run.build_ladder(10, -1.0);
+  expect_rungs(run, {{0, 1.0}, {-1.0, 0.975}, {0, 0.95}});
+  run.build_ladder(10, -5.0);
+  expect_rungs(run, {{0, 1.0}, {-2.0, 0.95}, {-3.0, 0.825}, {0, 0.75}});
+}
+
+TEST(Ladder, ATankMayEndAtThePaddles) {
+  TankConfig tank = varied();
+  tank.profile = {{0.5, -10.0}, {0.5, -5.0}, {1.0, 0.0}};
+  tank.x_low = -10.0;
+  tank.x_high = 0.0;
+  tank.paddle_index = 2;
+  TankRun run(tank, grid());
+  run.build_ladder(10, -8.0);
+  expect_rungs(run, {{0, 1.0}, {-5.0, 0.75}, {-3.0, 0.5}, {0, 0.5}});
+}
+
+TEST(Ladder, BeyondTheProfileTheWalkEnds) {
+  TankRun run = varied_run();
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 21.0); }), outside("21"));
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -6.0); }), outside("-6"));
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, inf); }), outside("inf"));
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -inf); }), outside("-inf"));
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, nan); }), outside("nan"));
+  EXPECT_EQ(thrown_text([&] { run.shoaling(10, nan); }), outside("nan"));
+  EXPECT_EQ(thrown_text([&] { run.phase_lag(10, 21.0, 0.0, 0.0); }), outside("21"));
+}
+
+TEST(Ladder, AnIndexBeyondTheProfileEndsTheWalkToo) {
+  TankConfig tank = varied();
+  tank.paddle_index = 4000000000u;
+  TankRun run(tank, grid());
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 1.0); }), outside("1"));
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -1.0); }), outside("-1"));
+}
+
+TEST(Ladder, AFailedBuildLeavesItAsFarAsItGot) {
+  TankRun run = varied_run();
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 21.0); }), outside("21"));
+  EXPECT_EQ(run.ladder().size(), 4u);
+  EXPECT_EQ(thrown_text([&] { run.build_ladder(41, 1.0); }), "Harmonic out of range");
+  EXPECT_TRUE(run.ladder().empty());
+}
+
+TEST(WaveNumAt, ReadsTheLadderAtItsEndsAndTheDepthElsewhere) {
+  TankRun run = varied_run();
+  // Before any ladder, the depth at 0 is the first point's.
+  EXPECT_NEAR(run.wave_num_at(10, 0.0), k_of(0.4), 1e-12);
+  run.build_ladder(10, 7.0);
+  EXPECT_NEAR(run.wave_num_at(10, 0.9e-6), k_of(1.0), 1e-12);
+  EXPECT_EQ(run.wave_num_at(10, 0.0), run.ladder().front().k);
+  EXPECT_EQ(run.wave_num_at(10, 7.0 + 0.9e-6), run.ladder().back().k);
+  EXPECT_NEAR(run.wave_num_at(10, 15.0), k_of(0.8), 1e-12);
+  EXPECT_NEAR(run.wave_num_at(20, 0.0), knum(4 * pi, 0.4, g), 1e-12);
+  EXPECT_EQ(run.ladder().size(), 4u);
+  EXPECT_EQ(thrown_text([&] { run.wave_num_at(10, 21.0); }), outside("21"));
+  EXPECT_EQ(thrown_text([&] { run.wave_num_at(41, 1.0); }), "Harmonic out of range");
+}
+
+TEST(Shoaling, ConservesTheEnergyFlux) {
+  TankRun run = varied_run();
+  for (const double x : {-5.0, -1.0, 5.0, 8.0, 10.0, 15.0}) {
+    const double depth = run.depth_at(x);
+    const double expected =
+        std::sqrt(group_velocity(1.0, k_of(1.0)) / group_velocity(depth, k_of(depth)));
+    EXPECT_NEAR(run.shoaling(10, x), expected, 1e-12) << x;
+  }
+}
+
+TEST(Shoaling, AStepInTheBottomIsFeltAtOnce) {
+  TankConfig tank = varied();
+  tank.profile = {{1.0, 0.0}, {1.0, 10.0}, {0.3, 10.0}, {0.3, 20.0}};
+  tank.paddle_index = 0;
+  TankRun run(tank, grid());
+  EXPECT_EQ(run.shoaling(10, 9.9), 1.0);
+  const double expected =
+      std::sqrt(group_velocity(1.0, k_of(1.0)) / group_velocity(0.3, k_of(0.3)));
+  EXPECT_NEAR(run.shoaling(10, 10.1), expected, 1e-12);
+  EXPECT_NEAR(run.phase_lag(10, 14.0, 0.0, 0.0), 10 * k_of(1.0) + 4 * k_of(0.3), 1e-11);
+}
+
+TEST(Shoaling, IsOneWhereTheDepthIsThePaddles) {
+  TankRun run = varied_run();
+  EXPECT_EQ(run.shoaling(10, 0.0), 1.0);
+  EXPECT_EQ(run.shoaling(10, 3.0), 1.0);
+  EXPECT_EQ(run.shoaling(10, 4.0), 1.0);
+}
+
+TEST(Shoaling, DeepWaterDoesNotOverflow) {
+  TankConfig tank = varied();
+  tank.profile = {{900.0, 0.0}, {500.0, 20.0}};
+  tank.paddle_index = 0;
+  tank.paddle_depth = 900.0;
+  TankRun run(tank, grid());
+  EXPECT_NEAR(run.shoaling(10, 15.0), 1.0, 1e-14);
+}
+
+TEST(Shoaling, ANewRunHasNoLadderAtItsEmptyKey) {
+  TankRun run = varied_run();
+  EXPECT_EQ(thrown_text([&] { run.shoaling(0, 0.0); }), "knum is empty");
+  EXPECT_EQ(thrown_text([&] { run.phase_lag(0, 0.0, 1.0, 0.5); }), "knum is empty");
+  TankConfig dry = varied();
+  dry.paddle_depth = 0.0;  // equal to the depth at the end of no ladder
+  TankRun equal(dry, grid());
+  EXPECT_EQ(equal.shoaling(0, 0.0), 1.0);
+}
+
+TEST(Shoaling, ChecksTheHarmonic) {
+  TankRun run = varied_run();
+  EXPECT_EQ(thrown_text([&] { run.shoaling(41, 7.0); }), "Harmonic out of range");
+}
+
+TEST(PhaseLag, AtThePaddlesIsThatOfTheCrosswisePosition) {
+  TankRun run = varied_run();
+  for (const double theta : {-2.0, -0.4, 0.0, 0.9}) {
+    EXPECT_DOUBLE_EQ(run.phase_lag(10, 0.0, 1.5, theta), 1.5 * k_of(1.0) * std::sin(theta));
+  }
+}
+
+TEST(PhaseLag, FollowsSnellsLawFromPieceToPiece) {
+  TankRun run = varied_run();
+  const double k0 = k_of(1.0);
+  for (const double theta : {-0.7, 0.0, 0.3, 0.8}) {
+    // The angle on each piece, and the wave number along the tank there.
+    double expected = 1.5 * k0 * std::sin(theta);
+    for (const auto& [length, depth] :
+         std::vector<std::pair<double, double>>{{4.0, 1.0}, {6.0, 0.75}, {5.0, 0.8}}) {
+      const double k = k_of(depth);
+      expected += length * k * std::cos(std::asin(k0 * std::sin(theta) / k));
+    }
+    EXPECT_NEAR(run.phase_lag(10, 15.0, 1.5, theta), expected, 1e-10) << theta;
+    // A wave that travels the other way gains what this one loses along the tank.
+    const double across = 1.5 * k0 * std::sin(theta);
+    EXPECT_NEAR(run.phase_lag(10, 15.0, 1.5, pi - theta), 2 * across - expected, 1e-9) << theta;
+  }
+}
+
+TEST(PhaseLag, IsNegativeBehindThePaddles) {
+  TankRun run = varied_run();
+  EXPECT_NEAR(run.phase_lag(10, -2.5, 0.0, 0.0), -2.5 * k_of(0.85), 1e-12);
+}
+
+TEST(PhaseLag, AWaveThatCannotPassHasNoPhase) {
+  TankConfig tank = varied();
+  tank.profile = {{0.2, 0.0}, {0.2, 5.0}, {2.0, 5.0}, {2.0, 20.0}};
+  tank.paddle_index = 0;
+  tank.paddle_depth = 0.2;
+  TankRun run(tank, grid());
+  EXPECT_TRUE(std::isnan(run.phase_lag(10, 10.0, 0.0, 1.5)));
+}
+
+TEST(PhaseLag, FollowsTheHarmonicAndThePlace) {
+  TankRun run = varied_run();
+  const double here = run.phase_lag(10, 3.0, 0.0, 0.0);
+  EXPECT_NEAR(run.phase_lag(20, 3.0, 0.0, 0.0), 3.0 * knum(4 * pi, 1.0, g), 1e-11);
+  EXPECT_EQ(run.phase_lag(10, 3.0, 0.0, 0.0), here);
+  EXPECT_EQ(run.phase_lag(10, 3.0 + 0.9e-6, 0.0, 0.0), here);  // the same place
+  EXPECT_GT(run.phase_lag(10, 3.0 + 2e-6, 0.0, 0.0), here);
+}
+
+TEST(AngleInRange, HoldsBetweenTheLimits) {
+  TankConfig tank = varied();
+  tank.min_angle = -0.5;
+  tank.max_angle = 1.0;
+  const TankRun run(tank, grid());
+  EXPECT_TRUE(run.angle_in_range(-0.5));
+  EXPECT_TRUE(run.angle_in_range(1.0));
+  EXPECT_TRUE(run.angle_in_range(0.2 + 4 * pi));
+  EXPECT_FALSE(run.angle_in_range(-0.51));
+  EXPECT_FALSE(run.angle_in_range(1.01));
+  EXPECT_FALSE(run.angle_in_range(pi));
+  EXPECT_FALSE(run.angle_in_range(nan));
+}
+
+TEST(AngleInRange, MayPassThroughPi) {
+  TankConfig tank = varied();
+  tank.min_angle = 2.0;
+  tank.max_angle = -2.5;
+  const TankRun run(tank, grid());
+  EXPECT_TRUE(run.angle_in_range(2.0));
+  EXPECT_TRUE(run.angle_in_range(pi));
+  EXPECT_TRUE(run.angle_in_range(-pi));
+  EXPECT_TRUE(run.angle_in_range(-2.5));
+  EXPECT_FALSE(run.angle_in_range(1.9));
+  EXPECT_FALSE(run.angle_in_range(0.0));
+  EXPECT_FALSE(run.angle_in_range(-2.4));
+}
+
+TEST(AngleInRange, EqualLimitsAdmitEverything) {
+  TankConfig tank = varied();
+  tank.min_angle = 0.5;
+  tank.max_angle = 0.5;
+  const TankRun run(tank, grid());
+  EXPECT_TRUE(run.angle_in_range(0.0));
+  EXPECT_TRUE(run.angle_in_range(3.0));
+  EXPECT_TRUE(run.angle_in_range(-100.0));
+}
+
+}  // namespace
