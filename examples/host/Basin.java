@@ -28,9 +28,10 @@ public final class Basin {
     static final double RATE = 50.0; // Hz, of the drive signals
 
     /** The density as the library reads it: limit, formula, limit, formula, limit. */
-    static final String JONSWAP =
-            "f_low[Hz] @Hz # " + density("0.07") + " @m2s # fp[Hz] @Hz # " + density("0.09")
-                    + " @m2s # f_high[Hz] @Hz";
+    static final String JONSWAP = String.join("#",
+            "f_low[Hz] @Hz", density("0.07") + " @m2s",
+            "fp[Hz] @Hz", density("0.09") + " @m2s",
+            "f_high[Hz] @Hz");
 
     private static String density(String width) {
         return "0.0624/(0.230+0.0336*peakedness-0.185/(1.9+peakedness))"

@@ -31,21 +31,16 @@ set xrange [0:10]
 set cbrange [-o:o]
 plot oblique skip 1 matrix every 1::1 using ($2 * step):1:3 with image
 
-set title "Focused group: three paddles"
+set title "Focused group: drive of the middle paddle"
 set xrange [0:T_max]
 set yrange [*:*]
 set ylabel "drive (rad)"
-set key top right
-last = S_size_x
-plot signals skip 1 using 1:2 with lines lw 1.5 title "first paddle", \
-     signals skip 1 using 1:(column((last + 3) / 2)) with lines lw 1.5 title "middle paddle", \
-     signals skip 1 using 1:(column(last + 1)) with lines lw 1.5 title "last paddle"
+plot signals skip 1 using 1:(column((S_size_x + 3) / 2)) with lines lw 1.5
 
 set title "Focused group: amplitude of each harmonic"
 set xlabel "frequency (Hz)"
 set ylabel "amplitude (mm)"
 set xrange [0:*]
 set yrange [0:*]
-unset key
 plot fronts skip 1 using 1:($2 * 1000) with impulses lw 2
 unset multiplot
