@@ -127,12 +127,12 @@ void BankMotion::build(const Common::Paddles& paddles, const Maths::FrontSet& fr
   clip_.limit = machine.get(Common::Machine::clip_limit, data_units(machine));
 
   const std::size_t harmonics = std::min(fronts.slots.size(), spectrum_.data.size());
+  Base::Cvector spectrum = spectrum_;
   for (std::size_t p = 0; p < count; ++p) {
     if (spectrum_.data.empty()) {
       series_.emplace_back();
       continue;
     }
-    Base::Cvector spectrum = spectrum_;
     for (std::size_t h = 0; h < harmonics; ++h) spectrum.data[h] = sums[h * count + p];
     Base::DataSet signal(spectrum, Base::Quantity(rate_, Base::Category::frequency));
     const Base::Vector& samples = signal.time();
