@@ -57,6 +57,10 @@ class DataSet {
   // Variance density in m2s of a signal whose units are lengths.
   void variance(Vector& out);
 
+ protected:
+  // Of neither form: every request fails.
+  DataSet() = default;
+
  private:
   // Gives the time form the shape of the frequency form's series.
   void shape_time();

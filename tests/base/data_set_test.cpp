@@ -191,6 +191,28 @@ TEST(DataSet, LengthIsThatOfTheValidForm) {
   EXPECT_EQ(DataSet(Cvector("f", {8, 0}, std::vector<Complex>(5)), hundred_hertz).length(), 5u);
 }
 
+struct EmptySet : DataSet {};
+
+TEST(DataSet, WithoutEitherFormEveryRequestFails) {
+  EmptySet set;
+  const std::string no_time = "Time data requested for empty data object";
+  const std::string no_freq = "Freq data requested for empty data object";
+  double number = 0.0;
+  Vector out;
+  EXPECT_EQ(thrown([&] { set.time(); }), no_time);
+  EXPECT_EQ(thrown([&] { set.time(number); }), no_time);
+  EXPECT_EQ(thrown([&] { set.scale(2.0); }), no_time);
+  EXPECT_EQ(thrown([&] { set.fold(0); }), no_time);
+  EXPECT_EQ(thrown([&] { set.freq(); }), no_freq);
+  EXPECT_EQ(thrown([&] { set.freq(number); }), no_freq);
+  EXPECT_EQ(thrown([&] { set.spectrum(out); }), no_freq);
+  EXPECT_EQ(thrown([&] { set.variance(out); }), no_freq);
+  EXPECT_EQ(thrown([&] { set.length(); }), "Length requested for empty data item");
+  // The road through a plan does not ask.
+  FFT_Plan plan(0, 0, FFT_Type::freq_to_time);
+  EXPECT_TRUE(set.time(plan).data.empty());
+}
+
 // Whether the frequency form follows the time form.
 void expect_fresh_spectrum(DataSet& set) {
   DataSet fresh(set.time(), hundred_hertz);
