@@ -104,10 +104,10 @@ TEST(Single, AThousandthPassesInSilence) {
     EXPECT_TRUE(result.messages.empty()) << f << ": " << result.messages[0];
     EXPECT_EQ(result.used().size(), 1U) << f;
   }
-  EXPECT_EQ(single(0.4994, run).messages,
-            Synthesis::Messages{"Single frequency 0.4994Hz altered to 0.5Hz to fit repeat time"});
-  EXPECT_EQ(single(0.5006, run).messages,
-            Synthesis::Messages{"Single frequency 0.5006Hz altered to 0.5Hz to fit repeat time"});
+  EXPECT_EQ(single(0.49949, run).messages,
+            Synthesis::Messages{"Single frequency 0.49949Hz altered to 0.5Hz to fit repeat time"});
+  EXPECT_EQ(single(0.50051, run).messages,
+            Synthesis::Messages{"Single frequency 0.50051Hz altered to 0.5Hz to fit repeat time"});
 }
 
 TEST(Single, OutOfRangeIsDroppedWithAMessage) {

@@ -247,6 +247,12 @@ TEST(TimeExp, JoinOfMoreThanTwiceTheLargestTurnComesSecond) {
             "9 9 4.5\n"
             "Time series \"wave\" has max rate of 6 and acceleration of 4\n"
             "Maximum end rate is 24m/s2\n");
+  // The same backwards: 3 6 8 9 9 8 6 3 0, where the turn at the last sample is the larger one.
+  const Evaluated back = evaluated(
+      "0@s#3+6*$[s]@m#0.75@s#6+2*$[s]@m#1.75@s#9@m#2.25@s#13-2*$[s]@m#2.75@s#"
+      "24-6*$[s]@m#4.5@s",
+      2.0, run_of(4.5, 0.3, 1.0));
+  EXPECT_EQ(back.output, result.output);
 }
 
 TEST(TimeExp, JoinAboveTheLargestStepComesThird) {
