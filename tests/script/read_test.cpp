@@ -1,0 +1,394 @@
+// Reading whole scripts, where a case file cannot say it.
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <sstream>
+
+#include "script/serialise.h"
+#include "test_tree.h"
+#include "testutil.h"
+
+using TestTree::Tank;
+
+namespace {
+
+class Reading : public testing::Test {
+ protected:
+  Reading() : log_(log_text_) {}
+
+  // How the reading of a script ends.
+  std::string read(const std::string& script) { return read_file(dir_.write("main.txt", script)); }
+  std::string read_file(const std::string& main, const std::string& second = "") {
+    if (!reader_.has_log()) reader_.attach_log(log_);
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const std::string outcome = failure([&] { reader_.read(report_, main, second); });
+    errors_ = testing::internal::GetCapturedStderr();
+    printed_ = testing::internal::GetCapturedStdout();
+    return outcome;
+  }
+  std::string dump() const { return reader_.object() ? reader_.object()->dump() : "nothing"; }
+
+  TempDir dir_;
+  std::ostringstream log_text_;
+  std::ostringstream report_;
+  Script::SimpleLog log_;
+  Script::Serialise<Tank> reader_{"Tank"};
+  std::string printed_;
+  std::string errors_;
+};
+
+// Gives back the limit of open files with the test.
+class NoMoreFiles {
+ public:
+  NoMoreFiles() {
+    getrlimit(RLIMIT_NOFILE, &before_);
+    rlimit none = before_;
+    none.rlim_cur = 0;
+    setrlimit(RLIMIT_NOFILE, &none);
+  }
+  ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before_); }
+
+ private:
+  rlimit before_{};
+};
+
+std::string repeated(const std::string& text, int count) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+const std::string syntax_error = "text: yydefact after YYTRANSLATE added error";
+
+// A root that supplies its own log.
+class Logged : public Script::Declared {
+ public:
+  const char* class_name() const override { return "Logged"; }
+  void declare(Script::List& list) override {
+    list.fixed("x", x);
+    list.supply_log(&log);
+  }
+  void create() override {
+    if (x == 1) throw problem("Create").add("one");
+  }
+  struct Sink : Script::Log {
+    void message(float, const Script::LogItm&) override {}
+    void message(const Script::LogItm& item) override { last = item.text; }
+    void build() override { ++built; }
+    int built = 0;
+    std::string last;
+  } log;
+  std::int32_t x = Script::UnsetInteger;
+};
+
+}  // namespace
+
+TEST_F(Reading, MissingFile) {
+  EXPECT_EQ(read_file(""), "string: File \"\" does not exist");
+  const std::string missing = dir_.file("missing.txt");
+  EXPECT_EQ(read_file(missing), "string: File \"" + missing + "\" does not exist");
+  EXPECT_EQ(read_file(dir_.path()), "string: File \"" + dir_.path() + "\" does not exist");
+  EXPECT_EQ(printed_, "");
+}
+
+TEST_F(Reading, MissingSecondFileIsNoticedBehindTheFirst) {
+  const std::string main = dir_.write("main.txt", "Tank { depth = 1; }");
+  const std::string second = dir_.file("second.txt");
+  EXPECT_EQ(read_file(main, second), "string: File \"" + second + "\" does not exist");
+  EXPECT_EQ(printed_, "Opened file  \"" + main + "\" for input\nLeaving file \"" + main + "\"\n");
+  EXPECT_EQ(dump(), "Tank.depth = 1\n");
+}
+
+TEST_F(Reading, FileThatCannotBeOpened) {
+  const std::string main = dir_.write("main.txt", "Tank { depth = 1; }");
+  reader_.attach_log(log_);
+  const std::string outcome = failure([&] {
+    const NoMoreFiles limit;
+    reader_.read(report_, main, "");
+  });
+  EXPECT_EQ(outcome, "string: Unable to open file \"" + main + "\" for input");
+}
+
+TEST_F(Reading, FileThatCannotBeRead) {
+  // The memory of this process, from its first byte, is a regular file that cannot be read.
+  EXPECT_EQ(read_file("/proc/self/mem"), "text: YY_INPUT() in flex scanner failed");
+}
+
+TEST_F(Reading, PathInAFailureIsPlainAndInALineIsMarked) {
+  const std::string main = dir_.write("a\"b&c.txt", "Tank { depth = 1; }");
+  EXPECT_EQ(read_file(main), "nothing");
+  const std::string marked = "\"" + dir_.path() + "/a&\"b&&c.txt\"";
+  EXPECT_EQ(printed_, "Opened file  " + marked + " for input\nLeaving file " + marked + "\n");
+  const std::string missing = dir_.file("x\"&y.txt");
+  EXPECT_EQ(read_file(missing), "string: File \"" + missing + "\" does not exist");
+}
+
+TEST_F(Reading, IncludeBesideAFileWithoutADirectory) {
+  dir_.write("main.txt", "include \"part.txt\"");
+  dir_.write("part.txt", "Tank { depth = 1; }");
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(dir_.path());
+  const std::string outcome = read_file("main.txt");
+  std::filesystem::current_path(before);
+  EXPECT_EQ(outcome, "nothing");
+  EXPECT_EQ(printed_,
+            "Opened file  \"main.txt\" for input\n  Opened file  \"part.txt\" for input\n"
+            "  Leaving file \"part.txt\"\nLeaving file \"main.txt\"\n");
+}
+
+TEST_F(Reading, IncludeThroughALinkIsTheSameFile) {
+  dir_.write("main.txt", "include \"link.txt\"");
+  std::filesystem::create_symlink("main.txt", dir_.file("link.txt"));
+  EXPECT_EQ(read_file(dir_.file("main.txt")),
+            "string: File \"" + dir_.file("link.txt") + "\" includes itself");
+}
+
+TEST_F(Reading, IncludesNestToADepthThatIsBounded) {
+  const auto name = [](int i) { return "f" + std::to_string(i) + ".txt"; };
+  for (int i = 0; i < 250; ++i) dir_.write(name(i), "include \"" + name(i + 1) + "\"");
+  EXPECT_EQ(read_file(dir_.file(name(0))),
+            "string: File \"" + dir_.file(name(201)) + "\" is included too deeply");
+  dir_.write(name(200), "Tank { depth = 1; }");
+  EXPECT_EQ(read_file(dir_.file(name(0))), "nothing");
+}
+
+TEST_F(Reading, CarriageReturnsAreCopiedAndChangeNothing) {
+  EXPECT_EQ(read("Tank {\r\n  depth = 1; # x\r\n}\r\n"), "nothing");
+  EXPECT_EQ(dump(), "Tank.depth = 1\n");
+  const std::string main = dir_.file("main.txt");
+  // The one behind the comment is part of the comment.
+  EXPECT_EQ(printed_,
+            "Opened file  \"" + main + "\" for input\n\r\rLeaving file \"" + main + "\"\n");
+}
+
+TEST_F(Reading, CommentMayEndAFileWithoutANewline) {
+  EXPECT_EQ(read("Tank { depth = 1; }#"), "nothing");
+  EXPECT_EQ(dump(), "Tank.depth = 1\n");
+}
+
+TEST_F(Reading, ScriptMayEndRightBehindItsLastToken) {
+  EXPECT_EQ(read("Tank{depth=1;}"), "nothing");
+  EXPECT_EQ(dump(), "Tank.depth = 1\n");
+}
+
+TEST_F(Reading, EmptyFileIsASyntaxError) { EXPECT_EQ(read(""), syntax_error); }
+
+TEST_F(Reading, SyntaxErrorIsReportedWithItsPlace) {
+  EXPECT_EQ(read("Tank {\n  depth = 1 }\n"), syntax_error);
+  EXPECT_EQ(errors_, "Failing at syntax error, unexpected }, expecting ; in \"" +
+                         dir_.file("main.txt") + "\" at line 2 column 13\n");
+}
+
+TEST_F(Reading, SyntaxErrorOfAnUnknownName) {
+  EXPECT_EQ(read("Tank { depth = 1; dept = 2; }"), syntax_error);
+  EXPECT_TRUE(errors_.starts_with("Failing at syntax error, unexpected unknown name, expecting "))
+      << errors_;
+  EXPECT_TRUE(errors_.ends_with(" at line 1 column 19\n")) << errors_;
+}
+
+TEST_F(Reading, SyntaxErrorAtTheEndHasNoPlace) {
+  EXPECT_EQ(read("Tank { depth = 1;"), syntax_error);
+  EXPECT_TRUE(errors_.starts_with("Failing at syntax error, unexpected end of input")) << errors_;
+  EXPECT_EQ(errors_.find("main.txt"), std::string::npos);
+}
+
+TEST_F(Reading, WhatWasSetBeforeAFailureStaysSet) {
+  EXPECT_EQ(read("Tank { depth = 1; title = \"a\"; gain }"), syntax_error);
+  EXPECT_EQ(dump(), "Tank.depth = 1\nTank.title = \"a\"\n");
+}
+
+// Entries on the parser's stack: its start, key, opened scope and brace, the key and the equals
+// sign, then each bracket; the value and the bracket that closes it come on top. 200 are too many.
+TEST_F(Reading, BracketsNestUntilTheStackIsFull) {
+  const auto nested = [](int depth) {
+    return "Tank { depth = " + repeated("(", depth) + "1" + repeated(")", depth) + "; }";
+  };
+  EXPECT_EQ(read(nested(191)), "nothing");
+  EXPECT_EQ(dump(), "Tank.depth = 1\n");
+  EXPECT_EQ(read(nested(192)), "string: " + dir_.file("main.txt") + "::parse error");
+  EXPECT_TRUE(errors_.starts_with("Failing at memory exhausted, the script is nested too deeply"))
+      << errors_;
+}
+
+// Each block takes three entries: key, opened scope, brace. The innermost assignment takes three.
+TEST_F(Reading, BlocksNestUntilTheStackIsFull) {
+  const auto nested = [](int depth) {
+    return "Tank { " + repeated("box { ", depth - 1) + "x = 1; " + repeated("} ", depth);
+  };
+  EXPECT_EQ(read(nested(65)), "nothing");
+  EXPECT_EQ(read(nested(66)), "string: " + dir_.file("main.txt") + "::parse error");
+}
+
+TEST_F(Reading, ExhaustedStackInAnIncludeStopsAllFilesAtOnce) {
+  dir_.write("part.txt", repeated("(", 250));
+  const std::string main = dir_.file("main.txt");
+  EXPECT_EQ(read("Tank { depth = include \"part.txt\" @"), "string: " + main + "::parse error");
+  EXPECT_EQ(printed_, "Opened file  \"" + main + "\" for input\n  Opened file  \"" +
+                          dir_.file("part.txt") + "\" for input\n");
+}
+
+TEST_F(Reading, ExhaustedStackInTheSecondFileNamesTheMainOne) {
+  const std::string main = dir_.write("main.txt", "Tank { depth = ");
+  const std::string second = dir_.write("second.txt", repeated("(", 250));
+  EXPECT_EQ(read_file(main, second), "string: " + main + "::parse error");
+}
+
+TEST_F(Reading, FlatScriptsMayBeLong) {
+  EXPECT_EQ(read("Tank { " + repeated("title = \"a\"; depth = 1+2*(3-4);;", 20000) + " }"),
+            "nothing");
+  EXPECT_EQ(dump(), "Tank.depth = -1\nTank.title = \"a\"\n");
+}
+
+TEST_F(Reading, BrokenScriptsFailCleanlyWhereverTheyEnd) {
+  const std::string whole =
+      "Tank { title = \"a b\"; units = metric; depth = (1.5 + -2) * 0x1F; gain = $;\n"
+      "Section[2..1] { label = \"c\"; Layer[0..0] { depth = 1; } box { x = 1; } }\n"
+      "Section[2] { width = 1; } } # end";
+  for (std::size_t length = 0; length < whole.size() - 7; ++length) {
+    Script::Serialise<Tank> reader("Tank");
+    reader.attach_log(log_);
+    const std::string main = dir_.write("main.txt", whole.substr(0, length));
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const std::string outcome = failure([&] { reader.read(report_, main, ""); });
+    testing::internal::GetCapturedStderr();
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(outcome, syntax_error) << length;
+  }
+  EXPECT_EQ(read(whole), "nothing");
+}
+
+TEST_F(Reading, NoValueIsItsOwnMark) {
+  EXPECT_EQ(read("Tank { depth = $; count = $; }"), "nothing");
+  EXPECT_EQ(std::bit_cast<std::uint64_t>(reader_.object()->depth), 0x7FF8000000000000u);
+  EXPECT_EQ(static_cast<std::uint32_t>(reader_.object()->count), 0x80000000u);
+}
+
+TEST_F(Reading, UnmentionedObjectsAreNotBuilt) {
+  EXPECT_EQ(read("Tank { depth = 1; }"), "nothing");
+  EXPECT_EQ(reader_.object()->box.get(), nullptr);
+  EXPECT_EQ(reader_.object()->section.size(), 0u);
+}
+
+TEST_F(Reading, ReaderIsEmptyBeforeItReads) {
+  EXPECT_EQ(reader_.object(), nullptr);
+  EXPECT_EQ(reader_.checksum(), 0u);
+}
+
+TEST_F(Reading, ObjectsLearnTheirPathsAndReportToTheLog) {
+  EXPECT_EQ(read("Tank { Section[2..1]; }"), "nothing");
+  EXPECT_EQ(reader_.object()->section[1].path(), "Tank::Section[2]");
+  reader_.object()->section[1].message(Script::LogItm("General", 5).add("here"));
+  EXPECT_EQ(log_text_.str(), "Info::here\n");
+}
+
+TEST(ReadingWithoutALog, FailsBehindVerification) {
+  const TempDir dir;
+  Script::Serialise<Tank> reader("Tank");
+  std::ostringstream report;
+  const std::string incomplete = dir.write("incomplete.txt", "Tank { strict { real = 1; } }");
+  const std::string complete = dir.write("complete.txt", "Tank { depth = 1; Section[1..1]; }");
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(failure([&] { reader.read(report, incomplete, ""); }),
+            "string: " + incomplete + "::Failed to verify");
+  Script::Serialise<Tank> other("Tank");
+  EXPECT_EQ(failure([&] { other.read(report, complete, ""); }),
+            "string: " + complete + "::No log object found");
+  testing::internal::GetCapturedStdout();
+  EXPECT_EQ(other.object()->section[0].path(), "Tank::Section[1]");
+}
+
+TEST(ReadingWithoutALog, TakesTheLogOfTheTree) {
+  const TempDir dir;
+  Script::Serialise<Logged> reader("Logged");
+  std::ostringstream report;
+  testing::internal::CaptureStdout();
+  const std::string outcome =
+      failure([&] { reader.read(report, dir.write("main.txt", "Logged { x = 1; }"), ""); });
+  const std::string printed = testing::internal::GetCapturedStdout();
+  EXPECT_EQ(outcome, "string: Caught log exception");
+  EXPECT_TRUE(printed.ends_with("\nException:-Logged::Error::one\n")) << printed;
+  EXPECT_EQ(reader.object()->log.built, 1);
+  EXPECT_EQ(reader.object()->log.last, "one");
+}
+
+TEST(ReadingWithoutALog, OwnLogComesBeforeTheTrees) {
+  const TempDir dir;
+  std::ostringstream text;
+  Script::SimpleLog log(text);
+  Script::Serialise<Logged> reader("Logged");
+  reader.attach_log(log);
+  testing::internal::CaptureStdout();
+  const std::string outcome =
+      failure([&] { reader.read(text, dir.write("main.txt", "Logged { x = 1; }"), ""); });
+  testing::internal::GetCapturedStdout();
+  EXPECT_EQ(outcome, "string: Caught log exception");
+  EXPECT_EQ(text.str(), "Logged::Error::one\n");
+  EXPECT_EQ(reader.object()->log.built, 0);
+}
+
+TEST_F(Reading, ChecksumIsThatOfTheRootObject) {
+  EXPECT_EQ(read("Tank { depth = 1; gain = 2; }"), "nothing");
+  const std::uint32_t before = reader_.checksum();
+  const std::uint32_t all_before = reader_.checksum(false);
+  reader_.object()->gain = 3;
+  EXPECT_EQ(reader_.checksum(), before);
+  EXPECT_NE(reader_.checksum(false), all_before);
+  // The sum over "Tankdepth = 1count = -999title = ..." by hand.
+  const std::string text = "Tankdepth = 1count = -999title = \"untouched\"units = Not found";
+  std::uint32_t sum = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    sum += static_cast<std::uint32_t>(text[i]) << (i % 24);
+  }
+  EXPECT_EQ(before, sum);
+}
+
+TEST_F(Reading, SaveWritesTheSettingsToTheSecondFile) {
+  const std::string main = dir_.write("main.txt", "Tank { depth = 1; Section[1..0]; }");
+  const std::string second = dir_.write("second.txt", "Tank { gain = 2; shown = metric; }");
+  EXPECT_EQ(read_file(main, second), "nothing");
+  reader_.object()->gain = 2.5;
+  reader_.object()->section[0].save();
+  EXPECT_EQ(dir_.contents("second.txt"),
+            "Tank {\n\tgain = 2.5;\n\tlevel = -999;\n\tnote = \"untouched\";\n\tshown = metric;\n"
+            "}\n");
+
+  Script::Serialise<Tank> again("Tank");
+  again.attach_log(log_);
+  testing::internal::CaptureStdout();
+  again.read(report_, main, second);
+  testing::internal::GetCapturedStdout();
+  EXPECT_EQ(again.object()->gain, 2.5);
+}
+
+TEST_F(Reading, SaveWithoutASecondFileDoesNothing) {
+  reader_.save();
+  EXPECT_EQ(read("Tank { depth = 1; }"), "nothing");
+  reader_.save();
+  EXPECT_EQ(dir_.contents("main.txt"), "Tank { depth = 1; }");
+}
+
+TEST_F(Reading, SaveThatCannotOpenItsFileIsSilent) {
+  const std::string main = dir_.write("main.txt", "Tank { depth = 1; }");
+  const std::string second = dir_.write("second.txt", "# nothing yet");
+  EXPECT_EQ(read_file(main, second), "nothing");
+  const std::string outcome = failure([&] {
+    const NoMoreFiles limit;
+    reader_.save();
+  });
+  EXPECT_EQ(outcome, "nothing");
+  EXPECT_EQ(dir_.contents("second.txt"), "# nothing yet");
+}
+
+using ReadingDeathTest = Reading;
+
+TEST_F(ReadingDeathTest, IntegerDivisionByZeroStopsTheProcess) {
+  const auto divide = [&] {
+    std::signal(SIGFPE, SIG_DFL);  // a sanitizer would catch it
+    reader_.read(report_, dir_.write("main.txt", "Tank { depth = 1/(2-2); }"), "");
+  };
+  EXPECT_EXIT(divide(), testing::KilledBySignal(SIGFPE), "");
+}

@@ -1,0 +1,162 @@
+#include "script/scan.h"
+
+#include <gtest/gtest.h>
+#include <locale.h>
+
+#include <cmath>
+#include <sstream>
+#include <vector>
+
+#include "testutil.h"
+
+using Script::ScriptScan;
+using Script::VarType;
+
+namespace {
+
+// The characters of each token.
+std::vector<std::string> tokens(const std::string& script) {
+  std::istringstream in(script);
+  ScriptScan scan(in);
+  std::vector<std::string> texts;
+  while (scan.yylex() != 0) texts.push_back(scan.text());
+  return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+VarType type_of(const std::string& script) {
+  std::istringstream in(script);
+  ScriptScan scan(in);
+  scan.yylex();
+  return scan.value().type();
+}
+
+// A stream that breaks down on its first reading.
+struct Broken : std::streambuf {
+  int underflow() override { throw 1; }
+};
+
+}  // namespace
+
+TEST(Scan, RangesOfIntegersAndReals) {
+  EXPECT_EQ(tokens("3..0"), (Texts{"3", "..", "0"}));
+  EXPECT_EQ(tokens("3.0..0"), (Texts{"3.0", "..", "0"}));
+  EXPECT_EQ(tokens("1..5e2"), (Texts{"1", "..", "5e2"}));
+  EXPECT_EQ(tokens("1...5"), (Texts{"1", "..", ".5"}));
+}
+
+TEST(Scan, UnfinishedNumbersEndEarly) {
+  EXPECT_EQ(tokens("1e"), (Texts{"1", "e"}));
+  EXPECT_EQ(tokens("1e+"), (Texts{"1", "e", "+"}));
+  EXPECT_EQ(tokens("1.5e-x"), (Texts{"1.5", "e", "-", "x"}));
+  EXPECT_EQ(tokens("0x"), (Texts{"0", "x"}));
+  EXPECT_EQ(tokens("0xg"), (Texts{"0", "xg"}));
+  EXPECT_EQ(tokens("12ab"), (Texts{"12", "ab"}));
+}
+
+TEST(Scan, KindsOfNumbers) {
+  for (const char* real : {"1.5", "1.5e3", "1.5E-3", ".5", ".5e+3", "1e3", "0E0"}) {
+    EXPECT_EQ(tokens(real), Texts{real});
+    EXPECT_EQ(type_of(real), VarType::real) << real;
+  }
+  for (const char* integer : {"0", "12", "0x1F", "0Xff", "007"}) {
+    EXPECT_EQ(tokens(integer), Texts{integer});
+    EXPECT_EQ(type_of(integer), VarType::integer) << integer;
+  }
+}
+
+TEST(Scan, SignIsNeverPartOfANumber) { EXPECT_EQ(tokens("-1+2"), (Texts{"-", "1", "+", "2"})); }
+
+TEST(Scan, LongestMatchWins) {
+  EXPECT_EQ(tokens("includes include includ"), (Texts{"includes", "include", "includ"}));
+  EXPECT_EQ(tokens("$abc$ $$x"), (Texts{"$abc", "$", "$", "$x"}));
+  EXPECT_EQ(tokens("$include"), (Texts{"$include"}));
+  EXPECT_EQ(tokens("$1"), (Texts{"$", "1"}));
+}
+
+TEST(Scan, TokensOfTheGrammar) {
+  const Texts all = {"(", ")", "{", "}", "[", "]", "=", ";", "+", "-", "*", "/", "$", ".."};
+  for (const std::string& token : all) EXPECT_EQ(tokens(token), Texts{token});
+}
+
+TEST(Scan, CommentsRunToTheNewline) {
+  EXPECT_EQ(tokens("a # b\nc"), (Texts{"a", "c"}));
+  EXPECT_EQ(tokens("a # b"), Texts{"a"});
+  EXPECT_EQ(tokens("#"), Texts{});
+  EXPECT_EQ(tokens("a#\r\nb"), (Texts{"a", "b"}));
+}
+
+TEST(Scan, StrayCharactersAreCopied) {
+  const std::string all = std::string("@!%&'?,:<>|\\^`~.\"\f\v\x80\xff\r") + std::string(1, '\0');
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(tokens("a" + all + "b"), (Texts{"a", "b"}));
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), all);
+}
+
+TEST(Scan, StringsHoldAllButQuotes) {
+  std::istringstream in("\"a\n#\\\t\r$\" \"\"");
+  ScriptScan scan(in);
+  ASSERT_NE(scan.yylex(), 0);
+  EXPECT_EQ(scan.value().as_string(), "a\n#\\\t\r$");
+  ASSERT_NE(scan.yylex(), 0);
+  EXPECT_EQ(scan.value().as_string(), "");
+  EXPECT_EQ(scan.yylex(), 0);
+}
+
+TEST(Scan, StringsMayBeLongerThanTheBuffer) {
+  const std::string text(200000, 'x');
+  std::istringstream in("\"" + text + "\"");
+  ScriptScan scan(in);
+  ASSERT_NE(scan.yylex(), 0);
+  EXPECT_EQ(scan.value().as_string(), text);
+}
+
+TEST(Scan, LinesAndColumnsCountFromOne) {
+  std::istringstream in("a  b\n# c\n \"x\ny\" d");
+  ScriptScan scan(in);
+  const std::pair<unsigned, unsigned> expected[] = {{1, 1}, {1, 4}, {3, 2}, {4, 4}};
+  for (const auto& [line, column] : expected) {
+    ASSERT_NE(scan.yylex(), 0);
+    EXPECT_EQ(scan.line(), line);
+    EXPECT_EQ(scan.column(), column);
+  }
+}
+
+TEST(Scan, BrokenStreamIsAFault) {
+  Broken buffer;
+  std::istream in(&buffer);
+  ScriptScan scan(in);
+  EXPECT_EQ(failure([&] { scan.yylex(); }), "text: YY_INPUT() in flex scanner failed");
+}
+
+TEST(Scan, LiteralsOfIntegers) {
+  EXPECT_EQ(Script::decimal_literal("0"), 0);
+  EXPECT_EQ(Script::decimal_literal("2147483647"), 2147483647);
+  EXPECT_EQ(Script::decimal_literal("2147483648"), -2147483647 - 1);
+  EXPECT_EQ(Script::decimal_literal("53021371269125"), 5);  // 12345 * 2^32 + 5
+  EXPECT_EQ(Script::hexadecimal_literal("0"), 0);
+  EXPECT_EQ(Script::hexadecimal_literal("9aF"), 0x9AF);
+  EXPECT_EQ(Script::hexadecimal_literal("FFFFFFFF"), -1);
+  EXPECT_EQ(Script::hexadecimal_literal("ABCDEF0000000012"), 0x12);
+}
+
+TEST(Scan, RealsAreReadTheSameInEveryLocale) {
+  // A locale of the host with a decimal comma, where the machine has one.
+  const locale_t comma = newlocale(LC_ALL_MASK, "de_DE.UTF-8", nullptr);
+  const locale_t before = comma ? uselocale(comma) : nullptr;
+  const double value = Script::real_literal("2.5");
+  if (comma) {
+    uselocale(before);
+    freelocale(comma);
+  }
+  EXPECT_EQ(value, 2.5);
+}
+
+TEST(Scan, RealsAreTheNearestDoubles) {
+  EXPECT_EQ(Script::real_literal("0.1"), 0.1);
+  EXPECT_EQ(Script::real_literal(".1e1"), 1.0);
+  EXPECT_EQ(Script::real_literal("123456789.123456789"), 123456789.123456789);
+  EXPECT_EQ(Script::real_literal("4.9e-324"), 4.9e-324);
+  EXPECT_EQ(Script::real_literal("1e400"), HUGE_VAL);
+}
