@@ -60,6 +60,13 @@ void append(Maths::TankConfig& out, const SectionDepth& depth, double d, double 
   out.profile.push_back({d, x});
 }
 
+// No step is short enough, as before a water line inside the section.
+[[noreturn]] void stuck(const SectionDepth& depth, double x) {
+  std::ostringstream problem;
+  problem << "depth profile does not get beyond x = " << x;
+  depth.fail(problem.str());
+}
+
 void set_paddle(Maths::TankConfig& out, double depth) {
   out.paddle_index = static_cast<std::uint32_t>(out.profile.size());
   out.paddle_depth = depth;
@@ -98,11 +105,13 @@ void walk(const SectionDepth& depth, double x0, double xe, double tol, double dx
     double d1 = depth.at(c);
     double r = std::abs(d0 - d1) / d0;
     while (r > hi || (!bounded && r < lo)) {
+      const double before = c;
       c = (c - x0) * tol / r + x0;
       bring_back();
       d1 = depth.at(c);
       r = std::abs(d0 - d1) / d0;
       bounded = true;
+      if (c == before && r > hi) stuck(depth, x0);
     }
     depth.check(d1, c);
     if (x0 <= 0 && c > 0) set_paddle(out, depth.check(depth.at(0.0), 0.0));
@@ -112,11 +121,7 @@ void walk(const SectionDepth& depth, double x0, double xe, double tol, double dx
       return;
     }
     // A rescaled candidate may lie behind the end; the walk then comes back to it.
-    if (x0 <= xe ? c <= x0 : (c < xe || c >= x0)) {
-      std::ostringstream problem;
-      problem << "depth profile does not get beyond x = " << x0;
-      depth.fail(problem.str());
-    }
+    if (x0 <= xe ? c <= x0 : (c < xe || c >= x0)) stuck(depth, x0);
     const double next = c + (c - x0) * tol / r;
     x0 = c;
     d0 = d1;
