@@ -1,0 +1,369 @@
+// The tabulated depth profile of a tank's sections.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <vector>
+
+#include "site_script.h"
+
+namespace {
+
+using Maths::ProfilePoint;
+using Maths::TankConfig;
+
+struct Row {
+  std::string x;
+  std::string offset;
+  std::string depth;
+};
+
+// The full script with these sections and one that ends the tank, and other steps.
+std::string sections(const std::vector<Row>& rows, const std::string& end,
+                     const std::string& steps = "") {
+  std::string text = "section[" + std::to_string(rows.size() + 1) + "..1];\n";
+  int index = 0;
+  for (const Row& row : rows) {
+    text += "section[" + std::to_string(++index) + "] { x = " + row.x + "; offset = " + row.offset +
+            "; depth = \"" + row.depth + "\"; }\n";
+  }
+  text += "section[" + std::to_string(++index) + "] { x = " + end + "; offset = Relative; }\n";
+  text = site_with_sections(text);
+  text = changed(text, "reference_x = 1.0;", "reference_x = " + end + ";");
+  text = changed(text, "delta_depth = 0.02;", "");
+  return changed(text, "delta_x = 0.6;", steps);
+}
+
+TankConfig config_of(const std::string& text) {
+  Load site(text);
+  EXPECT_TRUE(site.ok()) << site.failure << site.plain_failure << site.log_text.str();
+  site.context().make_ready();
+  return site.context().tank_config();
+}
+
+std::string refusal(const std::string& text) {
+  Load site(text);
+  EXPECT_TRUE(site.ok()) << site.failure << site.plain_failure << site.log_text.str();
+  const std::string thrown = thrown_by([&] { site.context().make_ready(); });
+  EXPECT_FALSE(site.context().ready());
+  return thrown;
+}
+
+void expect_points(const TankConfig& config, const std::vector<ProfilePoint>& points) {
+  ASSERT_EQ(config.profile.size(), points.size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    EXPECT_DOUBLE_EQ(config.profile[i].depth, points[i].depth) << i;
+    EXPECT_DOUBLE_EQ(config.profile[i].x, points[i].x) << i;
+  }
+}
+
+TEST(Profile, ConstantDepthHasTwoPoints) {
+  const TankConfig config = config_of(sections({{"0", "Relative", "0.8"}}, "20"));
+  expect_points(config, {{0.8, 0}, {0.8, 20}});
+  EXPECT_EQ(config.paddle_index, 0u);
+  EXPECT_DOUBLE_EQ(config.paddle_depth, 0.8);
+  EXPECT_EQ(config.x_low, 0.0);
+  EXPECT_EQ(config.x_high, 20.0);
+}
+
+TEST(Profile, TankThatEndsAtThePaddlesHasThemAtTheLastPoint) {
+  const TankConfig config =
+      config_of(sections({{"-20", "Relative", "0.8"}, {"-10", "Relative", "1.2"}}, "0"));
+  expect_points(config, {{0.8, -20}, {0.8, -10}, {1.2, -10}, {1.2, 0}});
+  EXPECT_EQ(config.paddle_index, 3u);
+  EXPECT_DOUBLE_EQ(config.paddle_depth, 1.2);
+}
+
+TEST(Profile, PaddlesBelongToTheSectionThatBeginsThere) {
+  const TankConfig config = config_of(
+      sections({{"-5", "Relative", "0.8"}, {"0", "Relative", "1.2"}, {"3", "Relative", "1"}}, "9"));
+  EXPECT_EQ(config.paddle_index, 2u);
+  EXPECT_DOUBLE_EQ(config.paddle_depth, 1.2);
+}
+
+TEST(Profile, PaddlesMayStandInsideASection) {
+  const TankConfig config =
+      config_of(sections({{"-5", "Relative", "0.8"}, {"-2", "Relative", "1.2"}}, "9"));
+  EXPECT_EQ(config.paddle_index, 2u);
+  EXPECT_DOUBLE_EQ(config.paddle_depth, 1.2);
+}
+
+TEST(Profile, StepInTheBottomIsKept) {
+  const TankConfig config = config_of(sections(
+      {{"0", "Relative", "1"}, {"5", "Relative", "0.75"}, {"5", "Relative", "0.5"}}, "20"));
+  expect_points(config, {{1, 0}, {1, 5}, {0.75, 5}, {0.75, 5}, {0.5, 5}, {0.5, 20}});
+}
+
+TEST(Profile, DepthsAreMetresWhateverTheirUnits) {
+  const TankConfig config = config_of(sections({{"0", "Relative", "80 @cm"},
+                                                {"1", "Relative", "2.5 @ft"},
+                                                {"2", "Relative", "1/2 + 0.25"},
+                                                {"3", "Relative", "650 @mm"},
+                                                {"4", "Relative", "2 @m"}},
+                                               "20"));
+  const double expected[] = {0.8, 2.5 * 0.3048, 0.75, 0.65, 2.0};
+  for (std::size_t i = 0; i < 5; ++i) {
+    EXPECT_DOUBLE_EQ(config.profile[2 * i].depth, expected[i]);
+    EXPECT_DOUBLE_EQ(config.profile[2 * i + 1].depth, expected[i]);
+  }
+}
+
+TEST(Profile, DepthInUnitsOfAnotherKindIsRefused) {
+  EXPECT_EQ(refusal(sections({{"0", "Relative", "0.8 @s"}}, "20")),
+            "string: Unable to convert from \"s\" to \"m\"");
+  EXPECT_EQ(refusal(sections({{"0", "Relative", "0.8 + 0*$[Hz]"}}, "20")),
+            "string: Unable to convert from \"m\" to \"Hz\"");
+}
+
+TEST(Profile, DepthWithAParameterIsRefused) {
+  EXPECT_EQ(refusal(sections({{"0", "Relative", "level[m]"}}, "20")),
+            "string: Unset parameterlevel");
+  EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - slope*$[m]"}}, "20")),
+            "string: Unset parameterslope");
+}
+
+TEST(Profile, OffsetSaysWhatTheVariableMeans) {
+  const TankConfig relative =
+      config_of(sections({{"0", "Relative", "1"}, {"4", "Relative", "1 - $[m]/20"}}, "14"));
+  const TankConfig absolute =
+      config_of(sections({{"0", "Relative", "1"}, {"4", "Absolute", "1.2 - $[m]/20"}}, "14"));
+  ASSERT_EQ(relative.profile.size(), absolute.profile.size());
+  for (std::size_t i = 0; i < relative.profile.size(); ++i) {
+    EXPECT_NEAR(relative.profile[i].x, absolute.profile[i].x, 1e-9);
+    EXPECT_NEAR(relative.profile[i].depth, absolute.profile[i].depth, 1e-12);
+  }
+  EXPECT_DOUBLE_EQ(relative.profile[2].depth, 1.0);
+  EXPECT_DOUBLE_EQ(relative.profile.back().depth, 0.5);
+}
+
+TEST(Profile, VariableIsReadInItsUnits) {
+  const TankConfig config = config_of(sections({{"0", "Relative", "100 - $[cm]/20 @cm"}}, "10"));
+  EXPECT_DOUBLE_EQ(config.profile.front().depth, 1.0);
+  EXPECT_DOUBLE_EQ(config.profile.back().depth, 0.5);
+}
+
+// On a plane slope s the first step is tol d(0) / s, and each further one is as long as the one
+// before it should have been: tol d / s at the start of that one.
+TEST(Profile, PlaneSlopeHasStepsInProportionToTheDepth) {
+  const double tol = 0.02;
+  const double slope = 0.05;
+  const TankConfig config = config_of(
+      sections({{"0", "Relative", "1 - $[m]*0.05"}}, "10", "delta_depth = 0.02; delta_x = 20;"));
+  std::vector<double> x = {0.0, tol / slope};
+  while (true) {
+    const double next = x.back() + tol * (1 - slope * x[x.size() - 2]) / slope;
+    if (next > 10 || std::abs(next / 10 - 1) < 0.001) break;
+    x.push_back(next);
+  }
+  x.push_back(10);
+  ASSERT_EQ(config.profile.size(), x.size());
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    EXPECT_NEAR(config.profile[i].x, x[i], 1e-9) << i;
+    EXPECT_NEAR(config.profile[i].depth, 1 - slope * x[i], 1e-9) << i;
+  }
+}
+
+struct Bottom {
+  const char* text;
+  std::function<double(double)> depth;
+  double begin;
+  double end;
+};
+
+const Bottom bottoms[] = {
+    {"1 - $[m]/40", [](double x) { return 1 - x / 40; }, 0, 20},
+    {"0.5 + $[m]/40", [](double x) { return 0.5 + x / 40; }, 0, 20},
+    {"2 - square($[m])/200", [](double x) { return 2 - x * x / 200; }, 1, 19},
+    {"1.5*exp(-$[m]/15)", [](double x) { return 1.5 * std::exp(-x / 15); }, -6, 12},
+    {"3*sqrt($[m] + 4)/2", [](double x) { return 1.5 * std::sqrt(x + 4); }, -3, 12},
+    {"1 + 0.2*tanh(($[m] - 6)/2)", [](double x) { return 1 + 0.2 * std::tanh((x - 6) / 2); }, 0, 7},
+};
+
+TEST(Profile, StepsChangeTheDepthByTheTolerance) {
+  for (const Bottom& bottom : bottoms) {
+    for (double tol : {0.005, 0.01, 0.05}) {
+      SCOPED_TRACE(std::string(bottom.text) + " in steps of " + std::to_string(tol));
+      const double longest = 0.75;
+      const TankConfig config = config_of(sections(
+          {{std::to_string(bottom.begin), "Absolute", bottom.text}}, std::to_string(bottom.end),
+          "delta_x = 0.75; delta_depth = " + std::to_string(tol) + ";"));
+      const auto& points = config.profile;
+      ASSERT_GT(points.size(), 3u);
+      EXPECT_EQ(points.front().x, bottom.begin);
+      EXPECT_EQ(points.back().x, bottom.end);
+      for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+        EXPECT_NEAR(points[i].depth, bottom.depth(points[i].x), 1e-12);
+        const double step = points[i + 1].x - points[i].x;
+        const double ratio = std::abs(points[i + 1].depth - points[i].depth) / points[i].depth;
+        EXPECT_GT(step, 0.0) << i;
+        EXPECT_LE(ratio, 1.2 * tol * (1 + 1e-9)) << i;
+        // Only the longest step and the last one may change the depth by less.
+        const bool bounded = step > longest * (1 - 1e-9) || i + 2 == points.size();
+        if (!bounded) {
+          EXPECT_GE(ratio, 0.8 * tol * (1 - 1e-9)) << i;
+        }
+      }
+      // The end is taken as reached within a thousandth of its position.
+      EXPECT_NEAR(points.back().depth, bottom.depth(bottom.end), 0.002 * bottom.end);
+    }
+  }
+}
+
+TEST(Profile, OneInTwentySlopeHasOnePerCentSteps) {
+  const TankConfig config = config_of(sections({{"0", "Relative", "1 - $[m]/20"}}, "10"));
+  for (std::size_t i = 0; i + 2 < config.profile.size(); ++i) {
+    const double d = config.profile[i].depth;
+    EXPECT_NEAR((d - config.profile[i + 1].depth) / d, 0.01, 0.0003) << i;
+  }
+  EXPECT_EQ(config.profile.back().x, 10.0);
+  EXPECT_DOUBLE_EQ(config.profile.back().depth, 0.5);
+}
+
+// A slope of 0.05 that eases to 0.005 at x = 0.2. The step from 0.205 is stretched to where that
+// slope has changed the depth by 1 per cent, far behind the end, and the last one comes back.
+TEST(Profile, StretchedStepMayPassTheEndAndComesBack) {
+  const TankConfig config = config_of(
+      sections({{"0", "Relative", "1 - 0.0275*$[m] + 0.0225*(sqrt(square($[m] - 0.2)) - 0.2)"}},
+               "1", "delta_x = 0.205;"));
+  const ProfilePoint points[] = {
+      {1, 0}, {0.989975, 0.205}, {0.99 * 0.989975, 0.205 + 0.01 * 0.989975 / 0.005}, {0.986, 1}};
+  ASSERT_EQ(config.profile.size(), std::size(points));
+  for (std::size_t i = 0; i < std::size(points); ++i) {
+    EXPECT_NEAR(config.profile[i].x, points[i].x, 1e-9) << i;
+    EXPECT_NEAR(config.profile[i].depth, points[i].depth, 1e-9) << i;
+  }
+}
+
+TEST(Profile, PaddlesInsideASlopeAreAtThePointBeforeThem) {
+  const TankConfig config = config_of(sections({{"-4", "Absolute", "1.2 - $[m]/30"}}, "15"));
+  ASSERT_LT(config.paddle_index + 1, config.profile.size());
+  EXPECT_LE(config.profile[config.paddle_index].x, 0.0);
+  EXPECT_GT(config.profile[config.paddle_index + 1].x, 0.0);
+  EXPECT_GT(config.paddle_index, 0u);
+  EXPECT_DOUBLE_EQ(config.paddle_depth, 1.2);
+}
+
+TEST(Profile, PaddlesAtTheEndOfASlopeAreAtTheLastPoint) {
+  const TankConfig config = config_of(sections({{"-10", "Relative", "1 - $[m]/20"}}, "0"));
+  EXPECT_EQ(config.paddle_index + 1, config.profile.size());
+  EXPECT_EQ(config.profile.back().x, 0.0);
+  EXPECT_DOUBLE_EQ(config.paddle_depth, 0.5);
+}
+
+TEST(Profile, PaddlesAtTheStartOfASlope) {
+  const TankConfig config =
+      config_of(sections({{"-3", "Relative", "1"}, {"0", "Relative", "1 - $[m]/20"}}, "10"));
+  EXPECT_EQ(config.paddle_index, 2u);
+  EXPECT_EQ(config.profile[2].x, 0.0);
+  EXPECT_DOUBLE_EQ(config.paddle_depth, 1.0);
+}
+
+TEST(Profile, TankAwayFromThePaddlesHasNone) {
+  const TankConfig config = config_of(sections({{"5", "Relative", "1"}}, "10"));
+  EXPECT_EQ(config.paddle_index, 0u);
+  EXPECT_EQ(config.paddle_depth, 0.0);
+}
+
+TEST(Profile, FlatFormulaHasTheLongestSteps) {
+  const TankConfig config =
+      config_of(sections({{"0", "Relative", "0.75 + 0*$[m]"}}, "2", "delta_x = 0.5;"));
+  expect_points(config, {{0.75, 0}, {0.75, 0.5}, {0.75, 1}, {0.75, 1.5}, {0.75, 2}});
+}
+
+TEST(Profile, ShortFlatFormulaHasItsTwoEnds) {
+  const TankConfig config =
+      config_of(sections({{"0", "Relative", "0.75 + 0*$[m]"}}, "0.25", "delta_x = 0.5;"));
+  expect_points(config, {{0.75, 0}, {0.75, 0.25}});
+}
+
+TEST(Profile, FormulaOnASectionWithoutLengthHasItsTwoEnds) {
+  const TankConfig config = config_of(sections(
+      {{"0", "Relative", "1"}, {"3", "Relative", "0.75 - $[m]/10"}, {"3", "Relative", "2"}}, "5"));
+  expect_points(config, {{1, 0}, {1, 3}, {0.75, 3}, {0.75, 3}, {2, 3}, {2, 5}});
+}
+
+TEST(Profile, BeachThatEndsAtTheWaterLineIsWalkedToItsEnd) {
+  const TankConfig config = config_of(sections({{"0", "Relative", "1 - $[m]/20"}}, "20"));
+  EXPECT_EQ(config.profile.back().x, 20.0);
+  EXPECT_GT(config.profile.back().depth, 0.0);
+  EXPECT_LT(config.profile.back().depth, 0.0015);
+}
+
+TEST(Profile, BeachThatLeavesTheWaterIsRefused) {
+  EXPECT_EQ(refusal(sections({{"0", "Relative", "1"}, {"4", "Relative", "1 - $[m]/10"}}, "20")),
+            "string: Section[2]::depth profile does not get beyond x = 14");
+}
+
+TEST(Profile, DepthThatIsNoPositiveNumberIsRefused) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"0", "0"},    {"-0.5", "-0.5"},   {"1/0", "inf"},    {"0 - 1/0", "-inf"},
+      {"$[m]", "0"}, {"$[m] - 1", "-1"}, {"1/$[m]", "inf"},
+  };
+  for (const auto& [depth, number] : rows) {
+    EXPECT_EQ(
+        refusal(sections({{"0", "Relative", depth}}, "20")),
+        std::string("string: Section[1]::depth ") + number + " at x = 0 is not a positive number")
+        << depth;
+  }
+  for (const char* depth : {"sqrt(0-1)", "sqrt($[m] - 1)", "1 + 0*sqrt(0.25 - $[m])"}) {
+    const std::string thrown = refusal(sections({{"0", "Relative", depth}}, "20"));
+    EXPECT_NE(thrown.find("string: Section[1]::depth "), std::string::npos) << thrown;
+    EXPECT_NE(thrown.find("nan at x = "), std::string::npos) << thrown;
+  }
+}
+
+TEST(Profile, EndlessFormulaIsRefused) {
+  const std::string pole = refusal(sections({{"0", "Relative", "1/(5 - $[m])"}}, "20"));
+  EXPECT_EQ(pole, "string: Section[1]::depth profile does not get beyond x = 5");
+  const std::string creep =
+      refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20", "delta_x = 0.000000001;"));
+  EXPECT_EQ(creep.substr(0, 76),
+            "string: Section[1]::depth profile does not come to an end, stopped at x = 0.");
+}
+
+TEST(Profile, StepsMustBePositiveNumbersWhereTheyAreUsed) {
+  for (const char* value : {"0", "-0.01", "$", "1e999"}) {
+    EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
+                               std::string("delta_depth = ") + value + ";")),
+              "string: Tank::delta_depth is not a positive number");
+  }
+  for (const char* value : {"0", "-0.5", "$"}) {
+    EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
+                               std::string("delta_x = ") + value + ";")),
+              "string: Tank::delta_x is not a positive number");
+  }
+  EXPECT_EQ(config_of(sections({{"0", "Relative", "1"}}, "20", "delta_x = 0; delta_depth = $;"))
+                .profile.size(),
+            2u);
+}
+
+TEST(Profile, SectionsWithoutAPositionAreRefused) {
+  EXPECT_EQ(refusal(sections({{"$", "Relative", "1"}}, "20")),
+            "string: Section[1]::start or end is not a number");
+  EXPECT_EQ(refusal(changed(sections({{"0", "Relative", "1"}, {"2", "Relative", "1"}}, "20"),
+                            "x = 2;", "x = $;")),
+            "string: Section[1]::start or end is not a number");
+}
+
+TEST(Profile, IsMadeAnewEachTime) {
+  Load site(sections({{"0", "Relative", "1 - $[m]/40"}}, "20"));
+  site.context().make_ready();
+  const std::size_t size = site.context().tank_config().profile.size();
+  site.context().clear_ready();
+  site.context().make_ready();
+  EXPECT_EQ(site.context().tank_config().profile.size(), size);
+}
+
+TEST(Profile, SamplesFollowTheBottom) {
+  const TankConfig config =
+      config_of(sections({{"-2", "Relative", "1"}, {"3", "Relative", "1 - $[m]/20"}}, "10"));
+  std::vector<double> depths;
+  config.profile_samples(0.5, depths);
+  ASSERT_EQ(depths.size(), 25u);
+  for (std::size_t i = 0; i < depths.size(); ++i) {
+    const double x = -2 + 0.5 * static_cast<double>(i);
+    EXPECT_NEAR(depths[i], x < 3 ? 1.0 : 1 - (x - 3) / 20, 1e-9) << x;
+  }
+}
+
+}  // namespace
