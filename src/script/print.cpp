@@ -48,14 +48,13 @@ void print_block(const std::string& head, const List& list, std::ostream& out, b
 void print_array(const std::string& key, const BaseWrapAry& array, std::ostream& out,
                  bool adjustable_only, unsigned indent) {
   if (array.lists().empty()) return;
-  std::int32_t index = array.offset();
   if (!adjustable_only) {
-    const std::int64_t last = index + static_cast<std::int64_t>(array.lists().size()) - 1;
-    out << std::string(indent, '\t') << key << "[" << last << ".." << index << "];\n";
+    out << std::string(indent, '\t') << key << "[" << array.index(array.lists().size() - 1) << ".."
+        << array.offset() << "];\n";
   }
-  for (const List& element : array.lists()) {
-    const std::string head = key + "[" + std::to_string(index++) + "]";
-    print_block(head, element, out, adjustable_only, indent);
+  for (std::size_t i = 0; i < array.lists().size(); ++i) {
+    const std::string head = key + "[" + std::to_string(array.index(i)) + "]";
+    print_block(head, array.lists()[i], out, adjustable_only, indent);
   }
 }
 
@@ -124,7 +123,7 @@ unsigned printable_count(const List& list, bool adjustable_only) {
 void Checksum::add_text(const char* text) {
   for (; *text; ++text) {
     // Signed on purpose: checksums of sites with letters above ASCII rest on it.
-    const auto widened = static_cast<std::int32_t>(static_cast<signed char>(*text));
+    const std::int32_t widened = (static_cast<unsigned char>(*text) ^ 0x80) - 0x80;
     sum_ += static_cast<std::uint32_t>(widened) << shift_;
     if (++shift_ == 24) shift_ = 0;
   }

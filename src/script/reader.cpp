@@ -45,7 +45,7 @@ bool SubSerial::Parser::read(const fs::path& file, unsigned depth) {
   if (!source->stream.is_open()) {
     throw "Unable to open file \"" + file.string() + "\" for input";
   }
-  const std::string indent(2 * depth, ' ');
+  const std::string indent(std::size_t{2} * depth, ' ');
   std::cout << indent << "Opened file  " << file << " for input\n" << std::flush;
 
   open_.push_back({file, canonical, &source->scan});

@@ -26,8 +26,7 @@ void clone_array(BaseWrapAry& to, const BaseWrapAry& from) {
   // An array that was never declared has no size to build; a template element may leave its own
   // arrays to the blocks of single elements.
   if (from.lists().empty()) return;
-  const std::int32_t first = from.offset();
-  to.build(first + static_cast<std::int32_t>(from.lists().size()) - 1, first);
+  to.build(from.index(from.lists().size() - 1), from.offset());
   for (std::size_t i = 0; i < from.lists().size(); ++i) clone(to.lists()[i], from.lists()[i]);
 }
 
@@ -44,9 +43,10 @@ bool verify(const List& list, std::ostream& report, unsigned depth, const std::s
     } else if (item.type() == VarType::object) {
       if (!verify(item.as_object().list(), report, depth + 1, key + "{")) complete = false;
     } else if (item.type() == VarType::array) {
-      std::int32_t index = item.as_array().offset();
-      for (const List& element : item.as_array().lists()) {
-        if (!verify(element, report, depth + 1, indexed(key, index++) + "{")) complete = false;
+      const BaseWrapAry& array = item.as_array();
+      for (std::size_t i = 0; i < array.lists().size(); ++i) {
+        const std::string element = indexed(key, array.index(i)) + "{";
+        if (!verify(array.lists()[i], report, depth + 1, element)) complete = false;
       }
     }
   }
@@ -61,11 +61,11 @@ void set_paths(const List& list, Master& owner, const std::string& path) {
       item.as_object().set_path(owner, key);
       set_paths(item.as_object().list(), owner, key);
     } else if (item.type() == VarType::array) {
-      std::int32_t index = item.as_array().offset();
-      for (const List& element : item.as_array().lists()) {
-        const std::string element_path = indexed(key, index);
-        item.as_array().set_path(owner, element_path, index++);
-        set_paths(element, owner, element_path);
+      BaseWrapAry& array = item.as_array();
+      for (std::size_t i = 0; i < array.lists().size(); ++i) {
+        const std::string element = indexed(key, array.index(i));
+        array.set_path(owner, element, array.index(i));
+        set_paths(array.lists()[i], owner, element);
       }
     }
   }

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -60,15 +61,9 @@ class WrapBase {
   // Throws "Item not consecutively numbered" when the offset rule is in force and the index
   // does not follow the last one.
   void announce(std::int32_t index) {
-    if (rule_.offset_rule == 2) {
-      if (objects_.empty() && !started_) {
-        first_ = index;
-        started_ = true;
-      } else if (index != next_) {
-        throw "Item not consecutively numbered";
-      }
-      next_ = index + 1;
-    }
+    if (rule_.offset_rule != 2) return;
+    if (last_ && index != *last_ + 1) throw "Item not consecutively numbered";
+    last_ = index;
   }
   // Throws "Out of space" when the rule no longer admits the count.
   void add(Base* object) {
@@ -85,9 +80,7 @@ class WrapBase {
  private:
   Rule rule_;
   std::vector<Base*> objects_;
-  bool started_ = false;
-  std::int32_t first_ = 0;
-  std::int32_t next_ = 0;
+  std::optional<std::int32_t> last_;
 };
 
 // One object of class T, a Declared.
@@ -155,6 +148,10 @@ class BaseWrapAry {
 
   const Rule& rule() const { return rule_; }
   std::int32_t offset() const { return offset_; }
+  // The script index of the element at a position.
+  std::int32_t index(std::size_t position) const {
+    return offset_ + static_cast<std::int32_t>(position);
+  }
   std::vector<List>& lists() { return lists_; }
   const std::vector<List>& lists() const { return lists_; }
 

@@ -77,7 +77,7 @@ class Layer : public Script::Declared {
 template <typename T>
 void dump_array(const std::string& key, const Script::WrapAry<T>& array, Dump& out) {
   for (std::size_t i = 0; i < array.size(); ++i) {
-    const auto index = array.offset() + static_cast<std::int32_t>(i);
+    const std::int64_t index = array.offset() + static_cast<std::int64_t>(i);
     array[i].dump(key + "[" + std::to_string(index) + "]", out);
   }
 }
