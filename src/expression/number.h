@@ -8,7 +8,7 @@
 namespace Expression {
 
 // The language's own pi, a few units short in its last digits of the nearest double. Kept as it
-// stands: stored formulas have been evaluated with it.
+// stands: the results of every formula with pi depend on it.
 inline constexpr double FormulaPi = std::bit_cast<double>(std::uint64_t{0x400921FB544428F7});
 
 // Digits with a point. A point whatever the process's locale.

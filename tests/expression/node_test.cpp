@@ -135,6 +135,20 @@ TEST(Folding, FoldsTheStartOfAChain) {
   EXPECT_EQ(last.evaluated, 2);
 }
 
+TEST(Folding, AFoldedChainVisitsNoneOfItsLinks) {
+  Visits first{.value = 2.0};
+  Visits second{.value = 3.0};
+  Visits third{.value = 4.0};
+  const auto node =
+      binary(Binary::minus, binary(Binary::minus, witness(first), witness(second)), witness(third));
+  Base::Params none;
+  EXPECT_TRUE(node->bind(none, none));
+  EXPECT_EQ(node->eval(Anything), -5.0);
+  EXPECT_EQ(first.evaluated, 1);
+  EXPECT_EQ(second.evaluated, 1);
+  EXPECT_EQ(third.evaluated, 1);
+}
+
 TEST(Folding, ANewBindFoldsTheNewValues) {
   Visits left{.value = 3.0};
   Visits right{.value = 5.0};
