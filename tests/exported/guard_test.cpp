@@ -1,0 +1,149 @@
+// The guard inside the facades' top-level operations.
+#include "exported/guard.h"
+
+#include <new>
+#include <stdexcept>
+
+#include "fixture.h"
+
+using namespace Kelpbox;
+
+namespace {
+
+class Guard : public HostTest {};
+
+template <LogItems items, typename Thrower>
+std::string folded(Thrower thrower) {
+  try {
+    guarded<items>("Fixed", thrower);
+  } catch (const std::string& text) {
+    return text;
+  }
+  return "nothing thrown";
+}
+
+Script::LogItm log_item() {
+  Script::LogItm item("General", Script::Level::error);
+  item.add("depth is ").add(12u);
+  return item;
+}
+
+TEST_F(Guard, AStringPassesUnchanged) {
+  const auto thrower = [] { throw std::string("plain words"); };
+  EXPECT_EQ(folded<LogItems::hidden>(thrower), "plain words");
+  EXPECT_EQ(folded<LogItems::shown>(thrower), "plain words");
+}
+
+TEST_F(Guard, AStandardExceptionGetsThePrefix) {
+  const auto thrower = [] { throw std::runtime_error("its own words"); };
+  EXPECT_EQ(folded<LogItems::hidden>(thrower), "Fixed: its own words");
+  EXPECT_EQ(folded<LogItems::shown>(thrower), "Fixed: its own words");
+}
+
+TEST_F(Guard, ALogItemIsShownInOneFormAndHiddenInTheOther) {
+  const auto thrower = [] { throw log_item(); };
+  EXPECT_EQ(folded<LogItems::hidden>(thrower), "Fixed");
+  EXPECT_EQ(folded<LogItems::shown>(thrower), "Fixed: depth is 12");
+}
+
+TEST_F(Guard, AnythingElseIsTheFixedTextAlone) {
+  EXPECT_EQ(folded<LogItems::hidden>([] { throw "Object not built"; }), "Fixed");
+  EXPECT_EQ(folded<LogItems::shown>([] { throw "Object not built"; }), "Fixed");
+  EXPECT_EQ(folded<LogItems::shown>([] { throw 42; }), "Fixed");
+}
+
+TEST_F(Guard, AResultPasses) {
+  EXPECT_EQ(guarded("Fixed", [] { return 7; }), 7);
+  EXPECT_EQ(guarded<LogItems::shown>("Fixed", [] { return std::string("x"); }), "x");
+}
+
+TEST_F(Guard, EachGuardedOperationHasItsOwnTextBeforeInitialise) {
+  const jlong empty = empty_experiment();
+  const jlong set = params({{"delta_x", 1.0, "m"}});
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1get_1consts), empty, proxy, set, proxy),
+            domain("Uncaught Exception in Experiment get consts"));
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1query), empty, proxy, set, proxy),
+            domain("Uncaught Exception in Experiment Query"));
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), empty, proxy, set, proxy),
+            domain("Uncaught Exception in Experiment set"));
+  EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1profile), empty, proxy, set, proxy), 0);
+  EXPECT_EQ(host.take_thrown(), domain("Uncaught Exception in Experiment profile"));
+}
+
+TEST_F(Guard, UnguardedOperationsLetThePlainTextLeaveBeforeInitialise) {
+  const jlong empty = empty_experiment();
+  const jlong set = params();
+  const std::string text = "Object not built";
+  EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1context_1name), empty, proxy), text);
+  EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1context_1string), empty, proxy), text);
+  EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1paddle_1banks), empty, proxy), text);
+  EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1paddle_1bank_1size), empty, proxy, 0), text);
+  EXPECT_EQ(
+      text_leaving(NATIVE(Kelpbox_1Experiment_1paddle_1bank_1info), empty, proxy, 0, set, proxy),
+      text);
+  EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1paddle_1info), empty, proxy, 0, 0, set, proxy),
+            text);
+  EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1add_1definition), empty, proxy, "run"), text);
+}
+
+// A component whose evaluation throws what the test wants.
+template <typename Thrower>
+class Throwing : public Synthesis::Component {
+ public:
+  explicit Throwing(Thrower thrower) : Component("Throwing"), thrower_(thrower) {}
+
+ protected:
+  void on_query(Base::Params&) override {}
+  void on_set(Base::Params&, Base::Params&) override {}
+  void on_evaluate(const Base::Params&, Maths::FrontSet&, const Maths::RunData&,
+                   Synthesis::Messages&) override {
+    thrower_();
+  }
+
+ private:
+  Thrower thrower_;
+};
+
+class RunGuard : public HostTest {
+ protected:
+  template <typename Thrower>
+  Thrown thrown_by_build(Thrower thrower) {
+    OpenExperiment& experiment = open_basin();
+    const jlong self = handle(experiment);
+    const jlong run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), self, proxy, "run");
+    const jlong group =
+        host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), self, proxy, run);
+    const jlong wave = experiment.attach(static_cast<std::uint32_t>(group),
+                                         std::make_unique<Throwing<Thrower>>(thrower));
+    const jlong times = params({{"repeat", 10, "s"}});
+    insert_enum(times, "dalrymple", "False", "Bool");
+    insert_enum(times, "wave_merge", "Null", "WaveMerge");
+    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), self, proxy, run, times, proxy);
+    const jlong place = params({{"x", 0, "m"}, {"y", 0, "m"}, {"t", 0, "s"}});
+    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), self, proxy, group, place, proxy);
+    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), self, proxy, wave, params(), proxy);
+    return thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), self, proxy, run);
+  }
+};
+
+TEST_F(RunGuard, ExhaustedMemoryArrivesWithThePrefix) {
+  EXPECT_EQ(thrown_by_build([] { throw std::bad_alloc(); }),
+            domain(std::string("Uncaught Exception in Run Build: ") + std::bad_alloc().what()));
+}
+
+TEST_F(RunGuard, ALogItemArrivesWithThePrefix) {
+  EXPECT_EQ(thrown_by_build([] { throw log_item(); }),
+            domain("Uncaught Exception in Run Build: depth is 12"));
+}
+
+TEST_F(RunGuard, AStringArrivesAsItIs) {
+  EXPECT_EQ(thrown_by_build([] { throw std::string("Wave number out of range"); }),
+            domain("Wave number out of range"));
+}
+
+TEST_F(RunGuard, APlainTextIsMasked) {
+  EXPECT_EQ(thrown_by_build([] { throw "Object not built"; }),
+            domain("Uncaught Exception in Run Build"));
+}
+
+}  // namespace
