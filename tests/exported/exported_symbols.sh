@@ -1,0 +1,14 @@
+#!/bin/sh
+# exported_symbols.sh <nm> <module> <archive>
+# What leaves the module is what the archive of exported functions defines for a host, no more and
+# no less.
+set -eu
+prefix=Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_
+work=$(mktemp -d)
+trap 'rm -r "$work"' EXIT
+
+"$1" -D --defined-only "$2" | awk '{ print $NF }' | sort >"$work/leaving"
+"$1" -g --defined-only "$3" | awk '{ print $NF }' | grep "^$prefix" | sort >"$work/defined"
+
+test -s "$work/defined" || { echo "no exported function found in $3"; exit 1; }
+diff "$work/defined" "$work/leaving"

@@ -1,0 +1,400 @@
+// The operations on the site.
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "fixture.h"
+
+namespace {
+
+std::string basin_script() {
+  std::ifstream in(TEST_DATA "/data/basin.txt");
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+// A script file that is gone when the test ends.
+class ScriptFile {
+ public:
+  explicit ScriptFile(const std::string& text) {
+    static int count = 0;
+    path_ = testing::TempDir() + "kelpbox_site_" + std::to_string(::getpid()) + "_" +
+            std::to_string(count++);
+    std::ofstream(path_) << text;
+  }
+  ~ScriptFile() { std::remove(path_.c_str()); }
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+  const auto at = text.find(from);
+  EXPECT_NE(at, std::string::npos) << from;
+  return text.replace(at, from.size(), to);
+}
+
+class Site : public HostTest {
+ protected:
+  std::string bank_info(jlong experiment, jlong bank, jlong out) {
+    return string_from(NATIVE(Kelpbox_1Experiment_1paddle_1bank_1info), experiment, proxy, bank,
+                       out, proxy);
+  }
+  std::string units(jlong set, const char* name) {
+    const auto& native = *reinterpret_cast<Base::Params*>(set);
+    return Base::units_text(native.at(name).units);
+  }
+  // What `initialise` throws, with the progress lines and the report caught.
+  Thrown thrown_by_initialise(jlong experiment, const std::string& file) {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const Thrown thrown =
+        thrown_by(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy, file);
+    printed = testing::internal::GetCapturedStdout();
+    report = testing::internal::GetCapturedStderr();
+    return thrown;
+  }
+  std::string printed;
+  std::string report;
+};
+
+TEST_F(Site, TheNameIsThatOfTankAndConfiguration) {
+  EXPECT_EQ(string_from(NATIVE(Kelpbox_1Experiment_1context_1name), basin(), proxy),
+            "Basin two banks");
+}
+
+TEST_F(Site, AnExperimentMayHaveAName) {
+  const jlong made = own(host.call(NATIVE(new_1Kelpbox_1Experiment_1_1SWIG_11), "monday"),
+                         NATIVE(delete_1Kelpbox_1Experiment));
+  initialise(made, TEST_DATA "/data/basin.txt");
+  EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1paddle_1banks), made, proxy), 2);
+}
+
+// The fixed fields of the tree in their order, each as "key = value", behind the class names; the
+// value of the tunable parameters is left out.
+const char* const checked_text =
+    "Context"
+    R"(site_name = "Hall")"
+    R"(tank_name = "Basin")"
+    R"(config_name = "two banks")"
+    "Tank"
+    "geometry = NoSides"
+    "units = m"
+    "max_y = 5"
+    "min_y = -5"
+    "Section"
+    "x = 0"
+    "offset = Absolute"
+    R"(depth = "1")"
+    "Section"
+    "x = 20"
+    "offset = Absolute"
+    R"(depth = "0.5")"
+    "Section"
+    "x = 30"
+    "offset = Absolute"
+    R"(depth = "NULL")"
+    "reference_x = 0"
+    "delta_depth = 0.01"
+    "delta_x = 0.5"
+    "Param"
+    R"(name = "beach")"
+    "max = 1"
+    "min = 0"
+    "error = 0.01"
+    R"(units = "m")"
+    "Param"
+    R"(name = "delay")"
+    "max = 50"
+    "min = 10"
+    "error = 0.01"
+    R"(units = "msec")"
+    "Limits"
+    "Limit"
+    R"(units = "Hz")"
+    "maximum = 2"
+    "minimum = 0.1"
+    "Limit"
+    R"(units = "deg")"
+    "maximum = 80"
+    "minimum = -80"
+    "Paddles"
+    R"(name = "west")"
+    "Paddle"
+    "x = 0"
+    "y = -0.25"
+    "angle = 0"
+    "Paddle"
+    "x = 0"
+    "y = 0.75"
+    "angle = 0"
+    "Piston"
+    "paddle_width = 0.5"
+    "critical_dimension = 0"
+    "dimension_type = ToBottom"
+    "PaddleMotion"
+    "clip_limit = 300"
+    "maximum = 400"
+    "minimum = -350"
+    R"(units = "mm")"
+    "PaddleConst"
+    R"(name = "gain")"
+    R"(units = "V")"
+    "value = 2.5"
+    "Paddles"
+    R"(name = "south")"
+    "Paddle"
+    "x = 3"
+    "y = -5"
+    "angle = 1.5"
+    "Flap"
+    "paddle_width = 0.5"
+    "critical_dimension = 0.25"
+    "dimension_type = ToBottom"
+    "PaddleMotion"
+    "clip_limit = 15"
+    "maximum = 20"
+    "minimum = -18"
+    R"(units = "deg")"
+    "rate_units = Hz"
+    "base_rate = 100"
+    "base_g = 9.81"
+    "base_rho = 1000";
+
+TEST_F(Site, TheIdentityEndsInTheChecksumOfTheFixedFields) {
+  std::uint32_t sum = 0;
+  unsigned shift = 0;
+  for (const char* c = checked_text; *c != '\0'; ++c) {
+    sum += static_cast<std::uint32_t>(static_cast<signed char>(*c)) << shift;
+    shift = (shift + 1) % 24;
+  }
+  std::ostringstream expected;
+  expected << "Hall::Basin::two banks#0x" << std::hex << sum;
+  const jlong experiment = basin();
+  const auto identity = NATIVE(Kelpbox_1Experiment_1context_1string);
+  EXPECT_EQ(string_from(identity, experiment, proxy), expected.str());
+
+  const jlong tuned = params({{"beach", 0.5, "m"}, {"delay", 30, "msec"}});
+  host.call(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, tuned, proxy);
+  EXPECT_EQ(string_from(identity, experiment, proxy), expected.str());
+}
+
+TEST_F(Site, TheConstantsComeFromTheScript) {
+  const jlong set = params();
+  host.call(NATIVE(Kelpbox_1Experiment_1get_1consts), basin(), proxy, set, proxy);
+  EXPECT_EQ(names(set),
+            (std::vector<std::string>{"base_g", "base_rate", "geometry", "max_angle", "max_beach",
+                                      "max_delay", "max_freq", "max_x", "max_y", "min_angle",
+                                      "min_beach", "min_delay", "min_freq", "min_x", "min_y"}));
+  EXPECT_EQ(value(set, "base_rate", "Hz"), 100.0);
+  EXPECT_EQ(value(set, "base_g", "m/s2"), 9.81);
+  EXPECT_EQ(value(set, "max_x", "m"), 30.0);
+  EXPECT_EQ(value(set, "min_y", "m"), -5.0);
+  EXPECT_NEAR(value(set, "max_angle", "rad"), 80 * std::acos(-1.0) / 180, 1e-12);
+  EXPECT_EQ(value(set, "max_delay", "msec"), 50.0);
+  EXPECT_EQ(host.call(NATIVE(Kelpbox_1Params_1get_1enum), set, proxy, "geometry", "Geometry"), 0);
+}
+
+TEST_F(Site, ConstantsThatAreThereAlreadyAreAFailureOfTheirOwn) {
+  const jlong set = params({{"min_x", 0, "m"}});
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1get_1consts), basin(), proxy, set, proxy),
+            domain("\"min_x\"::Duplicate parameter:"));
+}
+
+TEST_F(Site, TunableValuesAreAskedForAndSet) {
+  const jlong experiment = basin();
+  const jlong before = params();
+  host.call(NATIVE(Kelpbox_1Experiment_1query), experiment, proxy, before, proxy);
+  EXPECT_EQ(names(before), (std::vector<std::string>{"beach", "delay"}));
+  EXPECT_EQ(value(before, "beach", "m"), 0.25);
+  EXPECT_EQ(value(before, "delay", "msec"), 20.0);
+
+  const jlong wanted = params({{"beach", 50, "cm"}, {"delay", 0.03, "s"}});
+  host.call(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, wanted, proxy);
+  const jlong after = params();
+  host.call(NATIVE(Kelpbox_1Experiment_1query_1_1SWIG_10), experiment, proxy, after, proxy);
+  EXPECT_DOUBLE_EQ(value(after, "beach", "m"), 0.5);
+  EXPECT_DOUBLE_EQ(value(after, "delay", "msec"), 30.0);
+}
+
+TEST_F(Site, SettingMakesTheTankReadyAgainEachTime) {
+  const jlong experiment = basin();
+  for (int i = 0; i < 3; ++i) {
+    const jlong wanted = params({{"beach", 0.1 * i, "m"}, {"delay", 30, "msec"}});
+    host.call(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, wanted, proxy);
+    const jlong step = params({{"delta_x", 10, "m"}});
+    own(host.call(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, step, proxy),
+        NATIVE(delete_1Kelpbox_1StdVectorDouble));
+  }
+}
+
+TEST_F(Site, AMissingTunableValueIsNamed) {
+  const jlong wanted = params({{"beach", 0.5, "m"}});
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), basin(), proxy, wanted, proxy),
+            domain("delay::Not found"));
+}
+
+TEST_F(Site, TheProfileSamplesTheDepthsAlongTheTank) {
+  const jlong experiment = basin();
+  const jlong step = params({{"delta_x", 500, "cm"}});
+  const jlong depths =
+      own(host.call(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, step, proxy),
+          NATIVE(delete_1Kelpbox_1StdVectorDouble));
+  // The step in the bottom belongs to the section before it.
+  EXPECT_EQ(values_of(depths), (std::vector<double>{1, 1, 1, 1, 1, 0.5, 0.5}));
+
+  const jlong coarse = params({{"delta_x", 30, "m"}});
+  own(host.call(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, coarse, proxy),
+      NATIVE(delete_1Kelpbox_1StdVectorDouble));
+  EXPECT_EQ(values_of(depths).size(), 7u);
+}
+
+TEST_F(Site, AProfileWithoutAStepFails) {
+  const jlong experiment = basin();
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, params(), proxy),
+            domain("delta_x::Not found"));
+  const jlong wrong = params({{"delta_x", 5, "s"}});
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, wrong, proxy),
+            domain("delta_x::not convertable"));
+}
+
+TEST_F(Site, AProfileOfATankThatIsNotReadyGivesTheFixedText) {
+  OpenExperiment& experiment = open_basin();
+  experiment.context().clear_ready();
+  const jlong step = params({{"delta_x", 5, "m"}});
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1profile), handle(experiment), proxy, step, proxy),
+            domain("Uncaught Exception in Experiment profile"));
+}
+
+TEST_F(Site, BanksAndPaddlesAreCounted) {
+  const jlong experiment = basin();
+  const auto size = NATIVE(Kelpbox_1Experiment_1paddle_1bank_1size);
+  EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1paddle_1banks), experiment, proxy), 2);
+  EXPECT_EQ(host.call(size, experiment, proxy, 0), 2);
+  EXPECT_EQ(host.call(size, experiment, proxy, 1), 1);
+}
+
+TEST_F(Site, TheSizeOfABadBankIsTheArraysOwnFailure) {
+  const jlong experiment = basin();
+  try {
+    host.call(NATIVE(Kelpbox_1Experiment_1paddle_1bank_1size), experiment, proxy, 2);
+    ADD_FAILURE() << "passed";
+  } catch (const Script::LogItm& item) {
+    EXPECT_EQ(item.text, "Array element 2 is out of bounds");
+  }
+}
+
+TEST_F(Site, ABankTellsItsNameItsDataUnitsAndItsLimits) {
+  const jlong experiment = basin();
+  const jlong west = params();
+  EXPECT_EQ(bank_info(experiment, 0, west), "west");
+  EXPECT_EQ(names(west), (std::vector<std::string>{"clip_paddle_motion", "data_units", "gain",
+                                                   "max_paddle_motion", "min_paddle_motion"}));
+  EXPECT_EQ(value(west, "data_units", "m"), 0.0);
+  EXPECT_EQ(units(west, "data_units"), "mm");
+  EXPECT_EQ(value(west, "clip_paddle_motion", "mm"), 300.0);
+  EXPECT_EQ(value(west, "max_paddle_motion", "mm"), 400.0);
+  EXPECT_EQ(value(west, "min_paddle_motion", "mm"), -350.0);
+  EXPECT_EQ(value(west, "gain", "V"), 2.5);
+
+  const jlong south = params();
+  EXPECT_EQ(bank_info(experiment, 1, south), "south");
+  EXPECT_EQ(units(south, "data_units"), "deg");
+  EXPECT_EQ(names(south).size(), 4u);
+}
+
+TEST_F(Site, APaddleTellsItsNumberAndItsPlace) {
+  const jlong experiment = basin();
+  const auto info = NATIVE(Kelpbox_1Experiment_1paddle_1info);
+  const jlong upper = params();
+  host.call(info, experiment, proxy, 0, 1, upper, proxy);
+  EXPECT_EQ(names(upper), (std::vector<std::string>{"angle", "paddle_num", "x", "y"}));
+  // The script numbers the paddles of this bank from 3.
+  EXPECT_EQ(value(upper, "paddle_num", ""), 4.0);
+  EXPECT_EQ(units(upper, "paddle_num"), "");
+  EXPECT_EQ(value(upper, "y", "m"), 0.75);
+
+  const jlong south = params();
+  host.call(info, experiment, proxy, 1, 0, south, proxy);
+  EXPECT_EQ(value(south, "paddle_num", ""), 1.0);
+  EXPECT_EQ(value(south, "x", "m"), 3.0);
+  EXPECT_EQ(value(south, "y", "m"), -5.0);
+  EXPECT_EQ(value(south, "angle", "rad"), 1.5);
+}
+
+TEST_F(Site, BanksAndPaddlesOutOfRangeAreTold) {
+  const jlong experiment = basin();
+  const jlong set = params();
+  const auto bank = NATIVE(Kelpbox_1Experiment_1paddle_1bank_1info);
+  const auto paddle = NATIVE(Kelpbox_1Experiment_1paddle_1info);
+  EXPECT_EQ(thrown_by(bank, experiment, proxy, 2, set, proxy), domain("Paddle bank out of range"));
+  EXPECT_EQ(thrown_by(bank, experiment, proxy, -1, set, proxy), domain("Paddle bank out of range"));
+  EXPECT_EQ(thrown_by(paddle, experiment, proxy, 2, 9, set, proxy),
+            domain("Paddle bank out of range"));
+  EXPECT_EQ(thrown_by(paddle, experiment, proxy, 0, 2, set, proxy),
+            domain("Paddle number out of range"));
+  EXPECT_EQ(thrown_by(paddle, experiment, proxy, 1, 1, set, proxy),
+            domain("Paddle number out of range"));
+  EXPECT_TRUE(names(set).empty());
+}
+
+TEST_F(Site, AMissingScriptIsNamed) {
+  const jlong experiment = empty_experiment();
+  EXPECT_EQ(thrown_by_initialise(experiment, "/nowhere/no.site"),
+            domain("File \"/nowhere/no.site\" does not exist"));
+  EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1context_1name), experiment, proxy),
+            "Object not built");
+}
+
+TEST_F(Site, AnUnsetKeyIsReportedApartFromTheLog) {
+  const ScriptFile file(replaced(basin_script(), "base_rho = 1000;", ""));
+  const jlong experiment = empty_experiment();
+  EXPECT_EQ(thrown_by_initialise(experiment, file.path()),
+            domain(file.path() + "::Failed to verify"));
+  EXPECT_NE(report.find("base_rho"), std::string::npos);
+  EXPECT_EQ(printed.find("base_rho"), std::string::npos);
+  // The tree that was read in part is not a site.
+  EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1paddle_1banks), experiment, proxy),
+            "Object not built");
+}
+
+TEST_F(Site, ASyntaxErrorGivesTheFixedText) {
+  const ScriptFile file("context { site_name = ; }");
+  EXPECT_EQ(thrown_by_initialise(empty_experiment(), file.path()),
+            domain("Uncaught Exception in Experiment Initialise"));
+}
+
+TEST_F(Site, ACheckOfTheSiteGoesToTheLogOnTheStandardOutput) {
+  const ScriptFile file(replaced(basin_script(), "max_y = 5;", "max_y = -6;"));
+  EXPECT_EQ(thrown_by_initialise(empty_experiment(), file.path()), domain("Caught log exception"));
+  EXPECT_NE(printed.find("Error::Max Y -6 is less than Min Y -5\n"), std::string::npos) << printed;
+}
+
+TEST_F(Site, ReadingTellsItsProgressOnTheStandardOutput) {
+  testing::internal::CaptureStdout();
+  const jlong experiment = empty_experiment();
+  host.call(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy,
+            TEST_DATA "/data/basin.txt");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "Opened file  \"" TEST_DATA
+            "/data/basin.txt\" for input\n"
+            "Leaving file \"" TEST_DATA "/data/basin.txt\"\n");
+}
+
+TEST_F(Site, ASecondInitialiseGivesTheFixedTextAndKeepsTheSite) {
+  const jlong experiment = basin();
+  EXPECT_EQ(thrown_by_initialise(experiment, TEST_DATA "/data/basin.txt"),
+            domain("Uncaught Exception in Experiment Initialise"));
+  EXPECT_EQ(string_from(NATIVE(Kelpbox_1Experiment_1context_1name), experiment, proxy),
+            "Basin two banks");
+}
+
+TEST_F(Site, DeletingNullDoesNothing) { host.call(NATIVE(delete_1Kelpbox_1Experiment), 0); }
+
+}  // namespace
