@@ -75,6 +75,12 @@ TEST(PaddleReports, ClippingIsOneAccountForAllPaddlesOfABankAndIsRestartedByABui
     run.definition.paddle_motion_stats(0, stats);
     EXPECT_EQ(stats.at("clip_peak_ratio").value, 0.5);
   }
+  run.part.component.fronts[0].second.amp *= 0.1;
+  run.definition.run_build();
+  run.definition.paddle_motion_build(rate_params(200.0));
+  Base::Params stats;
+  run.definition.paddle_motion_stats(0, stats);
+  EXPECT_TRUE(stats.entries().empty());
 }
 
 TEST(PaddleReports, ADepthOfEdgeOfZeroGoesThroughAsNotANumber) {
