@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,7 +61,8 @@ class WrapBase {
   // does not follow the last one.
   void announce(std::int32_t index) {
     if (rule_.offset_rule != 2) return;
-    if (last_ && index != *last_ + 1) throw "Item not consecutively numbered";
+    if (started_ && index != last_ + 1) throw "Item not consecutively numbered";
+    started_ = true;
     last_ = index;
   }
   // Throws "Out of space" when the rule no longer admits the count.
@@ -80,7 +80,8 @@ class WrapBase {
  private:
   Rule rule_;
   std::vector<Base*> objects_;
-  std::optional<std::int32_t> last_;
+  bool started_ = false;
+  std::int32_t last_ = 0;
 };
 
 // One object of class T, a Declared.

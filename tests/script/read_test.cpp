@@ -146,6 +146,14 @@ TEST_F(Reading, IncludeThroughALinkIsTheSameFile) {
             "string: File \"" + dir_.file("link.txt") + "\" includes itself");
 }
 
+TEST_F(Reading, MainFileThroughALinkIsTheSameFileToo) {
+  dir_.write("main.txt", "include \"main.txt\"");
+  const std::string link = dir_.file("link.txt");
+  std::filesystem::create_symlink("main.txt", link);
+  EXPECT_EQ(read_file(link), "string: File \"" + dir_.file("main.txt") + "\" includes itself");
+  EXPECT_EQ(printed_, "Opened file  \"" + link + "\" for input\n");
+}
+
 TEST_F(Reading, IncludesNestToADepthThatIsBounded) {
   const auto name = [](int i) { return "f" + std::to_string(i) + ".txt"; };
   for (int i = 0; i < 250; ++i) dir_.write(name(i), "include \"" + name(i + 1) + "\"");
