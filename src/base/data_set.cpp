@@ -147,15 +147,14 @@ void DataSet::spectrum(Vector& out) {
 
 void DataSet::variance(Vector& out) {
   freq();
-  const double samples = static_cast<double>(freq_.length);
-  const double rate_hz = rate_.get(Category::frequency);
+  const double duration = static_cast<double>(freq_.length) / rate_.get(Category::frequency);
   const double metres = factor_to_base(freq_.units, Category::length);
   out.label = "Variance";
   out.units = default_units(Category::variance);
   out.length = freq_.data.size();
   out.data.resize(out.storage_size(out.length));
   for (std::size_t i = 0; i < freq_.data.size(); ++i) {
-    out.data[i] = std::norm(freq_.data[i]) * samples / rate_hz * 0.5 * (metres * metres);
+    out.data[i] = std::norm(freq_.data[i]) * duration * 0.5 * (metres * metres);
   }
 }
 

@@ -322,6 +322,16 @@ TEST(DataSet, VarianceIsADensityInSquareMetreSeconds) {
   EXPECT_NEAR(out.data[0], 0.5 * 0.0625e-6 / 0.25, 1e-18);
 }
 
+// To the last bit: the duration is rounded first, and 5 * 7 / 6 would round otherwise.
+TEST(DataSet, VarianceMultipliesByTheDuration) {
+  Cvector freq("f", resolve_units("m"), std::vector<Complex>(7));
+  freq.data[1] = {1, 2};
+  DataSet set(freq, Quantity(6.0, Category::frequency));
+  Vector out;
+  set.variance(out);
+  EXPECT_EQ(out.data[1], 5.0 * (7.0 / 6.0) * 0.5);
+}
+
 TEST(DataSet, VarianceNeedsLengths) {
   DataSet set(wave(8, "s"), hundred_hertz);
   Vector out("old", resolve_units("s"), {1, 2, 3});
