@@ -1,7 +1,8 @@
 // One signal in time and in frequency form, with its sampling rate and parameters.
 //
 // The missing form is computed when it is asked for, so that even reading may write: not
-// guarded. Every failure is thrown as a std::string and leaves the data unchanged.
+// guarded. A failure leaves the data unchanged and is thrown as a std::string, but for a pad
+// beyond the room of a vector (vector.h).
 #ifndef KELPBOX_BASE_DATA_SET_H_
 #define KELPBOX_BASE_DATA_SET_H_
 

@@ -1,4 +1,5 @@
 // Labelled vectors with units: real samples (Vector) and the spectrum of a series (Cvector).
+// Failures are thrown as a std::string, unless another type is named.
 #ifndef KELPBOX_BASE_VECTOR_H_
 #define KELPBOX_BASE_VECTOR_H_
 
@@ -38,7 +39,8 @@ class BaseVec {
 
   // Remove or add elements at both ends; `length` becomes the new size. Throw "BaseVec length
   // does not equal size on erase" (or "insert") when it does not equal the size before, and
-  // "BaseVec erase of more elements than there are".
+  // "BaseVec erase of more elements than there are"; std::length_error "vector<T> too long" for
+  // more elements than a vector may have.
   void erase(std::uint64_t front, std::uint64_t back);
   void insert(std::uint64_t front, std::uint64_t back, const T& fill);
 
