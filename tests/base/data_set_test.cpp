@@ -57,6 +57,9 @@ TEST(DataSet, ATimeAsRateIsTheSampleInterval) {
   EXPECT_DOUBLE_EQ(set.rate().value, 100.0);
   EXPECT_EQ(set.rate().units, resolve_units("Hz"));
   EXPECT_EQ(set.rate().state, (Base::ValueState{0, 1}));
+  // A new value, whatever the state of the interval.
+  const DataSet high(wave(8), Quantity(0.01, resolve_units("s"), {'*', 3}));
+  EXPECT_EQ(high.rate().state, (Base::ValueState{0, 1}));
   const DataSet milli(Cvector("f", {8, 0}, {1.0}), Quantity(20.0, resolve_units("msec")));
   EXPECT_DOUBLE_EQ(milli.rate().value, 50.0);
 }
@@ -189,6 +192,12 @@ TEST(DataSet, APlanIsNotNeededForAValidTimeForm) {
 TEST(DataSet, LengthIsThatOfTheValidForm) {
   EXPECT_EQ(DataSet(wave(7), hundred_hertz).length(), 7u);
   EXPECT_EQ(DataSet(Cvector("f", {8, 0}, std::vector<Complex>(5)), hundred_hertz).length(), 5u);
+  // Of two valid forms the time form counts, and its length, not its samples.
+  Vector longer("v", resolve_units("m"), {1, 2, 3});
+  longer.length = 4;
+  DataSet both(longer, hundred_hertz);
+  EXPECT_EQ(both.freq().length, 3u);
+  EXPECT_EQ(both.length(), 4u);
 }
 
 struct EmptySet : DataSet {};

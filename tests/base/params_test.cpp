@@ -206,11 +206,10 @@ TEST(Params, CommentsCarryTheirSeverity) {
   EXPECT_EQ(thrown([&] { params.comment(4); }), "Comment 4 out of range");
 }
 
-TEST(Params, CopiesTakeEntriesCommentsAndList) {
+TEST(Params, CopiesTakeEntriesAndComments) {
   Params params;
   params.insert("a", 1.0, "m");
   params.declare("b", resolve_units("s"));
-  params.param_list();
   params.add_comment(0, "one");
   Params copy = params;
   params.clear();
