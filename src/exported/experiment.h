@@ -104,14 +104,15 @@ class Experiment : public SiteFacade {
   std::uint32_t attach(std::uint32_t id, std::unique_ptr<Synthesis::Component> component);
   std::uint32_t attach(std::uint32_t id, std::unique_ptr<Synthesis::Modifier> modifier);
 
- private:
-  // The item of that ID. Throws "ID out of range".
-  ExperimentItem& item(std::uint32_t id);
   // Each throws "ID out of range", and "Trying to access <type>" for an item of another type.
   Synthesis::Definition& definition(std::uint32_t id);
   Synthesis::Specification& specification(std::uint32_t id);
   Synthesis::Component& component(std::uint32_t id);
   Synthesis::Modifier& modifier(std::uint32_t id);
+
+ private:
+  // The item of that ID. Throws "ID out of range".
+  ExperimentItem& item(std::uint32_t id);
 
   // The specification that takes an object of that name.
   Synthesis::Specification& parent_of(const std::string& name, std::uint32_t id);

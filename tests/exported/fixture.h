@@ -22,7 +22,11 @@ struct Entry {
 class OpenExperiment : public Kelpbox::Experiment {
  public:
   using Kelpbox::Experiment::attach;
+  using Kelpbox::Experiment::component;
   using Kelpbox::Experiment::context;
+  using Kelpbox::Experiment::definition;
+  using Kelpbox::Experiment::modifier;
+  using Kelpbox::Experiment::specification;
   using Kelpbox::Experiment::tank;
 };
 

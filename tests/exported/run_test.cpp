@@ -285,6 +285,8 @@ TEST_F(Run, ASiteThatFailedToChangeMustBeMendedBeforeARun) {
   // The site comes before the type of the item.
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, group),
             domain("Building run when context not ready"));
+  // Motion has no guard around it.
+  EXPECT_THROW(thrown_by_motion(50), Script::LogItm);
 
   open.tank().geometry.number = geometry;
   host.call(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, tuned, proxy);
