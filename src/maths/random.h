@@ -17,8 +17,6 @@ class RanGen {
  public:
   // Stores the seed. The table stays unset until `init`.
   explicit RanGen(std::uint32_t seed) : initialised_(true), seed_value_(seed) {}
-  virtual ~RanGen() = default;
-
   virtual void init() = 0;
   // Draws the next number and returns it.
   virtual std::uint32_t step() = 0;
@@ -34,13 +32,15 @@ class RanGen {
  protected:
   // A generator without a seed: reading it throws.
   RanGen() = default;
+  // A generator lives on its maker's stack, and is never freed through this class.
+  ~RanGen() = default;
 
   bool initialised_ = false;
   std::uint32_t seed_value_ = 0;
   std::uint32_t value_ = 0;
 };
 
-class PureRandom : public RanGen {
+class PureRandom final : public RanGen {
  public:
   PureRandom() = default;
   explicit PureRandom(std::uint32_t seed) : RanGen(seed) {}

@@ -20,7 +20,7 @@ using Maths::RanGen;
 using Maths::RunFronts;
 
 // A generator whose unit value is chosen.
-class Chosen : public RanGen {
+class Chosen final : public RanGen {
  public:
   explicit Chosen(double unit) : RanGen(0) {
     value_ = static_cast<std::uint32_t>(unit * 4294967295.0);

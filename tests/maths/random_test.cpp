@@ -26,7 +26,7 @@ std::vector<std::uint32_t> sequence(std::uint32_t seed, std::size_t count) {
 }
 
 // Holds one number.
-class Held : public RanGen {
+class Held final : public RanGen {
  public:
   explicit Held(std::uint32_t value) : RanGen(0) { value_ = value; }
   void init() override {}
