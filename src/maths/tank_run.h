@@ -44,7 +44,8 @@ class TankRun {
   double wave_num_at(std::uint64_t harmonic, double x) const;
   // Amplitude at x against the paddle line, by conservation of energy flux. Throws "knum is empty".
   double shoaling(std::uint64_t harmonic, double x);
-  // Phase at (x, y) of a front whose angle at the paddle line is theta, by Snell's law.
+  // Phase at (x, y) of a front whose angle at the paddle line is theta, by Snell's law; not a
+  // number where the front cannot pass. Throws "knum is empty".
   double phase_lag(std::uint64_t harmonic, double x, double y, double theta);
   // Whether the tank's paddles can make that angle.
   bool angle_in_range(double theta) const;
