@@ -4,11 +4,13 @@
 
 #include <cmath>
 #include <limits>
-#include <numbers>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "maths/dispersion.h"
 #include "support.h"
+#include "varied_tank.h"
 
 namespace {
 
@@ -16,44 +18,11 @@ using Maths::knum;
 using Maths::TankConfig;
 using Maths::TankRun;
 
-constexpr double pi = std::numbers::pi;
-constexpr double g = 9.81;
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double inf = std::numeric_limits<double>::infinity();
-
-// Harmonics 1 to 40 of 10 s.
-Maths::RunData grid() {
-  Maths::RunData run;
-  run.init(10.0, 100.0, 0.1, 4.0, false);
-  return run;
-}
-
-// A slope of 5 m behind the paddles, 1 m of water to x = 4, a slope to 0.5 m at x = 10, a step
-// down to 0.8 m.
-TankConfig varied() {
-  TankConfig tank;
-  tank.g = g;
-  tank.x_low = -5.0;
-  tank.x_high = 20.0;
-  tank.profile = {{0.4, -5.0}, {1.0, 0.0},  {1.0, 0.0},  {1.0, 4.0},
-                  {1.0, 4.0},  {0.5, 10.0}, {0.8, 10.0}, {0.8, 20.0}};
-  tank.paddle_index = 2;
-  tank.paddle_depth = 1.0;
-  return tank;
-}
-
-TankRun varied_run() { return {varied(), grid()}; }
-
-// The wave number of harmonic 10, of 1 Hz.
-double k_of(double depth) { return knum(2 * pi, depth, g); }
 
 double group_velocity(double depth, double k) {
   const double kd = k * depth;
   return 2 * pi / k * 0.5 * (1 + 2 * kd / std::sinh(2 * kd));
-}
-
-std::string outside(const std::string& x) {
-  return "Value x=" + x + " is outside dimensions of tank";
 }
 
 TEST(TankRun, OmegaIsTheAngularRateOfAHarmonic) {
@@ -88,6 +57,15 @@ TEST(TankRun, PositionsOutsideTheTankAreRefused) {
   EXPECT_EQ(thrown_text([&] { run.segment_of(-5.01); }), outside("-5.01"));
   EXPECT_EQ(thrown_text([&] { run.segment_of(nan); }), outside("nan"));
   EXPECT_EQ(thrown_text([&] { run.depth_at(1e20); }), outside("1e+20"));
+}
+
+TEST(TankRun, TheLastSegmentHoldsWhatLiesBeyondTheProfile) {
+  for (std::size_t count = 3; count <= 9; ++count) {
+    TankConfig tank;
+    for (std::size_t i = 0; i < count; ++i) tank.profile.push_back({1.0, static_cast<double>(i)});
+    tank.x_high = 99.0;
+    EXPECT_EQ(TankRun(tank, grid()).segment_of(50.0), count - 2);
+  }
 }
 
 TEST(TankRun, NeedsTwoPointsOfProfile) {
@@ -145,111 +123,29 @@ TEST(TankRun, DepthSamplesAreTheProfilesSamples) {
   EXPECT_EQ(samples, expected);
 }
 
-void expect_rungs(const TankRun& run, const std::vector<std::pair<double, double>>& dx_and_depth) {
-  ASSERT_EQ(run.ladder().size(), dx_and_depth.size());
-  for (std::size_t i = 0; i < dx_and_depth.size(); ++i) {
-    const double k = k_of(dx_and_depth[i].second);
-    EXPECT_NEAR(run.ladder()[i].dx, dx_and_depth[i].first, 1e-14) << i;
-    EXPECT_NEAR(run.ladder()[i].k, k, 1e-12) << i;
-    EXPECT_NEAR(run.ladder()[i].k2, k * k, 1e-11) << i;
-  }
-}
-
-TEST(Ladder, AtThePaddlesHasTwoRungs) {
-  TankRun run = varied_run();
-  run.build_ladder(10, 0.0);
-  expect_rungs(run, {{0.0, 1.0}, {0.0, 1.0}});
-}
-
-TEST(Ladder, GoesForwardThroughTheMeanDepthOfEachPiece) {
-  TankRun run = varied_run();
-  run.build_ladder(10, 15.0);
-  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {6.0, 0.75}, {5.0, 0.8}, {0, 0.8}});
-  run.build_ladder(10, 7.0);
-  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {3.0, 0.875}, {0, 0.75}});
-  run.build_ladder(10, 4.0);
-  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {0, 1.0}});
-  run.build_ladder(10, 10.0);
-  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {6.0, 0.75}, {0, 0.5}});
-  run.build_ladder(10, 20.0);
-  expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {6.0, 0.75}, {10.0, 0.8}, {0, 0.8}});
-}
-
-TEST(Ladder, GoesBackwardInNegativeSteps) {
-  TankRun run = varied_run();
-  run.build_ladder(10, -2.5);
-  expect_rungs(run, {{0, 1.0}, {-2.5, 0.85}, {0, 0.7}});
-  run.build_ladder(10, -5.0);
-  expect_rungs(run, {{0, 1.0}, {-5.0, 0.7}, {0, 0.4}});
-}
-
-TEST(Ladder, StartsWithinASectionThatHoldsThePaddles) {
-  TankConfig tank = varied();
-  tank.profile = {{0.6, -8.0}, {0.9, -2.0}, {1.2, 4.0}, {1.2, 9.0}};
-  tank.x_low = -8.0;
-  tank.x_high = 9.0;
-  tank.paddle_index = 1;
-  tank.paddle_depth = 1.0;
-  TankRun run(tank, grid());
-  run.build_ladder(10, 2.0);
-  expect_rungs(run, {{0, 1.0}, {2.0, 1.05}, {0, 1.1}});
-  run.build_ladder(10, -1.0);
-  expect_rungs(run, {{0, 1.0}, {-1.0, 0.975}, {0, 0.95}});
-  run.build_ladder(10, -5.0);
-  expect_rungs(run, {{0, 1.0}, {-2.0, 0.95}, {-3.0, 0.825}, {0, 0.75}});
-}
-
-TEST(Ladder, ATankMayEndAtThePaddles) {
-  TankConfig tank = varied();
-  tank.profile = {{0.5, -10.0}, {0.5, -5.0}, {1.0, 0.0}};
-  tank.x_low = -10.0;
-  tank.x_high = 0.0;
-  tank.paddle_index = 2;
-  TankRun run(tank, grid());
-  run.build_ladder(10, -8.0);
-  expect_rungs(run, {{0, 1.0}, {-5.0, 0.75}, {-3.0, 0.5}, {0, 0.5}});
-}
-
-TEST(Ladder, BeyondTheProfileTheWalkEnds) {
-  TankRun run = varied_run();
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 21.0); }), outside("21"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -6.0); }), outside("-6"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, inf); }), outside("inf"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -inf); }), outside("-inf"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, nan); }), outside("nan"));
-  EXPECT_EQ(thrown_text([&] { run.shoaling(10, nan); }), outside("nan"));
-  EXPECT_EQ(thrown_text([&] { run.phase_lag(10, 21.0, 0.0, 0.0); }), outside("21"));
-}
-
-TEST(Ladder, AnIndexBeyondTheProfileEndsTheWalkToo) {
-  TankConfig tank = varied();
-  tank.paddle_index = 4000000000u;
-  TankRun run(tank, grid());
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 1.0); }), outside("1"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -1.0); }), outside("-1"));
-}
-
-TEST(Ladder, AFailedBuildLeavesItAsFarAsItGot) {
-  TankRun run = varied_run();
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 21.0); }), outside("21"));
-  EXPECT_EQ(run.ladder().size(), 4u);
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(41, 1.0); }), "Harmonic out of range");
-  EXPECT_TRUE(run.ladder().empty());
-}
-
 TEST(WaveNumAt, ReadsTheLadderAtItsEndsAndTheDepthElsewhere) {
   TankRun run = varied_run();
   // Before any ladder, the depth at 0 is the first point's.
   EXPECT_NEAR(run.wave_num_at(10, 0.0), k_of(0.4), 1e-12);
   run.build_ladder(10, 7.0);
-  EXPECT_NEAR(run.wave_num_at(10, 0.9e-6), k_of(1.0), 1e-12);
   EXPECT_EQ(run.wave_num_at(10, 0.0), run.ladder().front().k);
+  EXPECT_EQ(run.wave_num_at(10, -0.9e-6), run.ladder().front().k);
   EXPECT_EQ(run.wave_num_at(10, 7.0 + 0.9e-6), run.ladder().back().k);
+  // Further off, the slope is felt.
+  EXPECT_NE(run.wave_num_at(10, -1.1e-6), run.ladder().front().k);
+  EXPECT_NE(run.wave_num_at(10, 7.0 + 1.1e-6), run.ladder().back().k);
   EXPECT_NEAR(run.wave_num_at(10, 15.0), k_of(0.8), 1e-12);
   EXPECT_NEAR(run.wave_num_at(20, 0.0), knum(4 * pi, 0.4, g), 1e-12);
   EXPECT_EQ(run.ladder().size(), 4u);
   EXPECT_EQ(thrown_text([&] { run.wave_num_at(10, 21.0); }), outside("21"));
   EXPECT_EQ(thrown_text([&] { run.wave_num_at(41, 1.0); }), "Harmonic out of range");
+}
+
+TEST(WaveNumAt, ANewRunHasNoLadderOfHarmonicZero) {
+  const std::string text = thrown_text([] { varied_run().wave_num_at(0, 0.0); });
+  EXPECT_EQ(text.rfind("Knum calculation failed for omega=0 and depth = 0.4 with return value ", 0),
+            0u)
+      << text;
 }
 
 TEST(Shoaling, ConservesTheEnergyFlux) {
@@ -342,6 +238,20 @@ TEST(PhaseLag, AWaveThatCannotPassHasNoPhase) {
   tank.paddle_depth = 0.2;
   TankRun run(tank, grid());
   EXPECT_TRUE(std::isnan(run.phase_lag(10, 10.0, 0.0, 1.5)));
+}
+
+TEST(PhaseLag, ThePointValuesAtTheEndsTakeNoPart) {
+  // The wave passes the slope's mean depth, and would not pass the depth at its end.
+  TankConfig tank = varied();
+  tank.profile = {{0.2, 0.0}, {2.0, 20.0}};
+  tank.paddle_index = 0;
+  tank.paddle_depth = 0.2;
+  TankRun run(tank, grid());
+  const double omega = 2 * pi * 0.3;
+  const double across = 0.5 * (knum(omega, 1.1, g) + knum(omega, 2.0, g));
+  const double theta = std::asin(across / knum(omega, 0.2, g));
+  const double along = std::sqrt(std::pow(knum(omega, 1.1, g), 2) - across * across);
+  EXPECT_NEAR(run.phase_lag(3, 20.0, 0.0, theta), 20.0 * along, 1e-9);
 }
 
 TEST(PhaseLag, FollowsTheHarmonicAndThePlace) {
