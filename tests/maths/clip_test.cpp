@@ -85,6 +85,25 @@ TEST(ClipScan, TheLimitItselfDoesNotClip) {
   EXPECT_EQ(peaks[0].index, 3u);
 }
 
+TEST(ClipScan, ZeroIsNotPositive) {
+  ClipStats stats;
+  stats.limit = 1.0;
+  std::vector<ClipPeak> peaks;
+  clip_scan(signal({-0.5, 0.5, 0.0, 0.5}), stats, peaks);
+  EXPECT_EQ(stats.half_waves, 4u);
+  clip_scan(signal({0.0, 0.5}), stats, peaks);
+  EXPECT_EQ(stats.half_waves, 6u);
+}
+
+TEST(ClipScan, AFlatPeakIsListedAtItsFirstSample) {
+  ClipStats stats;
+  stats.limit = 1.0;
+  std::vector<ClipPeak> peaks;
+  clip_scan(signal({-0.5, 2.0, 2.0, 0.5}), stats, peaks);
+  ASSERT_EQ(peaks.size(), 1u);
+  EXPECT_EQ(peaks[0].index, 1u);
+}
+
 TEST(ClipScan, TheLastPeakOfAHalfWaveWeighsItsEnergy) {
   ClipStats stats;
   stats.limit = 1.0;

@@ -112,6 +112,30 @@ TEST(DalrympleAngles, AWaveOfAModesOwnAngleIsHalfOfItsPair) {
   }
 }
 
+TEST(DalrympleAngles, NearAModesOwnAngleTheLimitIsTaken) {
+  // One front of |ky| below 1e-6, in a width so large that the phase across it counts.
+  const double wide = 1e5;
+  std::vector<double> first(1);
+  dalrymple_angles(1.0, wide, 0.9e-6, first);
+  EXPECT_EQ(first[0], 1.0);
+  dalrymple_angles(1.0, wide, 1.1e-6, first);
+  EXPECT_NEAR(first[0], std::sin(0.055) / 0.055, 1e-12);
+
+  // One whose ky^2 is off the mode's by less than 1e-6.
+  const double k = 2.0;
+  const double width = 4.0;
+  const double q = pi / width;
+  std::vector<double> c(2);
+  for (const double sign : {-1.0, 1.0}) {
+    dalrymple_angles(k, width, std::asin(std::sqrt(q * q + sign * 0.9e-6) / k), c);
+    EXPECT_EQ(c[1], 0.5);
+    const double ky = std::sqrt(q * q + sign * 1.1e-6);
+    dalrymple_angles(k, width, std::asin(ky / k), c);
+    EXPECT_NEAR(c[1], projected(ky, width, 1).real(), 1e-9);
+    EXPECT_GT(std::fabs(c[1] - 0.5), 1e-7);
+  }
+}
+
 TEST(DalrympleAngles, RefusesModesThatCannotTravel) {
   std::vector<double> c(4);
   EXPECT_EQ(thrown_text([&] { dalrymple_angles(5.0, 1.8, 0.3, c); }),
@@ -185,6 +209,15 @@ TEST(Dalrymple, BackwardFrontsFollowTheForwardOnes) {
     EXPECT_NEAR(fronts[b + 2 * m].angle, -angle, 1e-12);
     EXPECT_NEAR(fronts[b + 2 * m].amp, m % 2 == 1 ? -std::abs(mode) : std::abs(mode), 1e-10);
   }
+}
+
+TEST(Dalrymple, TheModesAreThoseOfTheWaterAtThePaddles) {
+  Maths::TankConfig tank = flat_tank().tank();
+  tank.profile = {{depth, 0.0}, {0.05, 30.0}};
+  FrontSet set = one_slot(10, {{0.2, 0.6, 0.9}});
+  dalrymple(set, TankRun(tank, flat_tank().run()), 3.0);
+  ASSERT_EQ(set.slots[10].size(), 7u);
+  EXPECT_NEAR(set.slots[10][1].angle, std::asin(pi / (wave_number(10) * 3.0)), 1e-12);
 }
 
 TEST(Dalrymple, BackwardFrontsAloneStartTheList) {

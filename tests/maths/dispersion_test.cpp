@@ -92,6 +92,15 @@ TEST(Dispersion, RefusesAPositiveStepAboveAHundredth) {
   EXPECT_EQ(thrown_text([&] { knum(wave.omega, 1.0, g); }), expected.str());
 }
 
+TEST(Dispersion, TheLargestStepIsAHundredthOfTheWaveNumber) {
+  const LongWave below(std::ldexp(0.98, -53));
+  ASSERT_NEAR((below.stepped - below.guess) / below.stepped, 0.008, 1e-3);
+  EXPECT_NEAR(knum(below.omega, 1.0, g) / below.stepped, 1.0, 1e-9);
+  const LongWave above(std::ldexp(0.97, -53));
+  ASSERT_NEAR((above.stepped - above.guess) / above.stepped, 0.012, 1e-3);
+  EXPECT_NE(thrown_text([&] { knum(above.omega, 1.0, g); }), "(nothing thrown)");
+}
+
 TEST(Dispersion, FailureTextHasSixSignificantDigits) {
   // A negative gravity and depth give a negative wave number, a hundredth of which is below the
   // step of zero: -100 / 9.81 = -10.19367992.

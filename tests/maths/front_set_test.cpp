@@ -149,7 +149,7 @@ TEST(CommonAngle, AGreaterAngleIsDifferentAndASmallerOneIsNot) {
   set.add_front(2, {1.0, 0.2, 0.0});
   set.add_front(3, {1.0, -0.5, 0.0});
   EXPECT_TRUE(common_angle(set, angle));
-  set.add_front(3, {1.0, 0.50001, 0.0});
+  set.add_front(3, {1.0, 0.5 * (1 + 1.1e-6), 0.0});
   EXPECT_FALSE(common_angle(set, angle));
   EXPECT_EQ(angle, 0.5);
 }

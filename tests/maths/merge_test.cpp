@@ -101,6 +101,24 @@ TEST(MergeRms, KeepsTheEnergyOfEachHarmonicAndTheShareOfEachSet) {
   EXPECT_EQ(of_first, 30);  // three quarters of the energy
 }
 
+TEST(MergeRms, ASetInDebtStillTakesAHarmonicOfItsOwn) {
+  // The first harmonic leaves the first set with a debt of its amplitude squared, up to a
+  // million of which it may owe.
+  const auto fronts_left = [](double amp) {
+    RunFronts fronts = sets_of(2);
+    for (FrontSet& set : fronts.sets) set.add_front(1, {amp, 0.0, 0.0});
+    fronts.sets[0].add_front(2, {0.3, 0.1, 0.0});
+    fronts.sets[0].add_front(2, {0.4, 0.2, 0.0});
+    fronts.merge_rms();
+    EXPECT_NEAR(fronts.sets[0].slots[2].at(0).amp, fronts.sets[0].slots[2].size() == 1 ? 0.5 : 0.3,
+                1e-12);
+    return fronts.sets[0].slots[2].size();
+  };
+  EXPECT_EQ(fronts_left(1.0), 1u);
+  EXPECT_EQ(fronts_left(999.9), 1u);
+  EXPECT_EQ(fronts_left(1000.1), 2u);
+}
+
 TEST(MergeRms, OnlySetsWithFrontsTakePart) {
   RunFronts fronts = sets_of(3);
   fronts.sets[1].add_front(5, {2.0, 0.0, 0.0});

@@ -42,6 +42,30 @@ TEST(RunData, HarmonicsRunBetweenTheRoundedLimits) {
   EXPECT_EQ(thrown_text([&] { run.harmonic(2); }), "Unknown type to harmonic");
 }
 
+TEST(RunData, TheLimitsAreCountedInTheRoundedRepeat) {
+  RunData run;
+  run.init(10.04, 10.0, 10.44, 20.44, false);  // 10 s: 104.4 and 204.4 periods
+  EXPECT_EQ(run.harmonic(1), 104u);
+  EXPECT_EQ(run.harmonic(0), 204u);
+}
+
+TEST(RunData, NegativeLimitsLieAboveAllOthers) {
+  constexpr std::uint64_t turn = std::numeric_limits<std::uint64_t>::max();  // -1
+  RunData run;
+  EXPECT_EQ(thrown_text([&] { run.init(10.0, 100.0, -0.5, 2.0, false); }),
+            "max harmonic is less than min harmonic");
+  EXPECT_EQ(run.harmonic(1), turn - 4);
+  run.init(10.0, 100.0, 0.5, -2.0, false);
+  EXPECT_EQ(run.harmonic(0), turn - 19);
+}
+
+TEST(RunData, ANegativeRepeatIsNoTime) {
+  // Minus 1000 samples wrap to 2^32 - 1000, which the rate makes a negative time.
+  RunData run;
+  run.init(10.0, -100.0, 2.0, 0.5, false);
+  EXPECT_EQ(thrown_text([&] { run.value(); }), "Repeat time zero or less");
+}
+
 TEST(RunData, TheMeanIsNeverMade) {
   RunData run;
   run.init(10.0, 100.0, 0.0, 2.0, false);

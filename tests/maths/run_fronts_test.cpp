@@ -223,13 +223,15 @@ TEST(ApplyShoaling, DividesTheAmplitudeAndAddsTheLagWithinATurn) {
   EXPECT_GT(lag, 2 * pi);
 }
 
-TEST(ApplyShoaling, KeepsTheSignOfANegativePhase) {
+TEST(ApplyShoaling, KeepsTheSignOfThePhase) {
   RunFronts fronts = with_sets(1);
   FrontSet& set = fronts.sets[0];
   set.add_front(10, {0.1, 0.0, -7.0});
+  set.add_front(10, {0.1, 0.0, 4.0});
   TankRun tank(flat(), fronts.run);
   apply_shoaling(set, tank, 0.0);
   EXPECT_NEAR(set.slots[10][0].phase, -7.0 + 2 * pi, 1e-14);
+  EXPECT_EQ(set.slots[10][1].phase, 4.0);
 }
 
 }  // namespace

@@ -109,12 +109,24 @@ TEST(SpreadAngle, LimitsAreCheckedInOrder) {
 }
 
 TEST(SpreadAngle, StopsAfterTwentyFivePasses) {
-  // At a right angle the square of the cosine has no slope: each pass takes off a third of what
-  // is left, and 25 passes leave (2/3)^25 of about pi / 4.
+  // At a right angle the square of the cosine vanishes: each pass takes off about a third of what
+  // is left, x, from the integral's value pi / 4 on.
   const double theta = spread_angle(0.5, std::numbers::pi / 2, std::numbers::pi / 2, 2.0);
-  const double left = std::numbers::pi / 2 - theta;
-  EXPECT_GT(left, 1.5e-5);
-  EXPECT_LT(left, 6e-5);
+  long double x = std::numbers::pi_v<long double> / 4;
+  for (int pass = 0; pass < 25; ++pass) x -= (x / 2 - sinl(2 * x) / 4) / (sinl(x) * sinl(x));
+  EXPECT_GT(x, 1e-5L);
+  EXPECT_NEAR(std::numbers::pi / 2 - theta, static_cast<double>(x), 2e-6);
+}
+
+TEST(SpreadAngle, StopsAtAStepOfAMillionth) {
+  // The cosine vanishes too: each pass takes off tan(x / 2), from the integral's value 1 on.
+  const double theta = spread_angle(0.5, std::numbers::pi / 2, std::numbers::pi / 2, 1.0);
+  double x = std::numbers::pi / 2 - 1;
+  for (double step = 1.0; step > 1e-6;) {
+    step = std::tan(x / 2);
+    x -= step;
+  }
+  EXPECT_NEAR(std::numbers::pi / 2 - theta, x, 1e-8);
 }
 
 }  // namespace

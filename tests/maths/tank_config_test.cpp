@@ -53,6 +53,19 @@ TEST(TankConfig, AStepAtTheStartShowsTheDepthBeforeIt) {
   EXPECT_NEAR(out[2], 0.7, 1e-14);
 }
 
+TEST(TankConfig, AStepIsAnythingShorterThanAMicrometre) {
+  TankConfig tank;
+  tank.x_high = 2.0;
+  std::vector<double> out;
+  tank.profile = {{1.0, 0.0}, {1.0, 1 - 2e-7}, {0.5, 1 + 2e-7}, {0.5, 2.0}};
+  tank.profile_samples(1.0, out);
+  ASSERT_EQ(out.size(), 3u);
+  EXPECT_EQ(out[1], 1.0);
+  tank.profile = {{1.0, 0.0}, {1.0, 1 - 1e-6}, {0.5, 1 + 1e-6}, {0.5, 2.0}};
+  tank.profile_samples(1.0, out);
+  EXPECT_NEAR(out[1], 0.75, 1e-9);
+}
+
 TEST(TankConfig, NeverReadsPastTheProfile) {
   TankConfig tank = sloping();
   tank.x_high = 10.0;  // beyond the last point

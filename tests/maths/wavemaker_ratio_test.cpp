@@ -94,6 +94,18 @@ TEST(WavemakerRatio, ObliquityIsTheCosineOverTheMeanAcrossTheSegment) {
   }
 }
 
+TEST(WavemakerRatio, AShortSegmentLosesASixthOfItsPhaseSquared) {
+  // sin(v) / v = 1 - v^2 / 6, at an edge phase v of 5e-4.
+  const double theta = 0.5;
+  const double k = 2.0;
+  const double v = 5e-4;
+  const double w = 2 * v / (k * std::sin(theta));
+  const double mean = 1 - v * v / 6;
+  EXPECT_NEAR(obliquity_factor(k, w, theta), std::cos(theta) / mean, 1e-13);
+  EXPECT_NEAR(piston_ratio_angled(k, 1.0, 0.8, w, theta),
+              piston_ratio(k, 1.0, 0.8) * mean / std::cos(theta), 1e-13);
+}
+
 TEST(WavemakerRatio, ANarrowSegmentHasTheCosineAlone) {
   EXPECT_EQ(obliquity_factor(1.0, 1e-6, 0.5), std::cos(0.5));
   EXPECT_EQ(obliquity_factor(5.0, 0.5, 0.0), 1.0);
