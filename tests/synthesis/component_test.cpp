@@ -31,6 +31,7 @@ class Probe : public Synthesis::Component {
   using Component::ready_;
 
   int evaluations = 0;
+  bool fails = false;
   std::size_t limits_at_set = 0;
 
  protected:
@@ -44,6 +45,7 @@ class Probe : public Synthesis::Component {
   void on_evaluate(const Base::Params& stored, Maths::FrontSet&, const Maths::RunData&,
                    Synthesis::Messages& messages) override {
     ++evaluations;
+    if (fails) throw std::string("no sea today");
     messages.push_back(stored.contains("own") ? "stored" : "not stored");
   }
 };
@@ -280,6 +282,16 @@ TEST(Component, EvaluatesWithStoredParametersAsOftenAsAsked) {
   EXPECT_EQ(Testing::evaluate(probe, run).messages, Synthesis::Messages{"stored"});
   EXPECT_EQ(probe.evaluations, 2);
   probe.set(in);
+  EXPECT_FALSE(probe.evaluated_);
+}
+
+TEST(Component, FailingEvaluationDoesNotCountAsEvaluated) {
+  const Maths::RunData run = Testing::run_of(8.0, 0.25, 2.0);
+  Probe probe("1@Hz#1@m#2@Hz");
+  Base::Params in = own_params();
+  probe.set(in);
+  probe.fails = true;
+  EXPECT_EQ(thrown_by([&] { Testing::evaluate(probe, run); }), "no sea today");
   EXPECT_FALSE(probe.evaluated_);
 }
 
