@@ -6,6 +6,7 @@
 #include <cmath>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "testing_components.h"
@@ -143,7 +144,9 @@ TEST(Spectrum, IsCutToTheRangeOfTheRunWithBothEndsIncluded) {
 
 TEST(Spectrum, OutsideTheRangeIsRefused) {
   const Maths::RunData run = run_of(8.0, 0.5, 1.0);
-  for (const char* text : {"2@Hz#3@m2s#3@Hz", "0.1@Hz#3@m2s#0.2@Hz"}) {
+  // The line names the harmonic of the limit that lies nearer to the run.
+  for (const auto& [text, harmonic] :
+       {std::pair{"2@Hz#3@m2s#3@Hz", "16"}, {"0.1@Hz#3@m2s#0.2@Hz", "2"}}) {
     Spectrum spectrum("sea", text);
     Base::Params in;
     spectrum.set(in);
@@ -152,7 +155,8 @@ TEST(Spectrum, OutsideTheRangeIsRefused) {
     Synthesis::Messages messages;
     EXPECT_EQ(thrown_by([&] { spectrum.evaluate(fronts, run, messages); }),
               "Wave number out of range");
-    EXPECT_NE(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              std::string("wave number out of range ") + harmonic + " must be between 4 and 8\n");
   }
 }
 
