@@ -177,6 +177,9 @@ TEST(SetFronts, FittedRepeatTakesALargerStepForAMultiple) {
   EXPECT_EQ(repeat_of({0.5, 0.75, 1.25}), 4.0);
   // Two steps of 0.25, then 0.5: 2 * 2 + 1 steps in 1 Hz, the count that hosts know.
   EXPECT_EQ(repeat_of({0.5, 0.75, 1.0, 1.5}), 5.0);
+  // The multiple is the nearest one: 0.45 is 1.8 steps of 0.25, and counts as two.
+  EXPECT_NEAR(repeat_of({0.5, 0.75, 1.2}), 3 / 0.7, 1e-12);
+  EXPECT_NEAR(repeat_of({0.5, 0.75, 1.1}), 2 / 0.6, 1e-12);
 }
 
 TEST(SetFronts, FittedRepeatTakesASmallerStepForTheFinerOne) {
@@ -184,6 +187,9 @@ TEST(SetFronts, FittedRepeatTakesASmallerStepForTheFinerOne) {
   EXPECT_EQ(repeat_of({0.5, 1.0, 1.25}), 4.0);
   // Two steps of 0.5, then 0.25: 1 + 2 + 1 steps in 1.25 Hz.
   EXPECT_EQ(repeat_of({0.5, 1.0, 1.5, 1.75}), 3.2);
+  // The nearest count again: 0.5 is 1.67 steps of 0.3, and 1.43 steps of 0.35.
+  EXPECT_NEAR(repeat_of({0.5, 1.0, 1.3}), 3 / 0.8, 1e-12);
+  EXPECT_NEAR(repeat_of({0.5, 1.0, 1.35}), 2 / 0.85, 1e-12);
 }
 
 TEST(SetFronts, FittedRepeatSkipsStepsBelowATenThousandth) {
@@ -209,6 +215,8 @@ TEST(SetFronts, QueryReportsRepeatTimeAndErrorInPerCent) {
   EXPECT_EQ(comment_on(at({0.25, 0.5, 0.75})), "Detail::Repeat time = 4s with error = 0%");
   // Two steps in 0.51 Hz; distances of 0.005, 0.01 and 0.005 Hz make 0.00707.
   EXPECT_EQ(comment_on(at({0.25, 0.5, 0.76})), "Detail::Repeat time = 3.92157s with error = 0.7%");
+  // With 0.001 Hz more they make 0.00778, which rounds up.
+  EXPECT_EQ(comment_on(at({0.25, 0.5, 0.761})), "Detail::Repeat time = 3.91389s with error = 0.8%");
 }
 
 TEST(SetFronts, SetAddsTheSameReport) {
@@ -259,6 +267,9 @@ TEST(SetFronts, SaysWhenTheRunRepeatsTheWave) {
 TEST(SetFronts, SaysWhenTheRunDoesNotFitTheWave) {
   EXPECT_EQ(evaluated(at({0.5, 0.75, 1.0}), run_of(10.0, 0.25, 2.0)).messages,
             Synthesis::Messages{"Repeat time 10 does not match synthetic wave 4"});
+  // A wave of which the run is less than half.
+  EXPECT_EQ(evaluated(at({1.0, 1.05}), run_of(1.0, 1.0, 2.0)).messages,
+            Synthesis::Messages{"Repeat time 1 does not match synthetic wave 20"});
 }
 
 TEST(SetFronts, TimesWithinAMillionthAreEqual) {
@@ -269,6 +280,9 @@ TEST(SetFronts, TimesWithinAMillionthAreEqual) {
             Synthesis::Messages{"Repeat time 4 does not match synthetic wave 3.99999"});
   EXPECT_EQ(evaluated(at({step, 2 * step, 3 * step}), run_of(12.0, 0.25, 2.0)).messages,
             Synthesis::Messages{"Repeat time 12s is 3 times the repeat time of the wave"});
+  const double under = 0.25 * (1 - 5e-7);
+  EXPECT_EQ(evaluated(at({under, 2 * under, 3 * under}), run_of(12.0, 0.25, 2.0)).messages,
+            Synthesis::Messages{"Repeat time 12s is 3 times the repeat time of the wave"});
 }
 
 TEST(SetFronts, FrequencyErrorIsReportedAsAHundredthBehindTheRepeatTime) {
@@ -276,6 +290,10 @@ TEST(SetFronts, FrequencyErrorIsReportedAsAHundredthBehindTheRepeatTime) {
   EXPECT_EQ(result.messages, (Synthesis::Messages{"Repeat time 1 does not match synthetic wave 2",
                                                   "Frequency mismath of 0.0025%"}));
   EXPECT_EQ(result.fronts.slots[1].size(), 2U);
+  // The distance is that from the run's grid, 0.15 Hz; from the wave's own it is 0.05 Hz.
+  EXPECT_EQ(evaluated(at({0.85, 1.15}), run_of(1.0, 1.0, 2.0)).messages,
+            (Synthesis::Messages{"Repeat time 1 does not match synthetic wave 3.33333",
+                                 "Frequency mismath of 0.0015%"}));
   // An error of 0.1 or less has no report.
   EXPECT_EQ(evaluated(at({0.91, 1.09}), run_of(1.0, 1.0, 2.0)).messages.size(), 1U);
 }
@@ -296,10 +314,14 @@ TEST(SetFronts, ZeroAndNegativeFrequenciesAreSkipped) {
   EXPECT_TRUE(result.messages.empty());
 }
 
-TEST(SetFronts, FrequenciesThatAreNoNumbersAreSkipped) {
-  const Evaluated result =
-      evaluated(at({std::nan(""), 0.5, std::nan(""), 0.25}), run_of(4.0, 0.25, 2.0));
-  EXPECT_EQ(result.used(), (std::vector<std::size_t>{1, 2}));
+TEST(SetFronts, FrequenciesThatAreNoNumbersAreSortedLastAndSkipped) {
+  const DispFronts fronts = at({0.75, std::nan(""), 0.5, std::nan(""), 0.25});
+  EXPECT_EQ(evaluated(fronts, run_of(4.0, 0.25, 2.0)).used(), (std::vector<std::size_t>{1, 2, 3}));
+  SetFronts component(fronts);
+  component.fitted_repeat();
+  std::ostringstream sorted;
+  component.write_frequencies(sorted, "");
+  EXPECT_EQ(sorted.str(), "0.25\n0.5\n0.75\nnan\nnan\n");
 }
 
 TEST(SetFronts, PositiveFrequencyOutOfRangeIsRefused) {
