@@ -176,6 +176,17 @@ TEST(TimeExp, FarLongerThanTheRepeatIsCutToo) {
   EXPECT_EQ(result.output.substr(0, result.output.find('\n')), "64 64 5.36871e+08");
 }
 
+TEST(TimeExp, RepeatAndRunTimeAreRoundedToSamples) {
+  const auto counts = [](const std::string& text, double rate) {
+    const std::string output = evaluated(text, rate, run8()).output;
+    return output.substr(0, output.find('\n'));
+  };
+  EXPECT_EQ(counts("0@s#1@m#100@s", 8.075), "65 65 100");  // 64.6 samples
+  EXPECT_EQ(counts("0@s#1@m#100@s", 8.05), "64 64 100");   // 64.4
+  EXPECT_EQ(counts("0@s#1@m#4.07@s", 8.0), "64 33 4.07");  // 32.56
+  EXPECT_EQ(counts("0@s#1@m#4.05@s", 8.0), "64 32 4.05");  // 32.4
+}
+
 TEST(TimeExp, ShorterThanTheRepeatLiesOnTheHarmonicsAsThoughItFilledIt) {
   // 40 samples of a cosine with four periods: harmonic 4 of the signal, filed under 4.
   const Evaluated result = evaluated("0@s#cos(2*pi*0.8*$[s])@m#5@s", 8.0, run8());
@@ -253,6 +264,14 @@ TEST(TimeExp, JoinOfMoreThanTwiceTheLargestTurnComesSecond) {
       "24-6*$[s]@m#4.5@s",
       2.0, run_of(4.5, 0.3, 1.0));
   EXPECT_EQ(back.output, result.output);
+  // 0 3 6 8 9 9 8 7 5 at 1 Hz: steps of at most 3, turns of at most 1. The step of 5 at the join is
+  // above the largest, but not above twice that, so that the turn of |3 - 0 + 5| = 8 comes first.
+  EXPECT_EQ(evaluated("0@s#3*$[s]@m#2.5@s#5+$[s]@m#4.5@s#14-$[s]@m#7.5@s#5@m#9@s", 1.0,
+                      run_of(9.0, 0.12, 0.5))
+                .output,
+            "9 9 9\n"
+            "Time series \"wave\" has max rate of 3 and acceleration of 1\n"
+            "Maximum end rate is 8m/s2\n");
 }
 
 TEST(TimeExp, JoinAboveTheLargestStepComesThird) {
@@ -277,14 +296,21 @@ TEST(TimeExp, EarlyStopIsJudgedAgainstSilence) {
   EXPECT_EQ(tent.output,
             "8 5 5\n"
             "Time series \"wave\" has max rate of 1 and acceleration of 2\n");
-  // 0 3 6 8 9 9 9 8 6 3 0: turns of 1, ends with a slope of 3.
-  const Evaluated arch =
-      evaluated("0@s#3*$[s]@m#2.5@s#5+$[s]@m#3.5@s#9@m#6.5@s#15-$[s]@m#7.5@s#30-3*$[s]@m#11@s", 1.0,
-                run_of(16.0, 0.0625, 0.5));
-  EXPECT_EQ(arch.output,
-            "16 11 11\n"
-            "Time series \"wave\" has max rate of 3 and acceleration of 1\n"
-            "Maximum end rate is 3m/s2\n");
+}
+
+TEST(TimeExp, EarlyStopIsJudgedByItsWorseEnd) {
+  // 0 3 5 6 6 5 4 3 2 1 0: turns of 1, slopes of 3 and 1 at the ends; then the same backwards.
+  for (const char* text : {"0@s#3*$[s]@m#1.5@s#3+$[s]@m#3.5@s#10-$[s]@m#11@s",
+                           "0@s#$[s]@m#6.5@s#13-$[s]@m#8.5@s#30-3*$[s]@m#11@s"}) {
+    EXPECT_EQ(evaluated(text, 1.0, run_of(16.0, 0.0625, 0.5)).output,
+              "16 11 11\n"
+              "Time series \"wave\" has max rate of 3 and acceleration of 1\n"
+              "Maximum end rate is 3m/s2\n")
+        << text;
+  }
+  // 7 5: the greater of the two heights.
+  EXPECT_EQ(join_line(evaluated("0@s#7-2*$[s]@m#2@s", 1.0, run_of(8.0, 0.125, 0.5)).output),
+            "Maximum end difference is 7m/s\n");
 }
 
 TEST(TimeExp, SingleSampleHasNoRates) {

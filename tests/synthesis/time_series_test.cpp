@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/vector.h"
@@ -165,6 +166,12 @@ TEST(TimeSeries, WithoutRampIsCut) {
                    std::vector<double>(x.begin(), x.begin() + 64), run8());
 }
 
+TEST(TimeSeries, RepeatIsRoundedToSamples) {
+  // 8 s at 8.075 Hz are 64.6 samples, and at 8.05 Hz 64.4.
+  expect_harmonics(evaluated(record(65), params_of(1.0, 8.075, 0.0), run8()), record(65), run8());
+  expect_harmonics(evaluated(record(64), params_of(1.0, 8.05, 0.0), run8()), record(64), run8());
+}
+
 TEST(TimeSeries, RampIsRoundedToSamples) {
   const std::vector<double> x = record(100);
   std::vector<double> folded(x.begin(), x.begin() + 64);
@@ -250,6 +257,9 @@ TEST(TimeSeries, ReductionBelowOnePerCentPassesInSilence) {
   component.set(in);
   EXPECT_DOUBLE_EQ(in.get("ramp_time", "s"), 4.0);
   EXPECT_EQ(in.comment_size(), 0U);
+  Base::Params above = params_of(1.0, 8.0, 4.06);
+  component.set(above);
+  EXPECT_EQ(above.comment_size(), 1U);
   Base::Params fitting = params_of(1.0, 8.0, 3.9);
   component.set(fitting);
   EXPECT_DOUBLE_EQ(fitting.get("ramp_time", "s"), 3.9);
