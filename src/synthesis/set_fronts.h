@@ -9,6 +9,8 @@
 
 namespace Synthesis {
 
+// Takes no parameters. Each front goes to the harmonic nearest to its frequency; one of 0 or below
+// is skipped, one outside the run's harmonics makes evaluation throw "Wave number out of range".
 class SetFronts : public Component {
  public:
   explicit SetFronts(const DispFronts& fronts);
