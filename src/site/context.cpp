@@ -1,6 +1,5 @@
 #include "site/context.h"
 
-#include <cmath>
 #include <sstream>
 
 #include "base/enumerations.h"
@@ -67,14 +66,6 @@ void Context::create() {
   tank_config_.g = get(Limit::base_g);
   tank_config_.base_rate = get(Limit::base_rate);
   full_name_ = tank_name + " " + config_name;
-
-  // Every run divides by these two.
-  const auto check_positive = [&](const char* key, double value) {
-    if (value > 0.0 && std::isfinite(value)) return;
-    throw problem("Create").add(key).add(" ").add(value).add(" is not a positive number");
-  };
-  check_positive("base_rate", base_rate);
-  check_positive("base_g", base_g);
 }
 
 void Context::make_ready() {

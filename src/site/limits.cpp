@@ -10,8 +10,8 @@ namespace Common {
 
 namespace {
 
-// Wrapping goes turn by turn: beyond this it would not come to an end.
-constexpr double largest_angle = 1e6;
+// Beyond this no turn brings an angle back: the step is lost in rounding.
+constexpr double largest_angle = 1e15;
 
 const FixedLimit& built(const Script::WrapObj<FixedLimit>& limit) {
   if (!limit.get()) throw "Object not built";
@@ -36,9 +36,6 @@ void FixedLimits::get_consts(Base::Params& out) {
                                      ->second.enum_value(Base::EnumType::Geometry);
 
   const FixedLimit& freq = built(frequency);
-  if (!std::isfinite(freq.maximum) || !std::isfinite(freq.minimum)) {
-    throw problem("Create").add("Frequency limits in fixed limits are not numbers");
-  }
   if (freq.maximum < freq.minimum) {
     throw problem("Create")
         .add("Error that max freq ")
@@ -60,8 +57,8 @@ void FixedLimits::get_consts(Base::Params& out) {
         .add(direction.units)
         .add(" in fixed limits");
   }
-  if (!(std::abs(max_angle) <= largest_angle) || !(std::abs(min_angle) <= largest_angle)) {
-    throw problem("Create").add("Angle limits in fixed limits are not numbers or too large");
+  if (std::abs(max_angle) > largest_angle || std::abs(min_angle) > largest_angle) {
+    throw problem("Create").add("Angle limits in fixed limits are too large");
   }
   max_angle = Maths::wrap_angle(max_angle);
   min_angle = Maths::wrap_angle(min_angle);

@@ -214,13 +214,25 @@ TEST(Context, IdentityEndsInTheChecksumInHexadecimal) {
   EXPECT_EQ(site.context().identity(0u), "Bay::Basin::Spring#0x0");
 }
 
-TEST(Context, RateAndGravityMustBePositiveNumbers) {
-  for (const char* value : {"$", "0", "-40"}) {
-    Load rate(site_with("base_rate = 40;", std::string("base_rate = ") + value + ";"));
-    EXPECT_EQ(rate.caught_item().substr(0, 26), "context::Error::base_rate ") << value;
-    Load gravity(site_with("base_g = 9.81;", std::string("base_g = ") + value + ";"));
-    EXPECT_EQ(gravity.caught_item().substr(0, 23), "context::Error::base_g ") << value;
+// A tank for the analysis of records needs neither rate nor gravity; a wave is refused by what
+// cannot be worked out without them.
+TEST(Context, RateAndGravityAreTakenAsTheyStand) {
+  const std::pair<const char*, double> values[] = {{"0", 0.0}, {"-40", -40.0}};
+  for (const auto& [text, number] : values) {
+    Load rate(site_with("base_rate = 40;", std::string("base_rate = ") + text + ";"));
+    ASSERT_TRUE(rate.ok()) << rate.failure << rate.log_text.str();
+    EXPECT_EQ(rate.context().get(Limit::base_rate), number);
+    Load gravity(site_with("base_g = 9.81;", std::string("base_g = ") + text + ";"));
+    ASSERT_TRUE(gravity.ok()) << gravity.failure << gravity.log_text.str();
+    gravity.context().make_ready();
+    EXPECT_EQ(gravity.context().tank_config().g, number);
   }
+  Load none(
+      changed(site_with("base_rate = 40;", "base_rate = $;"), "base_g = 9.81;", "base_g = $;"));
+  ASSERT_TRUE(none.ok()) << none.failure << none.log_text.str();
+  EXPECT_TRUE(std::isnan(none.context().get(Limit::base_rate)));
+  EXPECT_TRUE(std::isnan(none.context().get(Limit::base_g)));
+  EXPECT_EQ(none.context().full_name(), "Basin Spring");
 }
 
 TEST(Context, DensityMayHaveNoValue) {
