@@ -72,7 +72,8 @@ class Tank : public Script::Declared {
 
   // Turns the sections into the tabulated profile and sets the walls. The numbers of the script
   // are taken as metres whatever `units` says; only get_consts looks at it. Throws std::string for
-  // a depth that is no positive number or whose profile does not come to an end.
+  // walls without a position, and for a slope whose depth is no number or whose profile does not
+  // come to an end.
   void make_config(Maths::TankConfig& out);
   // Inserts "min_x", "max_x", "max_y", "min_y", "geometry", and "max_<name>", "min_<name>" for
   // each tunable value.

@@ -1,5 +1,4 @@
 // From the sections of the script to the tabulated depth profile.
-#include <algorithm>
 #include <cmath>
 #include <sstream>
 
@@ -33,11 +32,11 @@ class SectionDepth {
     return depth.value * Base::factor_to_base(depth.units, category);
   }
 
-  // The depth, if water can stand there.
-  double check(double depth, double x) const {
-    if (depth > 0.0 && std::isfinite(depth)) return depth;
+  // The depth, from which the next step can be found. Dry ground, below 0, is allowed.
+  double finite(double depth, double x) const {
+    if (std::isfinite(depth)) return depth;
     std::ostringstream problem;
-    problem << "depth " << depth << " at x = " << x << " is not a positive number";
+    problem << "depth " << depth << " at x = " << x << " is not a number";
     fail(problem.str());
   }
 
@@ -83,14 +82,15 @@ void walk(const SectionDepth& depth, double x0, double xe, double tol, double dx
           Maths::TankConfig& out) {
   const double hi = tol * 1.2;
   const double lo = tol * 0.8;
-  double d0 = depth.check(depth.at(x0), x0);
+  if (!std::isfinite(x0) || !std::isfinite(xe)) depth.fail("start or end is not a number");
+  double d0 = depth.finite(depth.at(x0), x0);
   double c = xe;
   for (;;) {
     bool bounded = false;
     // Where the depth does not change, a candidate has no end or is no number.
     const auto bring_back = [&] {
       if (std::isfinite(c)) return;
-      c = std::min(x0 + dx, xe);
+      c = std::fmin(x0 + dx, xe);
       bounded = true;
     };
     bring_back();
@@ -113,8 +113,8 @@ void walk(const SectionDepth& depth, double x0, double xe, double tol, double dx
       bounded = true;
       if (c == before && r > hi) stuck(depth, x0);
     }
-    depth.check(d1, c);
-    if (x0 <= 0 && c > 0) set_paddle(out, depth.check(depth.at(0.0), 0.0));
+    depth.finite(d1, c);
+    if (x0 <= 0 && c > 0) set_paddle(out, depth.at(0.0));
     append(out, depth, d0, x0);
     if (reached(c, xe)) {
       append(out, depth, d1, xe);
@@ -158,7 +158,8 @@ void Tank::make_config(Maths::TankConfig& out) {
     default:
       throw std::string("Unexpected type in Geometry");
   }
-  if (out.has_walls && !(std::isfinite(out.width) && std::isfinite(out.y_ref))) {
+  // Every phase is counted from y_ref; the width matters to cross-tank modes only.
+  if (!std::isfinite(out.y_ref)) {
     throw std::string("Tank::max_y or min_y is not a number");
   }
 
@@ -173,18 +174,16 @@ void Tank::make_config(Maths::TankConfig& out) {
     const double x0 = here.x;
     const double xe = section[i + 1].x;
     const SectionDepth depth(here, std::to_string(script_index(i)));
-    if (!std::isfinite(x0) || !std::isfinite(xe)) depth.fail("start or end is not a number");
     if (here.function.is_constant()) {
-      const double d = depth.check(depth.at(x0), x0);
+      const double d = depth.at(x0);
       if (x0 <= 0 && xe > 0) set_paddle(out, d);
       append(out, depth, d, x0);
       append(out, depth, d, xe);
       continue;
     }
-    if (!(delta_depth > 0.0) || !std::isfinite(delta_depth)) {
-      throw std::string("Tank::delta_depth is not a positive number");
-    }
-    if (!(delta_x > 0.0)) throw std::string("Tank::delta_x is not a positive number");
+    // Without a value, neither bounds the steps.
+    if (delta_depth <= 0.0) throw std::string("Tank::delta_depth is not a positive number");
+    if (delta_x <= 0.0) throw std::string("Tank::delta_x is not a positive number");
     walk(depth, x0, xe, delta_depth, delta_x, out);
   }
 

@@ -211,13 +211,28 @@ TEST(Tank, FailedConfigurationLeavesTheSiteNotReady) {
   EXPECT_FALSE(site.context().ready());
 }
 
-TEST(Tank, CrosswiseLimitsWithoutValueAreRefusedWhereThereAreWalls) {
-  Load site(site_with("max_y = 4.5;", "max_y = $;"));
-  ASSERT_TRUE(site.ok()) << site.failure;
-  EXPECT_EQ(thrown_by([&] { site.context().make_ready(); }),
-            "string: Tank::max_y or min_y is not a number");
-  Load open(changed(site_with("max_y = 4.5;", "max_y = $;"), "BothSides", "NoSides"));
-  EXPECT_EQ(thrown_by([&] { open.context().make_ready(); }), "nothing");
+// Without a reference position no wave has a phase. A single wall needs the tank's other side for
+// cross-tank modes only.
+TEST(Tank, CrosswiseLimitsWithoutValueAreRefusedWhereWavesStartFromThem) {
+  struct Row {
+    const char* geometry;
+    const char* key;
+    bool refused;
+  };
+  const Row rows[] = {
+      {"NoSides", "max_y = 4.5;", false},   {"NoSides", "min_y = -1.5;", false},
+      {"PlusSide", "max_y = 4.5;", true},   {"PlusSide", "min_y = -1.5;", false},
+      {"MinusSide", "max_y = 4.5;", false}, {"MinusSide", "min_y = -1.5;", true},
+      {"BothSides", "max_y = 4.5;", true},  {"BothSides", "min_y = -1.5;", true},
+  };
+  for (const Row& row : rows) {
+    Load site(
+        changed(site_with("BothSides", row.geometry), row.key, std::string(row.key, 5) + " = $;"));
+    ASSERT_TRUE(site.ok()) << site.failure;
+    EXPECT_EQ(thrown_by([&] { site.context().make_ready(); }),
+              row.refused ? "string: Tank::max_y or min_y is not a number" : "nothing")
+        << row.geometry << " " << row.key;
+  }
 }
 
 const char* two_params = R"(param[2..1];
