@@ -132,8 +132,7 @@ bool BinaryOp::bind(const Base::Params& source, Base::Params& target) {
     const bool right_fixed = node->right_->bind(source, target);
     fixed = fixed && right_fixed;
     if (fixed) {
-      node->value_ =
-          node->apply(node->left_->eval(no_variable()), node->right_->eval(no_variable()));
+      node->value_ = node->compute(no_variable());
       node->folded_ = true;
     }
     if (node == this) return fixed;
@@ -161,14 +160,18 @@ bool BinaryOp::compatible(std::uint32_t unit_row) const {
 double BinaryOp::eval(const Base::Quantity& variable) const {
   const BinaryOp* node = this;
   while (!node->folded_ && node->below_ != nullptr) node = node->below_;
-  double result = node->folded_
-                      ? node->value_
-                      : node->apply(node->left_->eval(variable), node->right_->eval(variable));
+  double result = node->folded_ ? node->value_ : node->compute(variable);
   while (node != this) {
     node = node->above_;
     result = node->apply(result, node->right_->eval(variable));
   }
   return result;
+}
+
+// In two steps, since the arguments of one call are evaluated in any order.
+double BinaryOp::compute(const Base::Quantity& variable) const {
+  const double left = left_->eval(variable);
+  return apply(left, right_->eval(variable));
 }
 
 double BinaryOp::apply(double left, double right) const {

@@ -2,7 +2,8 @@
 //
 // A tree is bound to parameters and then evaluated for each value of the variable. Binding folds
 // every part that has no variable into one number, so that evaluation works only on the rest.
-// Failures are thrown as a std::string and leave the tree as it was. Once bound, eval only reads.
+// Failures are thrown as a std::string. A failed evaluation leaves the tree as it was; a failed
+// bind leaves it to be bound again. Once bound, eval only reads.
 //
 // A chain such as 1+2+3+... leans to the left without bound, while every other kind of nesting is
 // bounded by the parser's stack. BinaryOp therefore walks a chain of left operands in a loop, and
@@ -146,6 +147,7 @@ class BinaryOp final : public Node {
  private:
   // The last of the chain of left operands that starts here.
   BinaryOp* lowest() const;
+  double compute(const Base::Quantity& variable) const;
   double apply(double left, double right) const;
 
   OperatorNumber op_;

@@ -206,6 +206,59 @@ TEST(BinaryOp, AsksTheRightSideOnlyIfTheLeftAgrees) {
   EXPECT_FALSE(node->compatible(1));
 }
 
+// The message tells which side was asked first.
+TEST(BinaryOp, BindsAndEvaluatesTheLeftSideFirst) {
+  const auto tree = [] {
+    return binary(Binary::plus, std::make_unique<Parameter>("left", Base::Units{1, 0}),
+                  std::make_unique<Parameter>("right", Base::Units{1, 0}));
+  };
+  const Base::Params source;
+  Base::Params target;
+  EXPECT_EQ(thrown([&] { tree()->eval(Anything); }), "Unset parameterleft");
+  EXPECT_EQ(thrown([&] { tree()->bind(source, target); }), "left::Not found");
+  const auto chain =
+      binary(Binary::minus, tree(), std::make_unique<Parameter>("last", Base::Units{}));
+  EXPECT_EQ(thrown([&] { chain->eval(Anything); }), "Unset parameterleft");
+  EXPECT_EQ(thrown([&] { chain->bind(source, target); }), "left::Not found");
+}
+
+// Notes its name when it is freed.
+class Mortal final : public Node {
+ public:
+  Mortal(char name, std::string& freed) : name_(name), freed_(freed) {}
+  ~Mortal() override { freed_ += name_; }
+
+  bool declare(Base::Params&) const override { return true; }
+  bool bind(const Base::Params&, Base::Params&) override { return true; }
+  bool is_constant() const override { return true; }
+  bool compatible(std::uint32_t) const override { return true; }
+  double eval(const Base::Quantity&) const override { return 0.0; }
+  void print(std::ostream&) const override {}
+  void destroy_children() override {}
+
+ private:
+  char name_;
+  std::string& freed_;
+};
+
+// (a + b) + (c + -d)
+TEST(BinaryOp, FreesTheRightSideFirst) {
+  std::string freed;
+  const auto leaf = [&](char name) { return std::make_unique<Mortal>(name, freed); };
+  const auto node =
+      binary(Binary::plus, binary(Binary::plus, leaf('a'), leaf('b')),
+             binary(Binary::plus, leaf('c'), std::make_unique<UnaryOp>(Unary::negate, leaf('d'))));
+  node->destroy_children();
+  EXPECT_EQ(freed, "dcba");
+}
+
+TEST(UnaryOp, FreesItsChild) {
+  std::string freed;
+  UnaryOp node(Unary::negate, std::make_unique<Mortal>('a', freed));
+  node.destroy_children();
+  EXPECT_EQ(freed, "a");
+}
+
 TEST(UnaryOp, AnswersAsItsChild) {
   for (const bool fixed : {false, true}) {
     Visits child{.fixed = fixed};
