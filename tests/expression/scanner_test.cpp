@@ -1,11 +1,16 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <bit>
 #include <cctype>
 #include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <limits>
 #include <string>
 
@@ -40,22 +45,37 @@ TEST(Numbers, IntegersKeepTheirLow32Bits) {
   EXPECT_EQ(evaluated("0xaBcDeF09"), 2882400009.0);
 }
 
-// A host's JVM may set the process's locale to one with a decimal comma. A machine that has none
-// makes one for itself.
-TEST(Numbers, DoNotDependOnTheLocale) {
-  const std::string directory = testing::TempDir() + "decimal_comma";
-  const std::string make = "mkdir -p " + directory + " && localedef -i de_DE -f UTF-8 " +
-                           directory + "/de_DE.UTF-8 >/dev/null 2>&1";
-  if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8") == nullptr && std::system(make.c_str()) == 0) {
-    setenv("LOCPATH", directory.c_str(), 1);
-    std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+// A decimal comma for the process while it lives, as a host's JVM may set one. Made of the C
+// library's own "C.utf8" by replacing its one point, so that no locale need be installed.
+class DecimalComma {
+ public:
+  DecimalComma() {
+    std::ifstream own("/usr/lib/locale/C.utf8/LC_NUMERIC", std::ios::binary);
+    std::string content{std::istreambuf_iterator<char>(own), {}};
+    std::replace(content.begin(), content.end(), '.', ',');
+    std::filesystem::create_directories(directory_ / "comma");
+    std::ofstream(directory_ / "comma" / "LC_NUMERIC", std::ios::binary) << content;
+    setenv("LOCPATH", directory_.c_str(), 1);
+    std::setlocale(LC_NUMERIC, "comma");
   }
-  const bool comma = *std::localeconv()->decimal_point == ',';
-  const double value = evaluated("2.5");
-  std::setlocale(LC_NUMERIC, "C");
-  unsetenv("LOCPATH");
-  if (!comma) GTEST_SKIP() << "no locale with a decimal comma on this machine";
-  EXPECT_EQ(value, 2.5);
+  ~DecimalComma() {
+    std::setlocale(LC_NUMERIC, "C");
+    unsetenv("LOCPATH");
+    std::filesystem::remove_all(directory_);
+  }
+
+ private:
+  const std::filesystem::path directory_ =
+      testing::TempDir() + "decimal_comma_" + std::to_string(getpid());
+};
+
+TEST(Numbers, DoNotDependOnTheLocale) {
+  const DecimalComma comma;
+  if (std::strtod("2,5", nullptr) != 2.5) {
+    GTEST_SKIP() << "no decimal comma: this C library keeps its locales elsewhere";
+  }
+  EXPECT_EQ(evaluated("2.5"), 2.5);
+  EXPECT_EQ(evaluated(".5"), 0.5);
 }
 
 TEST(Scanner, WritesNewlinesToStandardOutputAndSkipsThem) {
