@@ -214,10 +214,8 @@ void BinaryOp::destroy_children() {
   while (left_ != nullptr) {
     const std::unique_ptr<Node> link = std::move(left_);
     if (below_ == nullptr) return;
-    BinaryOp& op = *std::exchange(below_, below_->below_);
-    op.right_.reset();
-    op.below_ = nullptr;
-    left_ = std::move(op.left_);
+    left_ = std::move(below_->left_);
+    below_ = below_->below_;
   }
 }
 
