@@ -53,7 +53,7 @@ TEST(Gamma, AgreesWithTheStandardLibrary) {
 }
 
 TEST(Gamma, OfASmallArgumentIsTheShortSeries) {
-  for (const double x : {0.0005, 0.0009999, 1e-10, 1e-300}) {
+  for (const double x : {0.0005, std::nextafter(0.001, 0.0), 1e-10, 1e-300}) {
     EXPECT_EQ(Expression::tgamma(x), 1.0 / (x * (1.0 + 0.5772156649015329 * x)));
     expect_relative(Expression::tgamma(x), std::tgamma(x), 1e-6);
   }
@@ -63,7 +63,7 @@ TEST(Gamma, OfASmallArgumentIsTheShortSeries) {
 }
 
 TEST(Gamma, OverflowsToInfinityAboveItsLargestArgument) {
-  EXPECT_TRUE(std::isfinite(Expression::tgamma(171.62)));
+  EXPECT_TRUE(std::isfinite(Expression::tgamma(171.624)));
   EXPECT_EQ(Expression::tgamma(171.6241), Infinity);
   EXPECT_EQ(Expression::tgamma(172.0), Infinity);
   EXPECT_EQ(Expression::tgamma(Infinity), Infinity);

@@ -78,6 +78,7 @@ TEST(UnaryOperators, GammaIsNumberFifteen) {
 TEST(UnaryOperators, AnUnknownNumberIsRefusedInEval) {
   const UnaryOp node(16, std::make_unique<Constant>(5.0));
   EXPECT_EQ(thrown([&] { node.eval(quantity(0.0, "")); }), "Unknown unary operator in eval");
+  EXPECT_EQ(printed(node), "(5)");
 }
 
 struct BinaryCase {

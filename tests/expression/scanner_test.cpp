@@ -116,6 +116,14 @@ TEST(Scanner, KeepsANewlineInsideBracketsAsUnits) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
+TEST(Scanner, StartsNamesWithAnyLetterAndGoesOnWithLettersDigitsAndUnderscores) {
+  const std::string letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+  for (const char first : letters) {
+    const std::string name = first + letters + "_0123456789";
+    EXPECT_EQ(printed(Function(name)), name + "[]");
+  }
+}
+
 TEST(Scanner, ReadsNamesOfAnyLength) {
   const std::string name = "a" + std::string(100000, 'b');
   EXPECT_EQ(printed(Function(name + "[Hz]+1")), "(" + name + "[Hz] + 1)");
