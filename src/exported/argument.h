@@ -16,10 +16,10 @@
 
 namespace Kelpbox {
 
-// The object at a handle, which is its address.
+// A handle is an object's address; 0 stands for null.
 template <typename T>
-T& object_at(jlong handle) {
-  return *reinterpret_cast<T*>(handle);
+T* pointer_from(jlong handle) {
+  return reinterpret_cast<T*>(handle);  // NOLINT(performance-no-int-to-ptr): hosts hold integers
 }
 
 // The object that a function belongs to. Not tested: 0 has undefined effect.
@@ -28,7 +28,7 @@ struct Self {
   jlong handle;
 
   bool take(JNIEnv*) const { return true; }
-  T& value() const { return object_at<T>(handle); }
+  T& value() const { return *pointer_from<T>(handle); }
 };
 
 // An object of the declared type T, `Base::Params&` say. 0 is refused with the type's text.
@@ -42,7 +42,7 @@ struct Reference {
     throw_standard(env, Standard::null_pointer, ReferenceText<T>::null);
     return false;
   }
-  T value() const { return object_at<std::remove_reference_t<T>>(handle); }
+  T value() const { return *pointer_from<std::remove_reference_t<T>>(handle); }
 };
 
 // A value for a vector of T. 0 is refused with the text of the vector's value_type.
@@ -55,7 +55,7 @@ struct Element {
     throw_standard(env, Standard::null_pointer, ElementText<T>::null);
     return false;
   }
-  const T& value() const { return object_at<const T>(handle); }
+  const T& value() const { return *pointer_from<const T>(handle); }
 };
 
 // A string. It is copied and the host's characters are released at once, before any other

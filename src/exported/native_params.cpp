@@ -17,7 +17,7 @@ using Base::Vector;
 KELPBOX_EXPORT(jlong, new_1Kelpbox_1Param)(JNIEnv*, jclass) { return handle_of(new Param()); }
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1Param)(JNIEnv*, jclass, jlong self) {
-  delete reinterpret_cast<Param*>(self);
+  delete pointer_from<Param>(self);
 }
 
 KELPBOX_EXPORT(jstring, Kelpbox_1Param_1name)(JNIEnv* env, jclass, jlong self, jobject) {
@@ -58,7 +58,7 @@ KELPBOX_EXPORT(jlong, Kelpbox_1Param_1alternate)(JNIEnv* env, jclass, jstring un
 KELPBOX_EXPORT(jlong, new_1Kelpbox_1Params)(JNIEnv*, jclass) { return handle_of(new Params()); }
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1Params)(JNIEnv*, jclass, jlong self) {
-  delete reinterpret_cast<Params*>(self);
+  delete pointer_from<Params>(self);
 }
 
 KELPBOX_EXPORT(void, Kelpbox_1Params_1clear)(JNIEnv* env, jclass, jlong self, jobject) {
@@ -126,7 +126,7 @@ KELPBOX_EXPORT(jlong, new_1Kelpbox_1Vector)
 }
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1Vector)(JNIEnv*, jclass, jlong self) {
-  delete reinterpret_cast<Vector*>(self);
+  delete pointer_from<Vector>(self);
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Vector_1size)(JNIEnv* env, jclass, jlong self, jobject) {

@@ -56,7 +56,7 @@ KELPBOX_EXPORT(jlong, new_1Kelpbox_1RunData)(JNIEnv* env, jclass) {
 
 // The storage goes back without its size, which differs between the records.
 KELPBOX_EXPORT(void, delete_1Kelpbox_1Front)(JNIEnv*, jclass, jlong self) {
-  ::operator delete(reinterpret_cast<void*>(self));
+  ::operator delete(pointer_from<void>(self));
 }
 KELPBOX_ALIAS(delete_1Kelpbox_1DisplayFront, delete_1Kelpbox_1Front);
 KELPBOX_ALIAS(delete_1Kelpbox_1TransferFront, delete_1Kelpbox_1Front);

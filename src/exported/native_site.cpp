@@ -16,7 +16,7 @@ KELPBOX_EXPORT(jlong, new_1Kelpbox_1Experiment_1_1SWIG_11)(JNIEnv* env, jclass, 
 }
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1Experiment)(JNIEnv*, jclass, jlong self) {
-  delete reinterpret_cast<Experiment*>(self);
+  delete pointer_from<Experiment>(self);
 }
 
 KELPBOX_EXPORT(void, Kelpbox_1Experiment_1initialise)

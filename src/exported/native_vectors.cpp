@@ -51,7 +51,7 @@ KELPBOX_ALIAS(Kelpbox_1StdVectorTransferFront_1isEmpty, Kelpbox_1StdVectorDouble
 // Elements that need no destruction.
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1StdVectorDouble)
-(JNIEnv*, jclass, jlong self) { delete reinterpret_cast<AnyVector*>(self); }
+(JNIEnv*, jclass, jlong self) { delete pointer_from<AnyVector>(self); }
 KELPBOX_ALIAS(delete_1Kelpbox_1StdVectorFloat, delete_1Kelpbox_1StdVectorDouble);
 KELPBOX_ALIAS(delete_1Kelpbox_1StdVectorShort, delete_1Kelpbox_1StdVectorDouble);
 KELPBOX_ALIAS(delete_1Kelpbox_1StdVectorUInt, delete_1Kelpbox_1StdVectorDouble);
@@ -74,7 +74,7 @@ KELPBOX_ALIAS(Kelpbox_1StdVectorTransferFront_1clear, Kelpbox_1StdVectorDouble_1
 // Elements that need destruction.
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1StdVectorString)
-(JNIEnv*, jclass, jlong self) { delete reinterpret_cast<std::vector<std::string>*>(self); }
+(JNIEnv*, jclass, jlong self) { delete pointer_from<std::vector<std::string>>(self); }
 
 KELPBOX_EXPORT(void, Kelpbox_1StdVectorString_1clear)
 (JNIEnv* env, jclass, jlong self, jobject) {
@@ -83,7 +83,7 @@ KELPBOX_EXPORT(void, Kelpbox_1StdVectorString_1clear)
 }
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1StdVectorParam)
-(JNIEnv*, jclass, jlong self) { delete reinterpret_cast<std::vector<Base::Param>*>(self); }
+(JNIEnv*, jclass, jlong self) { delete pointer_from<std::vector<Base::Param>>(self); }
 
 KELPBOX_EXPORT(void, Kelpbox_1StdVectorParam_1clear)
 (JNIEnv* env, jclass, jlong self, jobject) {
