@@ -80,6 +80,17 @@ TEST(Definition, ARepeatThatMovesFarIsCalledAPoorMatch) {
   EXPECT_EQ(in.comment(0), "Warning::Poor match");
 }
 
+TEST(Definition, AMatchIsPoorFromOnePerCentOfTheFittedRepeat) {
+  Site site;
+  Definition definition("run", site.context());
+  for (const double share : {0.0097, -0.0097, 0.0103, -0.0103}) {
+    Base::Params in = run_params(1.5 * (1.0 + share));  // 30 samples and less than half of one
+    definition.set(in);
+    EXPECT_NEAR(in.get("repeat", "s"), 1.5, 1e-15);
+    EXPECT_EQ(in.comment_size(), std::abs(share) > 0.01 ? 1u : 0u) << share;
+  }
+}
+
 TEST(Definition, GridFollowsTheSitesLimits) {
   SiteText text;
   text.min_freq = 0.02;
@@ -284,6 +295,19 @@ TEST(Definition, RemovingAnUnknownSpecificationIsRefused) {
   definition.remove_specification(held);
   EXPECT_EQ(thrown([&] { definition.remove_specification(held); }),
             "Failed to find Specification to remove");
+}
+
+TEST(Definition, OnlyTheSpecificationNamedIsRemoved) {
+  Site site;
+  Definition definition("run", site.context());
+  Part first({}, at(1, 0, 0));
+  Part second({}, at(2, 0, 0));
+  for (Part* part : {&first, &second}) definition.add_specification(part->specification);
+  definition.remove_specification(second.specification);
+  set(definition, run_params(10.0));
+  definition.run_build();
+  ASSERT_EQ(definition.run_size(), 1u);
+  EXPECT_EQ(definition.position(0).x, 1.0);
 }
 
 TEST(Definition, MessagesAreThoseOfTheLastBuild) {
