@@ -111,4 +111,13 @@ TEST(BankMotion, AHarmonicWithoutAmplitudeCostsAWaveNumberAndAddsNothing) {
   EXPECT_EQ(text.rfind("Knum calculation failed for omega=0 and depth = 1", 0), 0u) << text;
 }
 
+TEST(BankMotion, AHarmonicWithoutAmplitudeStillNeedsItsPlace) {
+  HandBank bank(1);
+  bank.fronts.slots[20] = {{0.0, 0.0, 0.0}};
+  bank.init(2.0);  // 20 samples
+  EXPECT_EQ(thrown([&] { bank.build(); }), "nothing thrown");
+  bank.init(1.9);
+  EXPECT_EQ(thrown([&] { bank.build(); }), "Index 20 out of range");
+}
+
 }  // namespace

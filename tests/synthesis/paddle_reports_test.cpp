@@ -150,7 +150,7 @@ TEST(PaddleReports, ARateWithoutAUsableNumberOfSamplesIsRefused) {
            {-5.0, "-5"},
            {std::numeric_limits<double>::quiet_NaN(), "nan"},
            {1e300, "1e+300"},
-           {3e8, "3e+08"},
+           {1.35e7, "1.35e+07"},
            {std::numeric_limits<double>::infinity(), "inf"}}) {
     EXPECT_EQ(thrown([&] { run.definition.paddle_motion_build(rate_params(rate)); }),
               "rate::" + text + " Hz gives no usable number of samples in a repeat time of 10 s");
@@ -191,6 +191,19 @@ TEST(PaddleReports, AFailingBankLeavesTheBanksBeforeItComplete) {
               "Paddle out of range in paddle_motion_data::bank " + std::to_string(bank) +
                   " has no signal of paddle 0");
   }
+}
+
+TEST(PaddleReports, AFailingBankLeavesTheBanksBehindItAsTheyWere) {
+  SiteText text;
+  text.banks = {BankText{}, BankText{}, BankText{}};
+  BuiltRun run(text, {{8, {0.04, 0.0, 0.0}}});
+  run.definition.paddle_motion_build(rate_params(20.0));
+  run.site.context().wavemaker_bank[1].machine().dimension_type.number = 7;
+  EXPECT_EQ(thrown([&] { run.definition.paddle_motion_build(rate_params(40.0)); }),
+            "Unsupported critical dimension type found");
+  EXPECT_EQ(run.signal(0, 0).size(), 400u);
+  EXPECT_NE(thrown([&] { run.signal(1, 0); }), "nothing thrown");
+  EXPECT_EQ(run.signal(2, 0).size(), 200u);
 }
 
 }  // namespace

@@ -155,6 +155,9 @@ TEST(PaddleSpectrum, TheThresholdOfTheReportIsExclusive) {
   Complex above = 0.0;
   testing::internal::CaptureStdout();
   add_front(row, harmonic, {0.999999e10, 0.0, 0.0}, &below);
+  Complex exactly = 0.0;
+  add_front(row, harmonic, {1e10, 0.0, pi / 2.0}, &exactly);
+  EXPECT_EQ(exactly, Complex(1e10));
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   testing::internal::CaptureStdout();
   add_front(row, harmonic, {1.000001e10, 0.0, pi / 2.0}, &above);
