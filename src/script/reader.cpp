@@ -49,30 +49,30 @@ bool SubSerial::Parser::read(const fs::path& file, unsigned depth) {
   std::cout << indent << "Opened file  " << file << " for input\n" << std::flush;
 
   open_.push_back({file, canonical, &source->scan});
-  if (!read_tokens(source->scan, file, depth)) return false;
+  bool good = true;
+  while (good) {
+    const int token = source->scan.yylex();
+    if (token == 0) break;
+    if (token == TOKEN_INCLUDE) {
+      // Only the file in which the parser gave up is left with a line.
+      if (!include(source->scan, file, depth)) return false;
+    } else {
+      good = take(source->scan, token);
+    }
+  }
   open_.pop_back();
   source.reset();
 
   std::cout << indent << "Leaving file " << file << '\n' << std::flush;
-  return true;
+  return good;
 }
 
-bool SubSerial::Parser::read_tokens(ScriptScan& scan, const fs::path& file, unsigned depth) {
-  while (const int token = scan.yylex()) {
-    bool good = true;
-    if (token == TOKEN_INCLUDE) {
-      good = include(scan, file, depth);
-    } else if (token == TOKEN_IDENT) {
-      Variable found = find(scan.text());
-      if (found.type() == VarType::empty) std::cout << "UNFOUND = " << scan.text() << '\n';
-      const int kind = ident_token(found);
-      good = push(kind, std::move(found));
-    } else {
-      good = push(token, std::move(scan.value()));
-    }
-    if (!good) return false;
-  }
-  return true;
+bool SubSerial::Parser::take(ScriptScan& scan, int token) {
+  if (token != TOKEN_IDENT) return push(token, std::move(scan.value()));
+  Variable found = find(scan.text());
+  if (found.type() == VarType::empty) std::cout << "UNFOUND = " << scan.text() << '\n';
+  const int kind = ident_token(found);
+  return push(kind, std::move(found));
 }
 
 bool SubSerial::Parser::include(ScriptScan& scan, const fs::path& file, unsigned depth) {

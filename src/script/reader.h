@@ -30,7 +30,7 @@ class SubSerial::Parser : public ScriptParse {
   };
 
   bool read(const boost::filesystem::path& file, unsigned depth);
-  bool read_tokens(ScriptScan& scan, const boost::filesystem::path& file, unsigned depth);
+  bool take(ScriptScan& scan, int token);
   bool include(ScriptScan& scan, const boost::filesystem::path& file, unsigned depth);
   void refuse_loop(const boost::filesystem::path& file,
                    const boost::filesystem::path& canonical) const;

@@ -230,12 +230,20 @@ TEST_F(Reading, BlocksNestUntilTheStackIsFull) {
   EXPECT_EQ(read(nested(66)), "string: " + dir_.file("main.txt") + "::parse error");
 }
 
-TEST_F(Reading, ExhaustedStackInAnIncludeStopsAllFilesAtOnce) {
+TEST_F(Reading, FileInWhichTheStackRunsFullIsLeft) {
+  const std::string main = dir_.file("main.txt");
+  EXPECT_EQ(read("Tank { depth = " + repeated("(", 250) + "@"),
+            "string: " + main + "::parse error");
+  EXPECT_EQ(printed_, "Opened file  \"" + main + "\" for input\nLeaving file \"" + main + "\"\n");
+}
+
+TEST_F(Reading, ExhaustedStackInAnIncludeStopsTheIncludingFileAtOnce) {
   dir_.write("part.txt", repeated("(", 250));
   const std::string main = dir_.file("main.txt");
   EXPECT_EQ(read("Tank { depth = include \"part.txt\" @"), "string: " + main + "::parse error");
   EXPECT_EQ(printed_, "Opened file  \"" + main + "\" for input\n  Opened file  \"" +
-                          dir_.file("part.txt") + "\" for input\n");
+                          dir_.file("part.txt") + "\" for input\n  Leaving file \"" +
+                          dir_.file("part.txt") + "\"\n");
 }
 
 TEST_F(Reading, ExhaustedStackInTheSecondFileNamesTheMainOne) {
