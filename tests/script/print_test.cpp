@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
+#include <cstdio>
 #include <locale>
 #include <sstream>
 
+#include "comma_locale.h"
 #include "test_tree.h"
 #include "testutil.h"
 
@@ -108,7 +109,7 @@ TEST(TextForm, LongStringsAreWhole) {
   EXPECT_EQ(text_form(Variable(VarType::fixed_string, "s", &text)), "s = \"" + text + "\"");
 }
 
-TEST(TextForm, LocaleOfTheHostDoesNotMatter) {
+TEST(TextForm, DecimalCommaOfTheStreamsDoesNotMatter) {
   struct Comma : std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
   };
@@ -117,6 +118,16 @@ TEST(TextForm, LocaleOfTheHostDoesNotMatter) {
   const std::string text = text_form(Variable(VarType::fixed_real, "r", &field));
   std::locale::global(before);
   EXPECT_EQ(text, "r = 2.5");
+}
+
+TEST(TextForm, DecimalCommaOfTheHostDoesNotMatter) {
+  const CommaLocale comma;
+  if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
+  char c_format[8];
+  std::snprintf(c_format, sizeof c_format, "%g", 2.5);
+  ASSERT_STREQ(c_format, "2,5");
+  double field = 2.5;
+  EXPECT_EQ(text_form(Variable(VarType::fixed_real, "r", &field)), "r = 2.5");
 }
 
 TEST(Print, FieldsStandInTheirOrder) {
