@@ -5,57 +5,12 @@
 #include <functional>
 #include <vector>
 
-#include "site_script.h"
+#include "bottom.h"
 
 namespace {
 
 using Maths::ProfilePoint;
 using Maths::TankConfig;
-
-struct Row {
-  std::string x;
-  std::string offset;
-  std::string depth;
-};
-
-// The full script with these sections and one that ends the tank, and other steps.
-std::string sections(const std::vector<Row>& rows, const std::string& end,
-                     const std::string& steps = "") {
-  std::string text = "section[" + std::to_string(rows.size() + 1) + "..1];\n";
-  int index = 0;
-  for (const Row& row : rows) {
-    text += "section[" + std::to_string(++index) + "] { x = " + row.x + "; offset = " + row.offset +
-            "; depth = \"" + row.depth + "\"; }\n";
-  }
-  text += "section[" + std::to_string(++index) + "] { x = " + end + "; offset = Relative; }\n";
-  text = site_with_sections(text);
-  text = changed(text, "reference_x = 1.0;", "reference_x = " + end + ";");
-  text = changed(text, "delta_depth = 0.02;", "");
-  return changed(text, "delta_x = 0.6;", steps);
-}
-
-TankConfig config_of(const std::string& text) {
-  Load site(text);
-  EXPECT_TRUE(site.ok()) << site.failure << site.plain_failure << site.log_text.str();
-  site.context().make_ready();
-  return site.context().tank_config();
-}
-
-std::string refusal(const std::string& text) {
-  Load site(text);
-  EXPECT_TRUE(site.ok()) << site.failure << site.plain_failure << site.log_text.str();
-  const std::string thrown = thrown_by([&] { site.context().make_ready(); });
-  EXPECT_FALSE(site.context().ready());
-  return thrown;
-}
-
-void expect_points(const TankConfig& config, const std::vector<ProfilePoint>& points) {
-  ASSERT_EQ(config.profile.size(), points.size());
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    EXPECT_DOUBLE_EQ(config.profile[i].depth, points[i].depth) << i;
-    EXPECT_DOUBLE_EQ(config.profile[i].x, points[i].x) << i;
-  }
-}
 
 TEST(Profile, ConstantDepthHasTwoPoints) {
   const TankConfig config = config_of(sections({{"0", "Relative", "0.8"}}, "20"));
@@ -234,6 +189,37 @@ TEST(Profile, StretchedStepMayPassTheEndAndComesBack) {
   }
 }
 
+// A slope of 0.05 that eases to 0.035 at x = 0.2. The second candidate would change the depth by
+// three quarters of 1 per cent, and is stretched to where the change is whole.
+TEST(Profile, StepBelowFourFifthsOfTheToleranceIsStretched) {
+  const TankConfig config = config_of(sections(
+      {{"0", "Relative", "1 - 0.0425*$[m] + 0.0075*(sqrt(square($[m] - 0.2)) - 0.2)"}}, "1"));
+  const double x1 = 0.5 * 0.01 / (0.01 + 0.035 * 0.3);
+  const double d1 = 0.99 - 0.035 * (x1 - 0.2);
+  const double x2 = x1 + 0.01 * d1 / 0.035;
+  // The next one is as long, and changes the depth by a hundredth more than 1 per cent.
+  const double x3 = x2 + (x2 - x1);
+  const std::vector<double> x = {0, x1, x2, x3, 1};
+  ASSERT_EQ(config.profile.size(), x.size());
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    EXPECT_NEAR(config.profile[i].x, x[i], 1e-9) << i;
+    EXPECT_NEAR(config.profile[i].depth, i == 0 ? 1 : 0.99 - 0.035 * (x[i] - 0.2), 1e-9) << i;
+  }
+}
+
+TEST(Profile, EndAtThePaddlesIsReachedExactly) {
+  const TankConfig config =
+      config_of(sections({{"-1.00048828125", "Relative", "0.75 + 0*$[m]"}}, "0", "delta_x = 0.5;"));
+  expect_points(
+      config, {{0.75, -1.00048828125}, {0.75, -0.50048828125}, {0.75, -0.00048828125}, {0.75, 0}});
+}
+
+TEST(Profile, TankThatEndsJustBehindThePaddlesHasThemAtItsSection) {
+  const TankConfig config = config_of(sections({{"-20", "Relative", "0.8"}}, "0.000000001"));
+  EXPECT_EQ(config.paddle_index, 0u);
+  EXPECT_DOUBLE_EQ(config.paddle_depth, 0.8);
+}
+
 TEST(Profile, PaddlesInsideASlopeAreAtThePointBeforeThem) {
   const TankConfig config = config_of(sections({{"-4", "Absolute", "1.2 - $[m]/30"}}, "15"));
   ASSERT_LT(config.paddle_index + 1, config.profile.size());
@@ -292,125 +278,6 @@ TEST(Profile, BeachThatEndsAtTheWaterLineIsWalkedToItsEnd) {
 TEST(Profile, BeachThatLeavesTheWaterIsRefused) {
   EXPECT_EQ(refusal(sections({{"0", "Relative", "1"}, {"4", "Relative", "1 - $[m]/10"}}, "20")),
             "string: Section[2]::depth profile does not get beyond x = 14");
-}
-
-TEST(Profile, DryGroundOfOneHeightIsKept) {
-  const TankConfig config = config_of(sections(
-      {{"-9", "Relative", "0"}, {"-5", "Relative", "1"}, {"8", "Relative", "-0.25"}}, "9"));
-  expect_points(config, {{0, -9}, {0, -5}, {1, -5}, {1, 8}, {-0.25, 8}, {-0.25, 9}});
-  EXPECT_EQ(config.paddle_index, 2u);
-  EXPECT_DOUBLE_EQ(config.paddle_depth, 1.0);
-}
-
-// Above the water the change is a negative part of the depth: each candidate lies behind the point
-// and is turned forward again, whatever the longest step.
-TEST(Profile, DryBeachIsWalked) {
-  const TankConfig config =
-      config_of(sections({{"0", "Relative", "1"}, {"90", "Relative", "0 - 0.5 - $[m]/20"}}, "100"));
-  const auto& points = config.profile;
-  ASSERT_GT(points.size(), 50u);
-  EXPECT_EQ(points[2].x, 90.0);
-  EXPECT_EQ(points[3].x, 90.5);
-  // Behind the first step, which is the longest, all change the depth by 1 per cent.
-  for (std::size_t i = 4; i + 1 < points.size(); ++i) {
-    EXPECT_NEAR(points[i].depth, -0.5 - (points[i].x - 90) / 20, 1e-9) << i;
-    EXPECT_NEAR(points[i].depth / points[i - 1].depth, 1.01, 1e-9) << i;
-  }
-  EXPECT_EQ(points.back().x, 100.0);
-}
-
-TEST(Profile, ConstantDepthIsTakenAsItIs) {
-  const TankConfig config =
-      config_of(sections({{"0", "Relative", "1"}, {"5", "Relative", "sqrt(0-1)"}}, "9"));
-  ASSERT_EQ(config.profile.size(), 4u);
-  EXPECT_TRUE(std::isnan(config.profile[2].depth));
-  EXPECT_TRUE(std::isnan(config.profile[3].depth));
-}
-
-TEST(Profile, WalkIsRefusedFromTheWaterLine) {
-  for (const char* depth : {"$[m]", "0 - $[m]"}) {
-    EXPECT_EQ(refusal(sections({{"0", "Relative", depth}}, "20")),
-              "string: Section[1]::depth profile does not get beyond x = 0")
-        << depth;
-  }
-}
-
-TEST(Profile, WalkIsRefusedWhereTheDepthIsNoNumber) {
-  EXPECT_EQ(refusal(sections({{"0", "Relative", "1/$[m]"}}, "20")),
-            "string: Section[1]::depth inf at x = 0 is not a number");
-  for (const char* depth : {"sqrt($[m] - 1)", "1 + 0*sqrt(0.25 - $[m])"}) {
-    const std::string thrown = refusal(sections({{"0", "Relative", depth}}, "20"));
-    EXPECT_NE(thrown.find("string: Section[1]::depth "), std::string::npos) << thrown;
-    EXPECT_NE(thrown.find("nan at x = "), std::string::npos) << thrown;
-  }
-}
-
-TEST(Profile, EndlessFormulaIsRefused) {
-  const std::string pole = refusal(sections({{"0", "Relative", "1/(5 - $[m])"}}, "20"));
-  EXPECT_EQ(pole, "string: Section[1]::depth profile does not get beyond x = 5");
-  const std::string creep =
-      refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20", "delta_x = 0.000000001;"));
-  EXPECT_EQ(creep.substr(0, 76),
-            "string: Section[1]::depth profile does not come to an end, stopped at x = 0.");
-}
-
-TEST(Profile, StepsMustBePositiveNumbersWhereTheyAreUsed) {
-  for (const char* value : {"0", "-0.01"}) {
-    EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
-                               std::string("delta_depth = ") + value + ";")),
-              "string: Tank::delta_depth is not a positive number");
-  }
-  for (const char* value : {"0", "-0.5"}) {
-    EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
-                               std::string("delta_x = ") + value + ";")),
-              "string: Tank::delta_x is not a positive number");
-  }
-  EXPECT_EQ(config_of(sections({{"0", "Relative", "1"}}, "20", "delta_x = 0; delta_depth = $;"))
-                .profile.size(),
-            2u);
-}
-
-TEST(Profile, StepsMayBeUnbounded) {
-  // 1 per cent of the depth a step, whatever its length: the first step and each further one, made
-  // as long as the one before it should have been.
-  for (const char* value : {"$", "1e999"}) {
-    const TankConfig config = config_of(sections({{"0", "Relative", "1 - $[m]/200"}}, "20",
-                                                 std::string("delta_x = ") + value + ";"));
-    ASSERT_GT(config.profile.size(), 3u);
-    EXPECT_NEAR(config.profile[1].x, 2.0, 1e-9);
-    EXPECT_NEAR(config.profile[2].x, 4.0, 1e-9);
-    EXPECT_NEAR(config.profile[3].x, 4.0 + 0.01 * 0.99 * 200, 1e-9);
-    EXPECT_EQ(config.profile.back().x, 20.0);
-  }
-  for (const char* value : {"$", "1e999"}) {
-    expect_points(config_of(sections({{"0", "Relative", "1 - $[m]/40"}}, "1.25",
-                                     std::string("delta_depth = ") + value + ";")),
-                  {{1, 0}, {0.9875, 0.5}, {0.975, 1}, {0.96875, 1.25}});
-  }
-  expect_points(config_of(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
-                                   "delta_depth = $; delta_x = $;")),
-                {{1, 0}, {0.5, 20}});
-}
-
-TEST(Profile, TankMayBeOpenAtItsEnd) {
-  for (const char* end : {"$", "1e999"}) {
-    const TankConfig config =
-        config_of(sections({{"0", "Relative", "1"}, {"5", "Relative", "0.5"}}, end));
-    ASSERT_EQ(config.profile.size(), 4u);
-    EXPECT_EQ(config.profile[2].x, 5.0);
-    EXPECT_EQ(config.profile[3].depth, 0.5);
-    EXPECT_FALSE(std::isfinite(config.profile[3].x));
-    EXPECT_FALSE(std::isfinite(config.x_high));
-    EXPECT_EQ(config.paddle_index, 0u);
-    EXPECT_EQ(config.paddle_depth, 1.0);
-  }
-}
-
-TEST(Profile, SlopesWithoutAPositionAreRefused) {
-  EXPECT_EQ(refusal(sections({{"$", "Relative", "1 - $[m]/40"}}, "20")),
-            "string: Section[1]::start or end is not a number");
-  EXPECT_EQ(refusal(sections({{"0", "Relative", "1"}, {"2", "Relative", "1 - $[m]/40"}}, "1e999")),
-            "string: Section[2]::start or end is not a number");
 }
 
 TEST(Profile, IsMadeAnewEachTime) {

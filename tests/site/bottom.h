@@ -1,0 +1,58 @@
+// Sites of any bottom, and their depth profiles.
+#ifndef KELPBOX_TESTS_SITE_BOTTOM_H_
+#define KELPBOX_TESTS_SITE_BOTTOM_H_
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "site_script.h"
+
+struct Reach {
+  std::string x;
+  std::string offset;
+  std::string depth;
+};
+
+// The full script with these sections and one that ends the tank, and other steps.
+inline std::string sections(const std::vector<Reach>& rows, const std::string& end,
+                            const std::string& steps = "") {
+  std::string text = "section[" + std::to_string(rows.size() + 1) + "..1];\n";
+  int index = 0;
+  for (const Reach& row : rows) {
+    text += "section[" + std::to_string(++index) + "] { x = " + row.x + "; offset = " + row.offset +
+            "; depth = \"" + row.depth + "\"; }\n";
+  }
+  text += "section[" + std::to_string(++index) + "] { x = " + end + "; offset = Relative; }\n";
+  text = site_with_sections(text);
+  text = changed(text, "reference_x = 1.0;", "reference_x = " + end + ";");
+  text = changed(text, "delta_depth = 0.02;", "");
+  return changed(text, "delta_x = 0.6;", steps);
+}
+
+inline Maths::TankConfig config_of(const std::string& text) {
+  Load site(text);
+  EXPECT_TRUE(site.ok()) << site.failure << site.plain_failure << site.log_text.str();
+  site.context().make_ready();
+  return site.context().tank_config();
+}
+
+inline std::string refusal(const std::string& text) {
+  Load site(text);
+  EXPECT_TRUE(site.ok()) << site.failure << site.plain_failure << site.log_text.str();
+  const std::string thrown = thrown_by([&] { site.context().make_ready(); });
+  EXPECT_FALSE(site.context().ready());
+  return thrown;
+}
+
+inline void expect_points(const Maths::TankConfig& config,
+                          const std::vector<Maths::ProfilePoint>& points) {
+  ASSERT_EQ(config.profile.size(), points.size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    EXPECT_DOUBLE_EQ(config.profile[i].depth, points[i].depth) << i;
+    EXPECT_DOUBLE_EQ(config.profile[i].x, points[i].x) << i;
+  }
+}
+
+#endif  // KELPBOX_TESTS_SITE_BOTTOM_H_
