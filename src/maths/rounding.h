@@ -1,7 +1,8 @@
 // Real numbers to counts: the one rounding of the wave code, floor(x + 0.5).
 //
-// Any input has a defined result. A number that does not fit, or is not one, passes through 64
-// bits as the most negative of them; the narrower types keep the low 32 bits.
+// Any input has a defined result, the one of the platform's own conversions: a number that does
+// not fit a signed type, or is not one, becomes its most negative value; an unsigned one keeps the
+// low 32 bits of the 64-bit result.
 #ifndef KELPBOX_MATHS_ROUNDING_H_
 #define KELPBOX_MATHS_ROUNDING_H_
 
@@ -18,7 +19,8 @@ inline std::int64_t truncate_to_i64(double x) {
 }
 
 inline std::int32_t truncate_to_i32(double x) {
-  return static_cast<std::int32_t>(truncate_to_i64(x));
+  return x > -2147483649.0 && x < 2147483648.0 ? static_cast<std::int32_t>(x)
+                                               : std::numeric_limits<std::int32_t>::min();
 }
 
 inline std::uint32_t truncate_to_u32(double x) {

@@ -1,5 +1,6 @@
 #include "maths/run_data.h"
 
+#include <cmath>
 #include <iostream>
 #include <string>
 
@@ -15,7 +16,8 @@ void RunData::init(double repeat, double rate, double min_freq, double max_freq,
   const std::int64_t high = round_to_i32(whole * max_freq);
   max_harmonic_ = static_cast<std::uint64_t>(high);
   min_harmonic_ = static_cast<std::uint64_t>(low);
-  if (min_harmonic_ > max_harmonic_) {
+  // Nor has a repeat time that is no number any harmonic.
+  if (min_harmonic_ > max_harmonic_ || !std::isfinite(whole)) {
     throw std::string("max harmonic is less than min harmonic");
   }
   repeat_ = whole;

@@ -36,16 +36,20 @@ TEST(Rounding, TheWholeRangeIsExact) {
   EXPECT_EQ(truncate_to_i64(-9223372036854775808.0), least);
 }
 
-TEST(Rounding, NarrowTypesKeepTheLowBits) {
+TEST(Rounding, UnsignedNumbersKeepTheLowBits) {
   EXPECT_EQ(round_to_u32(4294967296.0 + 5.0), 5u);
   EXPECT_EQ(round_to_u32(-1.0), 4294967295u);
-  EXPECT_EQ(round_to_i32(4294967296.0 - 7.0), -7);
+}
+
+TEST(Rounding, ASignedNumberThatDoesNotFitIsTheLeast) {
+  EXPECT_EQ(round_to_i32(2147483648.0), std::numeric_limits<std::int32_t>::min());
+  EXPECT_EQ(round_to_i32(4294967296.0 - 7.0), std::numeric_limits<std::int32_t>::min());
 }
 
 TEST(Rounding, WhatDoesNotFitIsDefined) {
   for (const double x : {nan, inf, -inf, 1e300, -1e300, 9223372036854775808.0}) {
     EXPECT_EQ(round_to_i64(x), least) << x;
-    EXPECT_EQ(round_to_i32(x), 0) << x;
+    EXPECT_EQ(round_to_i32(x), std::numeric_limits<std::int32_t>::min()) << x;
     EXPECT_EQ(round_to_u32(x), 0u) << x;
   }
 }
