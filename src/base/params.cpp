@@ -69,6 +69,14 @@ std::uint32_t Params::get_enum(const std::string& name, const std::string& type)
   return quantity.enum_value(enum_of_type(type).type);
 }
 
+double Params::read(const std::string& name, UnitCategory category) const {
+  return find_convertible(name, category)->second.get(category);
+}
+
+std::uint32_t Params::read_enum(const std::string& name, std::int32_t type) const {
+  return find_enum(name, type)->second.enum_value(type);
+}
+
 void Params::check_absent(const std::string& name) const {
   if (contains(name)) {
     throw "\"" + name + "\"::Duplicate parameter:";

@@ -66,6 +66,11 @@ class Params {
   // The value of a parameter in the given units, set or not. Throws "<name>::Not found".
   double get(const std::string& name, const std::string& units) const;
   std::uint32_t get_enum(const std::string& name, const std::string& type) const;
+  // The value in the base unit of the category. Throws as find_convertible, and "Invalid value"
+  // when it is not set.
+  double read(const std::string& name, UnitCategory category) const;
+  // The member number. Throws as find_enum, and "Invalid value" when it is not set.
+  std::uint32_t read_enum(const std::string& name, std::int32_t type) const;
 
   // Adds a valid entry. The name is looked at first: throws "\"<name>\"::Duplicate parameter:".
   void insert(const std::string& name, double value, const std::string& units);

@@ -32,8 +32,7 @@ void SiteFacade::query(Base::Params& out) {
 
 std::vector<double> SiteFacade::profile(Base::Params& in) {
   return guarded("Uncaught Exception in Experiment profile", [&] {
-    const double delta_x =
-        in.find_convertible("delta_x", Base::Category::length)->second.get(Base::Category::length);
+    const double delta_x = in.read("delta_x", Base::Category::length);
     context().tank_config().profile_samples(delta_x, profile_samples_);
     return profile_samples_;
   });

@@ -58,8 +58,7 @@ void Context::create() {
   store(Limit::min_freq, "min_freq", Base::Category::frequency);
   store(Limit::max_angle, "max_angle", Base::Category::angle);
   store(Limit::min_angle, "min_angle", Base::Category::angle);
-  geometry_ = consts.find_enum("geometry", Base::EnumType::Geometry)
-                  ->second.enum_value(Base::EnumType::Geometry);
+  geometry_ = consts.read_enum("geometry", Base::EnumType::Geometry);
 
   tank_config_.min_angle = get(Limit::min_angle);
   tank_config_.max_angle = get(Limit::max_angle);

@@ -32,8 +32,7 @@ void FixedLimits::declare(Script::List& list) {
 }
 
 void FixedLimits::get_consts(Base::Params& out) {
-  const std::uint32_t geometry = out.find_enum("geometry", Base::EnumType::Geometry)
-                                     ->second.enum_value(Base::EnumType::Geometry);
+  const std::uint32_t geometry = out.read_enum("geometry", Base::EnumType::Geometry);
 
   const FixedLimit& freq = built(frequency);
   if (freq.maximum < freq.minimum) {

@@ -82,8 +82,7 @@ PaddleRow paddle_row(const Common::Paddles& paddles) {
 void BankMotion::init(const Maths::TankConfig& tank, const Maths::RunData& run,
                       const Base::Params& params) {
   const double repeat = run.value();
-  const double rate = params.find_convertible("rate", Base::Category::frequency)
-                          ->second.get(Base::Category::frequency);
+  const double rate = params.read("rate", Base::Category::frequency);
   const std::size_t samples = sample_count(repeat, rate);
   rate_ = rate;
   depth_ = tank.paddle_depth;

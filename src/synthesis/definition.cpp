@@ -15,10 +15,6 @@ namespace {
 // Every build draws from the same seed, so that a run repeats.
 constexpr std::uint32_t merge_seed = 42;
 
-std::uint32_t read_enum(const Base::Params& params, const char* name, std::int32_t type) {
-  return params.find_enum(name, type)->second.enum_value(type);
-}
-
 Maths::FrontSet& checked(std::vector<Maths::FrontSet>& sets, std::uint32_t index) {
   if (index >= sets.size()) throw std::string("invalid vector<T> subscript");
   return sets[index];
@@ -50,14 +46,13 @@ void Definition::query(Base::Params& out) const {
 }
 
 void Definition::set(Base::Params& in) {
-  const double repeat =
-      in.find_convertible("repeat", Base::Category::time)->second.get(Base::Category::time);
+  const double repeat = in.read("repeat", Base::Category::time);
   const double min_freq = context_.get(Common::Limit::min_freq);
   const double max_freq = context_.get(Common::Limit::max_freq);
   const double base_rate = context_.get(Common::Limit::base_rate);
-  const bool dalrymple = read_enum(in, "dalrymple", Base::EnumType::Bool) == Base::Bool::True;
+  const bool dalrymple = in.read_enum("dalrymple", Base::EnumType::Bool) == Base::Bool::True;
   // Needed only by run_build, and missed here rather than there.
-  read_enum(in, "wave_merge", Base::EnumType::WaveMerge);
+  in.read_enum("wave_merge", Base::EnumType::WaveMerge);
 
   Maths::RunData run;
   run.init(repeat, base_rate, min_freq, max_freq, dalrymple);
@@ -70,7 +65,7 @@ void Definition::set(Base::Params& in) {
 const Maths::RunFronts& Definition::run_build() {
   messages_.clear();
   if (!ready_) throw std::string("Evaluate before setting state");
-  const std::uint32_t merge = read_enum(params_, "wave_merge", Base::EnumType::WaveMerge);
+  const std::uint32_t merge = params_.read_enum("wave_merge", Base::EnumType::WaveMerge);
   run_.resize(specifications_.size());
   for (std::size_t i = 0; i < specifications_.size(); ++i) {
     specifications_[i]->evaluate(run_.sets[i], run_.run, context_.tank_config(), messages_);

@@ -20,10 +20,10 @@ void Single::on_query(Base::Params& out) {
 
 void Single::on_set(Base::Params& in, Base::Params& stored) {
   for (const char* name : {"f", "a", "angle", "phase"}) stored.merge(*in.find(name));
-  f_ = stored.at("f").get(Category::frequency);
-  a_ = stored.at("a").get(Category::length);
-  angle_ = Maths::wrap_angle(stored.at("angle").get(Category::angle));
-  phase_ = stored.at("phase").get(Category::angle);
+  f_ = stored.read("f", Category::frequency);
+  a_ = stored.read("a", Category::length);
+  angle_ = Maths::wrap_angle(stored.read("angle", Category::angle));
+  phase_ = stored.read("phase", Category::angle);
 }
 
 void Single::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData& run,

@@ -6,13 +6,6 @@
 #include "base/units.h"
 
 namespace Synthesis {
-namespace {
-
-double read(const Base::Params& params, const char* name, Base::UnitCategory category) {
-  return params.find_convertible(name, category)->second.get(category);
-}
-
-}  // namespace
 
 void Specification::add_component(Component& component) { components_.push_back(&component); }
 
@@ -50,9 +43,9 @@ void Specification::set(const Base::Params& in) {
 void Specification::evaluate(Maths::FrontSet& fronts, const Maths::RunData& run,
                              const Maths::TankConfig& tank, Messages& messages) {
   if (!ready_) throw std::string("Evaluating specification before values set");
-  const double x = read(params_, "x", Base::Category::length);
-  const double y = read(params_, "y", Base::Category::length);
-  const double t = read(params_, "t", Base::Category::time);
+  const double x = params_.read("x", Base::Category::length);
+  const double y = params_.read("y", Base::Category::length);
+  const double t = params_.read("t", Base::Category::time);
   fronts.position = {x, y, t};
   for (Component* component : components_) component->evaluate(fronts, run, messages);
   for (Modifier* modifier : modifiers_) {

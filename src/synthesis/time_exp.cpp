@@ -105,7 +105,7 @@ TimeExp::Steepness TimeExp::sample(std::vector<double>& x, double dt) const {
 
 void TimeExp::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
                           const Maths::RunData& run, Messages&) {
-  const double rate = stored.at("rate").get(Category::frequency);
+  const double rate = stored.read("rate", Category::frequency);
   if (rate == 0) throw std::string("data rate is zero");
   const double dt = 1.0 / rate;
   double steps = run.value() * rate;

@@ -41,9 +41,9 @@ void TimeSeries::on_query(Base::Params& out) {
 
 void TimeSeries::on_set(Base::Params& in, Base::Params& stored) {
   for (const char* name : {"scale_ratio", "rate", "ramp_type"}) stored.merge(*in.find(name));
-  const double scale_ratio = stored.at("scale_ratio").get(Category::unit);
-  const double rate = stored.at("rate").get(Category::frequency);
-  double ramp_time = in.at("ramp_time").get(Category::time);
+  const double scale_ratio = stored.read("scale_ratio", Category::unit);
+  const double rate = stored.read("rate", Category::frequency);
+  double ramp_time = in.read("ramp_time", Category::time);
   const double duration = static_cast<double>(data_->data.size()) / (std::sqrt(scale_ratio) * rate);
   if (ramp_time > duration * 0.5) ramp_time = duration * 0.5;
   stored.merge(*in.set_checked("ramp_time", ramp_time, Category::time, 0.01));
@@ -52,11 +52,11 @@ void TimeSeries::on_set(Base::Params& in, Base::Params& stored) {
 void TimeSeries::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
                              const Maths::RunData& run, Messages&) {
   const double repeat = run.value();
-  const double scale_ratio = stored.at("scale_ratio").get(Category::unit);
-  const double rate = stored.at("rate").get(Category::frequency);
-  const double ramp_time = stored.at("ramp_time").get(Category::time);
+  const double scale_ratio = stored.read("scale_ratio", Category::unit);
+  const double rate = stored.read("rate", Category::frequency);
+  const double ramp_time = stored.read("ramp_time", Category::time);
   // Only proved to be there: every ramp is the plain overlap.
-  stored.at("ramp_type").enum_value(Base::EnumType::Ramp);
+  stored.read_enum("ramp_type", Base::EnumType::Ramp);
 
   const double scaled_rate = rate * std::sqrt(scale_ratio);
   const std::uint32_t N = Maths::round_to_u32(repeat * scaled_rate);

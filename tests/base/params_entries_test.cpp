@@ -57,6 +57,22 @@ TEST(Params, FindEnum) {
   EXPECT_EQ(thrown([&] { params.find_enum("rate", EnumType::Ramp); }), "rate::wrong enum type");
 }
 
+TEST(Params, ReadInACategory) {
+  Params params;
+  params.insert("depth", 50.0, "cm");
+  params.insert("ran", "FullRandom", "RanGen");
+  params.declare("width", resolve_units("m"));
+  params.declare_enum("ramp", EnumType::Ramp);
+  EXPECT_DOUBLE_EQ(params.read("depth", Category::length), 0.5);
+  EXPECT_EQ(params.read_enum("ran", EnumType::RanGen), 1u);
+  EXPECT_EQ(thrown([&] { params.read("x", Category::length); }), "x::Not found");
+  EXPECT_EQ(thrown([&] { params.read("depth", Category::time); }), "depth::not convertable");
+  EXPECT_EQ(thrown([&] { params.read("width", Category::length); }), "Invalid value");
+  EXPECT_EQ(thrown([&] { params.read_enum("x", EnumType::Bool); }), "x::Not found");
+  EXPECT_EQ(thrown([&] { params.read_enum("ran", EnumType::Bool); }), "ran::wrong enum type");
+  EXPECT_EQ(thrown([&] { params.read_enum("ramp", EnumType::Ramp); }), "Invalid value");
+}
+
 TEST(Params, ADeclaredEntryIsUnset) {
   Params params;
   params.declare("depth", resolve_units("cm"));

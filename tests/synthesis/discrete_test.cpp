@@ -61,7 +61,7 @@ TEST(Single, ParametersHaveToBeThereAndSet) {
             "Single::evaluate::when not ready");
   Base::Params wrong = wave(1.0, 1.0, 0.0, 0.0);
   wrong.at("a").units = Base::resolve_units("s");
-  EXPECT_EQ(thrown_by([&] { component.set(wrong); }), "Unable to convert from \"s\" to \"m\"");
+  EXPECT_EQ(thrown_by([&] { component.set(wrong); }), "a::not convertable");
 }
 
 TEST(Single, OnAHarmonicIsOneFrontWithoutRemark) {
@@ -234,7 +234,8 @@ TEST(SetFronts, QueryWithoutARepeatTimeIsStillAReport) {
     EXPECT_TRUE(text.rfind("Detail::Repeat time = nans with error = ", 0) == 0 ||
                 text.rfind("Detail::Repeat time = -nans with error = ", 0) == 0)
         << text;
-    EXPECT_EQ(text.back(), '%');
+    // Not a number as a 32-bit count is the least one, -2147483648, and here tenths of it.
+    EXPECT_TRUE(text.ends_with(" = -2.14748e+08%")) << text;
   }
 }
 

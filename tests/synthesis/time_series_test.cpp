@@ -99,7 +99,7 @@ TEST(TimeSeries, RampTypeHasToBeARamp) {
   Base::Params in = params_of(1.0, 8.0, 0.0);
   in.at("ramp_type") = Base::Quantity(1.0, Base::resolve_units(""));
   component.set(in);
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }), "Not an enum");
+  EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }), "ramp_type::wrong enum type");
 }
 
 TEST(TimeSeries, HarmonicSineGivesOneFront) {
