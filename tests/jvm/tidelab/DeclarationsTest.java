@@ -28,7 +28,7 @@ class DeclarationsTest {
 
     private static TreeSet<String> exported() throws Exception {
         Process nm =
-                new ProcessBuilder("nm", "-D", "--defined-only", System.getProperty("kelpbox.library"))
+                new ProcessBuilder("nm", "-D", "--defined-only", System.getProperty("kelpbox.so"))
                         .redirectError(ProcessBuilder.Redirect.INHERIT)
                         .start();
         TreeSet<String> names = new TreeSet<>();

@@ -57,7 +57,7 @@ final class Flume {
     private Flume() {}
 
     static void load() {
-        System.load(System.getProperty("kelpbox.library"));
+        System.load(System.getProperty("kelpbox.so"));
     }
 
     /** A file of that text, gone when the JVM ends. */
