@@ -60,6 +60,34 @@ struct Fields {
   List list;
 };
 
+// A fixed and two adjustable fields, which stand below the root.
+class Tuned : public Script::Declared {
+ public:
+  const char* class_name() const override { return "Tuned"; }
+  void declare(List& list) override {
+    list.fixed("size", size);
+    list.adjustable("trim", trim);
+    list.adjustable("zero", zero);
+  }
+  std::int32_t size = 1;
+  std::int32_t trim = 2;
+  std::int32_t zero = 3;
+};
+
+// An object and an array of two elements.
+struct Below {
+  Below() {
+    list.name("Root");
+    list.object("one", one);
+    list.array("Many", many);
+    one.build();
+    many.build(8, 7);
+  }
+  Script::WrapObj<Tuned> one;
+  Script::WrapAry<Tuned> many{Script::Rule{}};
+  List list;
+};
+
 }  // namespace
 
 TEST(TextForm, EachKindHasItsFormat) {
@@ -212,6 +240,18 @@ TEST(Print, ElementOfOneFieldStandsOnOneLine) {
   EXPECT_EQ(printed(list, false, 0), "Layer[0..-1];\nLayer[-1] {depth = 1;}Layer[0] {depth = 2;}");
 }
 
+TEST(Print, FlagHoldsBelowTheRoot) {
+  const Below below;
+  const std::string tuning = "\t\ttrim = 2;\n\t\tzero = 3;\n\t}\n";
+  EXPECT_EQ(printable_count(below.list, true), 6u);
+  EXPECT_EQ(printed(below.list, true, 1),
+            "\tone {\n" + tuning + "\tMany[7] {\n" + tuning + "\tMany[8] {\n" + tuning);
+  const std::string all = "\t\tsize = 1;\n" + tuning;
+  EXPECT_EQ(printable_count(below.list, false), 9u);
+  EXPECT_EQ(printed(below.list, false, 1),
+            "\tone {\n" + all + "\tMany[8..7];\n\tMany[7] {\n" + all + "\tMany[8] {\n" + all);
+}
+
 TEST(Print, OtherTypesFail) {
   List members;
   members.member("a", 1);
@@ -340,6 +380,13 @@ TEST(Checksum, ObjectsAndElementsAddTheirNamesAndFields) {
   layer[0].depth = 2;
   layer[1].depth = 3;
   EXPECT_EQ(checksum(list, true), sum_of("RootBoxx = 1Layerdepth = 2Layerdepth = 3"));
+}
+
+TEST(Checksum, FlagHoldsBelowTheRoot) {
+  const Below below;
+  EXPECT_EQ(checksum(below.list, true), sum_of("RootTunedsize = 1Tunedsize = 1Tunedsize = 1"));
+  const std::string all = "Tunedsize = 1trim = 2zero = 3";
+  EXPECT_EQ(checksum(below.list, false), sum_of("Root" + all + all + all));
 }
 
 TEST(Checksum, OtherTypesFail) {
