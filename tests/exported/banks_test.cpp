@@ -87,4 +87,20 @@ TEST_F(Banks, BanksAndPaddlesOutOfRangeAreTold) {
   EXPECT_TRUE(names(set).empty());
 }
 
+// The units of the data go in first, the limits behind them.
+TEST_F(Banks, ALimitThatIsThereAlreadyIsToldAfterTheDataUnits) {
+  const jlong set = params({{"clip_paddle_motion", 1, "m"}});
+  EXPECT_EQ(
+      thrown_by(NATIVE(Kelpbox_1Experiment_1paddle_1bank_1info), basin(), proxy, 0, set, proxy),
+      domain("\"clip_paddle_motion\"::Duplicate parameter:"));
+  EXPECT_EQ(names(set), (std::vector<std::string>{"clip_paddle_motion", "data_units"}));
+}
+
+TEST_F(Banks, APlaceThatIsThereAlreadyIsToldAfterTheNumber) {
+  const jlong set = params({{"x", 1, "m"}});
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1paddle_1info), basin(), proxy, 0, 0, set, proxy),
+            domain("\"x\"::Duplicate parameter:"));
+  EXPECT_EQ(names(set), (std::vector<std::string>{"paddle_num", "x"}));
+}
+
 }  // namespace
