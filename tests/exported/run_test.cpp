@@ -232,6 +232,21 @@ TEST_F(Run, AnEmptyDefinitionHasAnEmptyRun) {
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1run_1size), experiment, proxy, run), 0);
 }
 
+TEST_F(Run, WhatWasRemovedIsNotInTheNextRun) {
+  set_all();
+  const auto remove = NATIVE(Kelpbox_1Experiment_1remove);
+  host.call(remove, experiment, proxy, wave);
+  ASSERT_EQ(thrown_by_build(), Thrown{});
+  EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1run_1size), experiment, proxy, run), 1);
+  const jlong fronts =
+      host.call(NATIVE(Kelpbox_1Experiment_1fronts_1_1SWIG_12), experiment, proxy, run);
+  EXPECT_EQ(host.call(NATIVE(Kelpbox_1StdVectorFront_1size), fronts, proxy), 0);
+
+  host.call(remove, experiment, proxy, group);
+  ASSERT_EQ(thrown_by_build(), Thrown{});
+  EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1run_1size), experiment, proxy, run), 0);
+}
+
 TEST_F(Run, EveryOperationWantsTheIdOfADefinition) {
   const jlong set = params({{"rate", 50, "Hz"}});
   const auto check = [&](jlong id, const Thrown& refused) {

@@ -259,7 +259,7 @@ TEST_F(Tree, ADeletedExperimentFreesWhatItHolds) {
   host.call(NATIVE(delete_1Kelpbox_1Experiment), made);
 }
 
-// A modifier that does nothing, until the classes of the library are asked for by name.
+// A modifier that changes no front, until the classes of the library are asked for by name.
 class Plain : public Synthesis::Modifier {
  public:
   explicit Plain(Slot slot) : Modifier(slot, "Plain") {}
@@ -268,6 +268,7 @@ class Plain : public Synthesis::Modifier {
   void on_query(Base::Params& out) override {
     out.declare("gain", Base::default_units(Base::Category::unit));
   }
+  void on_set(Base::Params& in, Base::Params&) override { in.find("gain"); }
   void on_evaluate(const Base::Params&, Maths::FrontSet&, const Maths::RunData&,
                    const Maths::TankConfig&, Synthesis::Messages&) override {}
 };
@@ -329,7 +330,7 @@ TEST_F(Modifiers, AModifierIsAnItemOfTheTree) {
   const jlong gain = attach(group, Synthesis::Modifier::gain);
   EXPECT_EQ(gain, 2);
   EXPECT_EQ(queried(gain), std::vector<std::string>{"gain"});
-  EXPECT_EQ(thrown_by_set(gain, params()), Thrown{});
+  EXPECT_EQ(thrown_by_set(gain, params()), domain("gain::Not found"));
   remove(gain);
   EXPECT_EQ(thrown_by_query(gain), inactive);
   EXPECT_EQ(attach(group, Synthesis::Modifier::gain), 3);
