@@ -53,7 +53,8 @@ class Experiment : public SiteFacade {
 
   std::string context_name();
   std::string context_string();
-  // Takes the tunable values and makes the tank ready again; a failure leaves it not ready.
+  // Takes the tunable values and makes the tank ready again. Values that are refused leave it
+  // ready as it was; a failure to make it leaves it not ready.
   void set(Base::Params& in);
   std::uint32_t paddle_banks();
   // A bank out of range throws the Script::LogItm of the site's arrays.

@@ -232,6 +232,19 @@ TEST_F(Site, AMissingTunableValueIsNamed) {
             domain("delay::Not found"));
 }
 
+TEST_F(Site, ValuesThatAreRefusedLeaveTheTankReady) {
+  const jlong experiment = basin();
+  const jlong wanted = params({{"beach", 0.5, "m"}, {"delay", 3, "m"}});
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, wanted, proxy),
+            domain("Unable to convert from \"m\" to \"ms\""));
+  const jlong step = params({{"delta_x", 30, "m"}});
+  const jlong depths =
+      own(host.call(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, step, proxy),
+          NATIVE(delete_1Kelpbox_1StdVectorDouble));
+  ASSERT_NE(depths, 0);
+  EXPECT_EQ(values_of(depths), (std::vector<double>{1, 0.5}));
+}
+
 TEST_F(Site, TheProfileSamplesTheDepthsAlongTheTank) {
   const jlong experiment = basin();
   const jlong step = params({{"delta_x", 500, "cm"}});
