@@ -2,15 +2,14 @@
 #ifndef KELPBOX_TESTS_SCRIPT_COMMA_LOCALE_H_
 #define KELPBOX_TESTS_SCRIPT_COMMA_LOCALE_H_
 
-#include <locale.h>
-
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
 #include "testutil.h"
 
-// Holds for this thread while it lives. It is compiled here, with a character map of its own: most
+// Holds for the process while it lives. It is compiled here, with a character map of its own: most
 // machines have neither a locale with a comma installed nor the sources of one.
 class CommaLocale {
  public:
@@ -29,25 +28,19 @@ class CommaLocale {
     // It fails for want of the other categories even where it has made the one.
     if (std::system(command.c_str()) == -1) return;
     setenv("LOCPATH", dir_.path().c_str(), 1);
-    comma_ = newlocale(LC_NUMERIC_MASK, "comma", nullptr);
+    active_ = std::setlocale(LC_NUMERIC, "comma") != nullptr;
     unsetenv("LOCPATH");
-    if (comma_) before_ = uselocale(comma_);
   }
-  ~CommaLocale() {
-    if (!comma_) return;
-    uselocale(before_);
-    freelocale(comma_);
-  }
+  ~CommaLocale() { std::setlocale(LC_NUMERIC, "C"); }
   CommaLocale(const CommaLocale&) = delete;
   CommaLocale& operator=(const CommaLocale&) = delete;
 
   // False where the C library cannot make one.
-  bool active() const { return comma_ != nullptr; }
+  bool active() const { return active_; }
 
  private:
   TempDir dir_;
-  locale_t comma_ = nullptr;
-  locale_t before_ = nullptr;
+  bool active_ = false;
 };
 
 #endif  // KELPBOX_TESTS_SCRIPT_COMMA_LOCALE_H_
