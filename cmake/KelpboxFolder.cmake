@@ -44,6 +44,6 @@ function(kelpbox_test name)
   endforeach()
   target_link_libraries(${target} PRIVATE GTest::gtest_main)
   target_compile_definitions(${target} PRIVATE TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}")
-  gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
+  gtest_discover_tests(${target} TEST_PREFIX "${name}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 300)
 endfunction()
