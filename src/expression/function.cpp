@@ -19,7 +19,7 @@ constexpr std::string_view SyntaxError = "ExpressionParser error::";
 class Function::Parser final : public ExpressionParser {
  public:
   void error(const std::string& report) override {
-    std::cout << "Help" << report << '\n';
+    std::cout << "Help" << report << std::endl;
     throw std::string(SyntaxError) + report;
   }
 };

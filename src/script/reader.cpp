@@ -70,7 +70,7 @@ bool SubSerial::Parser::read(const fs::path& file, unsigned depth) {
 bool SubSerial::Parser::take(ScriptScan& scan, int token) {
   if (token != TOKEN_IDENT) return push(token, std::move(scan.value()));
   Variable found = find(scan.text());
-  if (found.type() == VarType::empty) std::cout << "UNFOUND = " << scan.text() << '\n';
+  if (found.type() == VarType::empty) std::cout << "UNFOUND = " << scan.text() << std::endl;
   const int kind = ident_token(found);
   return push(kind, std::move(found));
 }

@@ -34,7 +34,7 @@ std::int32_t rounded(double value, const char* name) {
   // Rounding to 0 divides by 0: any loss is then infinite, and an exact 0 is none.
   if (std::abs(value - nearest) / std::abs(nearest) > 0.001) {
     std::cout << "Loss of resolution while rounding value " << value << " for variable " << name
-              << '\n';
+              << std::endl;
   }
   return static_cast<std::int32_t>(nearest);
 }
