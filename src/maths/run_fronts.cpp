@@ -4,6 +4,7 @@
 #include <cmath>
 #include <complex>
 #include <string>
+#include <utility>
 
 #include "base/constants.h"
 #include "maths/dalrymple.h"
@@ -116,13 +117,15 @@ void RunFronts::merge_random(const RanGen& generator) {
 void RunFronts::build_merged(const TankConfig& tank) {
   if (sets.empty()) return;
   TankRun tank_run(tank, run);
-  merged = sets.front();
-  carry_to_paddles(merged, tank_run);
+  // Apart, so that a set which cannot be carried leaves the last result as it was.
+  FrontSet sum = sets.front();
+  carry_to_paddles(sum, tank_run);
   for (std::size_t s = 1; s < sets.size(); ++s) {
     FrontSet copy = sets[s];
     carry_to_paddles(copy, tank_run);
-    merge_sets(merged, copy);
+    merge_sets(sum, copy);
   }
+  merged = std::move(sum);
 }
 
 void refer_to_paddles(FrontSet& set, const TankRun& tank, double y_ref) {

@@ -159,4 +159,24 @@ TEST(WaveMerge, EachSpecificationKeepsItsPositionThroughAMerge) {
   }
 }
 
+TEST(WaveMerge, AFailedBuildLeavesTheMergedFrontsUntouched) {
+  Site site;
+  Part near({{4, {0.1, 0.0, 0.0}}}, at(0, 0, 0));
+  Part far({{6, {0.3, 0.0, 0.0}}}, at(5, 0, 0));
+  Definition definition("run", site.context());
+  definition.add_specification(near.specification);
+  definition.add_specification(far.specification);
+  set(definition, run_params(10.0));
+  definition.run_build();
+
+  near.component.fronts = {{4, {0.2, 0.0, 0.0}}};
+  far.specification.set(at(1000, 0, 0));
+  EXPECT_EQ(Testing::thrown([&] { definition.run_build(); }),
+            "Value x=1000 is outside dimensions of tank");
+  const std::vector<Synthesis::Front>& merged = definition.fronts(true);
+  ASSERT_EQ(merged.size(), 2u);
+  EXPECT_EQ(merged[0].amp, 0.1);
+  EXPECT_EQ(merged[1].freq, 0.6);
+}
+
 }  // namespace
