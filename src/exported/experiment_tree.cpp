@@ -6,6 +6,7 @@
 #include "exported/guard.h"
 #include "exported/wave_modifiers.h"
 #include "expression/function.h"
+#include "synthesis/piecewise.h"
 #include "synthesis/set_fronts.h"
 #include "synthesis/single.h"
 #include "synthesis/spectrum.h"
@@ -192,13 +193,8 @@ void Experiment::set(std::uint32_t id, Base::Params& in) {
 
 void Experiment::get_params(const std::string& text, Base::Params& out) {
   if (text.empty()) return;
-  std::size_t begin = 0;
-  while (true) {
-    const std::size_t end = text.find('#', begin);
-    const std::string piece = text.substr(begin, end - begin);
+  for (const std::string& piece : Synthesis::split_pieces(text)) {
     Expression::Function(piece.substr(0, piece.find('@'))).declare(out);
-    if (end == std::string::npos) return;
-    begin = end + 1;
   }
 }
 

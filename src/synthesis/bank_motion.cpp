@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <sstream>
 #include <string>
 
 #include "base/constants.h"
@@ -13,6 +12,7 @@
 #include "base/units.h"
 #include "maths/dispersion.h"
 #include "maths/wavemaker_ratio.h"
+#include "synthesis/compose.h"
 #include "synthesis/paddle_spectrum.h"
 
 namespace Synthesis {
@@ -25,10 +25,8 @@ constexpr double max_samples = 1 << 27;
 std::size_t sample_count(double repeat, double rate) {
   const double count = std::floor(repeat * rate + 0.5);
   if (count >= 0.0 && count <= max_samples) return static_cast<std::size_t>(count);
-  std::ostringstream text;
-  text << "rate::" << rate << " Hz gives no usable number of samples in a repeat time of " << repeat
-       << " s";
-  throw text.str();
+  throw compose("rate::", rate, " Hz gives no usable number of samples in a repeat time of ",
+                repeat, " s");
 }
 
 // The depth of the paddle's working edge below the water line.

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <sstream>
 #include <string>
 
 #include "base/enumerations.h"
 #include "base/units.h"
 #include "maths/random.h"
+#include "synthesis/compose.h"
 
 namespace Synthesis {
 namespace {
@@ -116,10 +116,8 @@ const std::vector<double>& Definition::paddle_motion_data(std::uint32_t bank,
                                                           std::uint32_t paddle) const {
   const std::vector<std::vector<double>>& series = checked(banks_, bank).series();
   if (paddle >= series.size()) {
-    std::ostringstream text;
-    text << "Paddle out of range in paddle_motion_data::bank " << bank
-         << " has no signal of paddle " << paddle;
-    throw text.str();
+    throw compose("Paddle out of range in paddle_motion_data::bank ", bank,
+                  " has no signal of paddle ", paddle);
   }
   return series[paddle];
 }
