@@ -19,9 +19,9 @@ final class Propagation {
         Kelpbox_Experiment_get_consts(experiment, null, params, null);
         g = Kelpbox_Params_get(params, null, "base_g", "m/s2");
         xLow = Kelpbox_Params_get(params, null, "min_x", "m");
-        Basin.number(params, "delta_x", STEP, "m");
+        Native.number(params, "delta_x", STEP, "m");
         long profile = Kelpbox_Experiment_profile(experiment, null, params, null);
-        depths = Basin.array(profile);
+        depths = Native.array(profile);
         delete_Kelpbox_StdVectorDouble(profile);
         delete_Kelpbox_Params(params);
     }
