@@ -12,22 +12,11 @@
 #include "base/units.h"
 #include "maths/dispersion.h"
 #include "maths/wavemaker_ratio.h"
-#include "synthesis/compose.h"
 #include "synthesis/paddle_spectrum.h"
+#include "synthesis/sample_count.h"
 
 namespace Synthesis {
 namespace {
-
-// A signal of more samples, 1 GiB, is a mistaken rate.
-constexpr double max_samples = 1 << 27;
-
-// The number of samples, 0 for a rate too low to have any.
-std::size_t sample_count(double repeat, double rate) {
-  const double count = std::floor(repeat * rate + 0.5);
-  if (count >= 0.0 && count <= max_samples) return static_cast<std::size_t>(count);
-  throw compose("rate::", rate, " Hz gives no usable number of samples in a repeat time of ",
-                repeat, " s");
-}
 
 // The depth of the paddle's working edge below the water line.
 double working_edge(const Common::Machine& machine, double depth) {
