@@ -7,6 +7,7 @@
 #include "base/enumerations.h"
 #include "base/units.h"
 #include "maths/random.h"
+#include "maths/tank_run.h"
 #include "synthesis/compose.h"
 
 namespace Synthesis {
@@ -124,6 +125,12 @@ const std::vector<double>& Definition::paddle_motion_data(std::uint32_t bank,
 
 void Definition::paddle_motion_stats(std::uint32_t bank, Base::Params& out) const {
   checked(banks_, bank).stats(out);
+}
+
+void Definition::twod_build(Base::Params& in) {
+  const PointSpec point = fit_point(in, run_.run);
+  Maths::TankRun tank(context_.tank_config(), run_.run);
+  twod_.build(run_.merged, tank, point, in);
 }
 
 }  // namespace Synthesis

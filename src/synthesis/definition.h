@@ -15,6 +15,7 @@
 #include "site/context.h"
 #include "synthesis/bank_motion.h"
 #include "synthesis/specification.h"
+#include "synthesis/two_d.h"
 
 namespace Synthesis {
 
@@ -53,12 +54,20 @@ class Definition {
   const std::vector<double>& paddle_motion_data(std::uint32_t bank, std::uint32_t paddle) const;
   void paddle_motion_stats(std::uint32_t bank, Base::Params& out) const;
 
+  // The wave at a point, from the merged fronts. Reads "rate", "x", "y", "delta_angle" and writes
+  // "rate" and "delta_angle" back as fitted.
+  void twod_build(Base::Params& in);
+  // 0 time, 1 spectrum, 2 variance, 3 direction, valid until the next twod_build. Throws "Unknown
+  // option ot twod_data".
+  const std::vector<double>& twod_data(std::int32_t type) const { return twod_.data(type); }
+
  private:
   Base::Params params_;
   std::string name_;
   std::vector<Specification*> specifications_;
   Maths::RunFronts run_;
   Common::Context& context_;
+  TwoD twod_;
   std::vector<BankMotion> banks_;
   std::vector<Front> display_fronts_;
   std::vector<Maths::TransferFront> transfer_fronts_;

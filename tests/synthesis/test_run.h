@@ -54,6 +54,15 @@ inline SiteText with_bank(const BankText& bank) {
   return text;
 }
 
+// The parameters of a point: Hz, metres, radians.
+inline Base::Params point_params(double rate, double x, double y, double delta_angle = 0.1) {
+  Base::Params params = rate_params(rate);
+  params.insert("x", x, "m");
+  params.insert("y", y, "m");
+  params.insert("delta_angle", delta_angle, "rad");
+  return params;
+}
+
 // The wave amplitude per unit of paddle motion by linear wavemaker theory, from the shape of the
 // motion: 2 sinh(kd) / (sinh(kd) cosh(kd) + kd) times k times the integral of shape(z)
 // cosh k(z + d) from the edge to the surface, by Simpson's rule.
