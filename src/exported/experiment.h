@@ -98,6 +98,9 @@ class Experiment : public SiteFacade {
   const std::vector<double>& paddle_motion_data(std::uint32_t id, std::uint32_t bank,
                                                 std::uint32_t paddle);
   void paddle_motion_stats(std::uint32_t id, std::uint32_t bank, Base::Params& out);
+  void twod_build(std::uint32_t id, Base::Params& in);
+  // Throws "Unsupported enum to experiment::twod_data".
+  const std::vector<double>& twod_data(std::uint32_t id, std::int32_t which);
 
  protected:
   // Give an object made elsewhere to a specification. Throw "ID out of range", and the object's

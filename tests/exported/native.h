@@ -143,5 +143,7 @@ DECLARE(void, Kelpbox_1Experiment_1paddle_1motion_1build, jlong, jobject, jlong,
 DECLARE(jlong, Kelpbox_1Experiment_1paddle_1motion_1data, jlong, jobject, jlong, jlong, jlong);
 DECLARE(void, Kelpbox_1Experiment_1paddle_1motion_1stats, jlong, jobject, jlong, jlong, jlong,
         jobject);
+DECLARE(void, Kelpbox_1Experiment_1twod_1build, jlong, jobject, jlong, jlong, jobject);
+DECLARE(jlong, Kelpbox_1Experiment_1twod_1data, jlong, jobject, jlong, jint);
 
 #endif  // KELPBOX_TESTS_EXPORTED_NATIVE_H_

@@ -290,4 +290,8 @@ public final class KelpboxNativeLibraryJNI {
             long self, Object proxy, long id, long bank, long paddle);
     public static native void Kelpbox_Experiment_paddle_motion_stats(
             long self, Object proxy, long id, long bank, long params, Object paramsProxy);
+    public static native void Kelpbox_Experiment_twod_build(
+            long self, Object proxy, long id, long params, Object paramsProxy);
+    public static native long Kelpbox_Experiment_twod_data(
+            long self, Object proxy, long id, int which);
 }

@@ -1,0 +1,16 @@
+// Exported names of the operations that tell the wave at a point.
+#include "exported/experiment.h"
+#include "exported/frame.h"
+
+using namespace Kelpbox;
+
+KELPBOX_EXPORT(void, Kelpbox_1Experiment_1twod_1build)
+(JNIEnv* env, jclass, jlong self, jobject, jlong id, jlong in, jobject) {
+  call(env, &Experiment::twod_build, Self<Experiment>{self}, Unsigned{id},
+       Reference<Base::Params&>{in});
+}
+
+KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1twod_1data)
+(JNIEnv* env, jclass, jlong self, jobject, jlong id, jint which) {
+  return call(env, &Experiment::twod_data, Self<Experiment>{self}, Unsigned{id}, Index{which});
+}

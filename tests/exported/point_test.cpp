@@ -1,0 +1,185 @@
+// The wave at a point, as a host asks for it.
+#include <cmath>
+#include <limits>
+
+#include "fixture.h"
+#include "synthesis/two_d.h"
+
+namespace {
+
+constexpr double pi = 3.14159265358979323846;
+
+class Point : public HostTest {
+ protected:
+  void SetUp() override {
+    experiment = basin();
+    make_tree();
+  }
+
+  // A run of 10 s with one wave of 0.5 Hz, set and not built.
+  void make_tree() {
+    run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
+    group = host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
+    wave = host.call(NATIVE(Kelpbox_1Experiment_1add_1single), experiment, proxy, group);
+    const jlong values = params({{"repeat", 10, "s"}});
+    insert_enum(values, "dalrymple", "False", "Bool");
+    insert_enum(values, "wave_merge", "Null", "WaveMerge");
+    set(run, values);
+    set(group, params({{"x", 0, "m"}, {"y", 0, "m"}, {"t", 0, "s"}}));
+    set_wave(0.5, 0.05, 0.3);
+  }
+  void set(jlong id, jlong values) {
+    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), experiment, proxy, id, values, proxy);
+  }
+  void set_wave(double f, double a, double angle) {
+    set(wave,
+        params({{"f", f, "Hz"}, {"a", a, "m"}, {"angle", angle, "rad"}, {"phase", 0, "rad"}}));
+  }
+  void build_run() {
+    ASSERT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, run), Thrown{});
+  }
+  Thrown thrown_by_build(jlong values) {
+    return thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1build), experiment, proxy, run, values,
+                     proxy);
+  }
+  Thrown thrown_by_data(jlong id, jint which) {
+    return thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1data), experiment, proxy, id, which);
+  }
+  jlong point(double rate, double x, double y, double delta_angle) {
+    return params(
+        {{"rate", rate, "Hz"}, {"x", x, "m"}, {"y", y, "m"}, {"delta_angle", delta_angle, "rad"}});
+  }
+  jlong data(jint which) {
+    return host.call(NATIVE(Kelpbox_1Experiment_1twod_1data), experiment, proxy, run, which);
+  }
+
+  jlong experiment = 0;
+  jlong run = 0;
+  jlong group = 0;
+  jlong wave = 0;
+};
+
+TEST_F(Point, TheFourResultsAreRead) {
+  build_run();
+  for (jint which = 0; which < 4; ++which) EXPECT_TRUE(values_of(data(which)).empty());
+  const jlong values = point(50, 0, 2, pi / 6);
+  ASSERT_EQ(thrown_by_build(values), Thrown{});
+
+  const std::vector<double> eta = values_of(data(0));
+  ASSERT_EQ(eta.size(), 500u);
+  // The crosswise phase at the paddle line, with omega^2 = g k tanh(k) by bisection.
+  double low = 0;
+  double high = 10;
+  while (high - low > 1e-14) {
+    const double k = 0.5 * (low + high);
+    (9.81 * k * std::tanh(k) < pi * pi ? low : high) = k;
+  }
+  for (std::size_t j = 0; j < eta.size(); ++j) {
+    const double t = static_cast<double>(j) / 50;
+    EXPECT_NEAR(eta[j], 0.05 * std::cos(pi * t - low * 2 * std::sin(0.3)), 0.05 * 1e-4);
+  }
+  const std::vector<double> spectrum = values_of(data(1));
+  const std::vector<double> variance = values_of(data(2));
+  ASSERT_EQ(spectrum.size(), 251u);
+  ASSERT_EQ(variance.size(), 251u);
+  EXPECT_NEAR(spectrum[5], 0.05, 1e-15);
+  EXPECT_NEAR(variance[5], 0.05 * 0.05 / 2 * 10, 1e-15);
+  const std::vector<double> direction = values_of(data(3));
+  ASSERT_EQ(direction.size(), 12u);
+  EXPECT_NEAR(direction[1], 1.0, 1e-15);
+}
+
+TEST_F(Point, TheResultsBelongToTheDefinitionAndAreRefilled) {
+  build_run();
+  ASSERT_EQ(thrown_by_build(point(50, 1, 0, 1)), Thrown{});
+  const jlong time = data(0);
+  ASSERT_EQ(thrown_by_build(point(20, 1, 0, 1)), Thrown{});
+  EXPECT_EQ(data(0), time);
+  EXPECT_EQ(values_of(time).size(), 200u);
+}
+
+TEST_F(Point, RateAndSectorComeBackAsFitted) {
+  build_run();
+  const jlong values =
+      params({{"rate", 1.26, "Hz"}, {"x", 1, "m"}, {"y", 0, "m"}, {"delta_angle", 0.9, "rad"}});
+  ASSERT_EQ(thrown_by_build(values), Thrown{});
+  EXPECT_EQ(value(values, "rate", "Hz"), 1.3);
+  EXPECT_EQ(comments(values), std::vector<std::string>{"Warning::Poor match"});
+  EXPECT_NEAR(value(values, "delta_angle", "rad"), 2 * pi / 7, 1e-15);
+}
+
+TEST_F(Point, DataOfAnotherKindIsRefused) {
+  for (const jint which : {4, -1, 1000000}) {
+    EXPECT_EQ(thrown_by_data(run, which), domain("Unsupported enum to experiment::twod_data"));
+  }
+}
+
+TEST_F(Point, EveryOperationWantsTheIdOfADefinition) {
+  const auto check = [&](jlong id, const Thrown& refused) {
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1build), experiment, proxy, id,
+                        point(50, 1, 0, 1), proxy),
+              refused);
+    // The ID comes before the kind of data.
+    EXPECT_EQ(thrown_by_data(id, 0), refused);
+    EXPECT_EQ(thrown_by_data(id, 4), refused);
+  };
+  check(99, domain("ID out of range"));
+  check(group, domain("Trying to access Definition"));
+  host.call(NATIVE(Kelpbox_1Experiment_1remove), experiment, proxy, run);
+  check(run, domain("Trying to access Definition"));
+}
+
+TEST_F(Point, AnEmptyExperimentHasNoSuchId) {
+  experiment = empty_experiment();
+  run = 0;
+  EXPECT_EQ(thrown_by_build(params()), domain("ID out of range"));
+  EXPECT_EQ(thrown_by_data(0, 4), domain("ID out of range"));
+}
+
+TEST_F(Point, NullParametersAreRefused) {
+  EXPECT_EQ(thrown_by_build(0), null_pointer("Base::Params & reference is null"));
+}
+
+TEST_F(Point, FailuresArriveWithTheirOwnWords) {
+  build_run();
+  EXPECT_EQ(thrown_by_build(params()), domain("rate::Not found"));
+  EXPECT_EQ(thrown_by_build(params({{"rate", 50, "Hz"}})), domain("x::Not found"));
+  EXPECT_EQ(thrown_by_build(params({{"rate", 50, "s"}})), domain("rate::not convertable"));
+  EXPECT_EQ(thrown_by_build(point(50, 31, 0, 1)),
+            domain("Value x=31 is outside dimensions of tank"));
+  EXPECT_EQ(thrown_by_build(point(50, -0.5, 0, 1)),
+            domain("Value x=-0.5 is outside dimensions of tank"));
+  EXPECT_EQ(thrown_by_build(point(50, 1, 0, 1e-6)), domain("Value of delta_angle too small"));
+  EXPECT_EQ(thrown_by_build(point(50, 1, 0, 13)), domain("invalid vector<T> subscript"));
+  EXPECT_EQ(thrown_by_build(point(-50, 1, 0, 1)),
+            domain("rate::-50 Hz gives no usable number of samples in a repeat time of 10 s"));
+  EXPECT_EQ(thrown_by_build(point(50, 1, 0, std::numeric_limits<double>::quiet_NaN())),
+            domain("delta_angle::nan rad gives no usable number of direction sectors"));
+}
+
+TEST_F(Point, ADefinitionThatWasNotSetHasNoRepeatTime) {
+  run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "bare");
+  EXPECT_EQ(thrown_by_build(point(50, 1, 0, 1)), domain("Repeat time zero or less"));
+}
+
+TEST_F(Point, ARunWithoutFrontsGivesStillWater) {
+  ASSERT_EQ(thrown_by_build(point(50, 1000, 0, 1)), Thrown{});
+  EXPECT_EQ(values_of(data(0)), std::vector<double>(500));
+  EXPECT_EQ(values_of(data(3)), std::vector<double>(6));
+}
+
+TEST_F(Point, ASiteWithoutATankIsToldBehindTheFixedText) {
+  OpenExperiment& open = open_basin();
+  experiment = handle(open);
+  make_tree();
+  build_run();
+  open.tank().geometry.number = 9;
+  const jlong tuned = params({{"beach", 0.5, "m"}, {"delay", 30, "msec"}});
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, tuned, proxy),
+            domain("Unexpected type in Geometry"));
+  EXPECT_EQ(thrown_by_build(point(50, 1, 0, 1)),
+            domain("Uncaught Exception in 2D Build: "
+                   "Attempting to access TankConfig when not made ready"));
+}
+
+}  // namespace
