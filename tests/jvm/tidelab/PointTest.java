@@ -1,0 +1,138 @@
+package tidelab;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
+
+import org.junit.jupiter.api.AfterEach;
+import org.junit.jupiter.api.BeforeAll;
+import org.junit.jupiter.api.BeforeEach;
+import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.function.Executable;
+import tidelab.waves.component.WaveSynthesisException;
+
+/** The wave at a point of the flume, before anything moves. */
+class PointTest {
+
+    private static final int TIME = 0;
+    private static final int SPECTRUM = 1;
+    private static final int VARIANCE = 2;
+    private static final int DIRECTION = 3;
+
+    private static final double F = 0.7;
+    private static final double A = 0.04;
+    private static final double PHASE = 0.3;
+
+    private long experiment;
+    private long definition;
+    private long params;
+
+    @BeforeAll
+    static void load() {
+        Flume.load();
+    }
+
+    @BeforeEach
+    void make() {
+        experiment = Flume.experiment();
+        definition = Kelpbox_Experiment_add_definition(experiment, null, "run");
+        long specification = Flume.specification(experiment, definition);
+        long single = Kelpbox_Experiment_add_single(experiment, null, specification);
+        Flume.setSingle(experiment, single, F, A, PHASE);
+        Flume.setDefinition(experiment, definition, 10);
+        Kelpbox_Experiment_run_build(experiment, null, definition);
+        params = new_Kelpbox_Params();
+    }
+
+    @AfterEach
+    void free() {
+        delete_Kelpbox_Params(params);
+        delete_Kelpbox_Experiment(experiment);
+    }
+
+    private void point(double rate, double x) {
+        Flume.insert(params, "rate", rate, "Hz");
+        Flume.insert(params, "x", x, "m");
+        Flume.insert(params, "y", 0, "m");
+    }
+
+    private void build(double deltaAngle) {
+        Flume.insert(params, "delta_angle", deltaAngle, "rad");
+        Kelpbox_Experiment_twod_build(experiment, null, definition, params, null);
+    }
+
+    private double[] data(int which) {
+        long vector = Kelpbox_Experiment_twod_data(experiment, null, definition, which);
+        double[] result = new double[(int) Kelpbox_StdVectorDouble_size(vector, null)];
+        for (int i = 0; i < result.length; ++i) {
+            result[i] = Kelpbox_StdVectorDouble_get(vector, null, i);
+        }
+        return result;
+    }
+
+    private static void assertRefused(String text, Executable call) {
+        assertEquals(text, assertThrows(WaveSynthesisException.class, call).getMessage());
+    }
+
+    @Test
+    void theElevationIsThatOfAPlaneWave() {
+        point(50, 6);
+        build(Flume.TWO_PI / 8);
+        double k = Flume.waveNumber(Flume.TWO_PI * F);
+        double[] eta = data(TIME);
+        assertEquals(500, eta.length);
+        for (int j = 0; j < eta.length; ++j) {
+            // The library's explicit wave number is within a few parts in 1e5 of the exact one.
+            assertEquals(A * Math.cos(Flume.TWO_PI * F * j / 50 - k * 6 + PHASE), eta[j], 1e-3 * A);
+        }
+    }
+
+    @Test
+    void theWaveStandsInItsHarmonicAndItsSector() {
+        point(50, 6);
+        build(Flume.TWO_PI / 8);
+        double[] spectrum = data(SPECTRUM);
+        double[] variance = data(VARIANCE);
+        assertEquals(251, spectrum.length);
+        assertEquals(251, variance.length);
+        for (int h = 0; h < 251; ++h) {
+            assertEquals(h == 7 ? A : 0, spectrum[h], 1e-15);
+            assertEquals(h == 7 ? A * A / 2 * 10 : 0, variance[h], 1e-15);
+        }
+        double[] direction = data(DIRECTION);
+        assertEquals(8, direction.length);
+        for (int b = 0; b < 8; ++b) {
+            assertEquals(b == 0 ? 1 : 0, direction[b], 1e-15);
+        }
+    }
+
+    @Test
+    void whatTheLibraryFitsComesBack() {
+        point(1.26, 0);
+        build(0.9);
+        assertEquals(1.3, Kelpbox_Params_get(params, null, "rate", "Hz"));
+        assertEquals(Flume.TWO_PI / 7, Kelpbox_Params_get(params, null, "delta_angle", "rad"), 1e-15);
+        assertEquals(1, Kelpbox_Params_comment_size(params, null));
+        assertEquals("Warning::Poor match", Kelpbox_Params_comment(params, null, 0));
+    }
+
+    @Test
+    void beforeABuildThereIsNothing() {
+        for (int which : new int[] {TIME, SPECTRUM, VARIANCE, DIRECTION}) {
+            assertEquals(0, data(which).length);
+        }
+    }
+
+    @Test
+    void whatCannotBeToldIsRefused() {
+        for (int which : new int[] {4, -1, Integer.MAX_VALUE, Integer.MIN_VALUE}) {
+            assertRefused("Unsupported enum to experiment::twod_data",
+                    () -> Kelpbox_Experiment_twod_data(experiment, null, definition, which));
+        }
+        assertRefused("ID out of range",
+                () -> Kelpbox_Experiment_twod_data(experiment, null, 99, 4));
+        point(50, 21);
+        assertRefused("Value x=21 is outside dimensions of tank", () -> build(1));
+    }
+}
