@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <initializer_list>
 
+#include "synthesis/compose.h"
+
 namespace Synthesis {
 
 namespace {
@@ -95,6 +97,30 @@ void check_constant_limits(Functions& functions) {
   for (std::size_t i = 0; i < functions.size(); i += 2) {
     if (!functions[i].is_constant()) throw std::string("Non constant separator function");
   }
+}
+
+Functions parse_modifier_text(const std::string& text, UnitCategory limit_units,
+                              UnitCategory output_units) {
+  if (text.empty()) return {};
+  std::vector<std::string> pieces = split_pieces(text);
+  if (pieces.back().empty()) pieces.pop_back();
+  Functions functions = parse_pieces(pieces);
+  if (functions.size() % 2 == 0) {
+    throw std::string("Even number of functions in modifier expression");
+  }
+  for (std::size_t i = 0; i < functions.size(); i += 2) {
+    if (!returns(functions[i], output_units)) {
+      throw compose("Incorrect output units in expression ", i, " ", functions[i].units(), ", ",
+                    output_units);
+    }
+  }
+  for (std::size_t i = 1; i < functions.size(); i += 2) {
+    if (!returns(functions[i], limit_units)) {
+      throw compose("Incorrect limit units in expression ", functions[i].units(), ", ",
+                    limit_units);
+    }
+  }
+  return functions;
 }
 
 }  // namespace Synthesis

@@ -1,8 +1,8 @@
-// Texts of several formulas with "#" between them, and what a component asks of its own.
+// Texts of several formulas with "#" between them, and what components and modifiers ask of theirs.
 //
 // A component's text is "limit # function # limit # function # limit ...": limits at even places,
 // functions at odd ones, and function i holds between limit i - 1 and limit i. A modifier's text
-// is the other way about. Failures are thrown as std::string.
+// is the other way about, "function # limit # function ...". Failures are thrown as std::string.
 #ifndef KELPBOX_SYNTHESIS_PIECEWISE_H_
 #define KELPBOX_SYNTHESIS_PIECEWISE_H_
 
@@ -41,6 +41,12 @@ Base::UnitCategory find_input_units(Functions& functions);
 
 // Throws "Non constant separator function".
 void check_constant_limits(Functions& functions);
+
+// The functions of a modifier's text; none for an empty one. Behind a last "#" an empty piece is
+// none, unlike in a component's text. Throws "Even number of functions in modifier expression",
+// "Incorrect output units in expression ...", "Incorrect limit units in expression ...".
+Functions parse_modifier_text(const std::string& text, Base::UnitCategory limit_units,
+                              Base::UnitCategory output_units);
 
 }  // namespace Synthesis
 

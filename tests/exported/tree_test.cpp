@@ -259,10 +259,11 @@ TEST_F(Tree, ADeletedExperimentFreesWhatItHolds) {
   host.call(NATIVE(delete_1Kelpbox_1Experiment), made);
 }
 
-// A modifier that changes no front, until the classes of the library are asked for by name.
+// A modifier that changes no front.
 class Plain : public Synthesis::Modifier {
  public:
-  explicit Plain(Slot slot) : Modifier(slot, "Plain") {}
+  explicit Plain(Slot slot)
+      : Modifier(slot, "Plain", Base::Category::unit, Base::Category::unit, "") {}
 
  protected:
   void on_query(Base::Params& out) override {

@@ -93,7 +93,8 @@ class GivenFronts : public Synthesis::Component {
 // Appends its name to the messages, and the number of fronts that it finds.
 class NamedModifier : public Synthesis::Modifier {
  public:
-  NamedModifier(Slot slot, const std::string& name) : Modifier(slot, name) {}
+  NamedModifier(Slot slot, const std::string& name)
+      : Modifier(slot, name, Base::Category::unit, Base::Category::unit, "") {}
 
  protected:
   void on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData&,

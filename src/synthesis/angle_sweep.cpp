@@ -1,0 +1,90 @@
+#include "synthesis/angle_sweep.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "base/constants.h"
+#include "maths/dispersion.h"
+#include "maths/rounding.h"
+#include "synthesis/compose.h"
+
+namespace Synthesis {
+
+namespace {
+
+namespace Category = Base::Category;
+
+struct Direction {
+  double angle;
+  double weight;
+};
+
+struct Fan {
+  std::vector<Direction> directions;
+  double sum = 0.0;  // of the weights
+};
+
+Fan make_fan(const Modifier& modifier, double lo, double step, std::int32_t n) {
+  Fan fan;
+  for (std::int32_t i = 0; i <= n; ++i) {
+    const double a = Maths::wrap_angle(i * step + lo);
+    const double w = modifier.value(a);
+    if (w > 1e-6) {
+      fan.directions.push_back({a, w});
+      fan.sum += w;
+    }
+  }
+  if (fan.sum < 1e-6) throw std::string("Sweep has zero output");
+  return fan;
+}
+
+// A fan of no steps has no width to share out, and one of millions of fronts no memory.
+void check_fan(const std::string& name, double delta_angle, std::int32_t n,
+               const Maths::FrontSet& fronts) {
+  constexpr std::int64_t most_fronts = std::int64_t{1} << 24;
+  const std::int64_t used =
+      std::count_if(fronts.slots.begin(), fronts.slots.end(),
+                    [](const std::vector<Maths::HarmonicFront>& slot) { return !slot.empty(); });
+  if (n == 0 || (n + std::int64_t{1}) * std::max<std::int64_t>(used, 1) > most_fronts) {
+    throw compose(name, "::delta_angle of ", delta_angle, " rad gives no usable fan of directions");
+  }
+}
+
+}  // namespace
+
+AngleSweepModifier::AngleSweepModifier(const std::string& text)
+    : Modifier(angle, "AngleSweepModifier", Category::angle, Category::unit, text) {}
+
+void AngleSweepModifier::on_query(Base::Params& out) {
+  out.declare("delta_angle", Base::default_units(Category::angle));
+}
+
+void AngleSweepModifier::on_set(Base::Params& in, Base::Params& stored) {
+  stored.merge(*in.find("delta_angle"));
+}
+
+void AngleSweepModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                                     const Maths::RunData&, const Maths::TankConfig& tank,
+                                     Messages&) {
+  const double delta_angle = stored.read("delta_angle", Category::angle);
+  const double lo = tank.min_angle;
+  const double hi = tank.max_angle;
+  double span = hi - lo;
+  if (hi < lo) span += Base::TwoPi;
+  const std::int32_t n = Maths::round_to_i32(span / delta_angle);
+  check_fan(name(), delta_angle, n, fronts);
+  const Fan fan = make_fan(*this, lo, span / n, n);
+  for (std::vector<Maths::HarmonicFront>& slot : fronts.slots) {
+    if (slot.empty()) continue;
+    const Maths::HarmonicFront first = slot.front();
+    slot.clear();
+    slot.reserve(fan.directions.size());
+    for (const Direction& direction : fan.directions) {
+      slot.push_back({first.amp * direction.weight / fan.sum, direction.angle, first.phase});
+    }
+  }
+}
+
+}  // namespace Synthesis
