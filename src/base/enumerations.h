@@ -31,6 +31,15 @@ inline constexpr std::uint32_t False = 0;
 inline constexpr std::uint32_t True = 1;
 }  // namespace Bool
 
+namespace RanGen {
+inline constexpr std::uint32_t Default = 0;
+}  // namespace RanGen
+
+namespace SpreadFunc {
+inline constexpr std::uint32_t CosS = 0;
+inline constexpr std::uint32_t Cos2S = 1;
+}  // namespace SpreadFunc
+
 namespace WaveMerge {
 inline constexpr std::uint32_t Null = 0;
 inline constexpr std::uint32_t RMS = 1;

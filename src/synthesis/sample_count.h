@@ -9,15 +9,19 @@
 
 namespace Synthesis {
 
-// The repeat time in s at the rate in Hz, rounded; 0 for a rate too low to have any. Throws
-// std::string "rate::<value> Hz gives no usable number of samples in a repeat time of <value> s"
-// for a rate that is negative or no number, and for more samples than 2^27, which take 1 GiB.
-inline std::uint32_t sample_count(double repeat, double rate) {
+// A count of samples of a repeat time in s at a rate in Hz. Throws std::string "rate::<value> Hz
+// gives no usable number of samples in a repeat time of <value> s" for one that is negative or no
+// number, and for more samples than 2^27, which take 1 GiB.
+inline std::uint32_t usable_count(double count, double repeat, double rate) {
   constexpr double max_samples = 1 << 27;
-  const double count = std::floor(repeat * rate + 0.5);
   if (count >= 0.0 && count <= max_samples) return static_cast<std::uint32_t>(count);
   throw compose("rate::", rate, " Hz gives no usable number of samples in a repeat time of ",
                 repeat, " s");
+}
+
+// The repeat time at the rate, rounded; 0 for a rate too low to have any. Throws as usable_count.
+inline std::uint32_t sample_count(double repeat, double rate) {
+  return usable_count(std::floor(repeat * rate + 0.5), repeat, rate);
 }
 
 }  // namespace Synthesis
