@@ -1,6 +1,10 @@
 #include "exported/wave_modifiers.h"
 
-#include "base/enumerations.h"
+#include "synthesis/angle_spread.h"
+#include "synthesis/angle_sweep.h"
+#include "synthesis/change.h"
+#include "synthesis/phase_noise.h"
+#include "synthesis/phase_random.h"
 
 namespace Kelpbox {
 namespace {
@@ -19,16 +23,22 @@ enum WaveMod : std::uint32_t {
 }  // namespace
 
 std::unique_ptr<Synthesis::Modifier> make_modifier(const Base::EnumValue& member,
-                                                   const std::string&) {
+                                                   const std::string& text) {
   switch (member.member) {
     case GainAdjust:
+      return std::make_unique<Synthesis::GainChangeModifier>(text);
     case AngleSweep:
+      return std::make_unique<Synthesis::AngleSweepModifier>(text);
     case AngleSpread:
+      return std::make_unique<Synthesis::AngleSpreadModifier>(text);
     case AngleChange:
+      return std::make_unique<Synthesis::AngleChangeModifier>(text);
     case PhaseRandom:
+      return std::make_unique<Synthesis::PhaseRandomModifier>(text);
     case PhaseWNoise:
+      return std::make_unique<Synthesis::PhaseWNoiseModifier>(text);
     case PhaseChange:
-      throw "Wave modifier " + Base::member_name(member) + " is not available yet";
+      return std::make_unique<Synthesis::PhaseChangeModifier>(text);
     default:
       throw std::string("Unexpected wave modifier in add_modifier");
   }

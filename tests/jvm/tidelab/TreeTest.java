@@ -99,18 +99,6 @@ class TreeTest {
     }
 
     @Test
-    void modifiersToComeAreRefusedByName() {
-        Kelpbox_Experiment_add_definition(experiment, null, "run");
-        Kelpbox_Experiment_add_specification(experiment, null, 0);
-        for (String name : new String[] {"GainAdjust", "AngleSweep", "AngleSpread", "AngleChange",
-                "PhaseRandom", "PhaseWNoise", "PhaseChange"}) {
-            fails("Wave modifier " + name + " is not available yet",
-                    () -> Kelpbox_Experiment_add_modifier(experiment, null, 1, name, ""));
-        }
-        assertEquals(2, Kelpbox_Experiment_add_single(experiment, null, 1));
-    }
-
-    @Test
     void parametersOfATextAreDeclaredWithoutAnExperiment() {
         Kelpbox_Experiment_get_params("0.1@Hz#Hs[m]*$[Hz]@m2s#fmax[Hz]@Hz", params, null);
         long list = Kelpbox_Params_param_list(params, null);
