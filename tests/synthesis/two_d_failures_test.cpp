@@ -29,9 +29,8 @@ std::string refusal(Synthesis::Definition& definition, Base::Params params) {
 
 // The four results of a build.
 std::vector<std::vector<double>> results(Synthesis::Definition& definition) {
-  std::vector<std::vector<double>> all;
-  for (int type = 0; type < 4; ++type) all.push_back(definition.twod_data(type));
-  return all;
+  return {definition.twod_data(0), definition.twod_data(1), definition.twod_data(2),
+          definition.twod_data(3)};
 }
 
 struct WaveAtPoint : testing::Test {
