@@ -8,6 +8,7 @@
 #include <numbers>
 #include <vector>
 
+#include "synthesis/angle_spread.h"
 #include "synthesis/spectrum.h"
 #include "synthesis/two_d.h"
 #include "test_run.h"
@@ -186,6 +187,48 @@ TEST(SeaAtAPoint, TheVarianceIsTheDensityAskedForBandByBand) {
     EXPECT_NEAR(spectrum[h], std::sqrt(2 * variance[h] / repeat), 1e-15) << h;
   }
   EXPECT_NEAR(definition.twod_data(TwoD::direction)[0], 1.0, 1e-12);
+}
+
+// 801 harmonics of one amplitude, each with a direction drawn from cos^2 about 20 degrees.
+TEST(SeaAtAPoint, TheSectorsShowTheSpreadAskedFor) {
+  const double mean = pi / 9;
+  Site site;
+  GivenFronts waves;
+  for (std::uint64_t h = 100; h <= 900; ++h) waves.fronts.push_back({h, {0.002, 0.0, 0.0}});
+  Synthesis::AngleSpreadModifier spread("2");
+  Base::Params in;
+  in.insert("function", "CosS", "SpreadFunc");
+  in.insert("ran_gen", "Default", "RanGen");
+  in.insert("angle", mean, "rad");
+  in.insert("min_angle", mean - 1.5, "rad");
+  in.insert("max_angle", mean + 1.5, "rad");
+  spread.set(in);
+  Synthesis::Specification specification;
+  specification.add_component(waves);
+  specification.add_modifier(spread);
+  specification.set(at(0, 0, 0));
+  Synthesis::Definition definition("sea", site.context());
+  definition.add_specification(specification);
+  Testing::set(definition, Testing::run_params(500.0));
+  definition.run_build();
+  Base::Params params = point_params(8.0, 10.0, 2.0, mean);
+  definition.twod_build(params);
+
+  const std::vector<double>& shares = definition.twod_data(TwoD::direction);
+  ASSERT_EQ(shares.size(), 18u);
+  const auto square = [&](double angle) { return std::pow(std::cos(angle - mean), 2); };
+  const double whole = simpson(square, mean - 1.5, mean + 1.5, 200);
+  double sum = 0.0;
+  for (int b = -8; b <= 9; ++b) {
+    const double from = std::max((b - 0.5) * mean, mean - 1.5);
+    const double to = std::min((b + 0.5) * mean, mean + 1.5);
+    const double share = from < to ? simpson(square, from, to, 100) / whole : 0.0;
+    const double deviation = std::sqrt(share * (1 - share) / 801);
+    const double found = shares[static_cast<std::size_t>((b + 18) % 18)];
+    EXPECT_NEAR(found, share, 3 * deviation + 1e-12) << b;
+    sum += found;
+  }
+  EXPECT_NEAR(sum, 1.0, 1e-12);
 }
 
 }  // namespace
