@@ -34,4 +34,15 @@ record Jonswap(double hs, double fp, double gamma, double low, double high) {
         return alpha * hs * hs * Math.pow(fp, 4) / Math.pow(f, 5)
                 * Math.exp(-1.25 * Math.pow(fp / f, 4)) * Math.pow(gamma, peak);
     }
+
+    /** The variance m0 in m2 between the two frequencies, by the midpoint rule. */
+    double variance() {
+        int strips = 20000;
+        double step = (high - low) / strips;
+        double sum = 0;
+        for (int i = 0; i < strips; ++i) {
+            sum += density(low + (i + 0.5) * step) * step;
+        }
+        return sum;
+    }
 }

@@ -28,13 +28,10 @@ final class Propagation {
 
     /** The surface elevation in metres at a point in front of the paddles. */
     double elevation(long run, double x, double y, double t) {
-        long fronts = Kelpbox_Experiment_fronts__SWIG_2(experiment, null, run);
         double sum = 0;
-        for (int i = 0; i < Kelpbox_StdVectorFront_size(fronts, null); ++i) {
-            long front = Kelpbox_StdVectorFront_get(fronts, null, i);
-            double omega = 2 * Math.PI * Kelpbox_Front_get_freq(front, null);
-            double angle = Kelpbox_Front_get_angle(front, null);
-            double across = waveNumber(omega, depth(0)) * Math.sin(angle);
+        for (Front front : Front.of(experiment, run)) {
+            double omega = 2 * Math.PI * front.frequency();
+            double across = across(front);
             double along = 0;
             for (double from = 0; from < x; from += STEP) {
                 double to = Math.min(from + STEP, x);
@@ -42,10 +39,20 @@ final class Propagation {
                 along += Math.sqrt(k * k - across * across) * (to - from);
             }
             double shoaling = Math.sqrt(groupVelocity(omega, depth(0)) / groupVelocity(omega, depth(x)));
-            sum += shoaling * Kelpbox_Front_get_amp(front, null)
-                    * Math.cos(omega * t - along - across * y + Kelpbox_Front_get_phase(front, null));
+            sum += shoaling * front.amplitude()
+                    * Math.cos(omega * t - along - across * y + front.phase());
         }
         return sum;
+    }
+
+    /** The direction in radians that a front of the paddle line, on its way to the far end, has at x. */
+    double direction(Front front, double x) {
+        return Math.asin(across(front) / waveNumber(2 * Math.PI * front.frequency(), depth(x)));
+    }
+
+    /** The crosswise wave number, which stays the same along the tank. */
+    private double across(Front front) {
+        return waveNumber(2 * Math.PI * front.frequency(), depth(0)) * Math.sin(front.angle());
     }
 
     private double depth(double x) {

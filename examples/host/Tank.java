@@ -84,6 +84,11 @@ final class Tank implements AutoCloseable {
         set(id, params);
     }
 
+    /** Adds a modifier and sets it. Frees the parameters. */
+    void modifier(long specification, String type, String text, long params) {
+        set(Kelpbox_Experiment_add_modifier(experiment, null, specification, type, text), params);
+    }
+
     /** Sets an item, and frees the parameters. */
     void set(long id, long params) {
         Kelpbox_Experiment_set__SWIG_1(experiment, null, id, params, null);
@@ -167,14 +172,11 @@ final class Tank implements AutoCloseable {
     }
 
     private void writeFronts(String name, long run) throws IOException {
-        long fronts = Kelpbox_Experiment_fronts__SWIG_2(experiment, null, run);
         try (PrintWriter file = writer(name + "_fronts.csv")) {
             file.println("frequency_Hz,amplitude_m,angle_rad,phase_rad");
-            for (int i = 0; i < Kelpbox_StdVectorFront_size(fronts, null); ++i) {
-                long front = Kelpbox_StdVectorFront_get(fronts, null, i);
-                file.printf("%.9g,%.9g,%.9g,%.9g%n", Kelpbox_Front_get_freq(front, null),
-                        Kelpbox_Front_get_amp(front, null), Kelpbox_Front_get_angle(front, null),
-                        Kelpbox_Front_get_phase(front, null));
+            for (Front front : Front.of(experiment, run)) {
+                file.printf("%.9g,%.9g,%.9g,%.9g%n", front.frequency(), front.amplitude(),
+                        front.angle(), front.phase());
             }
         }
     }
