@@ -1,0 +1,38 @@
+// What is done with the records of a set.
+#ifndef KELPBOX_ANALYSIS_PROCESS_H_
+#define KELPBOX_ANALYSIS_PROCESS_H_
+
+#include <vector>
+
+#include "analysis/series.h"
+#include "base/data_set.h"
+#include "base/params.h"
+#include "maths/tank_config.h"
+
+namespace Analysis {
+
+// Failures are thrown as std::string. Reading a record may transform it, so that two processes on
+// one set come one at a time.
+class Process {
+ public:
+  // Both must outlive the process.
+  Process(const Maths::TankConfig& tank, Set& set) : tank_(&tank), set_data_(&set.data) {}
+  virtual ~Process() = default;
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+
+  virtual void process(const Base::Params& settings) = 0;
+  // Adds the results by name.
+  virtual void results(Base::Params& out) = 0;
+  // Valid until the next `results`.
+  virtual const std::vector<double>& data(const Base::Params& params) = 0;
+
+ protected:
+  const Maths::TankConfig* tank_;
+  std::vector<Base::DataSet>* set_data_;
+  std::vector<double> data_;
+};
+
+}  // namespace Analysis
+
+#endif  // KELPBOX_ANALYSIS_PROCESS_H_

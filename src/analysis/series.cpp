@@ -1,0 +1,38 @@
+#include "analysis/series.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <iostream>
+#include <string>
+#include <utility>
+
+#include "base/units.h"
+#include "maths/rounding.h"
+
+namespace Analysis {
+namespace {
+
+Base::Vector cut(const Series& series, double start_time, double stop_time) {
+  const double rate = series.params.read("rate", Base::Category::frequency);
+  const std::uint32_t first = Maths::round_to_u32(start_time * rate);
+  const std::uint32_t last = Maths::round_to_u32(stop_time * rate);
+  std::cout << "first " << first << " last " << last << std::endl;
+  if (last <= first) throw std::string("Out of range");
+  if (series.samples.size() < last) throw std::string("out of range 2");
+  std::cout << "size " << last - first << std::endl;
+  const auto begin = series.samples.begin();
+  return {"Time series", Base::default_units(Base::Category::length),
+          std::vector<double>(begin + first, begin + last)};
+}
+
+}  // namespace
+
+Set::Set(const Base::Params& params, std::vector<const Series*> given) : series(std::move(given)) {
+  const double start_time = params.read("start_time", Base::Category::time);
+  const double stop_time = params.read("stop_time", Base::Category::time);
+  for (const Series* record : series) {
+    data.emplace_back(cut(*record, start_time, stop_time), record->params);
+  }
+}
+
+}  // namespace Analysis
