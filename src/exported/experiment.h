@@ -101,6 +101,7 @@ class Experiment : public SiteFacade {
   void twod_build(std::uint32_t id, Base::Params& in);
   // Throws "Unsupported enum to experiment::twod_data".
   const std::vector<double>& twod_data(std::uint32_t id, std::int32_t which);
+  void twod_stats(std::uint32_t id, Base::Params& out);
 
  protected:
   // Give an object made elsewhere to a specification. Throw "ID out of range", and the object's

@@ -16,4 +16,9 @@ const std::vector<double>& Experiment::twod_data(std::uint32_t id, std::int32_t 
   return run.twod_data(which);
 }
 
+void Experiment::twod_stats(std::uint32_t id, Base::Params& out) {
+  guarded<LogItems::shown>("Uncaught Exception in Stats Build",
+                           [&] { definition(id).twod_stats(out); });
+}
+
 }  // namespace Kelpbox

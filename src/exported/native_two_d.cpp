@@ -14,3 +14,9 @@ KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1twod_1data)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id, jint which) {
   return call(env, &Experiment::twod_data, Self<Experiment>{self}, Unsigned{id}, Index{which});
 }
+
+KELPBOX_EXPORT(void, Kelpbox_1Experiment_1twod_1stats)
+(JNIEnv* env, jclass, jlong self, jobject, jlong id, jlong out, jobject) {
+  call(env, &Experiment::twod_stats, Self<Experiment>{self}, Unsigned{id},
+       Reference<Base::Params&>{out});
+}

@@ -9,6 +9,7 @@
 #include "maths/random.h"
 #include "maths/tank_run.h"
 #include "synthesis/compose.h"
+#include "synthesis/point_stats.h"
 
 namespace Synthesis {
 namespace {
@@ -131,6 +132,12 @@ void Definition::twod_build(Base::Params& in) {
   const PointSpec point = fit_point(in, run_.run);
   Maths::TankRun tank(context_.tank_config(), run_.run);
   twod_.build(run_.merged, tank, point, in);
+}
+
+void Definition::twod_stats(Base::Params& params) const {
+  const PointSpec point = fit_point(params, run_.run);
+  Maths::TankRun tank(context_.tank_config(), run_.run);
+  point_stats(run_.merged, tank, point, params);
 }
 
 }  // namespace Synthesis

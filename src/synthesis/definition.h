@@ -60,6 +60,8 @@ class Definition {
   // 0 time, 1 spectrum, 2 variance, 3 direction, valid until the next twod_build. Throws "Unknown
   // option ot twod_data".
   const std::vector<double>& twod_data(std::int32_t type) const { return twod_.data(type); }
+  // Reads "rate", "x", "y", writes "rate" back as fitted, and adds the statistics.
+  void twod_stats(Base::Params& params) const;
 
  private:
   Base::Params params_;

@@ -145,5 +145,6 @@ DECLARE(void, Kelpbox_1Experiment_1paddle_1motion_1stats, jlong, jobject, jlong,
         jobject);
 DECLARE(void, Kelpbox_1Experiment_1twod_1build, jlong, jobject, jlong, jlong, jobject);
 DECLARE(jlong, Kelpbox_1Experiment_1twod_1data, jlong, jobject, jlong, jint);
+DECLARE(void, Kelpbox_1Experiment_1twod_1stats, jlong, jobject, jlong, jlong, jobject);
 
 #endif  // KELPBOX_TESTS_EXPORTED_NATIVE_H_

@@ -42,6 +42,10 @@ class Point : public HostTest {
     return thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1build), experiment, proxy, run, values,
                      proxy);
   }
+  Thrown thrown_by_stats(jlong values) {
+    return thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1stats), experiment, proxy, run, values,
+                     proxy);
+  }
   Thrown thrown_by_data(jlong id, jint which) {
     return thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1data), experiment, proxy, id, which);
   }
@@ -108,6 +112,29 @@ TEST_F(Point, RateAndSectorComeBackAsFitted) {
   EXPECT_NEAR(value(values, "delta_angle", "rad"), 2 * pi / 7, 1e-15);
 }
 
+TEST_F(Point, StatisticsAreAddedToTheParameters) {
+  set_wave(0.8, 0.05, 0.3);
+  build_run();
+  const jlong regular = params({{"rate", 50, "Hz"}, {"x", 100, "cm"}, {"y", 0, "m"}});
+  ASSERT_EQ(thrown_by_stats(regular), Thrown{});
+  EXPECT_EQ(names(regular),
+            (std::vector<std::string>{"Hs", "Ts", "Var", "rate", "reg_h", "reg_t", "x", "y"}));
+  EXPECT_NEAR(value(regular, "reg_t", "s"), 1.25, 1e-3);
+  EXPECT_NEAR(value(regular, "reg_h", "cm"), 10, 0.03);
+  EXPECT_NEAR(value(regular, "Hs", "m"), 2 * std::sqrt(2.0) * 0.05, 1e-12);
+  EXPECT_NEAR(value(regular, "Ts", "s"), 1.25, 1e-12);
+  EXPECT_NEAR(value(regular, "Var", ""), std::sqrt(0.05 / std::sqrt(2.0)), 1e-12);
+  // A second time there is no place for them.
+  EXPECT_EQ(thrown_by_stats(regular), domain("\"reg_t\"::Duplicate parameter:"));
+}
+
+TEST_F(Point, StatisticsNeedSixWaves) {
+  build_run();
+  EXPECT_EQ(thrown_by_stats(params({{"rate", 50, "Hz"}, {"x", 1, "m"}, {"y", 0, "m"}})),
+            domain("Insufficient zero crossings in time series"));
+  EXPECT_EQ(thrown_by_stats(params()), domain("rate::Not found"));
+}
+
 TEST_F(Point, DataOfAnotherKindIsRefused) {
   for (const jint which : {4, -1, 1000000}) {
     EXPECT_EQ(thrown_by_data(run, which), domain("Unsupported enum to experiment::twod_data"));
@@ -117,6 +144,9 @@ TEST_F(Point, DataOfAnotherKindIsRefused) {
 TEST_F(Point, EveryOperationWantsTheIdOfADefinition) {
   const auto check = [&](jlong id, const Thrown& refused) {
     EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1build), experiment, proxy, id,
+                        point(50, 1, 0, 1), proxy),
+              refused);
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1stats), experiment, proxy, id,
                         point(50, 1, 0, 1), proxy),
               refused);
     // The ID comes before the kind of data.
@@ -133,11 +163,13 @@ TEST_F(Point, AnEmptyExperimentHasNoSuchId) {
   experiment = empty_experiment();
   run = 0;
   EXPECT_EQ(thrown_by_build(params()), domain("ID out of range"));
+  EXPECT_EQ(thrown_by_stats(params()), domain("ID out of range"));
   EXPECT_EQ(thrown_by_data(0, 4), domain("ID out of range"));
 }
 
 TEST_F(Point, NullParametersAreRefused) {
   EXPECT_EQ(thrown_by_build(0), null_pointer("Base::Params & reference is null"));
+  EXPECT_EQ(thrown_by_stats(0), null_pointer("Base::Params & reference is null"));
 }
 
 TEST_F(Point, FailuresArriveWithTheirOwnWords) {
@@ -179,6 +211,9 @@ TEST_F(Point, ASiteWithoutATankIsToldBehindTheFixedText) {
             domain("Unexpected type in Geometry"));
   EXPECT_EQ(thrown_by_build(point(50, 1, 0, 1)),
             domain("Uncaught Exception in 2D Build: "
+                   "Attempting to access TankConfig when not made ready"));
+  EXPECT_EQ(thrown_by_stats(point(50, 1, 0, 1)),
+            domain("Uncaught Exception in Stats Build: "
                    "Attempting to access TankConfig when not made ready"));
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "synthesis/angle_spread.h"
+#include "synthesis/phase_random.h"
 #include "synthesis/spectrum.h"
 #include "synthesis/two_d.h"
 #include "test_run.h"
@@ -151,20 +152,33 @@ std::string jonswap_text() {
   return "0.35@Hz#" + side("0.07") + "#fp[Hz]@Hz#" + side("0.09") + "#1.4@Hz";
 }
 
-TEST(SeaAtAPoint, TheVarianceIsTheDensityAskedForBandByBand) {
+struct JonswapRun {
+  JonswapRun() {
+    Base::Params in;
+    in.insert("hs", hs, "m");
+    in.insert("fp", fp, "Hz");
+    sea.set(in);
+    Base::Params none;
+    none.insert("ran_gen", "Default", "RanGen");
+    phase.set(none);
+    specification.add_component(sea);
+    specification.add_modifier(phase);
+    specification.set(at(0, 0, 0));
+    definition.add_specification(specification);
+    Testing::set(definition, Testing::run_params(repeat));
+    definition.run_build();
+  }
+
   Site site;
-  Synthesis::Spectrum sea("sea", jonswap_text());
-  Base::Params in;
-  in.insert("hs", hs, "m");
-  in.insert("fp", fp, "Hz");
-  sea.set(in);
+  Synthesis::Spectrum sea{"sea", jonswap_text()};
+  Synthesis::PhaseRandomModifier phase{""};
   Synthesis::Specification specification;
-  specification.add_component(sea);
-  specification.set(at(0, 0, 0));
-  Synthesis::Definition definition("sea", site.context());
-  definition.add_specification(specification);
-  Testing::set(definition, Testing::run_params(repeat));
-  definition.run_build();
+  Synthesis::Definition definition{"sea", site.context()};
+};
+
+TEST(SeaAtAPoint, TheVarianceIsTheDensityAskedForBandByBand) {
+  JonswapRun run;
+  Synthesis::Definition& definition = run.definition;
   Base::Params params = point_params(16.0, 17.0, -3.0, pi / 2);
   definition.twod_build(params);
 
@@ -187,6 +201,24 @@ TEST(SeaAtAPoint, TheVarianceIsTheDensityAskedForBandByBand) {
     EXPECT_NEAR(spectrum[h], std::sqrt(2 * variance[h] / repeat), 1e-15) << h;
   }
   EXPECT_NEAR(definition.twod_data(TwoD::direction)[0], 1.0, 1e-12);
+}
+
+TEST(SeaAtAPoint, TheStatisticsAreThoseOfTheDensityAskedFor) {
+  JonswapRun run;
+  Base::Params params = point_params(16.0, 17.0, -3.0);
+  run.definition.twod_stats(params);
+  // From half a band below the lowest harmonic to half a band above the highest.
+  const double from = 21.5 / repeat;
+  const double to = 90.5 / repeat;
+  const auto moment = [](double f) { return f * jonswap(f); };
+  const double m0 = simpson(jonswap, from, fp, 2000) + simpson(jonswap, fp, to, 2000);
+  const double m1 = simpson(moment, from, fp, 2000) + simpson(moment, fp, to, 2000);
+  EXPECT_NEAR(params.get("Hs", "m"), 4 * std::sqrt(m0), 1e-3 * hs);
+  EXPECT_NEAR(params.get("Ts", "s"), m0 / m1, 1e-3 * m0 / m1);
+  EXPECT_NEAR(params.get("Var", ""), std::pow(m0, 0.25), 1e-3 * std::pow(m0, 0.25));
+  // A third of Rayleigh's heights are above this; some 45 waves are not many.
+  EXPECT_NEAR(params.get("sig_h", "m"), hs * std::sqrt(std::log(3.0) / 2), 0.15 * hs);
+  EXPECT_GT(params.get("max_amp", "m"), params.get("sig_h", "m"));
 }
 
 // 801 harmonics of one amplitude, each with a direction drawn from cos^2 about 20 degrees.

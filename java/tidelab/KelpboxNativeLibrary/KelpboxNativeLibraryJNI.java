@@ -294,4 +294,6 @@ public final class KelpboxNativeLibraryJNI {
             long self, Object proxy, long id, long params, Object paramsProxy);
     public static native long Kelpbox_Experiment_twod_data(
             long self, Object proxy, long id, int which);
+    public static native void Kelpbox_Experiment_twod_stats(
+            long self, Object proxy, long id, long params, Object paramsProxy);
 }

@@ -108,6 +108,19 @@ class PointTest {
     }
 
     @Test
+    void itsStatisticsAreThoseOfASineWave() {
+        point(100, 6);
+        Kelpbox_Experiment_twod_stats(experiment, null, definition, params, null);
+        assertEquals(1 / F, Kelpbox_Params_get(params, null, "reg_t", "s"), 1e-4);
+        // Crests lie up to half a sample off.
+        double off = 1 - Math.cos(Flume.TWO_PI * F * 0.005);
+        assertEquals(2 * A, Kelpbox_Params_get(params, null, "reg_h", "m"), 2 * A * off);
+        assertEquals(2 * Math.sqrt(2) * A, Kelpbox_Params_get(params, null, "Hs", "m"), 1e-12);
+        assertEquals(1 / F, Kelpbox_Params_get(params, null, "Ts", "s"), 1e-12);
+        assertEquals(Math.sqrt(A / Math.sqrt(2)), Kelpbox_Params_get(params, null, "Var", ""), 1e-12);
+    }
+
+    @Test
     void whatTheLibraryFitsComesBack() {
         point(1.26, 0);
         build(0.9);
