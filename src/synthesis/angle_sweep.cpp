@@ -40,16 +40,13 @@ Fan make_fan(const Modifier& modifier, double lo, double step, std::int32_t n) {
   return fan;
 }
 
-// A fan of no steps has no width to share out, and one of millions of fronts no memory.
-void check_fan(const std::string& name, double delta_angle, std::int32_t n,
-               const Maths::FrontSet& fronts) {
-  constexpr std::int64_t most_fronts = std::int64_t{1} << 24;
+// Millions of fronts come only of a mistaken step.
+bool too_many(std::int32_t n, const Maths::FrontSet& fronts) {
+  constexpr std::int64_t most = std::int64_t{1} << 24;
   const std::int64_t used =
       std::count_if(fronts.slots.begin(), fronts.slots.end(),
                     [](const std::vector<Maths::HarmonicFront>& slot) { return !slot.empty(); });
-  if (n == 0 || (n + std::int64_t{1}) * std::max<std::int64_t>(used, 1) > most_fronts) {
-    throw compose(name, "::delta_angle of ", delta_angle, " rad gives no usable fan of directions");
-  }
+  return (n + std::int64_t{1}) * std::max<std::int64_t>(used, 1) > most;
 }
 
 }  // namespace
@@ -74,8 +71,14 @@ void AngleSweepModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet
   double span = hi - lo;
   if (hi < lo) span += Base::TwoPi;
   const std::int32_t n = Maths::round_to_i32(span / delta_angle);
-  check_fan(name(), delta_angle, n, fronts);
+  const auto refuse = [&] {
+    throw compose(name(), "::delta_angle of ", delta_angle,
+                  " rad gives no usable fan of directions");
+  };
+  if (too_many(n, fronts)) refuse();
   const Fan fan = make_fan(*this, lo, span / n, n);
+  // Of no steps: what has a weight has no direction.
+  if (n == 0) refuse();
   for (std::vector<Maths::HarmonicFront>& slot : fronts.slots) {
     if (slot.empty()) continue;
     const Maths::HarmonicFront first = slot.front();

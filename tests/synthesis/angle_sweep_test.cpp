@@ -169,6 +169,7 @@ TEST(AngleSweep, AStepOfMoreThanTwiceTheRangeIsRefused) {
   EXPECT_EQ(thrown_by([&] { Swept("1", 30, 30, 10); }),
             "AngleSweepModifier::delta_angle of 0.174533 rad gives no usable fan of directions");
   EXPECT_EQ(Swept("1", -30, 30, 120).at(5).size(), 2U);
+  EXPECT_EQ(thrown_by([&] { Swept("0", 30, 30, 10); }), "Sweep has zero output");
 }
 
 TEST(AngleSweep, AFanOfMillionsOfFrontsIsRefused) {
