@@ -86,12 +86,13 @@ struct Height {
 // The waves of a record that closes on itself, from up-crossing to up-crossing, by height.
 std::vector<Height> waves_of(const std::vector<double>& eta, double dt) {
   const std::size_t n = eta.size();
+  const auto sample = [&](std::size_t i) { return i < n ? eta[i] : eta[i - n]; };
   std::vector<std::size_t> ups;
   for (std::size_t i = 0; i < n; ++i) {
-    if (eta[(i + n - 1) % n] <= 0 && eta[i] > 0) ups.push_back(i);
+    if (sample(i + n - 1) <= 0 && eta[i] > 0) ups.push_back(i);
   }
   const auto instant = [&](std::size_t i) {
-    const double before = eta[(i + n - 1) % n];
+    const double before = sample(i + n - 1);
     return (static_cast<double>(i) - eta[i] / (eta[i] - before)) * dt;
   };
   std::vector<Height> waves;
@@ -101,8 +102,8 @@ std::vector<Height> waves_of(const std::vector<double>& eta, double dt) {
     double crest = 0.0;
     double trough = 0.0;
     for (std::size_t i = ups[w]; i < end; ++i) {
-      crest = std::max(crest, eta[i % n]);
-      trough = std::min(trough, eta[i % n]);
+      crest = std::max(crest, sample(i));
+      trough = std::min(trough, sample(i));
     }
     const double stop = last ? instant(ups[0]) + static_cast<double>(n) * dt : instant(end);
     waves.push_back({crest - trough, stop - instant(ups[w])});
