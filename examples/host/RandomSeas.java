@@ -37,7 +37,7 @@ public final class RandomSeas {
     private static boolean heightIs(List<Front> fronts, double m0) {
         double found = 4 * Math.sqrt(Front.variance(fronts));
         double asked = 4 * Math.sqrt(m0);
-        return report(Math.abs(found / asked - 1) < 0.01,
+        return Tank.report(Math.abs(found / asked - 1) < 0.01,
                 "significant height of the fronts %.4f m; 4 sqrt(m0) of the spectrum %.4f m",
                 found, asked);
     }
@@ -58,7 +58,7 @@ public final class RandomSeas {
                     (i + 1.0) / shares.length - shares[i]));
         }
         double statistic = gap * Math.sqrt(shares.length);
-        return report(statistic < 1.63,
+        return Tank.report(statistic < 1.63,
                 "directions of %d fronts against the law of their frequencies: %.2f, at most 1.63",
                 shares.length, statistic);
     }
@@ -79,7 +79,7 @@ public final class RandomSeas {
             variance += square - mean * mean;
         }
         double deviations = Math.abs(distance) / Math.sqrt(variance);
-        return report(deviations < 2.58,
+        return Tank.report(deviations < 2.58,
                 "their mean cosine is %.2f standard deviations from the law's, at most 2.58",
                 deviations);
     }
@@ -106,7 +106,7 @@ public final class RandomSeas {
         }
         double found = energy[0] / Arrays.stream(energy).sum();
         double asked = swell / (swell + windSea);
-        return good & report(!shared && Math.abs(found - asked) < 0.03,
+        return good & Tank.report(!shared && Math.abs(found - asked) < 0.03,
                 "swell's share of the energy %.3f, of the spectra %.3f; no harmonic belongs to both",
                 found, asked);
     }
@@ -123,14 +123,9 @@ public final class RandomSeas {
         double crest = water.elevation(run, Seas.FOCUS_X, Seas.FOCUS_Y, Seas.FOCUS_T);
         double worst = fronts.stream().mapToDouble(front -> Math.abs(Seas.fanDirection(front.frequency())
                 - water.direction(front, Seas.FOCUS_X))).max().orElse(Math.PI);
-        return report(Math.abs(crest / predicted - 1) < 0.01,
+        return Tank.report(Math.abs(crest / predicted - 1) < 0.01,
                 "crest %.4f m at the focus; the spectrum predicts %.4f m", crest, predicted)
-                & report(worst < 0.01,
+                & Tank.report(worst < 0.01,
                 "directions at the focus are at most %.4f rad from the formula", worst);
-    }
-
-    private static boolean report(boolean good, String format, Object... numbers) {
-        System.out.printf("          %s: %s%n", String.format(format, numbers), good ? "good" : "WRONG");
-        return good;
     }
 }

@@ -181,6 +181,12 @@ final class Tank implements AutoCloseable {
         }
     }
 
+    /** Prints the result of a check, and hands it on. */
+    static boolean report(boolean good, String format, Object... numbers) {
+        System.out.printf("          %s: %s%n", String.format(format, numbers), good ? "good" : "WRONG");
+        return good;
+    }
+
     /** A file in the output folder, which is named on the standard output. */
     PrintWriter writer(String name) throws IOException {
         Path path = out.resolve(name);
