@@ -1,0 +1,23 @@
+// Surface heights as frames of an animation hold them.
+#ifndef KELPBOX_SYNTHESIS_SURFACE_CODE_H_
+#define KELPBOX_SYNTHESIS_SURFACE_CODE_H_
+
+#include <cstdint>
+
+#include "maths/rounding.h"
+
+namespace Synthesis {
+
+// Counts of 4 m / 32767, rounded half away from zero. A height beyond 4 m wraps round: the low 16
+// bits of the count are kept. What is no number becomes 0.
+inline std::int16_t surface_code(double height) {
+  const double scaled = height * 32767.0 * 0.25;
+  // Truncation goes towards zero, and so is the floor of what is positive and the ceiling of what
+  // is negative.
+  return static_cast<std::int16_t>(
+      Maths::truncate_to_i64(scaled >= 0 ? scaled + 0.5 : scaled - 0.5));
+}
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SYNTHESIS_SURFACE_CODE_H_
