@@ -128,6 +128,19 @@ void Definition::paddle_motion_stats(std::uint32_t bank, Base::Params& out) cons
   checked(banks_, bank).stats(out);
 }
 
+void Definition::animate_build(Base::Params& in) {
+  animation_.build(run_.merged, context_.tank_config(), run_.run, in);
+}
+
+void Definition::animate_init(Base::Params& in) {
+  static_cast<void>(context_.tank_config());  // to prove that there is a tank
+  animation_.init(run_.merged, run_.run, in);
+}
+
+void Definition::animate_build_slice(std::uint32_t from, std::uint32_t to) {
+  animation_.build_slice(run_.merged, context_.tank_config(), run_.run, from, to);
+}
+
 void Definition::twod_build(Base::Params& in) {
   const PointSpec point = fit_point(in, run_.run);
   Maths::TankRun tank(context_.tank_config(), run_.run);

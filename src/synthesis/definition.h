@@ -13,6 +13,7 @@
 #include "maths/run_data.h"
 #include "maths/run_fronts.h"
 #include "site/context.h"
+#include "synthesis/animate.h"
 #include "synthesis/bank_motion.h"
 #include "synthesis/specification.h"
 #include "synthesis/two_d.h"
@@ -54,6 +55,21 @@ class Definition {
   const std::vector<double>& paddle_motion_data(std::uint32_t bank, std::uint32_t paddle) const;
   void paddle_motion_stats(std::uint32_t bank, Base::Params& out) const;
 
+  // The animation of the merged fronts. The first three throw the texts of Animate, the others
+  // those of AnimationFrames. From a second thread: `animate_progress`, `animate_ready` and
+  // `animate_stop`, while the first one builds.
+  void animate_build(Base::Params& in);
+  void animate_init(Base::Params& in);
+  void animate_build_slice(std::uint32_t from, std::uint32_t to);
+  const std::vector<std::int16_t>& animate_data(std::uint32_t index) const {
+    return animation_.frames().data(index);
+  }
+  std::uint32_t animate_size(std::uint32_t type) const { return animation_.frames().size(type); }
+  double animate_progress() const { return animation_.frames().progress(); }
+  bool animate_ready() const { return animation_.frames().complete(); }
+  void animate_stop() { animation_.frames().stop(); }
+  void animate_free() { animation_.frames().release(); }
+
   // The wave at a point, from the merged fronts. Reads "rate", "x", "y", "delta_angle" and writes
   // "rate" and "delta_angle" back as fitted.
   void twod_build(Base::Params& in);
@@ -69,6 +85,7 @@ class Definition {
   std::vector<Specification*> specifications_;
   Maths::RunFronts run_;
   Common::Context& context_;
+  Animate animation_;
   TwoD twod_;
   std::vector<BankMotion> banks_;
   std::vector<Front> display_fronts_;

@@ -1,0 +1,159 @@
+// Builds in slices of columns.
+#include "test_animation.h"
+
+namespace {
+
+using Testing::GridText;
+using Testing::Sea;
+using Testing::thrown;
+
+using Given = std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>>;
+
+const Given oblique = {{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {6, {0.1, 2.8, 1.0}}};
+const Given straight = {{5, {0.1, 0.0, 0.4}}, {6, {0.2, 0.0, 0.0}}};
+
+std::string slice_refusal(Sea& sea, std::uint32_t from, std::uint32_t to) {
+  return thrown([&] { sea.slice(from, to); });
+}
+
+TEST(AnimateSlices, SlicesMakeTheFramesOfAWholeBuild) {
+  for (const Given& given : {oblique, straight}) {
+    Sea whole(given);
+    whole.build();
+    Sea sliced(given);
+    sliced.init();
+    EXPECT_EQ(sliced.frames().size(0), 100u);
+    EXPECT_FALSE(sliced.frames().complete());
+    testing::internal::CaptureStdout();
+    sliced.slice(8, 15);
+    EXPECT_EQ(sliced.frames().progress(), 7.0 / 21.0);
+    sliced.slice(0, 8);
+    sliced.slice(15, 21);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_TRUE(sliced.frames().complete());
+    EXPECT_TRUE(sliced.frames().running());
+    EXPECT_EQ(sliced.all(), whole.all());
+  }
+}
+
+TEST(AnimateSlices, ASliceEndsWithTheGrid) {
+  Sea sea(oblique);
+  sea.init();
+  sea.slice(19, 0xFFFFFFFF);
+  EXPECT_EQ(sea.frames().progress(), 2.0 / 21.0);
+  sea.slice(21, 30);
+  sea.slice(5, 5);
+  sea.slice(7, 3);
+  EXPECT_EQ(sea.frames().progress(), 2.0 / 21.0);
+}
+
+TEST(AnimateSlices, NothingIsSlicedBeforeInit) {
+  Sea sea(oblique);
+  EXPECT_EQ(slice_refusal(sea, 0, 1), "animate not initialised");
+  GridText grid;
+  grid.x_max = -1.0;
+  EXPECT_EQ(thrown([&] { sea.init(grid); }), "x_max not greater than x_min");
+  EXPECT_EQ(slice_refusal(sea, 0, 1), "animate not initialised");
+}
+
+TEST(AnimateSlices, AStopEndsThemAndTheNextInitBeginsAnew) {
+  Sea sea(oblique);
+  sea.init();
+  sea.slice(0, 3);
+  sea.frames().stop();
+  EXPECT_EQ(sea.frames().progress(), 0.0);
+  EXPECT_EQ(slice_refusal(sea, 3, 4), "animate not initialised");
+  GridText grid;
+  grid.x_step = 1.0;
+  sea.init(grid);
+  EXPECT_EQ(sea.frames().progress(), 0.0);
+  EXPECT_EQ(sea.frames().size(1), 11u);
+  sea.slice(0, 11);
+  EXPECT_TRUE(sea.frames().complete());
+}
+
+TEST(AnimateSlices, AfterAWholeBuildASliceFindsNothingGoingOn) {
+  Sea sea(oblique);
+  sea.init();
+  sea.build();
+  const auto before = sea.all();
+  sea.fronts.slots[5][0].amp = 1.0;
+  sea.slice(0, 21);
+  EXPECT_EQ(sea.all(), before);
+}
+
+TEST(AnimateSlices, ASecondInitKeepsTheFrames) {
+  Sea sea(oblique);
+  sea.init();
+  sea.slice(0, 21);
+  const auto before = sea.all();
+  GridText fine;
+  fine.x_step = 0.25;
+  sea.init(fine);
+  EXPECT_EQ(sea.all(), before);
+  EXPECT_EQ(sea.frames().size(1), 21u);
+  EXPECT_EQ(sea.frames().progress(), 1.0);
+
+  // The new grid is used with the old frames, as far as they go.
+  sea.slice(20, 21);
+  EXPECT_EQ(slice_refusal(sea, 20, 22), "Error x >= x_lim");
+  GridText rows;
+  rows.y_step = 0.5;
+  sea.init(rows);
+  EXPECT_EQ(slice_refusal(sea, 0, 1), "Error y >= y_lim");
+  GridText fast;
+  fast.rate = 20.0;
+  sea.init(fast);
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(slice_refusal(sea, 0, 1), "Error vec.size() != t_lim");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "vec.size() 200 t_lim 100\n");
+}
+
+TEST(AnimateSlices, ARowTooManyIsToldAfterTheRowsThatFit) {
+  for (const Given& given : {oblique, straight}) {
+    Sea sea(given);
+    sea.init();
+    GridText rows;
+    rows.y_step = 0.5;
+    sea.init(rows);
+    EXPECT_EQ(slice_refusal(sea, 0, 1), "Error y >= y_lim");
+    EXPECT_EQ(sea.frames().progress(), 5.0 / 105.0);
+  }
+}
+
+TEST(AnimateSlices, ASingleHarmonicIsNotShortened) {
+  Sea sea({{5, {0.1, 0.3, 0.0}}});
+  sea.init();
+  EXPECT_EQ(sea.frames().size(0), 100u);
+  sea.slice(0, 21);
+  EXPECT_TRUE(sea.frames().complete());
+
+  // Frames of a whole build are shorter, and then do not fit.
+  Sea both({{5, {0.1, 0.3, 0.0}}});
+  both.build();
+  both.init();
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(slice_refusal(both, 0, 1), "Error vec.size() != t_lim");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "vec.size() 100 t_lim 50\n");
+}
+
+TEST(AnimateSlices, ASliceShowsTheFrontsOfTheMoment) {
+  Sea sea(straight);
+  sea.init();
+  sea.fronts.reset(sea.run.size());
+  sea.slice(0, 21);
+  EXPECT_TRUE(sea.frames().complete());
+  EXPECT_EQ(sea.frames().data(0), std::vector<std::int16_t>(105, 0));
+}
+
+TEST(AnimateSlices, AGridOutsideTheTankIsTold) {
+  Sea sea(oblique);
+  GridText grid;
+  grid.x_max = 41.0;
+  grid.x_step = 1.0;
+  sea.init(grid);
+  sea.slice(0, 41);
+  EXPECT_EQ(slice_refusal(sea, 41, 42), "Value x=41 is outside dimensions of tank");
+}
+
+}  // namespace
