@@ -103,6 +103,22 @@ class Experiment : public SiteFacade {
   const std::vector<double>& twod_data(std::uint32_t id, std::int32_t which);
   void twod_stats(std::uint32_t id, Base::Params& out);
 
+  // Animations. Each takes the ID of a definition, which owns the frames. From a second thread of
+  // the host: `animate_progress`, `animate_ready` and `animate_stop`, while the first one builds.
+
+  void animate_init(std::uint32_t id, Base::Params& in);
+  void animate_build(std::uint32_t id, Base::Params& in);
+  // The columns from `first` up to `last` - 1. The parameters are not read.
+  void animate_build_slice(std::uint32_t id, const Base::Params& in, std::uint32_t first,
+                           std::uint32_t last);
+  const std::vector<std::int16_t>& animate_data(std::uint32_t id, std::uint32_t index);
+  // The number of frames.
+  std::uint32_t animate_size(std::uint32_t id);
+  double animate_progress(std::uint32_t id);
+  bool animate_ready(std::uint32_t id);
+  void animate_stop(std::uint32_t id);
+  void animate_free(std::uint32_t id);
+
  protected:
   // Give an object made elsewhere to a specification. Throw "ID out of range", and the object's
   // name with "::Trying to add to invalid type".

@@ -143,6 +143,16 @@ DECLARE(void, Kelpbox_1Experiment_1paddle_1motion_1build, jlong, jobject, jlong,
 DECLARE(jlong, Kelpbox_1Experiment_1paddle_1motion_1data, jlong, jobject, jlong, jlong, jlong);
 DECLARE(void, Kelpbox_1Experiment_1paddle_1motion_1stats, jlong, jobject, jlong, jlong, jlong,
         jobject);
+DECLARE(void, Kelpbox_1Experiment_1animate_1init, jlong, jobject, jlong, jlong, jobject);
+DECLARE(void, Kelpbox_1Experiment_1animate_1build, jlong, jobject, jlong, jlong, jobject);
+DECLARE(void, Kelpbox_1Experiment_1animate_1build_1slice, jlong, jobject, jlong, jlong, jobject,
+        jlong, jlong);
+DECLARE(jlong, Kelpbox_1Experiment_1animate_1data, jlong, jobject, jlong, jlong);
+DECLARE(jlong, Kelpbox_1Experiment_1animate_1size, jlong, jobject, jlong);
+DECLARE(jdouble, Kelpbox_1Experiment_1animate_1progress, jlong, jobject, jlong);
+DECLARE(jboolean, Kelpbox_1Experiment_1animate_1ready, jlong, jobject, jlong);
+DECLARE(void, Kelpbox_1Experiment_1animate_1stop, jlong, jobject, jlong);
+DECLARE(void, Kelpbox_1Experiment_1animate_1free, jlong, jobject, jlong);
 DECLARE(void, Kelpbox_1Experiment_1twod_1build, jlong, jobject, jlong, jlong, jobject);
 DECLARE(jlong, Kelpbox_1Experiment_1twod_1data, jlong, jobject, jlong, jint);
 DECLARE(void, Kelpbox_1Experiment_1twod_1stats, jlong, jobject, jlong, jlong, jobject);

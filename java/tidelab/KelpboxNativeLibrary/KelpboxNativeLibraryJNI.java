@@ -290,6 +290,22 @@ public final class KelpboxNativeLibraryJNI {
             long self, Object proxy, long id, long bank, long paddle);
     public static native void Kelpbox_Experiment_paddle_motion_stats(
             long self, Object proxy, long id, long bank, long params, Object paramsProxy);
+    public static native void Kelpbox_Experiment_animate_init(
+            long self, Object proxy, long id, long params, Object paramsProxy);
+    public static native void Kelpbox_Experiment_animate_build(
+            long self, Object proxy, long id, long params, Object paramsProxy);
+    public static native void Kelpbox_Experiment_animate_build_slice(
+            long self, Object proxy, long id, long params, Object paramsProxy, long first,
+            long last);
+    public static native long Kelpbox_Experiment_animate_data(
+            long self, Object proxy, long id, long index);
+    public static native long Kelpbox_Experiment_animate_size(long self, Object proxy, long id);
+    public static native double Kelpbox_Experiment_animate_progress(
+            long self, Object proxy, long id);
+    public static native boolean Kelpbox_Experiment_animate_ready(
+            long self, Object proxy, long id);
+    public static native void Kelpbox_Experiment_animate_stop(long self, Object proxy, long id);
+    public static native void Kelpbox_Experiment_animate_free(long self, Object proxy, long id);
     public static native void Kelpbox_Experiment_twod_build(
             long self, Object proxy, long id, long params, Object paramsProxy);
     public static native long Kelpbox_Experiment_twod_data(

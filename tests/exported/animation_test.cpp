@@ -1,0 +1,301 @@
+// The wave field over the tank, as a host builds, watches and reads it.
+#include <atomic>
+#include <cmath>
+#include <thread>
+
+#include "fixture.h"
+
+namespace {
+
+constexpr double pi = 3.14159265358979323846;
+
+class Animation : public HostTest {
+ protected:
+  void SetUp() override {
+    experiment = basin();
+    make_tree();
+  }
+
+  // A run of 10 s with two waves, set and not built.
+  void make_tree() {
+    run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
+    group = host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
+    const jlong values = params({{"repeat", 10, "s"}});
+    insert_enum(values, "dalrymple", "False", "Bool");
+    insert_enum(values, "wave_merge", "Null", "WaveMerge");
+    set(run, values);
+    set(group, params({{"x", 0, "m"}, {"y", 0, "m"}, {"t", 0, "s"}}));
+  }
+  void set(jlong id, jlong values) {
+    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), experiment, proxy, id, values, proxy);
+  }
+  void add_wave(double f, double a, double angle) {
+    const jlong wave =
+        host.call(NATIVE(Kelpbox_1Experiment_1add_1single), experiment, proxy, group);
+    set(wave,
+        params({{"f", f, "Hz"}, {"a", a, "m"}, {"angle", angle, "rad"}, {"phase", 0, "rad"}}));
+  }
+  void build_run() {
+    ASSERT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, run), Thrown{});
+  }
+  // Two waves, a build of the run.
+  void build_oblique_run() {
+    add_wave(0.5, 0.05, 0.3);
+    add_wave(1.1, 0.02, -0.2);
+    build_run();
+  }
+  jlong grid(double rate = 20, double x_step = 1, double x_max = 10) {
+    return params({{"rate", rate, "Hz"},
+                   {"x_step", x_step, "m"},
+                   {"y_step", 0.5, "m"},
+                   {"x_min", 0, "m"},
+                   {"x_max", x_max, "m"},
+                   {"y_min", -2, "m"},
+                   {"y_max", 2, "m"}});
+  }
+  Thrown thrown_by_build(jlong values) {
+    testing::internal::CaptureStdout();
+    const Thrown thrown = thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build), experiment, proxy,
+                                    run, values, proxy);
+    printed = testing::internal::GetCapturedStdout();
+    return thrown;
+  }
+  Thrown thrown_by_init(jlong values) {
+    return thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1init), experiment, proxy, run, values,
+                     proxy);
+  }
+  Thrown thrown_by_slice(jlong first, jlong last) {
+    testing::internal::CaptureStdout();
+    const Thrown thrown = thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build_1slice), experiment,
+                                    proxy, run, params(), proxy, first, last);
+    printed = testing::internal::GetCapturedStdout();
+    return thrown;
+  }
+  jlong size() {
+    return host.call(NATIVE(Kelpbox_1Experiment_1animate_1size), experiment, proxy, run);
+  }
+  double progress() {
+    return host.call(NATIVE(Kelpbox_1Experiment_1animate_1progress), experiment, proxy, run);
+  }
+  bool ready() {
+    return host.call(NATIVE(Kelpbox_1Experiment_1animate_1ready), experiment, proxy, run) !=
+           JNI_FALSE;
+  }
+  void stop() { host.call(NATIVE(Kelpbox_1Experiment_1animate_1stop), experiment, proxy, run); }
+  std::vector<short> frame(jlong index) {
+    const jlong samples =
+        host.call(NATIVE(Kelpbox_1Experiment_1animate_1data), experiment, proxy, run, index);
+    const jlong points = host.call(NATIVE(Kelpbox_1StdVectorShort_1size), samples, proxy);
+    std::vector<short> result;
+    for (jint i = 0; i < points; ++i) {
+      result.push_back(host.call(NATIVE(Kelpbox_1StdVectorShort_1get), samples, proxy, i));
+    }
+    return result;
+  }
+
+  jlong experiment = 0;
+  jlong run = 0;
+  jlong group = 0;
+  std::string printed;
+};
+
+// The wave number of 1 m depth, by bisection of omega^2 = g k tanh(k).
+double wave_number(double omega) {
+  double low = 0;
+  double high = 100;
+  for (int i = 0; i < 100; ++i) {
+    const double k = 0.5 * (low + high);
+    (9.81 * k * std::tanh(k) < omega * omega ? low : high) = k;
+  }
+  return low;
+}
+
+TEST_F(Animation, AFrameIsTheSurfaceOfItsMoment) {
+  build_oblique_run();
+  const jlong values = grid();
+  ASSERT_EQ(thrown_by_build(values), Thrown{});
+  EXPECT_EQ(size(), 200);
+  EXPECT_EQ(progress(), 1.0);
+  EXPECT_TRUE(ready());
+  EXPECT_TRUE(comments(values).empty());
+  // The paddle line has 1 m of depth, and there the phases are those that were asked for.
+  for (const jlong t : {0, 7, 199}) {
+    const std::vector<short> samples = frame(t);
+    ASSERT_EQ(samples.size(), 11u * 9u);
+    for (std::size_t iy = 0; iy < 9; ++iy) {
+      const double y = -2.0 + 0.5 * static_cast<double>(iy);
+      const double at = static_cast<double>(t) / 20;
+      const double height =
+          0.05 * std::cos(pi * at - wave_number(pi) * y * std::sin(0.3)) +
+          0.02 * std::cos(2.2 * pi * at - wave_number(2.2 * pi) * y * std::sin(-0.2));
+      EXPECT_NEAR(samples[iy], height * 32767 / 4, 0.6) << t << " " << iy;
+    }
+  }
+}
+
+TEST_F(Animation, EachColumnWritesTheAnglesOfItsFronts) {
+  build_oblique_run();
+  ASSERT_EQ(thrown_by_build(grid(20, 5, 10)), Thrown{});
+  EXPECT_EQ(printed, "0.3\n-0.2\n0.3\n-0.2\n0.3\n-0.2\n");
+}
+
+TEST_F(Animation, StepsAndRateComeBackAsFitted) {
+  build_oblique_run();
+  const jlong values = grid(20.04, 1.3, 10);
+  ASSERT_EQ(thrown_by_build(values), Thrown{});
+  EXPECT_EQ(value(values, "x_step", "m"), 1.25);
+  EXPECT_EQ(value(values, "y_step", "m"), 0.5);
+  EXPECT_EQ(value(values, "rate", "Hz"), 20.0);
+  EXPECT_TRUE(comments(values).empty());
+  const jlong poor = grid(20, 3, 5);
+  ASSERT_EQ(thrown_by_build(poor), Thrown{});
+  EXPECT_EQ(comments(poor), std::vector<std::string>{"Warning::Poor match"});
+}
+
+TEST_F(Animation, SlicesMakeTheSameFrames) {
+  build_oblique_run();
+  ASSERT_EQ(thrown_by_build(grid()), Thrown{});
+  const std::vector<short> whole = frame(123);
+  stop();
+  EXPECT_EQ(progress(), 0.0);
+  EXPECT_EQ(frame(123), whole);
+  EXPECT_EQ(thrown_by_slice(0, 1), domain("animate not initialised"));
+  ASSERT_EQ(thrown_by_init(grid()), Thrown{});
+  EXPECT_EQ(size(), 200);
+  ASSERT_EQ(thrown_by_slice(0, 4), Thrown{});
+  EXPECT_EQ(printed, "");
+  EXPECT_EQ(progress(), 4.0 / 11.0);
+  EXPECT_FALSE(ready());
+  ASSERT_EQ(thrown_by_slice(4, 100), Thrown{});
+  EXPECT_TRUE(ready());
+  EXPECT_EQ(frame(123), whole);
+}
+
+TEST_F(Animation, ASingleHarmonicIsShortenedByAWholeBuildAlone) {
+  add_wave(0.5, 0.05, 0.3);
+  build_run();
+  ASSERT_EQ(thrown_by_init(grid()), Thrown{});
+  EXPECT_EQ(size(), 200);
+  // Harmonic 5 and the lowest one, 1, share 2 with 200 samples.
+  ASSERT_EQ(thrown_by_build(grid()), Thrown{});
+  EXPECT_EQ(size(), 100);
+  ASSERT_EQ(thrown_by_init(grid()), Thrown{});
+  EXPECT_EQ(thrown_by_slice(0, 1), domain("Error vec.size() != t_lim"));
+  EXPECT_EQ(printed, "vec.size() 200 t_lim 100\n");
+}
+
+TEST_F(Animation, WhatIsFreedIsGone) {
+  build_oblique_run();
+  ASSERT_EQ(thrown_by_build(grid()), Thrown{});
+  host.call(NATIVE(Kelpbox_1Experiment_1animate_1free), experiment, proxy, run);
+  EXPECT_EQ(size(), 0);
+  EXPECT_EQ(progress(), 0.0);
+  EXPECT_FALSE(ready());
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1data), experiment, proxy, run, 0),
+            domain("invalid vector<T> subscript"));
+}
+
+TEST_F(Animation, RefusalsArriveInTheirWords) {
+  const Thrown empty = domain("Trying to build animation when wave expression has no data");
+  EXPECT_EQ(thrown_by_build(grid()), empty);
+  EXPECT_EQ(thrown_by_init(grid()), empty);
+  build_oblique_run();
+  EXPECT_EQ(thrown_by_build(grid(20, 1, 0)), domain("x_max not greater than x_min"));
+  EXPECT_EQ(thrown_by_init(grid(20, 1, -3)), domain("x_max not greater than x_min"));
+  EXPECT_EQ(thrown_by_build(params()), domain("rate::Not found"));
+  EXPECT_EQ(thrown_by_build(grid(20, -1)),
+            domain("x_step::-1 m gives no usable grid from 0 m to 10 m"));
+  EXPECT_EQ(thrown_by_build(grid(20, 1, 31)), domain("Value x=31 is outside dimensions of tank"));
+  const Thrown null = null_pointer("Base::Params & reference is null");
+  EXPECT_EQ(thrown_by_build(0), null);
+  EXPECT_EQ(thrown_by_init(0), null);
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build_1slice), experiment, proxy, run, 0,
+                      proxy, 0, 1),
+            null);
+}
+
+TEST_F(Animation, ExhaustedMemoryIsTold) {
+  build_oblique_run();
+  for (const Thrown& thrown : {thrown_by_build(grid(1e7, 1e-7)), thrown_by_init(grid(1e7, 1e-7))}) {
+    EXPECT_EQ(thrown.class_name, domain("").class_name);
+    EXPECT_EQ(thrown.message.find("Uncaught Exception in Animate "), 0u) << thrown.message;
+  }
+  ASSERT_EQ(thrown_by_build(grid()), Thrown{});
+}
+
+TEST_F(Animation, ASiteWithoutATankIsToldByEachBuild) {
+  OpenExperiment& open = open_basin();
+  experiment = handle(open);
+  make_tree();
+  build_oblique_run();
+  ASSERT_EQ(thrown_by_init(grid()), Thrown{});
+  open.tank().geometry.number = 9;
+  const jlong tuned = params({{"beach", 0.5, "m"}, {"delay", 30, "msec"}});
+  host.call(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, tuned, proxy);
+  EXPECT_EQ(host.take_thrown(), domain("Unexpected type in Geometry"));
+  const std::string text = ": Attempting to access TankConfig when not made ready";
+  EXPECT_EQ(thrown_by_build(grid()), domain("Uncaught Exception in Animate Build" + text));
+  EXPECT_EQ(thrown_by_init(grid()), domain("Uncaught Exception in Animate Init" + text));
+  EXPECT_EQ(thrown_by_slice(0, 1), domain("Uncaught Exception in Animate Build slice" + text));
+}
+
+TEST_F(Animation, EveryOperationWantsTheIdOfADefinition) {
+  const jlong set = grid();
+  const auto check = [&](jlong id, const Thrown& refused) {
+    EXPECT_EQ(
+        thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build), experiment, proxy, id, set, proxy),
+        refused);
+    EXPECT_EQ(
+        thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1init), experiment, proxy, id, set, proxy),
+        refused);
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build_1slice), experiment, proxy, id,
+                        set, proxy, 0, 1),
+              refused);
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1data), experiment, proxy, id, 0),
+              refused);
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1size), experiment, proxy, id),
+              refused);
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1progress), experiment, proxy, id),
+              refused);
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1ready), experiment, proxy, id),
+              refused);
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1stop), experiment, proxy, id),
+              refused);
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1free), experiment, proxy, id),
+              refused);
+  };
+  check(99, domain("ID out of range"));
+  check(group, domain("Trying to access Definition"));
+}
+
+TEST_F(Animation, AnotherThreadWatchesAndStops) {
+  build_oblique_run();
+  Host watcher;
+  const auto on_watcher = [&](auto function) {
+    return watcher.call(function, experiment, proxy, run);
+  };
+  for (int i = 0; i < 200; ++i) {
+    const jlong values = grid();
+    std::atomic<bool> done{false};
+    Thrown thrown;
+    testing::internal::CaptureStdout();
+    std::thread builder([&] {
+      host.call(NATIVE(Kelpbox_1Experiment_1animate_1build), experiment, proxy, run, values, proxy);
+      thrown = host.take_thrown();
+      done = true;
+    });
+    while (!done) {
+      const double seen = on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1progress));
+      on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1ready));
+      if (seen > 0.02 * (i % 60)) on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1stop));
+    }
+    builder.join();
+    testing::internal::GetCapturedStdout();
+    ASSERT_TRUE(thrown == Thrown{} || thrown == domain("Animate Cancelled")) << thrown.message;
+    stop();
+    ASSERT_EQ(progress(), 0.0);
+    ASSERT_EQ(watcher.take_thrown(), Thrown{});
+  }
+}
+
+}  // namespace
