@@ -1,27 +1,27 @@
 // Exported names of the operations that run a definition and read its results.
-#include "exported/experiment.h"
+#include "exported/facade.h"
 #include "exported/frame.h"
 
 using namespace Kelpbox;
 
 KELPBOX_EXPORT(void, Kelpbox_1Experiment_1run_1build)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id) {
-  call(env, &Experiment::run_build, Self<Experiment>{self}, Unsigned{id});
+  call(env, &Experiment::run_build, Self<Facade>{self}, Unsigned{id});
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1run_1size)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id) {
-  return call(env, &Experiment::run_size, Self<Experiment>{self}, Unsigned{id});
+  return call(env, &Experiment::run_size, Self<Facade>{self}, Unsigned{id});
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1repeat)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id) {
-  return call(env, &Experiment::repeat, Self<Experiment>{self}, Unsigned{id});
+  return call(env, &Experiment::repeat, Self<Facade>{self}, Unsigned{id});
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1position)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id, jlong index) {
-  return call(env, &Experiment::position, Self<Experiment>{self}, Unsigned{id}, Unsigned{index});
+  return call(env, &Experiment::position, Self<Facade>{self}, Unsigned{id}, Unsigned{index});
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1fronts_1_1SWIG_10)
@@ -30,7 +30,7 @@ KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1fronts_1_1SWIG_10)
       env, [](Experiment & experiment, std::uint32_t item, std::uint32_t set) -> auto& {
         return experiment.fronts(item, set);
       },
-      Self<Experiment>{self}, Unsigned{id}, Unsigned{index});
+      Self<Facade>{self}, Unsigned{id}, Unsigned{index});
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1fronts_1_1SWIG_11)
@@ -39,7 +39,7 @@ KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1fronts_1_1SWIG_11)
       env, [](Experiment & experiment, std::uint32_t item, bool m) -> auto& {
         return experiment.fronts(item, m);
       },
-      Self<Experiment>{self}, Unsigned{id}, Bool{merged});
+      Self<Facade>{self}, Unsigned{id}, Bool{merged});
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1fronts_1_1SWIG_12)
@@ -47,28 +47,28 @@ KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1fronts_1_1SWIG_12)
   return call(
       env,
       [](Experiment & experiment, std::uint32_t item) -> auto& { return experiment.fronts(item); },
-      Self<Experiment>{self}, Unsigned{id});
+      Self<Facade>{self}, Unsigned{id});
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1messages)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id) {
-  return call(env, &Experiment::messages, Self<Experiment>{self}, Unsigned{id});
+  return call(env, &Experiment::messages, Self<Facade>{self}, Unsigned{id});
 }
 
 KELPBOX_EXPORT(void, Kelpbox_1Experiment_1paddle_1motion_1build)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id, jlong in, jobject) {
-  call(env, &Experiment::paddle_motion_build, Self<Experiment>{self}, Unsigned{id},
+  call(env, &Experiment::paddle_motion_build, Self<Facade>{self}, Unsigned{id},
        Reference<Base::Params&>{in});
 }
 
 KELPBOX_EXPORT(jlong, Kelpbox_1Experiment_1paddle_1motion_1data)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id, jlong bank, jlong paddle) {
-  return call(env, &Experiment::paddle_motion_data, Self<Experiment>{self}, Unsigned{id},
+  return call(env, &Experiment::paddle_motion_data, Self<Facade>{self}, Unsigned{id},
               Unsigned{bank}, Unsigned{paddle});
 }
 
 KELPBOX_EXPORT(void, Kelpbox_1Experiment_1paddle_1motion_1stats)
 (JNIEnv* env, jclass, jlong self, jobject, jlong id, jlong bank, jlong out, jobject) {
-  call(env, &Experiment::paddle_motion_stats, Self<Experiment>{self}, Unsigned{id}, Unsigned{bank},
+  call(env, &Experiment::paddle_motion_stats, Self<Facade>{self}, Unsigned{id}, Unsigned{bank},
        Reference<Base::Params&>{out});
 }

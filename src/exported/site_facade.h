@@ -1,6 +1,6 @@
 // What both facades do with a site: read its script, and answer for its constants and its tank.
 //
-// It comes first in each facade, so that one exported function serves the handles of both.
+// A host's handle has one (facade.h), whichever facade it was made for.
 #ifndef KELPBOX_EXPORTED_SITE_FACADE_H_
 #define KELPBOX_EXPORTED_SITE_FACADE_H_
 
@@ -29,12 +29,12 @@ class SiteFacade {
   // The depths along the tank at every "delta_x", which is read from the parameters.
   std::vector<double> profile(Base::Params& in);
 
- protected:
-  ~SiteFacade() = default;
-
   // Both throw the plain text "Object not built" until `initialise` has read a site.
   Common::Context& context();
   Common::Tank& tank();
+
+ protected:
+  ~SiteFacade() = default;
 
   std::uint32_t site_checksum() const { return reader_.checksum(); }
 

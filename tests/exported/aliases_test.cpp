@@ -115,11 +115,23 @@ TEST(Aliases, ThePlainNamesOfQueryAndSetAreTheSiteForms) {
             2u);
 }
 
-// One exported function serves the handles of every facade, so the site must come first.
-TEST(Aliases, TheSiteComesFirstInTheFacade) {
-  Kelpbox::Experiment experiment;
-  EXPECT_EQ(static_cast<void*>(static_cast<Kelpbox::SiteFacade*>(&experiment)),
-            static_cast<void*>(&experiment));
+TEST(Aliases, AnAnalysisSharesItsLifeAndTheSiteWithAnExperiment) {
+  EXPECT_EQ(
+      addresses(NATIVE(new_1Kelpbox_1Analysis), NATIVE(new_1Kelpbox_1Experiment_1_1SWIG_10)).size(),
+      1u);
+  EXPECT_EQ(
+      addresses(NATIVE(Kelpbox_1Analysis_1get_1consts), NATIVE(Kelpbox_1Experiment_1get_1consts))
+          .size(),
+      1u);
+  EXPECT_EQ(
+      addresses(NATIVE(Kelpbox_1Analysis_1query), NATIVE(Kelpbox_1Experiment_1query_1_1SWIG_10))
+          .size(),
+      1u);
+  EXPECT_EQ(
+      addresses(NATIVE(Kelpbox_1Analysis_1profile), NATIVE(Kelpbox_1Experiment_1profile)).size(),
+      1u);
+  // The tank that an analysis has set waits for its next process.
+  EXPECT_EQ(addresses(NATIVE(Kelpbox_1Analysis_1set), NATIVE(Kelpbox_1Experiment_1set)).size(), 2u);
 }
 
 }  // namespace

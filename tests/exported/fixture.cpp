@@ -73,6 +73,15 @@ jlong HostTest::doubles(const std::vector<double>& values) {
   return made;
 }
 
+jlong HostTest::uints(const std::vector<jlong>& values) {
+  const jlong made = own(host.call(NATIVE(new_1Kelpbox_1StdVectorUInt_1_1SWIG_10)),
+                         NATIVE(delete_1Kelpbox_1StdVectorUInt));
+  for (const jlong value : values) {
+    host.call(NATIVE(Kelpbox_1StdVectorUInt_1add), made, proxy, value);
+  }
+  return made;
+}
+
 std::vector<double> HostTest::values_of(jlong vector) {
   const jlong size = host.call(NATIVE(Kelpbox_1StdVectorDouble_1size), vector, proxy);
   std::vector<double> result;
@@ -100,9 +109,7 @@ OpenExperiment& HostTest::open_basin() {
   return *made;
 }
 
-jlong HostTest::handle(Kelpbox::Experiment& experiment) {
-  return reinterpret_cast<jlong>(&experiment);
-}
+jlong HostTest::handle(Kelpbox::Facade& facade) { return reinterpret_cast<jlong>(&facade); }
 
 void HostTest::initialise(jlong experiment, const std::string& file) {
   testing::internal::CaptureStdout();

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "exported/experiment.h"
+#include "exported/facade.h"
 #include "host.h"
 #include "native.h"
 
@@ -19,15 +19,13 @@ struct Entry {
 };
 
 // An experiment whose inside can be put into states that a host's own calls do not lead to.
-class OpenExperiment : public Kelpbox::Experiment {
+class OpenExperiment : public Kelpbox::Facade {
  public:
   using Kelpbox::Experiment::attach;
   using Kelpbox::Experiment::component;
-  using Kelpbox::Experiment::context;
   using Kelpbox::Experiment::definition;
   using Kelpbox::Experiment::modifier;
   using Kelpbox::Experiment::specification;
-  using Kelpbox::Experiment::tank;
 };
 
 class HostTest : public testing::Test {
@@ -70,6 +68,7 @@ class HostTest : public testing::Test {
   std::vector<std::string> names(jlong params);
   std::vector<std::string> comments(jlong params);
   jlong doubles(const std::vector<double>& values);
+  jlong uints(const std::vector<jlong>& values);
   std::vector<double> values_of(jlong vector);
 
   // One without a site, and one that has read the basin of data/basin.txt.
@@ -77,7 +76,7 @@ class HostTest : public testing::Test {
   jlong basin();
   // As `basin`, with its inside open.
   OpenExperiment& open_basin();
-  static jlong handle(Kelpbox::Experiment& experiment);
+  static jlong handle(Kelpbox::Facade& facade);
   // Reads a script, with its progress lines caught.
   void initialise(jlong experiment, const std::string& file);
 

@@ -156,5 +156,19 @@ DECLARE(void, Kelpbox_1Experiment_1animate_1free, jlong, jobject, jlong);
 DECLARE(void, Kelpbox_1Experiment_1twod_1build, jlong, jobject, jlong, jlong, jobject);
 DECLARE(jlong, Kelpbox_1Experiment_1twod_1data, jlong, jobject, jlong, jint);
 DECLARE(void, Kelpbox_1Experiment_1twod_1stats, jlong, jobject, jlong, jlong, jobject);
+DECLARE(jlong, new_1Kelpbox_1Analysis);
+DECLARE(void, delete_1Kelpbox_1Analysis, jlong);
+DECLARE(void, Kelpbox_1Analysis_1initialise, jlong, jobject, jstring);
+DECLARE(void, Kelpbox_1Analysis_1get_1consts, jlong, jobject, jlong, jobject);
+DECLARE(void, Kelpbox_1Analysis_1query, jlong, jobject, jlong, jobject);
+DECLARE(void, Kelpbox_1Analysis_1set, jlong, jobject, jlong, jobject);
+DECLARE(jlong, Kelpbox_1Analysis_1profile, jlong, jobject, jlong, jobject);
+DECLARE(jlong, Kelpbox_1Analysis_1add_1series, jlong, jobject, jlong, jobject, jlong, jobject);
+DECLARE(jlong, Kelpbox_1Analysis_1create_1set, jlong, jobject, jlong, jobject, jlong, jobject);
+DECLARE(jlong, Kelpbox_1Analysis_1create_1process, jlong, jobject, jlong, jlong);
+DECLARE(void, Kelpbox_1Analysis_1get_1results, jlong, jobject, jlong, jlong, jobject, jlong,
+        jobject);
+DECLARE(jlong, Kelpbox_1Analysis_1get_1data, jlong, jobject, jlong, jlong, jobject);
+DECLARE(void, Kelpbox_1Analysis_1clear, jlong, jobject);
 
 #endif  // KELPBOX_TESTS_EXPORTED_NATIVE_H_

@@ -312,4 +312,31 @@ public final class KelpboxNativeLibraryJNI {
             long self, Object proxy, long id, int which);
     public static native void Kelpbox_Experiment_twod_stats(
             long self, Object proxy, long id, long params, Object paramsProxy);
+
+    // Analysis
+    public static native long new_Kelpbox_Analysis();
+    public static native void delete_Kelpbox_Analysis(long self);
+    public static native void Kelpbox_Analysis_initialise(long self, Object proxy, String file);
+    public static native void Kelpbox_Analysis_get_consts(
+            long self, Object proxy, long params, Object paramsProxy);
+    public static native void Kelpbox_Analysis_query(
+            long self, Object proxy, long params, Object paramsProxy);
+    public static native void Kelpbox_Analysis_set(
+            long self, Object proxy, long params, Object paramsProxy);
+    public static native long Kelpbox_Analysis_profile(
+            long self, Object proxy, long params, Object paramsProxy);
+    public static native long Kelpbox_Analysis_add_series(
+            long self, Object proxy, long params, Object paramsProxy, long samples,
+            Object samplesProxy);
+    public static native long Kelpbox_Analysis_create_set(
+            long self, Object proxy, long params, Object paramsProxy, long series,
+            Object seriesProxy);
+    public static native long Kelpbox_Analysis_create_process(
+            long self, Object proxy, long set, long kind);
+    public static native void Kelpbox_Analysis_get_results(
+            long self, Object proxy, long process, long settings, Object settingsProxy, long out,
+            Object outProxy);
+    public static native long Kelpbox_Analysis_get_data(
+            long self, Object proxy, long process, long params, Object paramsProxy);
+    public static native void Kelpbox_Analysis_clear(long self, Object proxy);
 }
