@@ -74,7 +74,7 @@ void AnimationColumns::add_rows(std::uint32_t ix) {
     for (std::uint32_t row = 0; row < rows; ++row) {
       const std::vector<double>& heights = surface_.series(row);
       if (!frames_.running()) return;
-      std::transform(heights.begin(), heights.end(), code_.data() + row * stride_, surface_code);
+      surface_codes(heights.data(), heights.size(), code_.data() + row * stride_);
     }
     frames_.add_series(ix, first, {code_.data(), grid_.samples, stride_, rows});
   }
@@ -83,7 +83,7 @@ void AnimationColumns::add_rows(std::uint32_t ix) {
 void AnimationColumns::add_uniform_rows(std::uint32_t ix) {
   surface_.sum(column_, grid_.y, 0, 1);
   const std::vector<double>& heights = surface_.series(0);
-  std::transform(heights.begin(), heights.end(), code_.begin(), surface_code);
+  surface_codes(heights.data(), heights.size(), code_.data());
   if (!frames_.running()) return;
   frames_.add_series(ix, 0, {code_.data(), grid_.samples, 0, grid_.y.count});
 }

@@ -6,8 +6,8 @@
 namespace Synthesis {
 namespace {
 
-// A cache line of a frame.
-constexpr std::uint32_t most_rows = 32;
+// They lie side by side in each frame, two cache lines of it.
+constexpr std::uint32_t most_rows = 64;
 // Independent rotations, so that none waits for the one before.
 constexpr std::uint32_t lanes = 4;
 static_assert(most_rows % lanes == 0);

@@ -71,9 +71,9 @@ void expect_sum(Sea& sea, const GridText& grid) {
 TEST(AnimateSurface, EveryPointIsTheSumOfTheFrontsOverAFlatBottom) {
   Sea sea(wild_sea());
   GridText grid;
-  grid.y_step = 0.1;  // more rows than a block has
+  grid.y_step = 0.05;  // more rows than a block has
   sea.build(grid);
-  EXPECT_EQ(sea.frames().size(2), 41u);
+  EXPECT_EQ(sea.frames().size(2), 81u);
   expect_sum(sea, grid);
 }
 

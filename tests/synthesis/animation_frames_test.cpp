@@ -70,6 +70,24 @@ TEST(SurfaceCode, WhatIsNoNumberIsFlat) {
   EXPECT_EQ(surface_code(1e300), 0);
 }
 
+TEST(SurfaceCode, ASeriesIsEncodedAsItsHeights) {
+  std::vector<double> heights = {0.0, -0.0, 4.0, -4.0, 2.0, -2.0, 4.0002, -65535.9, 65535.9};
+  for (int i = -500; i < 500; ++i) heights.push_back(i * 0.5 * 4.0 / 32767.0);
+  const auto check = [&] {
+    std::vector<std::int16_t> codes(heights.size());
+    Synthesis::surface_codes(heights.data(), heights.size(), codes.data());
+    for (std::size_t i = 0; i < heights.size(); ++i) {
+      EXPECT_EQ(codes[i], surface_code(heights[i])) << heights[i];
+    }
+  };
+  check();
+  for (const double far :
+       {65536.0, -4e6, 1e300, infinity, std::numeric_limits<double>::quiet_NaN()}) {
+    heights[500] = far;
+    check();
+  }
+}
+
 TEST(AnimationFrames, APointIsFoundByColumnAndRow) {
   SmallFrames small;
   small.frames.add_series(1, 2, row(small.series));
