@@ -35,7 +35,7 @@ final class Propagation {
             double along = 0;
             for (double from = 0; from < x; from += STEP) {
                 double to = Math.min(from + STEP, x);
-                double k = waveNumber(omega, depth(0.5 * (from + to)));
+                double k = waveNumber(omega, depth(0.5 * (from + to)), g);
                 along += Math.sqrt(k * k - across * across) * (to - from);
             }
             double shoaling = Math.sqrt(groupVelocity(omega, depth(0)) / groupVelocity(omega, depth(x)));
@@ -47,12 +47,12 @@ final class Propagation {
 
     /** The direction in radians that a front of the paddle line, on its way to the far end, has at x. */
     double direction(Front front, double x) {
-        return Math.asin(across(front) / waveNumber(2 * Math.PI * front.frequency(), depth(x)));
+        return Math.asin(across(front) / waveNumber(2 * Math.PI * front.frequency(), depth(x), g));
     }
 
     /** The crosswise wave number, which stays the same along the tank. */
     private double across(Front front) {
-        return waveNumber(2 * Math.PI * front.frequency(), depth(0)) * Math.sin(front.angle());
+        return waveNumber(2 * Math.PI * front.frequency(), depth(0), g) * Math.sin(front.angle());
     }
 
     private double depth(double x) {
@@ -63,7 +63,7 @@ final class Propagation {
     }
 
     /** omega^2 = g k tanh(k depth), by Newton's method from the deep-water wave number. */
-    private double waveNumber(double omega, double depth) {
+    static double waveNumber(double omega, double depth, double g) {
         double k = omega * omega / g / Math.sqrt(Math.tanh(omega * omega * depth / g));
         for (int i = 0; i < 50; ++i) {
             double tanh = Math.tanh(k * depth);
@@ -74,7 +74,7 @@ final class Propagation {
     }
 
     private double groupVelocity(double omega, double depth) {
-        double k = waveNumber(omega, depth);
+        double k = waveNumber(omega, depth, g);
         return omega / k * 0.5 * (1 + 2 * k * depth / Math.sinh(2 * k * depth));
     }
 }
