@@ -9,8 +9,10 @@
 // Coastal Engineering 51.
 //
 // The equations are formed with the plain transpose, never its conjugate, and are solved without
-// exchanging rows; results depend on both. They are exact where the probes just determine the
-// trains. A pivot below 1e-6 goes unnoticed and leaves results without meaning.
+// exchanging rows. Trains come in opposite pairs, whose coefficients are each other's conjugates,
+// so that these are the equations of the least squares in another order; but their pivots are
+// others, and hosts depend on which layouts pass. A pivot below 1e-6 goes unnoticed and leaves
+// results without meaning: of probes a sixth of a wave length apart, for one.
 #ifndef KELPBOX_ANALYSIS_SEPARATION_H_
 #define KELPBOX_ANALYSIS_SEPARATION_H_
 
