@@ -52,6 +52,7 @@ std::vector<double> irregular(int count, double scale = 1.0) {
 
 Records probes(const std::vector<std::vector<double>>& records) {
   std::vector<Series> series;
+  series.reserve(records.size());
   for (const std::vector<double>& samples : records) series.push_back({at_rate(10.0), samples});
   return Records(series);
 }
@@ -164,8 +165,9 @@ TEST(MultiTime, DoubledListsHaveTheSameSignificantWave) {
     Records set = probes({irregular(count)});
     const Maths::TankConfig tank;
     MultiTime process(tank, set.set());
+    const int index = 2 * count / 3;
     for (int round = 0; round < 4; ++round) {
-      EXPECT_NEAR(answer(process).out.get("sig_h", "m"), 0.1 * (2 * count / 3 + 1), 1e-12);
+      EXPECT_NEAR(answer(process).out.get("sig_h", "m"), 0.1 * (index + 1), 1e-12);
     }
   }
 }

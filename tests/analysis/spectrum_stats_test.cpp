@@ -24,6 +24,7 @@ Base::Params report(Base::DataSet set) {
 // An amplitude at one harmonic on a mean, in 200 samples at 20 Hz.
 Base::DataSet sinusoid(double amplitude, int harmonic, double mean = 0.0) {
   std::vector<double> samples;
+  samples.reserve(200);
   for (int j = 0; j < 200; ++j) {
     samples.push_back(mean +
                       amplitude * std::sin(2.0 * std::numbers::pi * harmonic * j / 200.0 + 0.4));
@@ -49,8 +50,7 @@ TEST(SpectrumStats, TheMeanTakesNoPart) {
 
 TEST(SpectrumStats, TheElementOfTheHalfRateCountsLikeAnyOther) {
   // Samples of +-a are one element of magnitude a.
-  std::vector<double> samples;
-  for (int j = 0; j < 10; ++j) samples.push_back(j % 2 == 0 ? 0.2 : -0.2);
+  const std::vector<double> samples = {0.2, -0.2, 0.2, -0.2, 0.2, -0.2, 0.2, -0.2, 0.2, -0.2};
   const Base::Params out = report(record(samples, 5.0));
   EXPECT_NEAR(out.get("Hs", "m"), 4.0 * std::sqrt(0.2 * 0.2 / 2.0), 1e-12);
   EXPECT_NEAR(out.get("Ts", "s"), 0.4, 1e-12);

@@ -131,7 +131,8 @@ TEST(WaveReports, TheSignificantWaveIsTheOneAtTwoThirdsOfTheList) {
     WaveList list = list_of(periods, heights);
     Base::Params out;
     Analysis::report_irregular(list, out);
-    const double at = static_cast<double>(2 * count / 3 + 1);
+    const std::size_t index = 2 * count / 3;
+    const double at = static_cast<double>(index + 1);
     EXPECT_NEAR(out.get("sig_h", "m"), at, 1e-9) << count;
     EXPECT_NEAR(out.get("sig_t", "s"), 100.0 + at, 1e-9) << count;
     EXPECT_NEAR(out.get("max_amp", "m"), static_cast<double>(count), 1e-9) << count;

@@ -1,0 +1,390 @@
+// What the separation of several records reads, prints, refuses and tells.
+#include "analysis/freq_single.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <cstddef>
+#include <limits>
+#include <numbers>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "trains.h"
+
+namespace {
+
+using Analysis::FreqSingle;
+using Analysis::Series;
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+const std::vector<double> layout = {3.0, 3.25, 3.62, 4.1};
+
+std::vector<Series> sea_under(const std::vector<double>& positions) {
+  return measure(Sea().trains(0.7), row(positions));
+}
+
+void expect_failure(const Separation& found, const std::string& text, const std::string& lines) {
+  EXPECT_EQ(found.failure, text);
+  EXPECT_EQ(found.lines, lines);
+  EXPECT_TRUE(found.out.entries().empty());
+}
+
+Base::Cvector form(std::vector<Complex> elements) { return {"", {}, std::move(elements)}; }
+
+TEST(PeakBin, IsTheElementOfGreatestMagnitude) {
+  EXPECT_EQ(Analysis::peak_bin(form({9.0, 1.0, {2.0, -2.0}, -2.5}), 1), 2u);
+  EXPECT_EQ(Analysis::peak_bin(form({9.0, 1.0, 2.0}), 0), 0u);
+  EXPECT_EQ(Analysis::peak_bin(form({9.0, 1.0, 2.0, 3.0}), 1), 3u);
+}
+
+TEST(PeakBin, IsTheLowestOfEquals) {
+  EXPECT_EQ(Analysis::peak_bin(form({9.0, 1.0, 3.0, -3.0, {0.0, 3.0}}), 1), 2u);
+}
+
+TEST(PeakBin, IsTheStartWhereAllIsZeroOrNoNumber) {
+  EXPECT_EQ(Analysis::peak_bin(form({9.0, 0.0, 0.0, 0.0}), 2), 2u);
+  EXPECT_EQ(Analysis::peak_bin(form({9.0, nan, nan}), 1), 1u);
+  EXPECT_EQ(Analysis::peak_bin(form({}), 1), 1u);
+}
+
+std::uint32_t independent(const std::vector<double>& positions, double k = 1.0) {
+  std::vector<Analysis::ProbeRecord> records;
+  records.reserve(positions.size());
+  for (const double s : positions) records.push_back({0, s, {}});
+  return Analysis::independent_probes(records, k);
+}
+
+TEST(IndependentProbes, StandMoreThanATenthOfARadianFromTheLastCounted) {
+  EXPECT_EQ(independent({-7.0}), 1u);
+  EXPECT_EQ(independent({2.0, 2.0, 2.0, 2.0}), 1u);
+  EXPECT_EQ(independent({0.0, 0.1, 0.2}), 2u);  // the third from the first
+  EXPECT_EQ(independent({0.0, 0.11, 0.22}), 3u);
+  EXPECT_EQ(independent({-0.05, 0.06, 0.1, 0.15, 0.17}), 3u);
+  EXPECT_EQ(independent({0.0, 0.02, 0.04, 0.06, 0.08, 0.0999}), 1u);
+  // Each close to the one before it, the count goes on from the last counted.
+  EXPECT_EQ(independent({0.0, 0.06, 0.12, 0.18, 0.24, 0.30}), 3u);
+  EXPECT_EQ(independent({0.0, 0.03, 0.06}, 4.0), 3u);
+  EXPECT_EQ(independent({0.0, 0.02, 0.04}, 4.0), 2u);
+}
+
+TEST(FreqSingle, TellsItsProgress) {
+  const auto found = separate(sea_under(layout), flat_tank(0.7));
+  EXPECT_EQ(found.lines, "FreqSingle\nDA\nDB\nDC\nDD\nDE\nDF\nDG\nDH\nDI\n");
+  EXPECT_EQ(found.failure, "(nothing thrown)");
+}
+
+TEST(FreqSingle, NamesSixMagnitudesWithoutUnits) {
+  const auto found = separate(sea_under(layout), flat_tank(0.7));
+  ASSERT_EQ(found.out.entries().size(), 6u);
+  for (const char* name :
+       {"Forward free fundamental", "Backward free fundamental", "Forward bound harmonic",
+        "Backward bound harmonic", "Forward free harmonic", "Backward free harmonic"}) {
+    EXPECT_EQ(Base::units_text(found.out.at(name).units), "") << name;
+  }
+}
+
+TEST(FreqSingle, AddsItsResultsInOrder) {
+  Records records(sea_under(layout));
+  const Maths::TankConfig tank = flat_tank(0.7);
+  const std::vector<const char*> order = {"Forward free fundamental", "Backward free fundamental",
+                                          "Forward bound harmonic",   "Backward bound harmonic",
+                                          "Forward free harmonic",    "Backward free harmonic"};
+  printed([&] {
+    FreqSingle process(tank, records.set());
+    process.process(settings());
+    for (std::size_t n = 0; n < order.size(); ++n) {
+      Base::Params out;
+      out.insert(order[n], 0.0, "");
+      EXPECT_EQ(thrown([&] { process.results(out); }),
+                "\"" + std::string(order[n]) + "\"::Duplicate parameter:");
+      EXPECT_EQ(out.entries().size(), n + 1);
+    }
+  });
+}
+
+TEST(FreqSingle, NeedsAFrequencyWhoseValueChangesNothing) {
+  const auto series = sea_under(layout);
+  Base::Params params;
+  expect_failure(separate(series, flat_tank(0.7), params), "freq::Not found", marks('A'));
+  params.insert("angle", 0.0, "rad");
+  expect_failure(separate(series, flat_tank(0.7), params), "freq::Not found", marks('A'));
+  params.insert("freq", 1.0, "s");
+  expect_failure(separate(series, flat_tank(0.7), params), "freq::not convertable", marks('A'));
+
+  Base::Params unset;
+  unset.declare("freq", Base::default_units(Base::Category::frequency));
+  expect_failure(separate(series, flat_tank(0.7), unset), "Invalid value", marks('A'));
+
+  for (const double value : {0.0, -3.0, 0.8, nan, infinity}) {
+    Base::Params any;
+    any.insert("freq", value, "rad/s");
+    any.insert("angle", 0.0, "deg");
+    expect_sea(separate(series, flat_tank(0.7), any), Sea(), 1e-9);
+  }
+}
+
+TEST(FreqSingle, NeedsAnAngle) {
+  Base::Params params;
+  params.insert("freq", 1.0, "Hz");
+  expect_failure(separate(sea_under(layout), flat_tank(0.7), params), "angle::Not found",
+                 marks('A'));
+  params.insert("angle", 1.0, "m");
+  expect_failure(separate(sea_under(layout), flat_tank(0.7), params), "angle::not convertable",
+                 marks('A'));
+}
+
+TEST(FreqSingle, NeedsTwoRecords) {
+  const char* const text = "At least two data sets must be provided for frequency analysis";
+  expect_failure(separate(std::vector<Series>(), flat_tank(0.7)), text, marks('A'));
+  expect_failure(separate(sea_under({3.0}), flat_tank(0.7)), text, marks('A'));
+  // The settings are read first.
+  expect_failure(separate(sea_under({3.0}), flat_tank(0.7), {}), "freq::Not found", marks('A'));
+}
+
+TEST(FreqSingle, TwoRecordsAreTooFewAllTheSame) {
+  expect_failure(separate(sea_under({3.0, 3.4}), flat_tank(0.7)),
+                 "Too few independant probes to process", marks('G'));
+}
+
+TEST(FreqSingle, ProbesInOnePlaceAreOneProbe) {
+  const char* const text = "Too few independant probes to process";
+  expect_failure(separate(sea_under({3.0, 3.0, 3.0, 3.0}), flat_tank(0.7)), text, marks('G'));
+  // 0.8 Hz in 0.7 m of water: a tenth of a radian is 3.7 cm.
+  expect_failure(separate(sea_under({3.0, 3.01, 3.02, 3.03}), flat_tank(0.7)), text, marks('G'));
+  expect_failure(separate(sea_under({3.0, 3.3, 3.31, 3.32}), flat_tank(0.7)), text, marks('G'));
+  // A row across the direction.
+  expect_failure(separate(sea_under(layout), flat_tank(0.7), settings(std::numbers::pi / 2.0)),
+                 text, marks('G'));
+  expect_failure(separate(sea_under(layout), flat_tank(0.7), settings(nan)), text, marks('G'));
+}
+
+TEST(FreqSingle, RecordsMustBeOfOneLength) {
+  const char* const text = "Inconsistent sizes of data sets";
+  for (const std::size_t odd : {0u, 1u, 3u}) {
+    auto series = sea_under(layout);
+    series[odd].samples.pop_back();
+    expect_failure(separate(series, flat_tank(0.7)), text, marks('A'));
+  }
+  // 400 and 401 samples have as many elements.
+  auto longer = sea_under(layout);
+  longer[2].samples.push_back(0.0);
+  expect_failure(separate(longer, flat_tank(0.7)), text, marks('A'));
+}
+
+TEST(FreqSingle, RecordsMustBeElevations) {
+  for (const char* const unit : {"s", "m/s", ""}) {
+    Records records(sea_under(layout));
+    auto& first = records.set().data.front();
+    first = Base::DataSet(Base::Vector("", Base::resolve_units(unit), first.time().data),
+                          at_rate(20.0));
+    expect_failure(separate(records.set(), flat_tank(0.7)), "Units not of distance", marks('B'));
+  }
+  // The first record's units count, and any length will do: results have its numbers.
+  Records records(sea_under(layout));
+  auto& sets = records.set().data;
+  for (std::size_t n = 0; n < sets.size(); ++n) {
+    sets[n] = Base::DataSet(
+        Base::Vector("", Base::resolve_units(n == 0 ? "mm" : "s"), sets[n].time().data),
+        at_point({}, row(layout)[n]));
+  }
+  expect_sea(separate(records.set(), flat_tank(0.7)), Sea(), 1e-9);
+}
+
+TEST(FreqSingle, ProbesMustHaveAPlace) {
+  auto series = sea_under(layout);
+  const auto failure = [&](const Base::Params& params, const std::string& text) {
+    auto changed = series;
+    changed[2].params = params;
+    expect_failure(separate(changed, flat_tank(0.7)), text, marks('D'));
+  };
+  Base::Params params = at_rate(20.0);
+  failure(params, "x::Not found");
+  params.insert("x", 3.0, "m");
+  failure(params, "y::Not found");
+  params.insert("y", 3.0, "s");
+  failure(params, "Unable to convert from \"s\" to \"m\"");
+  Base::Params unset = at_rate(20.0);
+  unset.declare("x", Base::default_units(Base::Category::length));
+  failure(unset, "Invalid value");
+}
+
+TEST(FreqSingle, TheMeanPlaceMustBeInTheTank) {
+  expect_failure(separate(sea_under({3.0, 3.25, 3.62, 230.13}), flat_tank(0.7)),
+                 "Value x=60 is outside dimensions of tank", marks('F'));
+  expect_failure(separate(sea_under({3.0, nan, 3.62, 4.1}), flat_tank(0.7)),
+                 "Value x=nan is outside dimensions of tank", marks('F'));
+  expect_failure(separate(sea_under(layout), Maths::TankConfig()), "TankConfig not built",
+                 marks('F'));
+}
+
+TEST(FreqSingle, AWaveNumberThatIsNotFoundPassesThrough) {
+  const auto found = separate(sea_under(layout), flat_tank(0.0));
+  EXPECT_EQ(found.failure.substr(0, 34), "Knum calculation failed for omega=");
+  EXPECT_EQ(found.lines, marks('F'));
+}
+
+TEST(FreqSingle, TheLowestPeakOfTheRecordsIsTheFundamental) {
+  // One probe of four sees more of the second harmonic than of the fundamental.
+  const Sea sea;
+  for (std::size_t odd = 0; odd < 4; ++odd) {
+    auto series = measure(sea.trains(0.7), row(layout));
+    // 1 m of a wave at harmonic 32 that is left out of the others: the fundamental stays.
+    const auto extra = surface({{32, 0.0, 1.0}}, 0.0, {});
+    for (std::size_t j = 0; j < extra.size(); ++j) series[odd].samples[j] += extra[j];
+    const Results found = separate(series, flat_tank(0.7)).results();
+    EXPECT_NEAR(found.forward_free, std::abs(sea.forward), 1e-9);
+    EXPECT_NEAR(found.backward_free, std::abs(sea.backward), 1e-9);
+    EXPECT_GT(found.forward_free2, 0.05);
+  }
+}
+
+// A lone train at an element of 40 samples under four probes.
+Separation lone(std::size_t bin, const std::vector<double>& positions) {
+  const Reading reading{40, 10.0};
+  const Sea sea;
+  const double k = Maths::knum(reading.omega(bin), 0.7, 9.81);
+  std::vector<double> places;
+  places.reserve(positions.size());
+  for (const double phase : positions) places.push_back(phase / k);
+  return separate(measure({{bin, k, sea.forward}, {bin, -k, sea.backward}}, row(places), reading),
+                  flat_tank(0.7));
+}
+
+TEST(FreqSingle, HarmonicsMayEndJustBehindTheSpectrum) {
+  // 21 elements. At 5 the fourth harmonic is the last element, at 7 the third is just behind it.
+  const std::vector<double> apart = {0.3, 0.8, 1.7, 2.5};
+  EXPECT_EQ(lone(5, apart).failure, "(nothing thrown)");
+  expect_failure(lone(6, apart), "Index 24 out of range", marks('H'));
+  expect_failure(lone(7, apart), "Index 28 out of range", marks('H'));
+  expect_failure(lone(8, apart), "Index 24 out of range", marks('H'));
+  expect_failure(lone(10, apart), "Index 30 out of range", marks('H'));
+  expect_failure(lone(11, apart), "Index 22 out of range", marks('H'));
+}
+
+TEST(FreqSingle, WithThreeProbesTheResultsAreTheFirstToMissTheSecondHarmonic) {
+  const std::vector<double> three = {0.3, 0.8, 1.7};
+  const Sea sea;
+  for (const std::size_t bin : {10u, 11u}) {
+    const auto found = lone(bin, three);
+    EXPECT_EQ(found.lines, marks('I'));
+    EXPECT_NEAR(found.out.get("Forward free fundamental", ""), std::abs(sea.forward), 1e-10);
+    EXPECT_EQ(found.failure, bin == 10 ? "(nothing thrown)" : "Index 22 out of range");
+  }
+}
+
+TEST(FreqSingle, AnElementJustBehindTheSpectrumCountsAsZero) {
+  // 42 samples are 22 elements; the second harmonic of 11 is just behind them, the third beyond.
+  const Reading reading{42, 10.0};
+  const double k = Maths::knum(reading.omega(11), 0.7, 9.81);
+  const auto series = measure({{11, k, 1.0}}, row({0.3 / k, 0.8 / k, 1.7 / k}), reading);
+  const auto found = separate(series, flat_tank(0.7));
+  ASSERT_EQ(found.failure, "(nothing thrown)");
+  EXPECT_NEAR(found.results().forward_free, 1.0, 1e-10);
+  EXPECT_EQ(found.results().forward_bound2, 0.0);
+}
+
+TEST(FreqSingle, RecordsWithoutWavesHaveNone) {
+  const Reading reading{400, 2.0};  // of the first element, 5 mHz, a tenth of a radian is 8 m
+  const auto series = measure({}, row({3.0, 60.0, 150.0, 190.0}), reading);
+  Maths::TankConfig tank = flat_tank(0.7);
+  tank.x_high = 500.0;
+  tank.profile.back().x = 500.0;
+  const auto found = separate(series, tank);
+  ASSERT_EQ(found.failure, "(nothing thrown)");
+  EXPECT_EQ(found.results().forward_free, 0.0);
+  EXPECT_EQ(found.results().backward_free2, 0.0);
+}
+
+TEST(FreqSingle, RecordsOfAFewSamplesEndInAFailure) {
+  const auto failure = [](std::size_t samples) {
+    const Reading reading{samples, 1.0};
+    return separate(measure({}, row({0.1, 1.0, 2.0, 4.0}), reading), flat_tank(0.7)).failure;
+  };
+  EXPECT_EQ(failure(0).substr(0, 37), "Knum calculation failed for omega=inf");
+  // The fundamental is element 1 whether it is there or not.
+  EXPECT_EQ(failure(1), "Index 2 out of range");
+  EXPECT_EQ(failure(2), "Index 3 out of range");
+  EXPECT_EQ(failure(3), "Index 3 out of range");
+  EXPECT_EQ(failure(4), "Index 4 out of range");
+  EXPECT_EQ(failure(6), "(nothing thrown)");
+}
+
+TEST(FreqSingle, SamplesThatAreNoNumbersGiveResultsThatAreNone) {
+  for (const double bad : {nan, infinity}) {
+    auto series = measure({}, row({3.0, 4.0, 7.0, 9.0}), {40, 10.0});
+    for (auto& one : series) one.samples[7] = bad;
+    const auto found = separate(series, flat_tank(0.7));
+    ASSERT_EQ(found.failure, "(nothing thrown)");
+    EXPECT_TRUE(std::isnan(found.results().forward_free));
+    EXPECT_TRUE(std::isnan(found.results().backward_bound2));
+  }
+}
+
+TEST(FreqSingle, EachRoundStartsAnew) {
+  Records records(sea_under(layout));
+  const Maths::TankConfig tank = flat_tank(0.7);
+  printed([&] {
+    FreqSingle process(tank, records.set());
+    for (int round = 0; round < 3; ++round) {
+      Separation found;
+      found.failure = thrown([&] {
+        process.process(settings());
+        process.results(found.out);
+      });
+      expect_sea(found, Sea(), 1e-9);
+    }
+    // Across the direction there is nothing, and nothing is left of the last round.
+    EXPECT_NE(thrown([&] { process.process(settings(std::numbers::pi / 2.0)); }),
+              "(nothing thrown)");
+    Base::Params out;
+    process.results(out);
+    EXPECT_EQ(out.get("Forward free fundamental", ""), 0.0);
+  });
+}
+
+TEST(FreqSingle, ResultsWithoutProcessAreZero) {
+  Records records(sea_under(layout));
+  const Maths::TankConfig tank = flat_tank(0.7);
+  Base::Params out;
+  printed([&] { FreqSingle(tank, records.set()).results(out); });
+  EXPECT_EQ(out.entries().size(), 6u);
+  for (const auto& [name, quantity] : out.entries()) EXPECT_EQ(quantity.value, 0.0) << name;
+}
+
+TEST(FreqSingle, HasNoDataButChecksWhatItIsAskedWith) {
+  Records records(sea_under(layout));
+  const Maths::TankConfig tank = flat_tank(0.7);
+  printed([&] {
+    FreqSingle process(tank, records.set());
+    process.process(settings());
+    Base::Params params;
+    EXPECT_TRUE(process.data(params).empty());
+    params.insert("rate", 1.0, "m");
+    EXPECT_TRUE(process.data(params).empty());
+
+    const struct {
+      const char* name;
+      const char* unit;
+    } wanted[] = {
+        {"x", "m"}, {"y", "ft"}, {"start_time", "s"}, {"stop_time", "min"}, {"rate", "Hz"}};
+    params.clear();
+    for (const auto& entry : wanted) {
+      if (params.contains("x")) {
+        EXPECT_EQ(thrown([&] { process.data(params); }), std::string(entry.name) + "::Not found");
+      }
+      Base::Params wrong = params;
+      wrong.insert(entry.name, 1.0, "kg");
+      EXPECT_EQ(thrown([&] { process.data(wrong); }),
+                std::string(entry.name) + "::not convertable");
+      params.insert(entry.name, -1.0, entry.unit);
+    }
+    EXPECT_TRUE(process.data(params).empty());
+  });
+}
+
+}  // namespace
