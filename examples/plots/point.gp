@@ -18,6 +18,7 @@ set multiplot layout 1,2
 set polar
 set title "Where the waves go to: share of the variance in sectors of 10 degrees"
 set border 0
+set tics front
 unset xtics
 unset ytics
 unset raxis
@@ -47,6 +48,6 @@ set ytics
 set xrange [0:2]
 set yrange [0:*]
 set key inside top right vertical
-plot spectrum skip 1 using 1:3 with impulses lc "#2166ac" title "at the point", \
+plot spectrum skip 1 using 1:3 with filledcurves y1=0 lc "#2166ac" title "at the point", \
      spectrum skip 1 using 1:4 with lines lw 2 lc "#b2182b" title "asked for"
 unset multiplot

@@ -33,8 +33,8 @@ set title "Direction of each harmonic; the area of a dot is its energy"
 set xlabel "frequency (Hz)"
 set ylabel "direction (deg)"
 set xrange [0.35:1.45]
-set yrange [-60:60]
-set ytics 20
+set yrange [-75:75]
+set ytics 25
 set key center bottom
 plot fronts skip 1 using 1:($3 * 180 / pi):($2 * 500) with points pt 7 ps variable lc rgb "#802166ac" notitle, \
      deviation(x) lw 1.5 lc rgb "#b2182b" title "deviation of the law, uncut", \
@@ -54,5 +54,5 @@ set xlabel "frequency (Hz)"
 set ylabel "amplitude (mm)"
 set xrange [0.35:1.45]
 set yrange [0:*]
-plot fronts skip 1 using 1:($2 * 1000) with impulses lw 2
+plot fronts skip 1 using 1:($2 * 1000) with impulses
 unset multiplot
