@@ -29,23 +29,23 @@ const double quarter = (pi / 2 - 0.0001) / degree;
 const double half = (pi - 0.0001) / degree;
 const double turn = 2 * pi / degree;
 
-Filled spread(const char* function, double angle, double lo, double hi) {
+Filled spread(const char* function, double angle, double lo, double hi, const char* units = "deg") {
   return Filled()
       .member("function", function, "SpreadFunc")
-      .with("angle", angle, "deg")
-      .with("min_angle", lo, "deg")
-      .with("max_angle", hi, "deg")
+      .with("angle", angle, units)
+      .with("min_angle", lo, units)
+      .with("max_angle", hi, units)
       .member("ran_gen", "Default", "RanGen");
 }
 
-// What a set of these degrees writes back, and its comments.
+// What a set of these angles writes back, and its comments.
 struct Asked {
-  Asked(const char* function, double angle, double lo, double hi) {
-    Filled params = spread(function, angle, lo, hi);
+  Asked(const char* function, double angle, double lo, double hi, const char* units = "deg") {
+    Filled params = spread(function, angle, lo, hi, units);
     AngleSpreadModifier modifier("1");
     failure = thrown_by([&] { modifier.set(params); });
-    low = params.get("min_angle", "deg");
-    high = params.get("max_angle", "deg");
+    low = params.get("min_angle", units);
+    high = params.get("max_angle", units);
     remarks = comments(params);
   }
   double low;
@@ -153,16 +153,28 @@ TEST(AngleSpread, TheResultIsOnTheSideOfTheWrapThatWasAskedFor) {
   EXPECT_NEAR(negative.low, -220, 1e-12);
   EXPECT_NEAR(negative.high, -120, 1e-12);
   // Narrowed, and still asked for beyond pi.
-  Filled params;
-  params.member("function", "Cos2S", "SpreadFunc")
-      .with("angle", 1.58, "rad")
-      .with("min_angle", -1.55, "rad")
-      .with("max_angle", 2 * pi - 1.56, "rad")
-      .member("ran_gen", "Default", "RanGen");
-  AngleSpreadModifier modifier("1");
-  modifier.set(params);
-  EXPECT_NEAR(params.get("min_angle", "rad"), -1.55, 1e-12);
-  EXPECT_NEAR(params.get("max_angle", "rad"), 1.58 + pi - 0.0001, 1e-12);
+  const Asked narrowed("Cos2S", 1.58, -1.55, 2 * pi - 1.56, "rad");
+  EXPECT_NEAR(narrowed.low, -1.55, 1e-12);
+  EXPECT_NEAR(narrowed.high, 1.58 + pi - 0.0001, 1e-12);
+  // An angle of exactly 0 counts as one below.
+  const Asked full("CosS", -1, -1.2, 2 * pi, "rad");
+  EXPECT_NEAR(full.high, 2 * pi, 1e-12);
+  EXPECT_EQ(full.remarks, Strings{});
+}
+
+TEST(AngleSpread, ALimitOneTurnTooFarIsBroughtBack) {
+  const Asked above("CosS", 1, 0.5, 2 * pi + 1.5, "rad");
+  EXPECT_NEAR(above.high, 1.5, 1e-12);
+  EXPECT_EQ(above.remarks, Strings{"Warning::Poor match"});
+  const Asked below("CosS", -1, -2 * pi - 1.5, -0.5, "rad");
+  EXPECT_NEAR(below.low, -1.5, 1e-12);
+  EXPECT_EQ(below.remarks, Strings{"Warning::Poor match"});
+}
+
+TEST(AngleSpread, AChangeOfOnePerCentIsAPoorMatch) {
+  EXPECT_EQ(Asked("CosS", 0, -1.0098 * quarter, 1.0098 * quarter).remarks, Strings{});
+  EXPECT_EQ(Asked("CosS", 0, -1.0102 * quarter, 10).remarks, Strings{"Warning::Poor match"});
+  EXPECT_EQ(Asked("CosS", 0, -10, 1.0102 * quarter).remarks, Strings{"Warning::Poor match"});
 }
 
 TEST(AngleSpread, AMeanOutsideOfTheRangeIsRefused) {
@@ -172,8 +184,8 @@ TEST(AngleSpread, AMeanOutsideOfTheRangeIsRefused) {
     EXPECT_EQ(asked.low, -40);
     EXPECT_EQ(asked.high, 70);
   }
-  EXPECT_EQ(Asked("CosS", 70, -40, 70).failure, "(nothing thrown)");
-  EXPECT_EQ(Asked("CosS", -40, -40, 70).failure, "(nothing thrown)");
+  EXPECT_NEAR(Asked("CosS", 70, -40, 70).high, 70, 1e-12);
+  EXPECT_NEAR(Asked("CosS", -40, -40, 70).low, -40, 1e-12);
   EXPECT_EQ(Asked("CosS", 380, -40, 70).failure, "(nothing thrown)");
 }
 
@@ -183,6 +195,11 @@ TEST(AngleSpread, ARangeThroughPiIsNotChecked) {
   EXPECT_NEAR(asked.high, quarter - turn, 1e-12);
   EXPECT_NEAR(asked.low, -quarter + turn, 1e-12);
   EXPECT_EQ(asked.remarks, (Strings{"Warning::Poor match", "Warning::Poor match"}));
+  // Nor is a range of no width.
+  const Asked empty("CosS", 10, 40, 40);
+  EXPECT_EQ(empty.failure, "(nothing thrown)");
+  EXPECT_NEAR(empty.high, 40, 1e-12);
+  EXPECT_NEAR(empty.low, 10 - quarter, 1e-12);
 }
 
 TEST(AngleSpread, TheRangeKeepsTheHostsUnits) {
@@ -252,6 +269,17 @@ TEST(AngleSpread, DirectionsAreWrapped) {
     below = below || sea.at(h)[0].angle < 0;
   }
   EXPECT_TRUE(below);
+}
+
+TEST(AngleSpread, TheMeanMayBeOnAnotherTurnThanTheRange) {
+  for (const double turns : {2 * pi, -2 * pi}) {
+    AngleSpreadModifier modifier("1");
+    Sea sea;
+    sea.at(4) = {{0.1, 0.0, 0.0}};
+    set(modifier, spread("CosS", turns - 0.2, -1.2, 0.9, "rad"));
+    sea.modify(modifier);
+    EXPECT_NEAR(sea.at(4)[0].angle, cosine_draw(Draws(1).unit(), -1.0, 1.1) - 0.2, 1e-9);
+  }
 }
 
 TEST(AngleSpread, TheSeedMayBeChosen) {

@@ -180,6 +180,10 @@ TEST(AngleSweep, AFanOfMillionsOfFrontsIsRefused) {
   AngleSweepModifier sweep("1");
   set(sweep, Filled().with("delta_angle", pole, "rad"));
   sea.modify(sweep);
+  AngleSweepModifier endless("1");
+  set(endless, Filled().with("delta_angle", 1e-9, "rad"));
+  EXPECT_EQ(thrown_by([&] { sea.modify(endless); }),
+            "AngleSweepModifier::delta_angle of 1e-09 rad gives no usable fan of directions");
   for (std::size_t h = 1; h <= 16; ++h) sea.at(h) = {{0.1, 0.0, 0.0}};
   EXPECT_EQ(thrown_by([&] { sea.modify(sweep); }),
             "AngleSweepModifier::delta_angle of 9.53674e-07 rad gives no usable fan of directions");

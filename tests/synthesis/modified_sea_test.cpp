@@ -166,10 +166,45 @@ struct ThreeSeas {
   Synthesis::Definition definition;
 };
 
-// The phase of a front at the paddles, in the still depth of 1 m, when it is `front.phase` there.
-double paddle_phase(const Maths::HarmonicFront& front, double f, double x, double y, double t) {
-  const double k = Testing::wave_number(2 * pi * f, 1.0);
-  return front.phase + k * (x * std::cos(front.angle) + y * std::sin(front.angle)) - 2 * pi * f * t;
+// Where and when the phases of the three are told: x, y, t.
+constexpr std::array<std::array<double, 3>, 3> places = {{{1, 0, 0}, {2, 1, 5}, {3, -1, 7}}};
+
+// The fronts that the three make at a harmonic: one, one and three. Takes the third one's draws.
+std::array<std::vector<Maths::HarmonicFront>, 3> fronts_of(std::uint64_t h, Draws& draws) {
+  const double s = static_cast<double>(h);
+  const double f = 0.1 * s;
+  const auto spread = [&] {
+    const double share = 2 * draws.unit() - 1;
+    return Maths::HarmonicFront{0.2 / s, std::asin(share * std::sin(60 * Testing::degree)), 1.5};
+  };
+  return {{{{0.01 * s * 2 * f, 0.1, 0.5}},
+           {{0.1, -0.1 + 0.07 * f, 2 * f}},
+           {spread(), spread(), spread()}}};
+}
+
+// That the front is, at the paddles and in the still depth of 1 m, the one that sea `s` made.
+void expect_at_paddles(const Maths::HarmonicFront& found, const Maths::HarmonicFront& made,
+                       std::size_t s, std::uint64_t h) {
+  const auto& [x, y, t] = places.at(s);
+  const double omega = 2 * pi * 0.1 * static_cast<double>(h);
+  const double k = Testing::wave_number(omega, 1.0);
+  const double phase =
+      made.phase + k * (x * std::cos(made.angle) + y * std::sin(made.angle)) - omega * t;
+  EXPECT_NEAR(found.amp, made.amp, 1e-9) << h;
+  EXPECT_NEAR(found.angle, made.angle, 1e-9) << h;
+  EXPECT_NEAR(std::remainder(found.phase - phase, 2 * pi), 0.0, 1e-6) << h;
+}
+
+// That a harmonic belongs wholly to its owner, whose first front has all the energy.
+void expect_owned(const Maths::RunFronts& run, std::uint64_t h, std::size_t owner, Draws& draws) {
+  for (std::size_t s = 0; s < 3; ++s) {
+    EXPECT_EQ(run.sets[s].slots[h].size(), s == owner ? 1U : 0U) << h << " of " << s;
+  }
+  ASSERT_EQ(run.merged.slots[h].size(), 1U);
+  const std::array<double, 3> e = ThreeSeas::energies(h);
+  Maths::HarmonicFront made = fronts_of(h, draws)[owner][0];
+  made.amp = std::sqrt(e[0] + e[1] + e[2]);
+  expect_at_paddles(run.merged.slots[h][0], made, owner, h);
 }
 
 TEST(ModifiedSea, RmsMergesThreeSeasOfModifiersWithTheirPositions) {
@@ -180,36 +215,15 @@ TEST(ModifiedSea, RmsMergesThreeSeasOfModifiersWithTheirPositions) {
   std::array<double, 3> owed{};
   std::array<int, 3> owned{};
   for (std::uint64_t h = 2; h <= 20; ++h) {
-    const double f = 0.1 * static_cast<double>(h);
     const std::array<double, 3> e = ThreeSeas::energies(h);
-    // The first of the three directions drawn at this harmonic.
-    const double direction = std::asin((2 * draws.unit() - 1) * std::sin(60 * Testing::degree));
-    draws.unit();
-    draws.unit();
     std::size_t owner = 0;
     for (std::size_t s = 0; s < 3; ++s) {
       owed[s] += e[s];
       if (owed[s] > owed[owner]) owner = s;
     }
-    const double total = e[0] + e[1] + e[2];
-    owed[owner] -= total;
+    owed[owner] -= e[0] + e[1] + e[2];
     ++owned[owner];
-
-    const std::array<Maths::HarmonicFront, 3> asked = {{{std::sqrt(total), 0.1, 0.5},
-                                                        {std::sqrt(total), -0.1 + 0.07 * f, 2 * f},
-                                                        {std::sqrt(total), direction, 1.5}}};
-    const std::array<std::array<double, 3>, 3> places = {{{1, 0, 0}, {2, 1, 5}, {3, -1, 7}}};
-    for (std::size_t s = 0; s < 3; ++s) {
-      EXPECT_EQ(run.sets[s].slots[h].size(), s == owner ? 1U : 0U) << h << " of " << s;
-    }
-    ASSERT_EQ(run.merged.slots[h].size(), 1U);
-    const Maths::HarmonicFront& merged = run.merged.slots[h][0];
-    const auto& [x, y, t] = places[owner];
-    EXPECT_NEAR(merged.amp, asked[owner].amp, 1e-9) << h;
-    EXPECT_NEAR(merged.angle, asked[owner].angle, 1e-9) << h;
-    EXPECT_NEAR(std::remainder(merged.phase - paddle_phase(asked[owner], f, x, y, t), 2 * pi), 0.0,
-                1e-6)
-        << h;
+    expect_owned(run, h, owner, draws);
   }
   for (const int count : owned) EXPECT_GT(count, 0);
 }
@@ -218,12 +232,15 @@ TEST(ModifiedSea, NullLetsAllFrontsOfModifiedSeasSoundTogether) {
   Site site;
   ThreeSeas seas(site, "Null");
   const Maths::RunFronts& run = seas.definition.run_build();
+  Draws draws(1);
   for (std::uint64_t h = 2; h <= 20; ++h) {
-    ASSERT_EQ(run.merged.slots[h].size(), 5U);
-    double energy = 0.0;
-    for (const Maths::HarmonicFront& front : run.merged.slots[h]) energy += front.amp * front.amp;
-    const std::array<double, 3> e = ThreeSeas::energies(h);
-    EXPECT_NEAR(energy, e[0] + e[1] + e[2], 1e-9);
+    const auto made = fronts_of(h, draws);
+    const std::vector<Maths::HarmonicFront>& found = run.merged.slots[h];
+    ASSERT_EQ(found.size(), 5U);
+    for (std::size_t i = 0; i < 5; ++i) {
+      const std::size_t s = std::min<std::size_t>(i, 2);
+      expect_at_paddles(found[i], made[s][i - s], s, h);
+    }
   }
 }
 
@@ -231,15 +248,14 @@ TEST(ModifiedSea, RandomGivesAllToOneModifiedSea) {
   Site site;
   ThreeSeas seas(site, "Random");
   const Maths::RunFronts& run = seas.definition.run_build();
+  Draws draws(1);
   for (std::uint64_t h = 2; h <= 20; ++h) {
     const std::array<double, 3> e = ThreeSeas::energies(h);
     // One draw decides every harmonic.
     double r = Draws(42).unit() * (e[0] + e[1] + e[2]);
     std::size_t owner = 0;
     while (owner < 2 && (r -= e[owner]) > 0) ++owner;
-    for (std::size_t s = 0; s < 3; ++s) {
-      EXPECT_EQ(run.sets[s].slots[h].size(), s == owner ? 1U : 0U) << h << " of " << s;
-    }
+    expect_owned(run, h, owner, draws);
   }
 }
 

@@ -140,6 +140,12 @@ TEST(ModifierSet, QueryDeclaresTheFormulasParametersThenItsOwn) {
   EXPECT_EQ(probe.calls, std::vector<std::string>{"query"});
 }
 
+TEST(ModifierSet, AFormulaMayNotTakeANameOfTheClassForSomethingElse) {
+  Base::Params out;
+  Synthesis::AngleChangeModifier change("set[rad]@rad");
+  EXPECT_EQ(thrown_by([&] { change.query(out); }), "Not an enum");
+}
+
 TEST(ModifierSet, FunctionsAreBoundBeforeTheClassIsAsked) {
   Probe probe("a#b[Hz]@Hz#c");
   EXPECT_EQ(set_refusal(probe, Filled().number("c", 1)), "a::Not found");
@@ -251,8 +257,10 @@ TEST(ModifierValue, LimitsOfAnglesDivideTheCircle) {
   EXPECT_EQ(at(89), 2.0);
   EXPECT_EQ(at(91), 0.0);
   EXPECT_EQ(at(180), 0.0);
-  // Exactly on a limit the function above it holds; behind the last one there is one more.
+  // Exactly on a limit the function above it holds; on the last one there is one more.
   EXPECT_EQ(probe.value(-60 * degree), 1.0);
+  EXPECT_EQ(probe.value(30 * degree), 2.0);
+  EXPECT_EQ(probe.value(90 * degree), 3.0);
 }
 
 TEST(ModifierValue, LimitsOfAnglesMayPassThroughPi) {
@@ -267,6 +275,9 @@ TEST(ModifierValue, LimitsOfAnglesMayPassThroughPi) {
   EXPECT_EQ(at(-121), 2.0);
   EXPECT_EQ(at(-119), 0.0);
   EXPECT_EQ(at(-1), 0.0);
+  EXPECT_EQ(probe.value(120 * degree), 1.0);
+  EXPECT_EQ(probe.value(170 * degree), 2.0);
+  EXPECT_EQ(probe.value(-120 * degree), 3.0);
 }
 
 TEST(ModifierValue, LimitsOfAnglesAreWrapped) {
@@ -296,6 +307,8 @@ TEST(ModifierOrder, ThreeLimitsOfAnglesMustGoRoundOnce) {
   EXPECT_EQ(order("0", "90", "-90"), taken);
   EXPECT_EQ(order("90", "-90", "0"), taken);
   EXPECT_EQ(order("0", "0", "0"), taken);
+  EXPECT_EQ(order("0", "0", "90"), taken);
+  EXPECT_EQ(order("90", "90", "-90"), taken);
   EXPECT_EQ(order("0", "-90", "90"), refused);  // below the last, and falls
   EXPECT_EQ(order("-90", "90", "0"), refused);  // below the last, and passes it
   EXPECT_EQ(order("90", "0", "-90"), refused);  // above the last, and falls short of it
