@@ -102,10 +102,12 @@ jlong HostTest::basin() {
   return made;
 }
 
-OpenExperiment& HostTest::open_basin() {
+OpenExperiment& HostTest::open_basin() { return open_site("basin.txt"); }
+
+OpenExperiment& HostTest::open_site(const std::string& file) {
   auto made = std::make_shared<OpenExperiment>();
   cleanups_.push_back([made] {});
-  initialise(handle(*made), TEST_DATA "/data/basin.txt");
+  initialise(handle(*made), TEST_DATA "/data/" + file);
   return *made;
 }
 

@@ -74,8 +74,9 @@ class HostTest : public testing::Test {
   // One without a site, and one that has read the basin of data/basin.txt.
   jlong empty_experiment();
   jlong basin();
-  // As `basin`, with its inside open.
+  // As `basin`, with its inside open; and one that has read another file of data/.
   OpenExperiment& open_basin();
+  OpenExperiment& open_site(const std::string& file);
   static jlong handle(Kelpbox::Facade& facade);
   // Reads a script, with its progress lines caught.
   void initialise(jlong experiment, const std::string& file);
