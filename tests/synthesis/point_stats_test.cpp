@@ -78,6 +78,19 @@ TEST(PointStats, FewerThanSixWavesAreTooFew) {
             "Insufficient zero crossings in time series");
 }
 
+// The first sample is above 0 and the last below, of `count` waves.
+Base::Params stats_across_the_seam(std::uint64_t count) {
+  return PointStats({{count, {0.04, 0.0, 0.01 - pi / 2}}}).stats(50.0, 0.0, 0.0);
+}
+
+TEST(PointStats, ACrossingFromTheLastSampleToTheFirstIsNotSeen) {
+  EXPECT_EQ(thrown([] { stats_across_the_seam(6); }), "Insufficient zero crossings in time series");
+  const Base::Params params = stats_across_the_seam(7);
+  // The wave of twice the length is left out.
+  EXPECT_NEAR(params.get("reg_t", "s"), 10.0 / 7, 1e-4);
+  EXPECT_NEAR(params.get("reg_h", "m"), 0.08, 0.08 * (1 - std::cos(2 * pi * 0.7 * 0.01)));
+}
+
 struct Height {
   double height;
   double period;
@@ -147,6 +160,25 @@ TEST(PointStats, TheRateIsFittedAndWrittenBack) {
   EXPECT_EQ(slow.get("rate", "Hz"), 2.4);
   ASSERT_EQ(slow.comment_size(), 1u);
   EXPECT_EQ(slow.comment(0), "Warning::Poor match");
+}
+
+TEST(PointStats, AllSpecificationsCount) {
+  PointStats run({{8, {0.04, 0.0, 0.0}}});
+  Testing::Part second({{9, {0.03, 0.0, 0.0}}}, Testing::at(0, 0, 0));
+  run.definition.add_specification(second.specification);
+  run.definition.run_build();
+  EXPECT_NEAR(run.stats(100.0).get("Hs", "m"), 4 * 0.05 / std::sqrt(2.0), 1e-12);
+}
+
+TEST(PointStats, TheRateMayBeAnAngularOne) {
+  PointStats run({{8, {0.04, 0.0, 0.0}}});
+  Base::Params params;
+  params.insert("rate", 200.0 * pi, "rad/s");
+  params.insert("x", 300.0, "cm");
+  params.insert("y", 0.0, "m");
+  run.definition.twod_stats(params);
+  EXPECT_NEAR(params.get("reg_t", "s"), 1.25, 1e-4);
+  EXPECT_NEAR(params.get("Ts", "s"), 1.25, 1e-12);
 }
 
 TEST(PointStats, NothingOfTheLastBuildChanges) {

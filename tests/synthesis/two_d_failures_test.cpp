@@ -141,6 +141,17 @@ TEST_F(WaveAtPoint, RefusedSectorsLeaveTheOldOnesBesideANewRecord) {
   EXPECT_EQ(definition.twod_data(TwoD::direction), before[TwoD::direction]);
 }
 
+TEST_F(WaveAtPoint, ADirectionWithoutASectorLeavesTheSectorsUnscaled) {
+  BuiltRun mixed(SiteText{}, {{6, {0.02, 0.0, 0.0}}, {8, {0.04, pi, 0.0}}});
+  Base::Params params = point_params(20.0, 0.0, 0.0, 0.5);
+  mixed.definition.twod_build(params);
+  params = point_params(20.0, 0.0, 0.0, 2 * pi);
+  EXPECT_EQ(refusal(mixed.definition, params), "invalid vector<T> subscript");
+  const std::vector<double>& shares = mixed.definition.twod_data(TwoD::direction);
+  ASSERT_EQ(shares.size(), 1u);
+  EXPECT_NEAR(shares[0], 0.02 * 0.02 / 2 * 10, 1e-15);
+}
+
 TEST_F(WaveAtPoint, ASiteWithoutATankIsRefusedAfterThePoint) {
   Testing::Site site(SiteText{}, false);
   Synthesis::Definition unready("unready", site.context());

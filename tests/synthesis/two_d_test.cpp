@@ -225,4 +225,31 @@ TEST(TwoD, EachBuildReplacesAllAndARunBuildNone) {
   EXPECT_EQ(run.direction().size(), 2u);
 }
 
+TEST(TwoD, TheSectorsStartFromNothingAtEachBuild) {
+  PointRun run({{8, {0.04, 0.0, 0.0}}});
+  run.build(point_params(20.0, 0.0, 0.0, pi / 2));
+  run.part.component.fronts = {{6, {0.02, pi / 2, 0.0}}};
+  run.definition.run_build();
+  run.build(point_params(20.0, 0.0, 0.0, pi / 2));
+  EXPECT_EQ(run.direction(), all_in(1, 4));
+}
+
+TEST(TwoD, AWaveThatIsTurnedBackOnItsWayIsNoNumber) {
+  SiteText deepening;
+  deepening.depths = {"0.2@m", "1@m"};
+  deepening.breaks = {10.0};
+  BuiltRun run(deepening, {{4, {0.04, 1.2, 0.0}}, {8, {0.05, pi / 2 - 1.2, 0.0}}});
+  Base::Params params = point_params(20.0, 5.0, 0.0, pi / 2);
+  run.definition.twod_build(params);
+  EXPECT_TRUE(std::isfinite(run.definition.twod_data(TwoD::time)[0]));
+  params = point_params(20.0, 20.0, 0.0, pi / 2);
+  run.definition.twod_build(params);
+  for (const double eta : run.definition.twod_data(TwoD::time)) EXPECT_TRUE(std::isnan(eta));
+  EXPECT_TRUE(std::isnan(run.definition.twod_data(TwoD::spectrum)[4]));
+  EXPECT_GT(run.definition.twod_data(TwoD::spectrum)[8], 0.01);
+  const std::vector<double>& shares = run.definition.twod_data(TwoD::direction);
+  EXPECT_TRUE(std::isnan(shares[0]));
+  EXPECT_EQ(shares[1], 0.0);
+}
+
 }  // namespace
