@@ -20,8 +20,9 @@ class FreqSingle final : public TwoD {
   // from a tenth of a radian of the fundamental's phase. Reads "freq", whose value changes
   // nothing, and "angle", the direction from the tank's x axis along which waves run forward.
   // Throws "At least two data sets must be provided for frequency analysis", "Inconsistent sizes
-  // of data sets", "Units not of distance", "Too few independant probes to process", and "Index N
-  // out of range" for a harmonic beyond the records' spectra.
+  // of data sets", "Units not of distance", "Too few independant probes to process", "Index N out
+  // of range" for a harmonic beyond the records' spectra, and what parameters, the tank's depth at
+  // the probes' mean x and the wave number throw.
   void process(const Base::Params& settings) override;
   // Adds the magnitudes of the fundamental and of the second harmonic, in metres though without
   // units.
