@@ -34,44 +34,6 @@ void expect_failure(const Separation& found, const std::string& text, const std:
   EXPECT_TRUE(found.out.entries().empty());
 }
 
-Base::Cvector form(std::vector<Complex> elements) { return {"", {}, std::move(elements)}; }
-
-TEST(PeakBin, IsTheElementOfGreatestMagnitude) {
-  EXPECT_EQ(Analysis::peak_bin(form({9.0, 1.0, {2.0, -2.0}, -2.5}), 1), 2u);
-  EXPECT_EQ(Analysis::peak_bin(form({9.0, 1.0, 2.0}), 0), 0u);
-  EXPECT_EQ(Analysis::peak_bin(form({9.0, 1.0, 2.0, 3.0}), 1), 3u);
-}
-
-TEST(PeakBin, IsTheLowestOfEquals) {
-  EXPECT_EQ(Analysis::peak_bin(form({9.0, 1.0, 3.0, -3.0, {0.0, 3.0}}), 1), 2u);
-}
-
-TEST(PeakBin, IsTheStartWhereAllIsZeroOrNoNumber) {
-  EXPECT_EQ(Analysis::peak_bin(form({9.0, 0.0, 0.0, 0.0}), 2), 2u);
-  EXPECT_EQ(Analysis::peak_bin(form({9.0, nan, nan}), 1), 1u);
-  EXPECT_EQ(Analysis::peak_bin(form({}), 1), 1u);
-}
-
-std::uint32_t independent(const std::vector<double>& positions, double k = 1.0) {
-  std::vector<Analysis::ProbeRecord> records;
-  records.reserve(positions.size());
-  for (const double s : positions) records.push_back({0, s, {}});
-  return Analysis::independent_probes(records, k);
-}
-
-TEST(IndependentProbes, StandMoreThanATenthOfARadianFromTheLastCounted) {
-  EXPECT_EQ(independent({-7.0}), 1u);
-  EXPECT_EQ(independent({2.0, 2.0, 2.0, 2.0}), 1u);
-  EXPECT_EQ(independent({0.0, 0.1, 0.2}), 2u);  // the third from the first
-  EXPECT_EQ(independent({0.0, 0.11, 0.22}), 3u);
-  EXPECT_EQ(independent({-0.05, 0.06, 0.1, 0.15, 0.17}), 3u);
-  EXPECT_EQ(independent({0.0, 0.02, 0.04, 0.06, 0.08, 0.0999}), 1u);
-  // Each close to the one before it, the count goes on from the last counted.
-  EXPECT_EQ(independent({0.0, 0.06, 0.12, 0.18, 0.24, 0.30}), 3u);
-  EXPECT_EQ(independent({0.0, 0.03, 0.06}, 4.0), 3u);
-  EXPECT_EQ(independent({0.0, 0.02, 0.04}, 4.0), 2u);
-}
-
 TEST(FreqSingle, TellsItsProgress) {
   const auto found = separate(sea_under(layout), flat_tank(0.7));
   EXPECT_EQ(found.lines, "FreqSingle\nDA\nDB\nDC\nDD\nDE\nDF\nDG\nDH\nDI\n");
@@ -323,6 +285,20 @@ TEST(FreqSingle, SamplesThatAreNoNumbersGiveResultsThatAreNone) {
     EXPECT_TRUE(std::isnan(found.results().forward_free));
     EXPECT_TRUE(std::isnan(found.results().backward_bound2));
   }
+}
+
+TEST(FreqSingle, OneSampleThatIsNoNumberMakesTheFirstElementTheFundamental) {
+  auto series = sea_under(layout);
+  series[2].samples[100] = nan;
+  // A tenth of a radian of 0.05 Hz is 0.8 m.
+  expect_failure(separate(series, flat_tank(0.7)), "Too few independant probes to process",
+                 marks('G'));
+  auto apart = sea_under({3.0, 4.0, 5.0, 6.0});
+  apart[2].samples[100] = nan;
+  const auto found = separate(apart, flat_tank(0.7));
+  ASSERT_EQ(found.failure, "(nothing thrown)");
+  EXPECT_TRUE(std::isnan(found.results().forward_free));
+  EXPECT_TRUE(std::isnan(found.results().forward_bound2));
 }
 
 TEST(FreqSingle, EachRoundStartsAnew) {

@@ -118,6 +118,12 @@ TEST(WaveReports, FewerThanSixWavesHaveNoRegularReport) {
   EXPECT_TRUE(out.entries().empty());
 }
 
+TEST(WaveReports, FewerThanSixWavesHaveNoMedians) {
+  WaveList list = equal_waves(5);
+  EXPECT_EQ(thrown([&] { Analysis::regular_period(list); }), too_few_crossings);
+  EXPECT_EQ(thrown([&] { Analysis::regular_height(list); }), too_few_crossings);
+}
+
 TEST(WaveReports, TheSignificantWaveIsTheOneAtTwoThirdsOfTheList) {
   for (std::size_t count = 6; count <= 30; ++count) {
     // Heights 1 to count in a scrambled order, each wave's period 100 more than its height.
