@@ -12,10 +12,15 @@
 namespace Synthesis {
 namespace {
 
-// Asks for the memory of all frames at once and gives it back. A request that is too large fails
-// here; frame by frame, a system that promises more than it has would end the process instead.
-void prove_room(std::uint64_t points, std::uint64_t frames) {
-  const std::uint64_t bytes = points * frames * sizeof(std::int16_t);
+using Frames = std::vector<std::vector<std::int16_t>>;
+
+// Asks for all the memory that is still to come at once and gives it back. A request that is too
+// large fails here; frame by frame, a system that promises more than it has would end the process.
+void prove_room(std::uint64_t samples, const Frames& held) {
+  for (const std::vector<std::int16_t>& frame : held) {
+    samples -= std::min<std::uint64_t>(samples, frame.capacity());
+  }
+  const std::uint64_t bytes = samples * sizeof(std::int16_t);
   if (bytes == 0) return;
   void* room = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (room == MAP_FAILED) throw std::bad_alloc();
@@ -29,7 +34,7 @@ void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t) {
   if (points > std::numeric_limits<std::uint32_t>::max()) {
     throw std::length_error("vector<T> too long");
   }
-  prove_room(points, t);
+  prove_room(points * t, frames_);
   x_lim_ = x;
   y_lim_ = y;
   t_lim_ = t;
