@@ -3,13 +3,13 @@
 #include <cmath>
 #include <thread>
 
-#include "fixture.h"
+#include "run_fixture.h"
 
 namespace {
 
 constexpr double pi = 3.14159265358979323846;
 
-class Animation : public HostTest {
+class Animation : public RunHostTest {
  protected:
   void SetUp() override {
     experiment = basin();
@@ -18,26 +18,12 @@ class Animation : public HostTest {
 
   // A run of 10 s with two waves, set and not built.
   void make_tree() {
-    run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
-    group = host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
-    const jlong values = params({{"repeat", 10, "s"}});
-    insert_enum(values, "dalrymple", "False", "Bool");
-    insert_enum(values, "wave_merge", "Null", "WaveMerge");
-    set(run, values);
-    set(group, params({{"x", 0, "m"}, {"y", 0, "m"}, {"t", 0, "s"}}));
+    make_run();
+    set_run(10);
+    set_place(0, 0, 0);
   }
-  void set(jlong id, jlong values) {
-    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), experiment, proxy, id, values, proxy);
-  }
-  void add_wave(double f, double a, double angle) {
-    const jlong wave =
-        host.call(NATIVE(Kelpbox_1Experiment_1add_1single), experiment, proxy, group);
-    set(wave,
-        params({{"f", f, "Hz"}, {"a", a, "m"}, {"angle", angle, "rad"}, {"phase", 0, "rad"}}));
-  }
-  void build_run() {
-    ASSERT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, run), Thrown{});
-  }
+  void add_wave(double f, double a, double angle) { set_single(add_single(), f, a, angle, 0); }
+  void build_run() { ASSERT_EQ(thrown_by_run_build(), Thrown{}); }
   // Two waves, a build of the run.
   void build_oblique_run() {
     add_wave(0.5, 0.05, 0.3);
@@ -93,9 +79,6 @@ class Animation : public HostTest {
     return result;
   }
 
-  jlong experiment = 0;
-  jlong run = 0;
-  jlong group = 0;
   std::string printed;
 };
 

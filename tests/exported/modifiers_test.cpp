@@ -1,7 +1,7 @@
 // The seven modifiers, as a host asks for them by name.
 #include <cmath>
 
-#include "fixture.h"
+#include "run_fixture.h"
 
 namespace {
 
@@ -15,23 +15,14 @@ struct Front {
 };
 
 // A run of 10 s with three waves, without modifiers.
-class ModifierCalls : public HostTest {
+class ModifierCalls : public RunHostTest {
  protected:
   void SetUp() override {
     experiment = basin();
-    run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
-    group = host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
-    const jlong values = params({{"repeat", 10, "s"}});
-    insert_enum(values, "dalrymple", "False", "Bool");
-    insert_enum(values, "wave_merge", "Null", "WaveMerge");
-    set(run, values);
-    set(group, params({{"x", 0, "m"}, {"y", 0, "m"}, {"t", 0, "s"}}));
-    for (const double f : {0.4, 0.5, 0.8}) {
-      const jlong wave =
-          host.call(NATIVE(Kelpbox_1Experiment_1add_1single), experiment, proxy, group);
-      set(wave,
-          params({{"f", f, "Hz"}, {"a", 0.1, "m"}, {"angle", 0, "rad"}, {"phase", 1, "rad"}}));
-    }
+    make_run();
+    set_run(10);
+    set_place(0, 0, 0);
+    for (const double f : {0.4, 0.5, 0.8}) set_single(add_single(), f, 0.1, 0, 1);
   }
 
   jlong add(const char* type, const std::string& text = "") {
@@ -45,15 +36,9 @@ class ModifierCalls : public HostTest {
     testing::internal::GetCapturedStdout();
     return thrown;
   }
-  void set(jlong id, jlong values) {
-    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), experiment, proxy, id, values, proxy);
-  }
   Thrown thrown_by_set(jlong id, jlong values) {
     return thrown_by(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), experiment, proxy, id, values,
                      proxy);
-  }
-  Thrown thrown_by_build() {
-    return thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, run);
   }
   std::vector<std::string> queried(jlong id) {
     const jlong values = params();
@@ -61,7 +46,7 @@ class ModifierCalls : public HostTest {
     return names(values);
   }
   std::vector<Front> built() {
-    EXPECT_EQ(thrown_by_build(), Thrown{});
+    EXPECT_EQ(thrown_by_run_build(), Thrown{});
     const jlong vector = host.call(NATIVE(Kelpbox_1Experiment_1fronts_1_1SWIG_11), experiment,
                                    proxy, run, static_cast<jboolean>(false));
     const jlong size = host.call(NATIVE(Kelpbox_1StdVectorFront_1size), vector, proxy);
@@ -81,10 +66,6 @@ class ModifierCalls : public HostTest {
     insert_enum(values, name, member, type);
     return values;
   }
-
-  jlong experiment = 0;
-  jlong run = 0;
-  jlong group = 0;
 };
 
 TEST_F(ModifierCalls, EachDeclaresItsOwnParameters) {
@@ -169,7 +150,7 @@ TEST_F(ModifierCalls, GainAngleAndPhaseWorkTogether) {
 TEST_F(ModifierCalls, AnExpressionIsNeededWhereItIsUsed) {
   const jlong gain = add("GainAdjust");
   EXPECT_EQ(thrown_by_set(gain, params()), Thrown{});
-  EXPECT_EQ(thrown_by_build(), domain("Gain::evaluate::there is no expression"));
+  EXPECT_EQ(thrown_by_run_build(), domain("Gain::evaluate::there is no expression"));
 }
 
 TEST_F(ModifierCalls, ASweepSharesEachWaveOutOverTheAnglesOfTheSite) {
@@ -187,7 +168,7 @@ TEST_F(ModifierCalls, ASweepSharesEachWaveOutOverTheAnglesOfTheSite) {
 
 TEST_F(ModifierCalls, ASweepWithoutWeightFailsTheBuild) {
   set(add("AngleSweep", "0"), params({{"delta_angle", 40, "deg"}}));
-  EXPECT_EQ(thrown_by_build(), domain("Sweep has zero output"));
+  EXPECT_EQ(thrown_by_run_build(), domain("Sweep has zero output"));
 }
 
 TEST_F(ModifierCalls, ASpreadWritesItsRangeBack) {
@@ -257,7 +238,7 @@ TEST_F(ModifierCalls, NoiseChangesAmplitudesAndPhases) {
 
 TEST_F(ModifierCalls, NoiseAtARateWithoutSamplesFailsTheBuild) {
   set(add("PhaseWNoise"), with("ran_gen", "Default", "RanGen", {{"rate", -2, "Hz"}}));
-  EXPECT_EQ(thrown_by_build(),
+  EXPECT_EQ(thrown_by_run_build(),
             domain("rate::-2 Hz gives no usable number of samples in a repeat time of 10 s"));
 }
 

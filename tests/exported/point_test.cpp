@@ -2,14 +2,14 @@
 #include <cmath>
 #include <limits>
 
-#include "fixture.h"
+#include "run_fixture.h"
 #include "synthesis/two_d.h"
 
 namespace {
 
 constexpr double pi = 3.14159265358979323846;
 
-class Point : public HostTest {
+class Point : public RunHostTest {
  protected:
   void SetUp() override {
     experiment = basin();
@@ -18,26 +18,14 @@ class Point : public HostTest {
 
   // A run of 10 s with one wave of 0.5 Hz, set and not built.
   void make_tree() {
-    run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
-    group = host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
-    wave = host.call(NATIVE(Kelpbox_1Experiment_1add_1single), experiment, proxy, group);
-    const jlong values = params({{"repeat", 10, "s"}});
-    insert_enum(values, "dalrymple", "False", "Bool");
-    insert_enum(values, "wave_merge", "Null", "WaveMerge");
-    set(run, values);
-    set(group, params({{"x", 0, "m"}, {"y", 0, "m"}, {"t", 0, "s"}}));
+    make_run();
+    set_run(10);
+    set_place(0, 0, 0);
+    wave = add_single();
     set_wave(0.5, 0.05, 0.3);
   }
-  void set(jlong id, jlong values) {
-    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), experiment, proxy, id, values, proxy);
-  }
-  void set_wave(double f, double a, double angle) {
-    set(wave,
-        params({{"f", f, "Hz"}, {"a", a, "m"}, {"angle", angle, "rad"}, {"phase", 0, "rad"}}));
-  }
-  void build_run() {
-    ASSERT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, run), Thrown{});
-  }
+  void set_wave(double f, double a, double angle) { set_single(wave, f, a, angle, 0); }
+  void build_run() { ASSERT_EQ(thrown_by_run_build(), Thrown{}); }
   Thrown thrown_by_build(jlong values) {
     return thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1build), experiment, proxy, run, values,
                      proxy);
@@ -57,9 +45,6 @@ class Point : public HostTest {
     return host.call(NATIVE(Kelpbox_1Experiment_1twod_1data), experiment, proxy, run, which);
   }
 
-  jlong experiment = 0;
-  jlong run = 0;
-  jlong group = 0;
   jlong wave = 0;
 };
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "fixture.h"
+#include "run_fixture.h"
 #include "synthesis/two_d.h"
 
 namespace {
@@ -83,7 +83,7 @@ struct Water {
   std::vector<Maths::ProfilePoint> profile;
 };
 
-class PointTheory : public HostTest {
+class PointTheory : public RunHostTest {
  protected:
   void SetUp() override {
     open = &open_site("shelf.txt");
@@ -99,21 +99,13 @@ class PointTheory : public HostTest {
                               NATIVE(delete_1Kelpbox_1Front));
       host.call(NATIVE(Kelpbox_1StdVectorFront_1add), list, proxy, front, proxy);
     }
-    run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
-    const jlong group =
-        host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
+    make_run();
     const jlong fronts =
         host.call(NATIVE(Kelpbox_1Experiment_1add_1fronts), experiment, proxy, group, list, proxy);
     set(fronts, params());
-    const jlong values = params({{"repeat", repeat, "s"}});
-    insert_enum(values, "dalrymple", "False", "Bool");
-    insert_enum(values, "wave_merge", "Null", "WaveMerge");
-    set(run, values);
-    set(group, params({{"x", 0, "m"}, {"y", 0, "m"}, {"t", 0, "s"}}));
-    ASSERT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, run), Thrown{});
-  }
-  void set(jlong id, jlong values) {
-    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), experiment, proxy, id, values, proxy);
+    set_run(repeat);
+    set_place(0, 0, 0);
+    ASSERT_EQ(thrown_by_run_build(), Thrown{});
   }
   jlong build(int samples, double x, double y, int sectors) {
     const jlong values = params({{"rate", samples / repeat, "Hz"},
@@ -131,8 +123,6 @@ class PointTheory : public HostTest {
   }
 
   OpenExperiment* open = nullptr;
-  jlong experiment = 0;
-  jlong run = 0;
 };
 
 // Three to a harmonic, in all directions that get to either end of the tank.

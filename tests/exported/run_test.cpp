@@ -1,14 +1,14 @@
 // From a site script to the signal of a paddle.
 #include <cmath>
 
-#include "fixture.h"
+#include "run_fixture.h"
 
 namespace {
 
 constexpr double pi = 3.14159265358979323846;
 constexpr double g = 9.81;
 
-class Run : public HostTest {
+class Run : public RunHostTest {
  protected:
   void SetUp() override {
     experiment = basin();
@@ -17,33 +17,16 @@ class Run : public HostTest {
 
   // A definition, a specification and a single wave, with nothing set.
   void make_tree() {
-    run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
-    group = host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
-    wave = host.call(NATIVE(Kelpbox_1Experiment_1add_1single), experiment, proxy, group);
-  }
-  void set(jlong id, jlong values) {
-    host.call(NATIVE(Kelpbox_1Experiment_1set_1_1SWIG_11), experiment, proxy, id, values, proxy);
-  }
-  void set_run(double repeat) {
-    const jlong values = params({{"repeat", repeat, "s"}});
-    insert_enum(values, "dalrymple", "False", "Bool");
-    insert_enum(values, "wave_merge", "Null", "WaveMerge");
-    set(run, values);
-  }
-  void set_place(double x, double y, double t) {
-    set(group, params({{"x", x, "m"}, {"y", y, "m"}, {"t", t, "s"}}));
+    make_run();
+    wave = add_single();
   }
   void set_wave(double f, double a, double angle, double phase) {
-    set(wave,
-        params({{"f", f, "Hz"}, {"a", a, "m"}, {"angle", angle, "rad"}, {"phase", phase, "rad"}}));
+    set_single(wave, f, a, angle, phase);
   }
   void set_all() {
     set_run(10);
     set_place(0, 0, 0);
     set_wave(0.5, 0.05, 0.3, 0.4);
-  }
-  Thrown thrown_by_build() {
-    return thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, run);
   }
   Thrown thrown_by_motion(double rate) {
     return thrown_by(NATIVE(Kelpbox_1Experiment_1paddle_1motion_1build), experiment, proxy, run,
@@ -65,9 +48,6 @@ class Run : public HostTest {
     return result;
   }
 
-  jlong experiment = 0;
-  jlong run = 0;
-  jlong group = 0;
   jlong wave = 0;
 };
 
@@ -95,7 +75,7 @@ double motion(double t, double omega, double k, double amp, double theta, double
 
 TEST_F(Run, OneWaveMovesEachPaddleByTheClosedForm) {
   set_all();
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   ASSERT_EQ(thrown_by_motion(50), Thrown{});
 
   const double omega = pi;  // of 0.5 Hz
@@ -125,7 +105,7 @@ TEST_F(Run, OneWaveMovesEachPaddleByTheClosedForm) {
 TEST_F(Run, TheRunIsReadBack) {
   set_all();
   set_place(0, 2, 1.5);
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1run_1size), experiment, proxy, run), 1);
 
   const jlong grid = host.call(NATIVE(Kelpbox_1Experiment_1repeat), experiment, proxy, run);
@@ -143,7 +123,7 @@ TEST_F(Run, TheRunIsReadBack) {
 TEST_F(Run, FrontsAreReadInThreeForms) {
   set_all();
   set_place(0, 0, 1.5);
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
 
   const jlong sets =
       host.call(NATIVE(Kelpbox_1Experiment_1fronts_1_1SWIG_11), experiment, proxy, run, JNI_FALSE);
@@ -185,7 +165,7 @@ TEST_F(Run, FrontsAreReadInThreeForms) {
 
 TEST_F(Run, AnIndexOutsideTheRunIsTold) {
   set_all();
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   const Thrown refused = domain("invalid vector<T> subscript");
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1position), experiment, proxy, run, 1), refused);
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1fronts_1_1SWIG_10), experiment, proxy, run, 1),
@@ -195,20 +175,20 @@ TEST_F(Run, AnIndexOutsideTheRunIsTold) {
 TEST_F(Run, RemarksOnTheRunAreMessages) {
   set_all();
   set_wave(0.512, 0.05, 0, 0);
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   EXPECT_EQ(messages(), std::vector<std::string>{
                             "Single frequency 0.512Hz altered to 0.5Hz to fit repeat time"});
 }
 
 TEST_F(Run, AChangeTakesEffectAtTheNextBuild) {
   set_all();
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   ASSERT_EQ(thrown_by_motion(50), Thrown{});
   const auto before = signal(0, 0);
   set_wave(0.5, 0.1, 0.3, 0.4);
   ASSERT_EQ(thrown_by_motion(50), Thrown{});
   EXPECT_EQ(signal(0, 0), before);
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   EXPECT_EQ(signal(0, 0), before);
   ASSERT_EQ(thrown_by_motion(50), Thrown{});
   const auto after = signal(0, 0);
@@ -216,19 +196,19 @@ TEST_F(Run, AChangeTakesEffectAtTheNextBuild) {
 }
 
 TEST_F(Run, WhatHasNotBeenSetIsTold) {
-  EXPECT_EQ(thrown_by_build(), domain("Evaluate before setting state"));
+  EXPECT_EQ(thrown_by_run_build(), domain("Evaluate before setting state"));
   set_run(10);
-  EXPECT_EQ(thrown_by_build(), domain("Evaluating specification before values set"));
+  EXPECT_EQ(thrown_by_run_build(), domain("Evaluating specification before values set"));
   set_place(0, 0, 0);
-  EXPECT_EQ(thrown_by_build(), domain("Single::evaluate::when not ready"));
+  EXPECT_EQ(thrown_by_run_build(), domain("Single::evaluate::when not ready"));
   set_wave(0.5, 0.05, 0, 0);
-  EXPECT_EQ(thrown_by_build(), Thrown{});
+  EXPECT_EQ(thrown_by_run_build(), Thrown{});
 }
 
 TEST_F(Run, AnEmptyDefinitionHasAnEmptyRun) {
   run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "empty");
   set_run(10);
-  EXPECT_EQ(thrown_by_build(), Thrown{});
+  EXPECT_EQ(thrown_by_run_build(), Thrown{});
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1run_1size), experiment, proxy, run), 0);
 }
 
@@ -236,14 +216,14 @@ TEST_F(Run, WhatWasRemovedIsNotInTheNextRun) {
   set_all();
   const auto remove = NATIVE(Kelpbox_1Experiment_1remove);
   host.call(remove, experiment, proxy, wave);
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1run_1size), experiment, proxy, run), 1);
   const jlong fronts =
       host.call(NATIVE(Kelpbox_1Experiment_1fronts_1_1SWIG_12), experiment, proxy, run);
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1StdVectorFront_1size), fronts, proxy), 0);
 
   host.call(remove, experiment, proxy, group);
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1run_1size), experiment, proxy, run), 0);
 }
 
@@ -289,14 +269,14 @@ TEST_F(Run, ASiteThatFailedToChangeMustBeMendedBeforeARun) {
   experiment = handle(open);
   make_tree();
   set_all();
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
 
   const auto geometry = open.tank().geometry.number;
   open.tank().geometry.number = 9;
   const jlong tuned = params({{"beach", 0.5, "m"}, {"delay", 30, "msec"}});
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, tuned, proxy),
             domain("Unexpected type in Geometry"));
-  EXPECT_EQ(thrown_by_build(), domain("Building run when context not ready"));
+  EXPECT_EQ(thrown_by_run_build(), domain("Building run when context not ready"));
   // The site comes before the type of the item.
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, group),
             domain("Building run when context not ready"));
@@ -305,7 +285,7 @@ TEST_F(Run, ASiteThatFailedToChangeMustBeMendedBeforeARun) {
 
   open.tank().geometry.number = geometry;
   host.call(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, tuned, proxy);
-  EXPECT_EQ(thrown_by_build(), Thrown{});
+  EXPECT_EQ(thrown_by_run_build(), Thrown{});
 }
 
 TEST_F(Run, BanksWithoutMotionAreTold) {
@@ -315,7 +295,7 @@ TEST_F(Run, BanksWithoutMotionAreTold) {
   EXPECT_EQ(thrown_by(data, experiment, proxy, run, 0, 0), refused);
   EXPECT_EQ(thrown_by(stats, experiment, proxy, run, 0, params(), proxy), refused);
   set_all();
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   ASSERT_EQ(thrown_by_motion(50), Thrown{});
   EXPECT_EQ(thrown_by(data, experiment, proxy, run, 2, 0), refused);
   EXPECT_EQ(thrown_by(stats, experiment, proxy, run, 2, params(), proxy), refused);
@@ -323,7 +303,7 @@ TEST_F(Run, BanksWithoutMotionAreTold) {
 
 TEST_F(Run, MotionNeedsARate) {
   set_all();
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1paddle_1motion_1build), experiment, proxy, run,
                       params(), proxy),
             domain("rate::Not found"));
@@ -332,14 +312,14 @@ TEST_F(Run, MotionNeedsARate) {
 TEST_F(Run, StatisticsTellOfClippingAlone) {
   const auto stats = NATIVE(Kelpbox_1Experiment_1paddle_1motion_1stats);
   set_all();
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   ASSERT_EQ(thrown_by_motion(50), Thrown{});
   const jlong calm = params({{"old", 1, "m"}});
   host.call(stats, experiment, proxy, run, 0, calm, proxy);
   EXPECT_TRUE(names(calm).empty());
 
   set_wave(0.5, 2.0, 0, 0);
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
   ASSERT_EQ(thrown_by_motion(50), Thrown{});
   const jlong rough = params();
   host.call(stats, experiment, proxy, run, 0, rough, proxy);
@@ -366,7 +346,7 @@ TEST_F(Run, ATimeSeriesReadsTheHostsVector) {
   set(wave, values);
   // It is read again at each build.
   for (double& sample : reinterpret_cast<Base::Vector*>(eta)->data) sample *= 2;
-  ASSERT_EQ(thrown_by_build(), Thrown{});
+  ASSERT_EQ(thrown_by_run_build(), Thrown{});
 
   const jlong list =
       host.call(NATIVE(Kelpbox_1Experiment_1fronts_1_1SWIG_10), experiment, proxy, run, 0);

@@ -8,32 +8,22 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import java.util.concurrent.atomic.AtomicReference;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.function.Executable;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** The wave field over the flume, built, sliced, watched and stopped. */
-class AnimationTest {
+class AnimationTest extends FlumeTest {
 
     private static final int COLUMNS = 21;
     private static final int ROWS = 5;
     private static final int FRAMES = 200;
 
-    private long experiment;
     private long definition;
-    private long params;
-
-    @BeforeAll
-    static void load() {
-        Flume.load();
-    }
 
     @BeforeEach
     void make() {
-        experiment = Flume.experiment();
         definition = Kelpbox_Experiment_add_definition(experiment, null, "run");
         long specification = Flume.specification(experiment, definition);
         // Two harmonics, of which no cycle is shorter than the repeat time.
@@ -43,14 +33,7 @@ class AnimationTest {
         }
         Flume.setDefinition(experiment, definition, 10);
         Kelpbox_Experiment_run_build(experiment, null, definition);
-        params = new_Kelpbox_Params();
         grid(1.0);
-    }
-
-    @AfterEach
-    void free() {
-        delete_Kelpbox_Params(params);
-        delete_Kelpbox_Experiment(experiment);
     }
 
     private void grid(double xStep) {

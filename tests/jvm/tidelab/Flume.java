@@ -72,8 +72,12 @@ final class Flume {
     }
 
     static long experiment() {
+        return experiment(SCRIPT);
+    }
+
+    static long experiment(String script) {
         long experiment = new_Kelpbox_Experiment__SWIG_0();
-        Kelpbox_Experiment_initialise(experiment, null, file(SCRIPT));
+        Kelpbox_Experiment_initialise(experiment, null, file(script));
         return experiment;
     }
 

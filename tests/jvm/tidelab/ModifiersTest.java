@@ -3,36 +3,27 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
-import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.function.Executable;
-import tidelab.waves.component.WaveSynthesisException;
 
 /** What a host gets from each of the seven modifiers. */
-class ModifiersTest {
+class ModifiersTest extends FlumeTest {
 
-    private long experiment;
     private long definition;
     private long specification;
-    private long params;
 
-    @BeforeAll
-    static void load() {
-        Flume.load();
+    /** For angles within 60 degrees. */
+    @Override
+    String script() {
+        return Flume.SCRIPT.replace("maximum = 360; minimum = 0;", "maximum = 60; minimum = -60;");
     }
 
-    /** A run of 10 s with waves of 0.5 Hz and 1 Hz, in a flume for angles within 60 degrees. */
+    /** A run of 10 s with waves of 0.5 Hz and 1 Hz. */
     @BeforeEach
     void make() {
-        experiment = new_Kelpbox_Experiment__SWIG_0();
-        Kelpbox_Experiment_initialise(experiment, null, Flume.file(
-                Flume.SCRIPT.replace("maximum = 360; minimum = 0;", "maximum = 60; minimum = -60;")));
         definition = Kelpbox_Experiment_add_definition(experiment, null, "run");
         specification = Flume.specification(experiment, definition);
         for (double f : new double[] {0.5, 1.0}) {
@@ -40,13 +31,6 @@ class ModifiersTest {
             Flume.setSingle(experiment, single, f, 0.1, 1.0);
         }
         Flume.setDefinition(experiment, definition, 10);
-        params = new_Kelpbox_Params();
-    }
-
-    @AfterEach
-    void free() {
-        delete_Kelpbox_Params(params);
-        delete_Kelpbox_Experiment(experiment);
     }
 
     private long add(String type, String text) {
@@ -56,10 +40,6 @@ class ModifiersTest {
     /** Sets the item with what has been put into the parameters. */
     private void set(long item) {
         Kelpbox_Experiment_set__SWIG_1(experiment, null, item, params, null);
-    }
-
-    private static void fails(String text, Executable call) {
-        assertEquals(text, assertThrows(WaveSynthesisException.class, call).getMessage());
     }
 
     /** Amplitude, angle and phase of each front. */

@@ -1,19 +1,13 @@
 package tidelab;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
-import static org.junit.jupiter.api.Assertions.assertThrows;
-import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.function.Executable;
-import tidelab.waves.component.WaveSynthesisException;
 
 /** The wave at a point of the flume, before anything moves. */
-class PointTest {
+class PointTest extends FlumeTest {
 
     private static final int TIME = 0;
     private static final int SPECTRUM = 1;
@@ -24,31 +18,16 @@ class PointTest {
     private static final double A = 0.04;
     private static final double PHASE = 0.3;
 
-    private long experiment;
     private long definition;
-    private long params;
-
-    @BeforeAll
-    static void load() {
-        Flume.load();
-    }
 
     @BeforeEach
     void make() {
-        experiment = Flume.experiment();
         definition = Kelpbox_Experiment_add_definition(experiment, null, "run");
         long specification = Flume.specification(experiment, definition);
         long single = Kelpbox_Experiment_add_single(experiment, null, specification);
         Flume.setSingle(experiment, single, F, A, PHASE);
         Flume.setDefinition(experiment, definition, 10);
         Kelpbox_Experiment_run_build(experiment, null, definition);
-        params = new_Kelpbox_Params();
-    }
-
-    @AfterEach
-    void free() {
-        delete_Kelpbox_Params(params);
-        delete_Kelpbox_Experiment(experiment);
     }
 
     private void point(double rate, double x) {
@@ -69,10 +48,6 @@ class PointTest {
             result[i] = Kelpbox_StdVectorDouble_get(vector, null, i);
         }
         return result;
-    }
-
-    private static void assertRefused(String text, Executable call) {
-        assertEquals(text, assertThrows(WaveSynthesisException.class, call).getMessage());
     }
 
     @Test
@@ -140,12 +115,12 @@ class PointTest {
     @Test
     void whatCannotBeToldIsRefused() {
         for (int which : new int[] {4, -1, Integer.MAX_VALUE, Integer.MIN_VALUE}) {
-            assertRefused("Unsupported enum to experiment::twod_data",
+            fails("Unsupported enum to experiment::twod_data",
                     () -> Kelpbox_Experiment_twod_data(experiment, null, definition, which));
         }
-        assertRefused("ID out of range",
+        fails("ID out of range",
                 () -> Kelpbox_Experiment_twod_data(experiment, null, 99, 4));
         point(50, 21);
-        assertRefused("Value x=21 is outside dimensions of tank", () -> build(1));
+        fails("Value x=21 is outside dimensions of tank", () -> build(1));
     }
 }

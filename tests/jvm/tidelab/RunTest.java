@@ -5,37 +5,20 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** The road of a run, from the site to the drive signal. */
-class RunTest {
+class RunTest extends FlumeTest {
 
-    private long experiment;
     private long definition;
     private long specification;
-    private long params;
-
-    @BeforeAll
-    static void load() {
-        Flume.load();
-    }
 
     @BeforeEach
     void make() {
-        experiment = Flume.experiment();
         definition = Kelpbox_Experiment_add_definition(experiment, null, "run");
         specification = Flume.specification(experiment, definition);
-        params = new_Kelpbox_Params();
-    }
-
-    @AfterEach
-    void free() {
-        delete_Kelpbox_Params(params);
-        delete_Kelpbox_Experiment(experiment);
     }
 
     private void single(double f, double a, double phase) {

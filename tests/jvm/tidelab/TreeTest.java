@@ -1,42 +1,12 @@
 package tidelab;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
-import static org.junit.jupiter.api.Assertions.assertThrows;
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeAll;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.function.Executable;
-import tidelab.waves.component.WaveSynthesisException;
 
 /** IDs, the tree of items, and the texts of what does not fit into it. */
-class TreeTest {
-
-    private long experiment;
-    private long params;
-
-    @BeforeAll
-    static void load() {
-        Flume.load();
-    }
-
-    @BeforeEach
-    void make() {
-        experiment = Flume.experiment();
-        params = new_Kelpbox_Params();
-    }
-
-    @AfterEach
-    void free() {
-        delete_Kelpbox_Params(params);
-        delete_Kelpbox_Experiment(experiment);
-    }
-
-    private static void fails(String text, Executable call) {
-        assertEquals(text, assertThrows(WaveSynthesisException.class, call).getMessage());
-    }
+class TreeTest extends FlumeTest {
 
     @Test
     void idsRiseFromZeroAndAreNotUsedAgain() {

@@ -1,0 +1,24 @@
+// A test on a run of an experiment, driven through the exported functions.
+#ifndef KELPBOX_TESTS_EXPORTED_RUN_FIXTURE_H_
+#define KELPBOX_TESTS_EXPORTED_RUN_FIXTURE_H_
+
+#include "fixture.h"
+
+class RunHostTest : public HostTest {
+ protected:
+  // A definition and a specification of the experiment, with nothing set.
+  void make_run();
+  void set(jlong id, jlong values);
+  void set_run(double repeat);
+  void set_place(double x, double y, double t);
+  // A single wave, with nothing set.
+  jlong add_single();
+  void set_single(jlong wave, double f, double a, double angle, double phase);
+  Thrown thrown_by_run_build();
+
+  jlong experiment = 0;
+  jlong run = 0;
+  jlong group = 0;
+};
+
+#endif  // KELPBOX_TESTS_EXPORTED_RUN_FIXTURE_H_

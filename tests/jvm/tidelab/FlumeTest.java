@@ -1,0 +1,44 @@
+package tidelab;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
+
+import org.junit.jupiter.api.AfterEach;
+import org.junit.jupiter.api.BeforeAll;
+import org.junit.jupiter.api.BeforeEach;
+import org.junit.jupiter.api.function.Executable;
+import tidelab.waves.component.WaveSynthesisException;
+
+/** A test on an experiment in the flume, with a set of parameters at hand. */
+abstract class FlumeTest {
+
+    protected long experiment;
+    protected long params;
+
+    @BeforeAll
+    static void load() {
+        Flume.load();
+    }
+
+    @BeforeEach
+    void open() {
+        experiment = Flume.experiment(script());
+        params = new_Kelpbox_Params();
+    }
+
+    @AfterEach
+    void free() {
+        delete_Kelpbox_Params(params);
+        delete_Kelpbox_Experiment(experiment);
+    }
+
+    /** The site, which a test may vary. */
+    String script() {
+        return Flume.SCRIPT;
+    }
+
+    static void fails(String text, Executable call) {
+        assertEquals(text, assertThrows(WaveSynthesisException.class, call).getMessage());
+    }
+}
