@@ -309,6 +309,34 @@ TEST_F(Site, ACheckOfTheSiteGoesToTheLogOnTheStandardOutput) {
   EXPECT_NE(printed.find("Error::Max Y -6 is less than Min Y -5\n"), std::string::npos) << printed;
 }
 
+TEST_F(Site, ATankThatCannotBeMadeIsToldAtEachTry) {
+  const ScriptFile file(
+      replaced(replaced(basin_script(), "depth = \"0.5\"", "depth = \"1-$[m]/60\""), "max_y = 5;",
+               "max_y = 5; delta_depth = 0;"));
+  const Thrown no_step = domain("Tank::delta_depth is not a positive number");
+  const jlong site = empty_experiment();
+  EXPECT_EQ(thrown_by_initialise(site, file.path()), no_step);
+  // The site has been read all the same.
+  const jlong values = params();
+  host.call(NATIVE(Kelpbox_1Analysis_1query), site, proxy, values, proxy);
+  EXPECT_EQ(value(values, "beach", "m"), 0.25);
+
+  const jlong set =
+      host.call(NATIVE(Kelpbox_1Analysis_1create_1set), site, proxy,
+                params({{"start_time", 0, "s"}, {"stop_time", 1, "s"}}), proxy, uints({}), proxy);
+  // With and without new values: neither time has a tank been made ready.
+  for (const bool anew : {false, true}) {
+    if (anew) host.call(NATIVE(Kelpbox_1Analysis_1set), site, proxy, values, proxy);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Analysis_1create_1process), site, proxy, set, 0), no_step);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "AA\nAB\nAC\n");
+  }
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), site, proxy, values, proxy), no_step);
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Analysis_1profile), site, proxy,
+                      params({{"delta_x", 1, "m"}}), proxy),
+            domain("Uncaught Exception in Experiment profile"));
+}
+
 TEST_F(Site, ReadingTellsItsProgressOnTheStandardOutput) {
   testing::internal::CaptureStdout();
   const jlong experiment = empty_experiment();
