@@ -43,9 +43,7 @@ Analysis::Analysis(SiteFacade& site) : site_(site), table_(std::make_unique<Anal
 Analysis::~Analysis() {
   if (table_->items.empty()) return;
   AnalysisTable* table = table_.release();
-  table->next = outliving.load();
-  while (!outliving.compare_exchange_weak(table->next, table)) {
-  }
+  table->next = outliving.exchange(table);
 }
 
 void Analysis::set(Base::Params& in) {
