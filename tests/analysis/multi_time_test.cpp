@@ -193,15 +193,31 @@ TEST(MultiTime, HeightsOfTheLastRoundAreNotKept) {
   EXPECT_EQ(answer(process).data.size(), 2u);
 }
 
-TEST(MultiTime, HeightsStayWhenTheRegularTestFails) {
-  Records set = probes({regular(7)});
+TEST(MultiTime, AResultThatIsThereAlreadyIsADuplicate) {
   const Maths::TankConfig tank;
-  MultiTime process(tank, set.set());
-  answer(process);
-  Base::Params out;
-  out.insert("reg_t", 0.0, "s");
+  const auto with = [](const char* name) {
+    Base::Params out;
+    out.insert(name, 9.0, "");
+    return out;
+  };
+  Records even = probes({regular(7)});
+  MultiTime process(tank, even.set());
+  process.process({});
+  Base::Params out = with("reg_t");
   EXPECT_EQ(thrown([&] { process.results(out); }), "\"reg_t\"::Duplicate parameter:");
+  // The heights are taken first.
   EXPECT_EQ(process.data({}).size(), 1u);
+
+  Records uneven = probes({irregular(9)});
+  MultiTime other(tank, uneven.set());
+  other.process({});
+  out = with("sig_t");
+  EXPECT_EQ(thrown([&] { other.results(out); }), "\"sig_t\"::Duplicate parameter:");
+  EXPECT_EQ(out.entries().size(), 1u);
+  // The period goes before the height, and stays.
+  out = with("sig_h");
+  EXPECT_EQ(thrown([&] { other.results(out); }), "\"sig_h\"::Duplicate parameter:");
+  EXPECT_NEAR(out.get("sig_t", "s"), 4.4, 1e-12);
 }
 
 TEST(MultiTime, ASetThatHasChangedIsRefused) {
