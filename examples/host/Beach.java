@@ -24,7 +24,7 @@ final class Beach {
     static final int PERIODS = 25;
     static final double FREQUENCY = PERIODS / DURATION; // Hz
 
-    /** Uneven, so that no pair tells what another has told, and over two thirds of a wave length. */
+    /** Uneven, so that no pair tells what another has told, and over three fifths of a wave length. */
     static final double[] PROBES = {9.00, 9.30, 9.75, 10.35, 11.10};
 
     static final double AMPLITUDE = 0.040;
