@@ -14,17 +14,23 @@ namespace {
 
 using Frames = std::vector<std::vector<std::int16_t>>;
 
+// Bytes that so many samples in so many frames take, with the place of each frame in the list and
+// the least piece of memory that the heap deals in: short frames take more than their samples.
+std::uint64_t room(std::uint64_t samples, std::uint64_t frames) {
+  constexpr std::uint64_t beside = sizeof(Frames::value_type) + 32;
+  return samples * sizeof(std::int16_t) + frames * beside;
+}
+
 // Asks for all the memory that is still to come at once and gives it back. A request that is too
 // large fails here; frame by frame, a system that promises more than it has would end the process.
-void prove_room(std::uint64_t samples, const Frames& held) {
-  for (const std::vector<std::int16_t>& frame : held) {
-    samples -= std::min<std::uint64_t>(samples, frame.capacity());
-  }
-  const std::uint64_t bytes = samples * sizeof(std::int16_t);
+void prove_room(std::uint64_t needed, const Frames& held) {
+  std::uint64_t samples = 0;
+  for (const std::vector<std::int16_t>& frame : held) samples += frame.capacity();
+  const std::uint64_t bytes = needed - std::min(needed, room(samples, held.size()));
   if (bytes == 0) return;
-  void* room = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (room == MAP_FAILED) throw std::bad_alloc();
-  munmap(room, bytes);
+  void* proof = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (proof == MAP_FAILED) throw std::bad_alloc();
+  munmap(proof, bytes);
 }
 
 }  // namespace
@@ -34,7 +40,7 @@ void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t) {
   if (points > std::numeric_limits<std::uint32_t>::max()) {
     throw std::length_error("vector<T> too long");
   }
-  prove_room(points * t, frames_);
+  prove_room(room(points * t, t), frames_);
   x_lim_ = x;
   y_lim_ = y;
   t_lim_ = t;
@@ -48,6 +54,8 @@ void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t) {
         return;
       }
       frame.resize(points);
+      // What larger frames held is counted as free for those to come.
+      frame.shrink_to_fit();
     }
   } catch (...) {
     release();

@@ -84,6 +84,26 @@ TEST(AnimateThreads, AFrameIsCompleteOnceAWatcherHearsOfIt) {
   testing::internal::GetCapturedStdout();
 }
 
+TEST(AnimateThreads, ASecondBuildShowsTheEndOfTheFirstAndThenItsOwnProgress) {
+  testing::internal::CaptureStdout();
+  Testing::BuiltRun run(Testing::SiteText{}, sea);
+  Base::Params params = small_grid().params();
+  run.definition.animate_build(params);
+  for (int i = 0; i < 200; ++i) {
+    Builder builder(1, [&] { run.definition.animate_build(params); });
+    double last = 1.0;
+    int falls = 0;
+    while (!builder.done) {
+      const double progress = run.definition.animate_progress();
+      falls += progress < last ? 1 : 0;
+      last = progress;
+    }
+    ASSERT_LE(falls, 1);
+    ASSERT_TRUE(run.definition.animate_ready());
+  }
+  testing::internal::GetCapturedStdout();
+}
+
 TEST(AnimateThreads, AStopEndsAWholeBuild) {
   testing::internal::CaptureStdout();
   Testing::BuiltRun run(Testing::SiteText{}, sea);
