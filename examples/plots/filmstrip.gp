@@ -19,7 +19,8 @@ set arrow from 8,0 to 8,20 as 1
 set arrow from 20,0 to 20,20 as 1
 unset colorbox
 set multiplot layout 2,3 margins 0.04,0.9,0.06,0.9 spacing 0.03,0.08 \
-    title "A group with a direction for each frequency, on its way to x 12 m, y 9 m and beyond (m)"
+    title "A group with a direction for each frequency, on its way to x 12 m, y 9 m and beyond (m); \
+the colours end at half the height of its crest there"
 do for [i = 1:6] {
   if (i == 6) {
     set colorbox user origin 0.92,0.06 size 0.018,0.84
