@@ -157,8 +157,8 @@ TEST(Animate, AStraightSeaIsTheSameAcrossTheTank) {
 }
 
 // Whether any row differs from the first one.
-bool varies_across(Sea& sea) {
-  sea.build();
+bool varies_across(Sea& sea, const GridText& grid = {}) {
+  sea.build(grid);
   for (const auto& frame : sea.all()) {
     for (std::size_t i = 0; i < frame.size(); ++i) {
       if (frame[i] != frame[i - i % 5]) return true;
@@ -172,6 +172,18 @@ TEST(Animate, WhatCountsAsStraight) {
   EXPECT_TRUE(varies_across(oblique));
   Sea parallel({{5, {0.1, 0.4, 0.0}}, {6, {0.1, 0.4, 0.0}}});
   EXPECT_TRUE(varies_across(parallel));
+  Sea mirrored({{5, {0.1, -0.4, 0.0}}, {6, {0.1, -0.4, 0.0}}});
+  EXPECT_TRUE(varies_across(mirrored));
+  // Far enough out, a millionth of a radian shows.
+  GridText wide;
+  wide.y_max = 1000.0;
+  wide.y_step = 250.0;
+  for (const double sign : {1.0, -1.0}) {
+    Sea just({{10, {1.0, sign * 1.1e-6, 0.5}}, {11, {1.0, sign * 1.1e-6, 0.5}}});
+    EXPECT_TRUE(varies_across(just, wide));
+    Sea not_yet({{10, {1.0, sign * 0.9e-6, 0.5}}, {11, {1.0, sign * 0.9e-6, 0.5}}});
+    EXPECT_FALSE(varies_across(not_yet, wide));
+  }
   // The test is one-sided: behind a straight front, angles below 0 pass for straight ones.
   Sea hidden({{5, {0.1, 0.0, 0.0}}, {6, {0.1, -0.5, 0.0}}});
   EXPECT_FALSE(varies_across(hidden));

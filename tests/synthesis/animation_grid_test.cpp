@@ -77,6 +77,27 @@ TEST(AnimationGrid, EachPoorMatchIsRemarked) {
   EXPECT_EQ(params.comment_size(), 3u);
 }
 
+TEST(AnimationGrid, AStepMayChangeByATenthAndARateByAHundredth) {
+  const auto remarks = [](double x_step, double y_step, double rate) {
+    GridText asked;
+    asked.x_max = 4.0;
+    asked.x_step = x_step;
+    asked.y_step = y_step;
+    asked.rate = rate;
+    Base::Params params = asked.params();
+    fit_grid(ten_seconds(), params);
+    EXPECT_EQ(metres(params, "x_step"), 1.0);
+    EXPECT_EQ(metres(params, "y_step"), 1.0);
+    EXPECT_EQ(params.read("rate", Base::Category::frequency), 4.0);
+    return params.comment_size();
+  };
+  EXPECT_EQ(remarks(1.099, 0.901, 4.039), 0u);
+  EXPECT_EQ(remarks(1.101, 1.0, 4.0), 1u);
+  EXPECT_EQ(remarks(1.0, 0.899, 4.0), 1u);
+  EXPECT_EQ(remarks(1.0, 1.0, 4.041), 1u);
+  EXPECT_EQ(remarks(1.0, 1.0, 3.959), 1u);
+}
+
 TEST(AnimationGrid, UnitsAreTheHosts) {
   Base::Params params;
   params.insert("rate", 600.0, "rpm");
@@ -126,6 +147,8 @@ TEST(AnimationGrid, RangesAreComparedBeforeAnythingElse) {
   asked.x_step = -1.0;
   EXPECT_EQ(refusal(asked), "x_max not greater than x_min");
   asked.x_max = 1.0;
+  EXPECT_EQ(refusal(asked), "y_max not greater than y_min");
+  asked.y_max = asked.y_min;
   EXPECT_EQ(refusal(asked), "y_max not greater than y_min");
   Base::Params params = asked.params();
   EXPECT_EQ(thrown([&] { fit_grid(Maths::RunData{}, params); }), "y_max not greater than y_min");
