@@ -21,6 +21,12 @@ std::size_t top_slot(const Maths::FrontSet& fronts, const AnimationGrid& grid) {
   return std::min(fronts.slots.size(), std::size_t{grid.samples} * grid.divisor);
 }
 
+// The row next to y = 0, or the first one.
+std::uint32_t row_of_axis(const GridAxis& y) {
+  const double row = std::round(-y.min / y.step);
+  return row > 0.0 && row < y.count ? static_cast<std::uint32_t>(row) : 0;
+}
+
 }  // namespace
 
 AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid,
@@ -68,8 +74,12 @@ void AnimationColumns::carry_fronts(double x) {
 }
 
 void AnimationColumns::add_rows(std::uint32_t ix) {
-  for (std::uint32_t first = 0; first < grid_.y.count; first += surface_.block_rows()) {
-    const std::uint32_t rows = std::min(surface_.block_rows(), grid_.y.count - first);
+  // A block begins on the axis of the tank, where waves have the phases that were asked for: turned
+  // from row to row, a height of half a count could fall short of it.
+  const std::uint32_t axis = row_of_axis(grid_.y);
+  std::uint32_t rows = 0;
+  for (std::uint32_t first = 0; first < grid_.y.count; first += rows) {
+    rows = std::min(surface_.block_rows(), (first < axis ? axis : grid_.y.count) - first);
     surface_.sum(column_, grid_.y, first, rows);
     for (std::uint32_t row = 0; row < rows; ++row) {
       const std::vector<double>& heights = surface_.series(row);

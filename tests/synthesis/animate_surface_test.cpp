@@ -97,6 +97,22 @@ TEST(AnimateSurface, AStraightSeaIsTheSumOfItsFronts) {
   expect_sum(sea, grid);
 }
 
+TEST(AnimateSurface, ACrestOfHalfACountOnTheAxisGoesAwayFromZero) {
+  // Two metres are 16383.5 counts.
+  for (const double y_min : {-2.0, -9.0, 0.0}) {
+    for (double angle = -0.75; angle < 0.8; angle += 0.05) {
+      Sea sea({{5, {1.0, angle, 0.0}}, {8, {1.0, -angle, 0.0}}});
+      GridText grid;
+      grid.x_step = 5.0;
+      grid.y_step = 0.1;
+      grid.y_min = y_min;
+      sea.build(grid);
+      const double row = -y_min / 0.1;
+      EXPECT_EQ(sea.frames().data(0)[static_cast<std::size_t>(std::round(row))], 16384) << angle;
+    }
+  }
+}
+
 TEST(AnimateSurface, AWaveOverDeepWaterRunsAtItsPhaseSpeed) {
   SiteText text;
   text.depths = {"30@m"};
