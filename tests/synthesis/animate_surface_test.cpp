@@ -97,6 +97,21 @@ TEST(AnimateSurface, AStraightSeaIsTheSumOfItsFronts) {
   expect_sum(sea, grid);
 }
 
+TEST(AnimateSurface, TheAxisMayLieOutsideTheGrid) {
+  for (const double y_min : {-9.0, 1.0, -8.02}) {
+    Sea sea(wild_sea());
+    GridText grid;
+    grid.x_step = 2.0;
+    grid.y_step = 0.1;
+    grid.y_min = y_min;
+    grid.y_max = y_min + 8.0;
+    sea.build(grid);
+    EXPECT_EQ(sea.frames().size(2), 81u);
+    EXPECT_EQ(sea.frames().progress(), 1.0);
+    expect_sum(sea, grid);
+  }
+}
+
 TEST(AnimateSurface, ACrestOfHalfACountOnTheAxisGoesAwayFromZero) {
   // Two metres are 16383.5 counts.
   for (const double y_min : {-2.0, -9.0, 0.0}) {
