@@ -10,11 +10,11 @@
 #include <sstream>
 #include <vector>
 
+#include "animation/animate.h"
+#include "animation/surface_code.h"
 #include "base/data_set.h"
 #include "base/units.h"
 #include "maths/tank_run.h"
-#include "synthesis/animate.h"
-#include "synthesis/surface_code.h"
 
 namespace {
 

@@ -1,9 +1,10 @@
 # kelpbox_folder(<name> SOURCES <files> [HEADERS <files>] [LINKS <folders>])
 #
-# One folder of src/ as one static target, kelpbox_<name>. Its headers are seen as
-# "<name>/x.h", and only by the folders that link it: each folder has an include root
-# of its own that holds nothing but that one name. An include against the order of
-# the house therefore finds no file.
+# One folder of src/ as one static target, kelpbox_<name>. Its headers are included as
+# "<name>/x.h", and only by the folders that link it: each folder has an include root of its
+# own that holds nothing but that one name. An include of any other folder does not compile.
+# LINKS is the only place where the order of the folders is written; tests/house checks the
+# includes against it.
 function(kelpbox_folder name)
   cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LINKS" ${ARGN})
   set(root ${CMAKE_BINARY_DIR}/include/${name})
@@ -12,38 +13,58 @@ function(kelpbox_folder name)
 
   set(target kelpbox_${name})
   add_library(${target} STATIC ${ARG_SOURCES} ${ARG_HEADERS})
-  target_include_directories(${target} PUBLIC ${root})
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${root}>)
   foreach(link IN LISTS ARG_LINKS)
     target_link_libraries(${target} PUBLIC kelpbox_${link})
   endforeach()
+  list(JOIN ARG_LINKS " " links)
+  set_property(GLOBAL APPEND PROPERTY KELPBOX_ORDER "${name}: ${links}")
 
-  # Each header compiles alone.
+  # Each header compiles alone. A header with a .cpp is the first include there, which proves it;
+  # tests/house checks that. The others are compiled here.
   set(units)
   foreach(header IN LISTS ARG_HEADERS)
+    cmake_path(REPLACE_EXTENSION header cpp OUTPUT_VARIABLE source)
+    if(source IN_LIST ARG_SOURCES)
+      continue()
+    endif()
     string(MAKE_C_IDENTIFIER ${header} unit)
     set(unit ${CMAKE_CURRENT_BINARY_DIR}/alone/${unit}.cpp)
     file(GENERATE OUTPUT ${unit} CONTENT "#include \"${name}/${header}\"\n")
     list(APPEND units ${unit})
   endforeach()
-  if(units)
+  if(units AND KELPBOX_TESTS)
     add_library(${target}_headers OBJECT ${units})
     target_link_libraries(${target}_headers PRIVATE ${target})
   endif()
 endfunction()
 
-# kelpbox_test(<name> SOURCES <files> LINKS <folders>)
+# kelpbox_test(<name> [SHARDS <n>] SOURCES <files> LINKS <targets>)
 #
-# The GoogleTest program tests_<name>; each of its tests is a test of ctest. Data files
-# are found below the directory that the macro TEST_DATA names.
+# The GoogleTest program tests_<name>, which ctest starts once, or once for each of <n> shards of
+# about equal numbers of tests. Test data is found below the directory TEST_ROOT.
 function(kelpbox_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "SHARDS" "SOURCES;LINKS" ${ARGN})
   set(target tests_${name})
   add_executable(${target} ${ARG_SOURCES})
-  foreach(link IN LISTS ARG_LINKS)
-    target_link_libraries(${target} PRIVATE kelpbox_${link})
+  target_link_libraries(${target} PRIVATE ${ARG_LINKS} GTest::gtest_main)
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_precompile_headers(${target} REUSE_FROM tests_common)
+  target_compile_definitions(${target} PRIVATE TEST_ROOT="${PROJECT_SOURCE_DIR}/tests")
+
+  set(shards 1)
+  if(ARG_SHARDS)
+    set(shards ${ARG_SHARDS})
+  endif()
+  math(EXPR last "${shards} - 1")
+  foreach(shard RANGE ${last})
+    set(test ${name})
+    if(shards GREATER 1)
+      math(EXPR number "${shard} + 1")
+      set(test ${name}.${number})
+    endif()
+    add_test(NAME ${test} COMMAND ${target} --gtest_brief=1)
+    set_tests_properties(${test} PROPERTIES TIMEOUT 600
+      ENVIRONMENT "GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${shard}")
   endforeach()
-  target_link_libraries(${target} PRIVATE GTest::gtest_main)
-  target_compile_definitions(${target} PRIVATE TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}")
-  gtest_discover_tests(${target} TEST_PREFIX "${name}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
-                       PROPERTIES TIMEOUT 300)
 endfunction()

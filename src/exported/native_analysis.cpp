@@ -1,7 +1,7 @@
 // Exported names of the operations of an analysis. Its life, and what it does with a site like an
 // experiment, are in native_site.cpp.
-#include "exported/facade.h"
 #include "exported/frame.h"
+#include "facade/facade.h"
 
 using namespace Kelpbox;
 

@@ -1,6 +1,6 @@
 // Exported names of the operations that animate a run.
-#include "exported/facade.h"
 #include "exported/frame.h"
+#include "facade/facade.h"
 
 using namespace Kelpbox;
 

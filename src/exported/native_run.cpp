@@ -1,6 +1,6 @@
 // Exported names of the operations that run a definition and read its results.
-#include "exported/facade.h"
 #include "exported/frame.h"
+#include "facade/facade.h"
 
 using namespace Kelpbox;
 

@@ -1,8 +1,8 @@
 // Exported names of a facade's life and of its site.
 #include <string>
 
-#include "exported/facade.h"
 #include "exported/frame.h"
+#include "facade/facade.h"
 
 using namespace Kelpbox;
 

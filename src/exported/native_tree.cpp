@@ -1,8 +1,8 @@
 // Exported names of the operations on an experiment's tree of items.
 #include <string>
 
-#include "exported/facade.h"
 #include "exported/frame.h"
+#include "facade/facade.h"
 
 using namespace Kelpbox;
 

@@ -1,10 +1,9 @@
 #include "maths/dispersion.h"
 
 #include <cmath>
-#include <sstream>
 #include <string>
 
-#include "base/constants.h"
+#include "base/compose.h"
 
 namespace Maths {
 
@@ -18,26 +17,10 @@ double knum(double omega, double depth, double g) {
   const double k_new = k + delta;
   // Signed on purpose: hosts depend on a negative step of any size passing.
   if (!(k_new * 0.01 > delta)) {
-    std::ostringstream text;
-    text << "Knum calculation failed for omega=" << omega << " and depth = " << depth
-         << " with return value " << k_new;
-    throw text.str();
+    throw Base::compose("Knum calculation failed for omega=", omega, " and depth = ", depth,
+                        " with return value ", k_new);
   }
   return k_new;
-}
-
-double wrap_angle(double theta) {
-  // Turn by turn, an angle this large would take for ever.
-  if (!(std::fabs(theta) <= 1e6)) theta = std::remainder(theta, Base::TwoPi);
-  while (theta > Base::Pi) theta -= Base::TwoPi;
-  while (theta < -Base::Pi) theta += Base::TwoPi;
-  return theta;
-}
-
-std::uint64_t next_pow2(std::uint64_t n) {
-  --n;
-  for (unsigned shift = 1; shift < 64; shift *= 2) n |= n >> shift;
-  return n + 1;
 }
 
 }  // namespace Maths

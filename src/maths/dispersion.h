@@ -2,8 +2,6 @@
 #ifndef KELPBOX_MATHS_DISPERSION_H_
 #define KELPBOX_MATHS_DISPERSION_H_
 
-#include <cstdint>
-
 namespace Maths {
 
 // The wave number k (rad/m) that solves omega^2 = g k tanh(k depth), from the explicit
@@ -12,12 +10,6 @@ namespace Maths {
 // m/s2. Throws std::string "Knum calculation failed for omega=..." when the step is too large or
 // anything is not a number.
 double knum(double omega, double depth, double g);
-
-// The angle brought into the closed range from -pi to pi, both limits kept.
-double wrap_angle(double theta);
-
-// The smallest power of two not below n.
-std::uint64_t next_pow2(std::uint64_t n);
 
 }  // namespace Maths
 

@@ -5,7 +5,9 @@
 #include <string>
 
 #include "base/constants.h"
+#include "maths/angle.h"
 #include "maths/dispersion.h"
+#include "maths/power_of_two.h"
 
 namespace Maths {
 namespace {

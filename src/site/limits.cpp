@@ -3,7 +3,7 @@
 
 #include "base/constants.h"
 #include "base/enumerations.h"
-#include "maths/dispersion.h"
+#include "maths/angle.h"
 #include "site/context.h"
 
 namespace Common {

@@ -14,9 +14,9 @@ namespace {
 class AnalysisBoundary : public AnalysisTest {};
 
 TEST_F(AnalysisBoundary, ASecondInitialiseGivesTheFixedText) {
-  EXPECT_EQ(
-      thrown_by(NATIVE(Kelpbox_1Analysis_1initialise), self, proxy, TEST_DATA "/data/basin.txt"),
-      uncaught("Initialise"));
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Analysis_1initialise), self, proxy,
+                      TEST_ROOT "/exported/data/basin.txt"),
+            uncaught("Initialise"));
 }
 
 TEST_F(AnalysisBoundary, EachGuardedOperationHasItsOwnTextBeforeInitialise) {
@@ -103,7 +103,8 @@ TEST_F(AnalysisBoundary, TheDataOfAProcessOutlivesItsAnalysis) {
   jlong other = host.call(NATIVE(new_1Kelpbox_1Analysis));
   std::swap(self, other);
   testing::internal::CaptureStdout();
-  host.call(NATIVE(Kelpbox_1Analysis_1initialise), self, proxy, TEST_DATA "/data/basin.txt");
+  host.call(NATIVE(Kelpbox_1Analysis_1initialise), self, proxy,
+            TEST_ROOT "/exported/data/basin.txt");
   testing::internal::GetCapturedStdout();
   add(sine(0.03));
   const jlong outliving = process(group({0}), 0);

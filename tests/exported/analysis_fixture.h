@@ -21,7 +21,8 @@ class AnalysisTest : public HostTest {
   jlong analysis() {
     const jlong made = empty_analysis();
     testing::internal::CaptureStdout();
-    host.call(NATIVE(Kelpbox_1Analysis_1initialise), made, proxy, TEST_DATA "/data/basin.txt");
+    host.call(NATIVE(Kelpbox_1Analysis_1initialise), made, proxy,
+              TEST_ROOT "/exported/data/basin.txt");
     testing::internal::GetCapturedStdout();
     return made;
   }

@@ -98,7 +98,7 @@ jlong HostTest::empty_experiment() {
 
 jlong HostTest::basin() {
   const jlong made = empty_experiment();
-  initialise(made, TEST_DATA "/data/basin.txt");
+  initialise(made, TEST_ROOT "/exported/data/basin.txt");
   return made;
 }
 
@@ -107,7 +107,7 @@ OpenExperiment& HostTest::open_basin() { return open_site("basin.txt"); }
 OpenExperiment& HostTest::open_site(const std::string& file) {
   auto made = std::make_shared<OpenExperiment>();
   cleanups_.push_back([made] {});
-  initialise(handle(*made), TEST_DATA "/data/" + file);
+  initialise(handle(*made), TEST_ROOT "/exported/data/" + file);
   return *made;
 }
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "exported/facade.h"
+#include "facade/facade.h"
 #include "host.h"
 #include "native.h"
 

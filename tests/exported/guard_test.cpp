@@ -1,5 +1,5 @@
 // The guard inside the facades' top-level operations.
-#include "exported/guard.h"
+#include "facade/guard.h"
 
 #include <new>
 #include <stdexcept>

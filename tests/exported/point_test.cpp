@@ -2,8 +2,8 @@
 #include <cmath>
 #include <limits>
 
+#include "point/two_d.h"
 #include "run_fixture.h"
-#include "synthesis/two_d.h"
 
 namespace {
 

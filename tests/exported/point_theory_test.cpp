@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "point/two_d.h"
 #include "run_fixture.h"
-#include "synthesis/two_d.h"
 
 namespace {
 

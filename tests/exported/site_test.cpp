@@ -12,7 +12,7 @@
 namespace {
 
 std::string basin_script() {
-  std::ifstream in(TEST_DATA "/data/basin.txt");
+  std::ifstream in(TEST_ROOT "/exported/data/basin.txt");
   std::ostringstream text;
   text << in.rdbuf();
   return text.str();
@@ -64,7 +64,7 @@ TEST_F(Site, TheNameIsThatOfTankAndConfiguration) {
 TEST_F(Site, AnExperimentMayHaveAName) {
   const jlong made = own(host.call(NATIVE(new_1Kelpbox_1Experiment_1_1SWIG_11), "monday"),
                          NATIVE(delete_1Kelpbox_1Experiment));
-  initialise(made, TEST_DATA "/data/basin.txt");
+  initialise(made, TEST_ROOT "/exported/data/basin.txt");
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1paddle_1banks), made, proxy), 2);
 }
 
@@ -341,16 +341,16 @@ TEST_F(Site, ReadingTellsItsProgressOnTheStandardOutput) {
   testing::internal::CaptureStdout();
   const jlong experiment = empty_experiment();
   host.call(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy,
-            TEST_DATA "/data/basin.txt");
+            TEST_ROOT "/exported/data/basin.txt");
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
-            "Opened file  \"" TEST_DATA
-            "/data/basin.txt\" for input\n"
-            "Leaving file \"" TEST_DATA "/data/basin.txt\"\n");
+            "Opened file  \"" TEST_ROOT
+            "/exported/data/basin.txt\" for input\n"
+            "Leaving file \"" TEST_ROOT "/exported/data/basin.txt\"\n");
 }
 
 TEST_F(Site, ASecondInitialiseGivesTheFixedTextAndKeepsTheSite) {
   const jlong experiment = basin();
-  EXPECT_EQ(thrown_by_initialise(experiment, TEST_DATA "/data/basin.txt"),
+  EXPECT_EQ(thrown_by_initialise(experiment, TEST_ROOT "/exported/data/basin.txt"),
             domain("Uncaught Exception in Experiment Initialise"));
   EXPECT_EQ(string_from(NATIVE(Kelpbox_1Experiment_1context_1name), experiment, proxy),
             "Basin two banks");

@@ -252,7 +252,7 @@ TEST_F(Tree, ClearWorksWithoutASite) {
 
 TEST_F(Tree, ADeletedExperimentFreesWhatItHolds) {
   const jlong made = host.call(NATIVE(new_1Kelpbox_1Experiment_1_1SWIG_10));
-  initialise(made, TEST_DATA "/data/basin.txt");
+  initialise(made, TEST_ROOT "/exported/data/basin.txt");
   experiment = made;
   for (int i = 0; i < 3; ++i) add_single(add_specification(add_definition()));
   remove(0);

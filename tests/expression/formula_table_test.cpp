@@ -31,7 +31,7 @@ std::string trimmed(const std::string& text) {
 }
 
 std::vector<Case> cases(const std::string& file) {
-  std::ifstream in(std::string(TEST_DATA) + "/" + file);
+  std::ifstream in(std::string(TEST_ROOT "/expression/") + file);
   std::vector<Case> result;
   std::string text;
   for (int line = 1; std::getline(in, text); ++line) {

@@ -9,6 +9,8 @@
 #include <sstream>
 
 #include "base/constants.h"
+#include "maths/angle.h"
+#include "maths/power_of_two.h"
 #include "support.h"
 
 namespace {

@@ -41,7 +41,7 @@ void trim(std::string& part) {
 
 std::vector<Case> read_cases() {
   std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(TEST_DATA "/cases")) {
+  for (const auto& entry : std::filesystem::directory_iterator(TEST_ROOT "/script/cases")) {
     if (entry.path().extension() == ".txt") files.push_back(entry.path());
   }
   std::sort(files.begin(), files.end());

@@ -11,7 +11,7 @@ namespace {
 namespace Limit = Common::Limit;
 
 struct Site : Load {
-  explicit Site(const std::string& name) : Load(File{TEST_DATA "/../../examples/" + name}) {
+  explicit Site(const std::string& name) : Load(File{TEST_ROOT "/../examples/" + name}) {
     EXPECT_TRUE(ok()) << failure << plain_failure << report.str() << log_text.str();
     EXPECT_EQ(output.find("UNFOUND"), std::string::npos) << output;
     context().make_ready();

@@ -1,0 +1,56 @@
+#include "animation/animate.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "maths/tank_run.h"
+
+namespace Synthesis {
+AnimationGrid Animate::start(const Maths::FrontSet& fronts, const Maths::RunData& run,
+                             Base::Params& params) {
+  frames_.begin();
+  AnimationGrid grid = fit_grid(run, params);
+  if (Maths::reduced_length(fronts, grid.samples, run) == 0) {
+    throw std::string("Trying to build animation when wave expression has no data");
+  }
+  double angle = 0.0;
+  grid.uniform = Maths::common_angle(fronts, angle) && std::abs(angle) < 1e-6;
+  return grid;
+}
+
+void Animate::build(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
+                    const Maths::RunData& run, Base::Params& params) {
+  Maths::TankRun tank_run(tank, run);
+  AnimationGrid grid = start(fronts, run, params);
+  const auto cycle = static_cast<std::uint32_t>(Maths::reduced_length(fronts, grid.samples, run));
+  grid.divisor = grid.samples / cycle;
+  grid.samples = cycle;
+  frames_.setup(grid.x.count, grid.y.count, grid.samples);
+  AnimationColumns columns(fronts, grid, tank_run, frames_, FrontAngles::shown);
+  build_columns(columns, 0, grid.x.count);
+  frames_.end();
+}
+
+void Animate::init(const Maths::FrontSet& fronts, const Maths::RunData& run, Base::Params& params) {
+  grid_ = start(fronts, run, params);
+  if (frames_.running() && !frames_.ready()) {
+    frames_.setup(grid_.x.count, grid_.y.count, grid_.samples);
+  }
+}
+
+void Animate::build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
+                          const Maths::RunData& run, std::uint32_t from, std::uint32_t to) {
+  if (!frames_.ready()) throw std::string("animate not initialised");
+  to = std::min(to, grid_.x.count);
+  if (from >= to) return;
+  Maths::TankRun tank_run(tank, run);
+  AnimationColumns columns(fronts, grid_, tank_run, frames_, FrontAngles::hidden);
+  build_columns(columns, from, to);
+}
+
+void Animate::build_columns(AnimationColumns& columns, std::uint32_t from, std::uint32_t to) {
+  for (std::uint32_t ix = from; ix < to && frames_.running(); ++ix) columns.build(ix);
+}
+
+}  // namespace Synthesis

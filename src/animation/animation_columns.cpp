@@ -1,0 +1,101 @@
+#include "animation/animation_columns.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+
+#include "animation/surface_code.h"
+
+namespace Synthesis {
+namespace {
+
+// Flushing each line would cost more than the waves.
+struct FlushAtEnd {
+  FlushAtEnd() = default;
+  ~FlushAtEnd() { std::cout.flush(); }
+  FlushAtEnd(const FlushAtEnd&) = delete;
+  FlushAtEnd& operator=(const FlushAtEnd&) = delete;
+};
+
+std::size_t top_slot(const Maths::FrontSet& fronts, const AnimationGrid& grid) {
+  return std::min(fronts.slots.size(), std::size_t{grid.samples} * grid.divisor);
+}
+
+// The row next to y = 0, or the first one.
+std::uint32_t row_of_axis(const GridAxis& y) {
+  const double row = std::round(-y.min / y.step);
+  return row > 0.0 && row < y.count ? static_cast<std::uint32_t>(row) : 0;
+}
+
+}  // namespace
+
+AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid,
+                                   Maths::TankRun& tank, AnimationFrames& frames,
+                                   FrontAngles angles)
+    : fronts_(fronts),
+      grid_(grid),
+      tank_(tank),
+      frames_(frames),
+      angles_(angles),
+      top_(top_slot(fronts, grid)),
+      surface_(grid.samples, grid.uniform ? 1 : grid.y.count,
+               (top_ + grid.divisor - 1) / grid.divisor),
+      // The gap keeps neighbouring rows from falling on the same lines of the cache.
+      stride_(std::size_t{grid.samples} + 32),
+      code_(stride_ * surface_.block_rows()) {}
+
+void AnimationColumns::build(std::uint32_t ix) {
+  carry_fronts(grid_.x.at(ix));
+  if (!frames_.running()) return;
+  if (grid_.uniform) {
+    add_uniform_rows(ix);
+  } else {
+    add_rows(ix);
+  }
+}
+
+void AnimationColumns::carry_fronts(double x) {
+  const FlushAtEnd lines;
+  column_.clear();
+  for (std::size_t h = 0; h < top_ && frames_.running(); ++h) {
+    if (fronts_.slots[h].empty()) continue;
+    const double shoaling = tank_.shoaling(h, x);
+    const double k0 = tank_.wave_num_at(h, 0.0);
+    for (const Maths::HarmonicFront& front : fronts_.slots[h]) {
+      if (!frames_.running()) return;
+      const double lag = tank_.phase_lag(h, x, 0.0, front.angle);
+      const double ky = std::sin(front.angle) * k0;
+      if (angles_ == FrontAngles::shown) std::cout << front.angle << '\n';
+      // A front that the tank refuses keeps its slot with no amplitude; its phase may be NaN.
+      if (front.amp == 0.0) continue;
+      column_.push_back({h / grid_.divisor, shoaling * front.amp, front.phase, lag, ky});
+    }
+  }
+}
+
+void AnimationColumns::add_rows(std::uint32_t ix) {
+  // A block begins on the axis of the tank, where waves have the phases that were asked for: turned
+  // from row to row, a height of half a count could fall short of it.
+  const std::uint32_t axis = row_of_axis(grid_.y);
+  std::uint32_t rows = 0;
+  for (std::uint32_t first = 0; first < grid_.y.count; first += rows) {
+    rows = std::min(surface_.block_rows(), (first < axis ? axis : grid_.y.count) - first);
+    surface_.sum(column_, grid_.y, first, rows);
+    for (std::uint32_t row = 0; row < rows; ++row) {
+      const std::vector<double>& heights = surface_.series(row);
+      if (!frames_.running()) return;
+      surface_codes(heights.data(), heights.size(), code_.data() + row * stride_);
+    }
+    frames_.add_series(ix, first, {code_.data(), grid_.samples, stride_, rows});
+  }
+}
+
+void AnimationColumns::add_uniform_rows(std::uint32_t ix) {
+  surface_.sum(column_, grid_.y, 0, 1);
+  const std::vector<double>& heights = surface_.series(0);
+  surface_codes(heights.data(), heights.size(), code_.data());
+  if (!frames_.running()) return;
+  frames_.add_series(ix, 0, {code_.data(), grid_.samples, 0, grid_.y.count});
+}
+
+}  // namespace Synthesis

@@ -1,0 +1,131 @@
+#include "animation/animation_frames.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <iostream>
+#include <limits>
+#include <new>
+#include <stdexcept>
+#include <string>
+
+namespace Synthesis {
+namespace {
+
+using Frames = std::vector<std::vector<std::int16_t>>;
+
+// Bytes that so many samples in so many frames take, with the place of each frame in the list and
+// the least piece of memory that the heap deals in: short frames take more than their samples.
+std::uint64_t room(std::uint64_t samples, std::uint64_t frames) {
+  constexpr std::uint64_t beside = sizeof(Frames::value_type) + 32;
+  return samples * sizeof(std::int16_t) + frames * beside;
+}
+
+// Asks for all the memory that is still to come at once and gives it back. A request that is too
+// large fails here; frame by frame, a system that promises more than it has would end the process.
+void prove_room(std::uint64_t needed, const Frames& held) {
+  std::uint64_t samples = 0;
+  for (const std::vector<std::int16_t>& frame : held) samples += frame.capacity();
+  const std::uint64_t bytes = needed - std::min(needed, room(samples, held.size()));
+  if (bytes == 0) return;
+  void* proof = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (proof == MAP_FAILED) throw std::bad_alloc();
+  munmap(proof, bytes);
+}
+
+}  // namespace
+
+void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t) {
+  const std::uint64_t points = std::uint64_t{x} * y;
+  if (points > std::numeric_limits<std::uint32_t>::max()) {
+    throw std::length_error("vector<T> too long");
+  }
+  prove_room(room(points * t, t), frames_);
+  x_lim_ = x;
+  y_lim_ = y;
+  t_lim_ = t;
+  // Before the frames are ready: nobody shall take the series of older frames for these.
+  count_.store({0, static_cast<std::uint32_t>(points)}, std::memory_order_release);
+  try {
+    frames_.resize(t);
+    for (std::vector<std::int16_t>& frame : frames_) {
+      if (!running()) {
+        frames_.clear();
+        return;
+      }
+      frame.resize(points);
+      // What larger frames held is counted as free for those to come.
+      frame.shrink_to_fit();
+    }
+  } catch (...) {
+    release();
+    throw;
+  }
+  // Unless a stop has come in between.
+  std::uint32_t flags = running_flag;
+  while ((flags & running_flag) != 0 &&
+         !flags_.compare_exchange_weak(flags, flags | ready_flag, std::memory_order_release,
+                                       std::memory_order_relaxed)) {
+  }
+}
+
+void AnimationFrames::add_series(std::uint32_t x, std::uint32_t y, const SeriesBlock& series) {
+  if (!running()) throw std::string("Animate Cancelled");
+  if (!ready() || frames_.size() != t_lim_) {
+    throw std::string("Adding a time series to uninitialised animation object");
+  }
+  if (x >= x_lim_) throw std::string("Error x >= x_lim");
+  if (y >= y_lim_) throw std::string("Error y >= y_lim");
+  if (series.length != t_lim_) {
+    std::cout << "vec.size() " << series.length << " t_lim " << t_lim_ << std::endl;
+    throw std::string("Error vec.size() != t_lim");
+  }
+  const std::uint32_t rows = std::min(series.rows, y_lim_ - y);
+  const std::size_t first = std::size_t{y_lim_} * x + y;
+  for (std::size_t t = 0; t < t_lim_; ++t) {
+    std::int16_t* const out = frames_[t].data() + first;
+    for (std::size_t row = 0; row < rows; ++row) out[row] = series.data[row * series.stride + t];
+  }
+  const Count count = count_.load(std::memory_order_relaxed);
+  count_.store({count.done + rows, count.total}, std::memory_order_release);
+  if (rows < series.rows) throw std::string("Error y >= y_lim");
+}
+
+const std::vector<std::int16_t>& AnimationFrames::data(std::uint32_t index) const {
+  if (index >= frames_.size()) throw std::string("invalid vector<T> subscript");
+  return frames_[index];
+}
+
+std::uint32_t AnimationFrames::size(std::uint32_t type) const {
+  if (!ready()) return 0;
+  switch (type) {
+    case t_size:
+      return t_lim_;
+    case x_size:
+      return x_lim_;
+    case y_size:
+      return y_lim_;
+    default:
+      throw std::string("unknown Size type");
+  }
+}
+
+double AnimationFrames::progress() const {
+  if (!ready()) return 0.0;
+  const Count count = count_.load(std::memory_order_acquire);
+  return count.done < count.total ? static_cast<double>(count.done) / count.total : 1.0;
+}
+
+bool AnimationFrames::complete() const {
+  if (!ready()) return false;
+  const Count count = count_.load(std::memory_order_acquire);
+  return count.done >= count.total;
+}
+
+void AnimationFrames::release() {
+  flags_.fetch_and(~ready_flag, std::memory_order_relaxed);
+  frames_.clear();
+  frames_.shrink_to_fit();
+}
+
+}  // namespace Synthesis

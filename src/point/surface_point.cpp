@@ -1,0 +1,98 @@
+#include "point/surface_point.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <vector>
+
+#include "base/units.h"
+
+namespace Synthesis {
+namespace {
+
+using Complex = std::complex<double>;
+using Slot = std::vector<Maths::HarmonicFront>;
+
+std::size_t element_count(const PointSpec& point) { return point.samples / 2 + 1; }
+
+std::size_t top_of(const Maths::FrontSet& fronts, const PointSpec& point) {
+  return std::min(element_count(point), fronts.slots.size());
+}
+
+Complex wave(double amplitude, double phase) {
+  return {amplitude * std::cos(phase), amplitude * std::sin(phase)};
+}
+
+bool finite(const Complex& z) { return std::isfinite(z.real()) && std::isfinite(z.imag()); }
+
+double phase_of(const Complex& z) { return std::atan2(z.imag(), z.real()); }
+
+double direction_of(const Slot& slot, std::size_t h, Maths::TankRun& run, const PointSpec& point) {
+  const double k0 = run.wave_num_at(h, 0.0);
+  const double k1 = run.wave_num_at(h, point.x);
+  const double d = 0.1 / k1;  // a tenth of a radian in the local wave number
+  Complex at_point;
+  Complex along;
+  Complex across;
+  for (const Maths::HarmonicFront& front : slot) {
+    // A front that the tank refuses keeps its slot with no amplitude; its phase may be NaN.
+    if (front.amp == 0.0) continue;
+    const double psi = front.phase - run.phase_lag(h, point.x, point.y, front.angle);
+    at_point += wave(front.amp, psi);
+    along += wave(front.amp, psi + std::cos(front.angle) * k0 * d);
+    across += wave(front.amp, psi + std::sin(front.angle) * k0 * d);
+  }
+  const double direction = std::atan2(phase_of(smith_quotient(across, at_point)),
+                                      phase_of(smith_quotient(along, at_point)));
+  return std::isnan(direction) ? 0.0 : direction;
+}
+
+}  // namespace
+
+void surface_at(Base::Cvector& out, const Maths::FrontSet& fronts, Maths::TankRun& run,
+                const PointSpec& point) {
+  out.label = "Data";
+  out.units = Base::default_units(Base::Category::length);
+  out.length = point.samples;
+  out.data.assign(element_count(point), Complex());
+  const std::size_t top = top_of(fronts, point);
+  for (std::size_t h = 0; h < top; ++h) {
+    if (fronts.slots[h].empty()) continue;
+    run.depth_at(point.x);  // its check of x, before the profile is walked
+    const double shoaling = run.shoaling(h, point.x);
+    for (const Maths::HarmonicFront& front : fronts.slots[h]) {
+      if (front.amp == 0.0) continue;  // as above
+      const double lag = run.phase_lag(h, point.x, point.y, front.angle);
+      out.data[h] += wave(shoaling * front.amp, front.phase - lag);
+    }
+  }
+}
+
+void direction_at(Base::Vector& out, const Maths::FrontSet& fronts, Maths::TankRun& run,
+                  const PointSpec& point) {
+  out.label = "Data";
+  out.units = Base::default_units(Base::Category::angle);
+  out.length = element_count(point);
+  out.data.assign(out.length, 0.0);
+  const std::size_t top = top_of(fronts, point);
+  for (std::size_t h = 0; h < top; ++h) {
+    const Slot& slot = fronts.slots[h];
+    if (!slot.empty()) out.data[h] = direction_of(slot, h, run, point);
+  }
+}
+
+Complex smith_quotient(Complex a, Complex b) {
+  constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+  if (!finite(a) || !finite(b) || b == Complex()) return {nan, nan};
+  if (std::fabs(b.imag()) < std::fabs(b.real())) {
+    const double ratio = b.imag() / b.real();
+    const double divisor = b.real() + ratio * b.imag();
+    return {(a.real() + a.imag() * ratio) / divisor, (a.imag() - a.real() * ratio) / divisor};
+  }
+  const double ratio = b.real() / b.imag();
+  const double divisor = b.imag() + ratio * b.real();
+  return {(a.real() * ratio + a.imag()) / divisor, (a.imag() * ratio - a.real()) / divisor};
+}
+
+}  // namespace Synthesis

@@ -1,0 +1,79 @@
+#include "point/two_d.h"
+
+#include <cstddef>
+#include <string>
+
+#include "base/compose.h"
+#include "base/constants.h"
+#include "base/data_set.h"
+#include "base/units.h"
+#include "maths/rounding.h"
+#include "maths/sample_count.h"
+
+namespace Synthesis {
+
+PointSpec fit_point(Base::Params& params, const Maths::RunData& run) {
+  const double repeat = run.value();
+  PointSpec point;
+  point.samples = Maths::sample_count(repeat, params.read("rate", Base::Category::frequency));
+  params.set_checked("rate", point.samples / repeat, Base::Category::frequency, 0.01);
+  point.x = params.read("x", Base::Category::length);
+  point.y = params.read("y", Base::Category::length);
+  return point;
+}
+
+void TwoD::build(const Maths::FrontSet& fronts, Maths::TankRun& run, const PointSpec& point,
+                 Base::Params& params) {
+  Base::Cvector surface;
+  surface_at(surface, fronts, run, point);
+  Base::Vector directions;
+  direction_at(directions, fronts, run, point);
+
+  Base::DataSet record(surface, params);
+  time_ = record.time();
+  record.spectrum(spectrum_);
+  record.variance(variance_);
+
+  const double width = params.read("delta_angle", Base::Category::angle);
+  if (width <= 1e-6) throw std::string("Value of delta_angle too small");
+  const std::int32_t sectors = Maths::round_to_i32(Base::TwoPi / width);
+  if (sectors < 0) {
+    throw Base::compose("delta_angle::", width, " rad gives no usable number of direction sectors");
+  }
+  const double step = Base::TwoPi / sectors;
+  params.set("delta_angle", step, Base::Category::angle);
+  share_out(directions.data, sectors, step);
+}
+
+void TwoD::share_out(const std::vector<double>& directions, std::int32_t sectors, double step) {
+  direction_.assign(static_cast<std::size_t>(sectors), 0.0);
+  double sum = 0.0;
+  for (std::size_t i = 1; i < variance_.data.size(); ++i) {
+    std::int32_t sector = Maths::round_to_i32(directions[i] / step);
+    if (sector < 0) sector += sectors;
+    const auto index = static_cast<std::size_t>(sector);
+    if (index >= direction_.size()) throw std::string("invalid vector<T> subscript");
+    sum = sum + variance_.data[i];
+    direction_[index] = direction_[index] + variance_.data[i];
+  }
+  if (sum > 1e-6) {
+    for (double& share : direction_) share *= 1 / sum;
+  }
+}
+
+const std::vector<double>& TwoD::data(std::int32_t type) const {
+  switch (type) {
+    case time:
+      return time_.data;
+    case spectrum:
+      return spectrum_.data;
+    case variance:
+      return variance_.data;
+    case direction:
+      return direction_;
+    default:
+      throw std::string("Unknown option ot twod_data");
+  }
+}
+
+}  // namespace Synthesis

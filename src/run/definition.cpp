@@ -1,0 +1,156 @@
+#include "run/definition.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+
+#include "base/compose.h"
+#include "base/enumerations.h"
+#include "base/units.h"
+#include "maths/random.h"
+#include "maths/tank_run.h"
+#include "point/point_stats.h"
+
+namespace Synthesis {
+namespace {
+
+// Every build draws from the same seed, so that a run repeats.
+constexpr std::uint32_t merge_seed = 42;
+
+Maths::FrontSet& checked(std::vector<Maths::FrontSet>& sets, std::uint32_t index) {
+  if (index >= sets.size()) throw std::string("invalid vector<T> subscript");
+  return sets[index];
+}
+
+const BankMotion& checked(const std::vector<BankMotion>& banks, std::uint32_t bank) {
+  if (bank >= banks.size()) throw std::string("Bank out of range or paddle_motion not built");
+  return banks[bank];
+}
+
+}  // namespace
+
+void Definition::add_specification(Specification& specification) {
+  specifications_.push_back(&specification);
+}
+
+void Definition::remove_specification(Specification& specification) {
+  const auto found = std::find(specifications_.begin(), specifications_.end(), &specification);
+  if (found == specifications_.end()) throw std::string("Failed to find Specification to remove");
+  specifications_.erase(found);
+}
+
+void Definition::query(Base::Params& out) const {
+  out.declare("repeat", Base::default_units(Base::Category::time));
+  out.declare_enum("dalrymple", Base::EnumType::Bool);
+  out.declare_enum("wave_merge", Base::EnumType::WaveMerge);
+  out.declare_enum("ran_gen", Base::EnumType::RanGen);
+  out.declare("seed", Base::default_units(Base::Category::unit));
+}
+
+void Definition::set(Base::Params& in) {
+  const double repeat = in.read("repeat", Base::Category::time);
+  const double min_freq = context_.get(Common::Limit::min_freq);
+  const double max_freq = context_.get(Common::Limit::max_freq);
+  const double base_rate = context_.get(Common::Limit::base_rate);
+  const bool dalrymple = in.read_enum("dalrymple", Base::EnumType::Bool) == Base::Bool::True;
+  // Needed only by run_build, and missed here rather than there.
+  in.read_enum("wave_merge", Base::EnumType::WaveMerge);
+
+  Maths::RunData run;
+  run.init(repeat, base_rate, min_freq, max_freq, dalrymple);
+  run_.run = run;
+  in.set_checked("repeat", run.value(), Base::Category::time, 0.01);
+  params_ = in;
+  ready_ = true;
+}
+
+const Maths::RunFronts& Definition::run_build() {
+  messages_.clear();
+  if (!ready_) throw std::string("Evaluate before setting state");
+  const std::uint32_t merge = params_.read_enum("wave_merge", Base::EnumType::WaveMerge);
+  run_.resize(specifications_.size());
+  for (std::size_t i = 0; i < specifications_.size(); ++i) {
+    specifications_[i]->evaluate(run_.sets[i], run_.run, context_.tank_config(), messages_);
+  }
+  if (run_.sets.empty()) return run_;
+
+  if (merge == Base::WaveMerge::RMS) {
+    run_.merge_rms();
+  } else if (merge == Base::WaveMerge::Random) {
+    Maths::PureRandom generator(merge_seed);
+    generator.init();
+    run_.merge_random(generator);
+  }
+  run_.build_merged(context_.tank_config());
+  return run_;
+}
+
+Maths::Position& Definition::position(std::uint32_t index) {
+  return checked(run_.sets, index).position;
+}
+
+const std::vector<Front>& Definition::fronts(bool merged) {
+  display_fronts_.clear();
+  if (merged) {
+    run_.merged.display_fronts(display_fronts_, run_.run);
+  } else {
+    for (const Maths::FrontSet& set : run_.sets) set.display_fronts(display_fronts_, run_.run);
+  }
+  return display_fronts_;
+}
+
+const std::vector<Maths::TransferFront>& Definition::fronts(std::uint32_t index) {
+  const Maths::FrontSet& set = checked(run_.sets, index);
+  transfer_fronts_.clear();
+  set.transfer_fronts(transfer_fronts_);
+  return transfer_fronts_;
+}
+
+void Definition::paddle_motion_build(const Base::Params& in) {
+  banks_.resize(context_.wavemaker_bank.size());
+  for (std::size_t bank = 0; bank < banks_.size(); ++bank) {
+    banks_[bank].init(context_.tank_config(), run_.run, in);
+    banks_[bank].build(context_.wavemaker_bank[bank], run_.merged);
+  }
+}
+
+const std::vector<double>& Definition::paddle_motion_data(std::uint32_t bank,
+                                                          std::uint32_t paddle) const {
+  const std::vector<std::vector<double>>& series = checked(banks_, bank).series();
+  if (paddle >= series.size()) {
+    throw Base::compose("Paddle out of range in paddle_motion_data::bank ", bank,
+                        " has no signal of paddle ", paddle);
+  }
+  return series[paddle];
+}
+
+void Definition::paddle_motion_stats(std::uint32_t bank, Base::Params& out) const {
+  checked(banks_, bank).stats(out);
+}
+
+void Definition::animate_build(Base::Params& in) {
+  animation_.build(run_.merged, context_.tank_config(), run_.run, in);
+}
+
+void Definition::animate_init(Base::Params& in) {
+  static_cast<void>(context_.tank_config());  // to prove that there is a tank
+  animation_.init(run_.merged, run_.run, in);
+}
+
+void Definition::animate_build_slice(std::uint32_t from, std::uint32_t to) {
+  animation_.build_slice(run_.merged, context_.tank_config(), run_.run, from, to);
+}
+
+void Definition::twod_build(Base::Params& in) {
+  const PointSpec point = fit_point(in, run_.run);
+  Maths::TankRun tank(context_.tank_config(), run_.run);
+  twod_.build(run_.merged, tank, point, in);
+}
+
+void Definition::twod_stats(Base::Params& params) const {
+  const PointSpec point = fit_point(params, run_.run);
+  Maths::TankRun tank(context_.tank_config(), run_.run);
+  point_stats(run_.merged, tank, point, params);
+}
+
+}  // namespace Synthesis

@@ -1,0 +1,102 @@
+#include "sea/angle_spread.h"
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+#include "base/compose.h"
+#include "base/constants.h"
+#include "base/enumerations.h"
+#include "maths/angle.h"
+#include "maths/spreading.h"
+#include "sea/seed.h"
+
+namespace Synthesis {
+
+namespace {
+
+namespace Category = Base::Category;
+
+// Just short of a half turn.
+double most() { return Base::Pi - 0.0001; }
+
+// How far from the mean direction the function reaches: just short of its zero.
+double reach(std::uint32_t function) {
+  switch (function) {
+    case Base::SpreadFunc::CosS:
+      return Base::Pi / 2 - 0.0001;
+    case Base::SpreadFunc::Cos2S:
+      return most();
+    default:
+      throw std::string("Unknown function value in angle spread");
+  }
+}
+
+double narrowed(double width, double reach) { return width > reach || width < 0 ? reach : width; }
+
+// The angle, on the same side of the wrap as the one asked for.
+double beside(double angle, double asked) {
+  if (angle <= 0 && asked - angle > most()) return angle + 2 * Base::Pi;
+  if (angle > 0 && angle - asked > most()) return angle - 2 * Base::Pi;
+  return angle;
+}
+
+}  // namespace
+
+AngleSpreadModifier::AngleSpreadModifier(const std::string& text)
+    : Modifier(angle, "AngleSpreadModifier", Category::frequency, Category::unit, text) {}
+
+void AngleSpreadModifier::on_query(Base::Params& out) {
+  out.declare_enum("function", Base::EnumType::SpreadFunc);
+  for (const char* name : {"angle", "max_angle", "min_angle"}) {
+    out.declare(name, Base::default_units(Category::angle));
+  }
+  query_seed(out);
+}
+
+void AngleSpreadModifier::on_set(Base::Params& in, Base::Params& stored) {
+  for (const char* name : {"function", "angle"}) stored.merge(*in.find(name));
+  set_seed(in, stored);
+  const double mean = Maths::wrap_angle(in.read("angle", Category::angle));
+  const double hi_in = in.read("max_angle", Category::angle);
+  const double lo_in = in.read("min_angle", Category::angle);
+  const double hi = Maths::wrap_angle(hi_in);
+  const double lo = Maths::wrap_angle(lo_in);
+  // A range through pi is not checked on purpose: hosts give any mean with it.
+  if (hi > lo && (mean < lo || mean > hi)) throw std::string("Angle not between min and max");
+  const double widest = reach(in.read_enum("function", Base::EnumType::SpreadFunc));
+  const double up = narrowed(Maths::wrap_angle(hi - mean), widest);
+  const double down = narrowed(Maths::wrap_angle(mean - lo), widest);
+  const double new_hi = beside(Maths::wrap_angle(up + mean), hi_in);
+  const double new_lo = beside(Maths::wrap_angle(mean - down), lo_in);
+  stored.merge(*in.set_checked("min_angle", new_lo, Category::angle, 0.01));
+  stored.merge(*in.set_checked("max_angle", new_hi, Category::angle, 0.01));
+}
+
+void AngleSpreadModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                                      const Maths::RunData& run, const Maths::TankConfig&,
+                                      Messages&) {
+  const std::uint32_t function = stored.read_enum("function", Base::EnumType::SpreadFunc);
+  const double mean = stored.read("angle", Category::angle);
+  const double max_angle = stored.read("max_angle", Category::angle);
+  const double min_angle = stored.read("min_angle", Category::angle);
+  Maths::PureRandom generator = make_generator(stored, 1);
+  const double top = Maths::wrap_angle(max_angle - mean);
+  const double bottom = Maths::wrap_angle(min_angle - mean);
+  for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
+    if (fronts.slots[h].empty()) continue;
+    const double s = value(run.freq(h));
+    for (Maths::HarmonicFront& front : fronts.slots[h]) {
+      const double u = generator.unit();
+      const double d = function == Base::SpreadFunc::CosS
+                           ? Maths::spread_angle(u, top, bottom, s)
+                           : 2 * Maths::spread_angle(u, top / 2, bottom / 2, 2 * s);
+      if (!std::isfinite(d))
+        throw Base::compose(name(), "::no direction can be drawn for a power of ", s);
+      front.angle = Maths::wrap_angle(d + mean);
+      generator.advance();
+    }
+  }
+}
+
+}  // namespace Synthesis

@@ -1,0 +1,28 @@
+// The modifier that spreads each harmonic over a fan of fixed directions.
+#ifndef KELPBOX_SEA_ANGLE_SWEEP_H_
+#define KELPBOX_SEA_ANGLE_SWEEP_H_
+
+#include <string>
+
+#include "sea/modifier.h"
+
+namespace Synthesis {
+
+// The directions run from the tank's lowest angle to its highest in steps of about "delta_angle",
+// weighted by the expression, a function of angle. The amplitudes of a fan, not its energies, add
+// up to that of the harmonic's first front; the fronts behind it are lost. Evaluation throws "Sweep
+// has zero output", and "AngleSweepModifier::..." for a step that gives no fan or too large a one.
+class AngleSweepModifier : public Modifier {
+ public:
+  explicit AngleSweepModifier(const std::string& text);
+
+ protected:
+  void on_query(Base::Params& out) override;
+  void on_set(Base::Params& in, Base::Params& stored) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
+                   const Maths::TankConfig& tank, Messages& messages) override;
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SEA_ANGLE_SWEEP_H_

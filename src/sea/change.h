@@ -1,0 +1,48 @@
+// The modifiers that change amplitude, direction or phase by a formula of frequency.
+#ifndef KELPBOX_SEA_CHANGE_H_
+#define KELPBOX_SEA_CHANGE_H_
+
+#include <string>
+
+#include "sea/modifier.h"
+
+namespace Synthesis {
+
+// Multiplies each amplitude by the expression, a plain number. Takes no parameters of its own.
+class GainChangeModifier : public Modifier {
+ public:
+  explicit GainChangeModifier(const std::string& text);
+
+ protected:
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
+                   const Maths::TankConfig& tank, Messages& messages) override;
+};
+
+// Adds the expression, an angle, to each direction; or puts it in the direction's place when "set"
+// is True. The result lies between -pi and pi.
+class AngleChangeModifier : public Modifier {
+ public:
+  explicit AngleChangeModifier(const std::string& text);
+
+ protected:
+  void on_query(Base::Params& out) override;
+  void on_set(Base::Params& in, Base::Params& stored) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
+                   const Maths::TankConfig& tank, Messages& messages) override;
+};
+
+// The same with the phase, which is not wrapped.
+class PhaseChangeModifier : public Modifier {
+ public:
+  explicit PhaseChangeModifier(const std::string& text);
+
+ protected:
+  void on_query(Base::Params& out) override;
+  void on_set(Base::Params& in, Base::Params& stored) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
+                   const Maths::TankConfig& tank, Messages& messages) override;
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SEA_CHANGE_H_

@@ -1,0 +1,32 @@
+// The modifier that takes amplitude and phase of each harmonic from a white noise signal.
+#ifndef KELPBOX_SEA_PHASE_NOISE_H_
+#define KELPBOX_SEA_PHASE_NOISE_H_
+
+#include <string>
+
+#include "sea/modifier.h"
+
+namespace Synthesis {
+
+// The signal spans the repeat time at "rate" samples a second, and the mean square of its
+// harmonics' amplitudes is 1: a sea whose energy varies from harmonic to harmonic as in nature, see
+// Tucker, Challenor and Carter (1984), "Numerical simulation of a random sea", Applied Ocean
+// Research 6. All fronts of a harmonic get the same factor and phase; harmonics above half the rate
+// stay as they are. The class's seed is 5. The expression is checked and has no effect.
+//
+// Evaluation throws "rate::<value> Hz gives no usable number of samples in a repeat time of <value>
+// s".
+class PhaseWNoiseModifier : public Modifier {
+ public:
+  explicit PhaseWNoiseModifier(const std::string& text);
+
+ protected:
+  void on_query(Base::Params& out) override;
+  void on_set(Base::Params& in, Base::Params& stored) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
+                   const Maths::TankConfig& tank, Messages& messages) override;
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SEA_PHASE_NOISE_H_

@@ -1,0 +1,26 @@
+#include "sea/phase_random.h"
+
+#include "base/constants.h"
+#include "sea/seed.h"
+
+namespace Synthesis {
+
+PhaseRandomModifier::PhaseRandomModifier(const std::string& text)
+    : Modifier(phase, "PhaseModifier", Base::Category::frequency, Base::Category::unit, text) {}
+
+void PhaseRandomModifier::on_query(Base::Params& out) { query_seed(out); }
+
+void PhaseRandomModifier::on_set(Base::Params& in, Base::Params& stored) { set_seed(in, stored); }
+
+void PhaseRandomModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                                      const Maths::RunData&, const Maths::TankConfig&, Messages&) {
+  Maths::PureRandom generator = make_generator(stored, 4);
+  for (std::vector<Maths::HarmonicFront>& slot : fronts.slots) {
+    for (Maths::HarmonicFront& front : slot) {
+      front.phase = generator.symmetric() * Base::Pi;
+      generator.advance();
+    }
+  }
+}
+
+}  // namespace Synthesis

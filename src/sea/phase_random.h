@@ -1,0 +1,27 @@
+// The modifier that gives each front a phase at random.
+#ifndef KELPBOX_SEA_PHASE_RANDOM_H_
+#define KELPBOX_SEA_PHASE_RANDOM_H_
+
+#include <string>
+
+#include "sea/modifier.h"
+
+namespace Synthesis {
+
+// Evenly between -pi and pi, one draw a front, in rising harmonics and then in order of the list.
+// Amplitudes stay, so the energy of each harmonic is as asked for. The class's seed is 4. The
+// expression is checked and has no effect.
+class PhaseRandomModifier : public Modifier {
+ public:
+  explicit PhaseRandomModifier(const std::string& text);
+
+ protected:
+  void on_query(Base::Params& out) override;
+  void on_set(Base::Params& in, Base::Params& stored) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
+                   const Maths::TankConfig& tank, Messages& messages) override;
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SEA_PHASE_RANDOM_H_

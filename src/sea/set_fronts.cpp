@@ -1,0 +1,102 @@
+#include "sea/set_fronts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+#include "base/compose.h"
+#include "maths/angle.h"
+#include "maths/rounding.h"
+
+namespace Synthesis {
+
+namespace {
+
+bool same_time(double a, double b) {
+  if (std::abs(b) < 1e-20) return std::abs(a) < 1e-19;
+  return std::abs(a / b - 1.0) < 1e-6;
+}
+
+// Not a number goes last: an order that sorting can rely on.
+bool lower_freq(const Front& a, const Front& b) {
+  if (std::isnan(a.freq)) return false;
+  return std::isnan(b.freq) || a.freq < b.freq;
+}
+
+}  // namespace
+
+SetFronts::SetFronts(const DispFronts& fronts) : Component("Set of fronts"), fronts_(fronts) {
+  for (Front& front : fronts_) front.angle = Maths::wrap_angle(front.angle);
+}
+
+double SetFronts::fitted_repeat() {
+  std::stable_sort(fronts_.begin(), fronts_.end(), lower_freq);
+  double sum = 0.0;
+  std::uint32_t count = 0;  // of unit steps in the sum
+  for (std::size_t i = 1; i < fronts_.size(); ++i) {
+    const double d = fronts_[i].freq - fronts_[i - 1].freq;
+    if (d < 0.0001) continue;
+    std::uint32_t k = 0;
+    if (count != 0) {
+      const double mean = sum / count;
+      if (mean < d) {
+        k = count * Maths::round_to_u32(d / mean);
+      } else {
+        k = (count - 1) + Maths::round_to_u32(mean / d);
+      }
+    }
+    count = k + 1;
+    sum += d;
+  }
+  return count / sum;
+}
+
+double SetFronts::frequency_error(double repeat) const {
+  double sum = 0.0;
+  for (const Front& front : fronts_) {
+    const double grid = static_cast<double>(Maths::round_to_i64(front.freq * repeat)) / repeat;
+    sum += (front.freq - grid) * (front.freq - grid);
+  }
+  return std::sqrt(sum / static_cast<double>(fronts_.size()));
+}
+
+void SetFronts::write_frequencies(std::ostream& out, const std::string& prefix) const {
+  for (const Front& front : fronts_) out << prefix << front.freq << std::endl;
+}
+
+void SetFronts::on_query(Base::Params& out) {
+  const double repeat = fitted_repeat();
+  const double error = frequency_error(repeat);
+  out.add_comment(Base::Severity::detail,
+                  Base::compose("Repeat time = ", repeat, "s",
+                                " with error = ", Maths::round_to_i32(error * 1000) * 0.1, "%"));
+}
+
+void SetFronts::on_set(Base::Params& in, Base::Params&) { on_query(in); }
+
+void SetFronts::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData& run,
+                            Messages& messages) {
+  const double repeat = run.value();
+  const double error = frequency_error(repeat);
+  const double fitted = fitted_repeat();
+  if (!same_time(repeat, fitted)) {
+    const std::uint32_t multiple = Maths::round_to_u32(repeat / fitted);
+    if (same_time(repeat, multiple * fitted)) {
+      messages.push_back(Base::compose("Repeat time ", repeat, "s is ", multiple,
+                                       " times the repeat time of the wave"));
+    } else {
+      messages.push_back(
+          Base::compose("Repeat time ", repeat, " does not match synthetic wave ", fitted));
+    }
+  }
+  // A hundredth, and the spelling, are what hosts know this report by.
+  if (error > 0.1) messages.push_back(Base::compose("Frequency mismath of ", error / 100, "%"));
+  for (const Front& front : fronts_) {
+    if (front.freq > 0) {
+      fronts.add_front(run.wave_num(front.freq), {front.amp, front.angle, front.phase});
+    }
+  }
+}
+
+}  // namespace Synthesis

@@ -1,0 +1,48 @@
+// A group of waves: components, up to one modifier of each kind, and where and when the result
+// is meant to hold.
+#ifndef KELPBOX_SEA_SPECIFICATION_H_
+#define KELPBOX_SEA_SPECIFICATION_H_
+
+#include <array>
+#include <vector>
+
+#include "base/params.h"
+#include "maths/front_set.h"
+#include "maths/run_data.h"
+#include "maths/tank_config.h"
+#include "sea/component.h"
+#include "sea/modifier.h"
+
+namespace Synthesis {
+
+// Components and modifiers are owned elsewhere and must outlive their place here. Failures are
+// thrown as std::string.
+class Specification {
+ public:
+  void add_component(Component& component);
+  // Throws "Failed to remove type from Specification".
+  void remove_component(Component& component);
+  // Throws "Trying to overide an existing modifier".
+  void add_modifier(Modifier& modifier);
+  // Throws "Trying to remove the wrong modifier".
+  void remove_modifier(Modifier& modifier);
+
+  // Declares "x", "y" and "t".
+  void query(Base::Params& out) const;
+  void set(const Base::Params& in);
+
+  // Components in order of adding, then gain, angle, phase. Throws "Evaluating specification
+  // before values set".
+  void evaluate(Maths::FrontSet& fronts, const Maths::RunData& run, const Maths::TankConfig& tank,
+                Messages& messages);
+
+ private:
+  bool ready_ = false;
+  Base::Params params_;
+  std::vector<Component*> components_;
+  std::array<Modifier*, Modifier::slot_count> modifiers_{};
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SEA_SPECIFICATION_H_

@@ -1,0 +1,27 @@
+#include "sea/time_fronts.h"
+
+#include <cmath>
+#include <complex>
+#include <cstdint>
+#include <vector>
+
+#include "base/compose.h"
+
+namespace Synthesis {
+
+void add_time_fronts(Base::DataSet& signal, Maths::FrontSet& fronts, const Maths::RunData& run) {
+  const std::vector<std::complex<double>>& bins = signal.freq().data;
+  for (std::uint64_t h = run.harmonic(1); h < bins.size() && h < run.harmonic(0); ++h) {
+    fronts.add_front(h, {std::abs(bins[h]), 0.0, std::atan2(bins[h].imag(), bins[h].real())});
+  }
+}
+
+void check_sample_count(const std::string& name, double samples) {
+  constexpr std::int64_t most = std::int64_t{1} << 27;
+  const double rounded = std::floor(samples + 0.5);
+  if (!(rounded >= 1.0 && rounded <= static_cast<double>(most))) {
+    throw Base::compose(name, "::", samples, " samples in the signal, not 1 to ", most);
+  }
+}
+
+}  // namespace Synthesis
