@@ -5,10 +5,11 @@
 #include <compare>
 #include <complex>
 #include <cstddef>
-#include <iostream>
+#include <ostream>
 #include <string>
 
 #include "base/constants.h"
+#include "base/streams.h"
 #include "base/units.h"
 #include "maths/dispersion.h"
 #include "maths/tank_run.h"
@@ -18,7 +19,7 @@ namespace {
 
 namespace Category = Base::Category;
 
-void mark(const char* text) { std::cout << text << std::endl; }
+void mark(const char* text) { Base::progress() << text << std::endl; }
 
 }  // namespace
 

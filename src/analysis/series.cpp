@@ -2,10 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iostream>
+#include <ostream>
 #include <string>
 #include <utility>
 
+#include "base/streams.h"
 #include "base/units.h"
 #include "maths/rounding.h"
 
@@ -16,10 +17,10 @@ Base::Vector cut(const Series& series, double start_time, double stop_time) {
   const double rate = series.params.read("rate", Base::Category::frequency);
   const std::uint32_t first = Maths::round_to_u32(start_time * rate);
   const std::uint32_t last = Maths::round_to_u32(stop_time * rate);
-  std::cout << "first " << first << " last " << last << std::endl;
+  Base::progress() << "first " << first << " last " << last << std::endl;
   if (last <= first) throw std::string("Out of range");
   if (series.samples.size() < last) throw std::string("out of range 2");
-  std::cout << "size " << last - first << std::endl;
+  Base::progress() << "size " << last - first << std::endl;
   const auto begin = series.samples.begin();
   return {"Time series", Base::default_units(Base::Category::length),
           std::vector<double>(begin + first, begin + last)};

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iostream>
 
 #include "animation/surface_code.h"
+#include "base/streams.h"
 
 namespace Synthesis {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 // Flushing each line would cost more than the waves.
 struct FlushAtEnd {
   FlushAtEnd() = default;
-  ~FlushAtEnd() { std::cout.flush(); }
+  ~FlushAtEnd() { Base::progress().flush(); }
   FlushAtEnd(const FlushAtEnd&) = delete;
   FlushAtEnd& operator=(const FlushAtEnd&) = delete;
 };
@@ -65,7 +65,7 @@ void AnimationColumns::carry_fronts(double x) {
       if (!frames_.running()) return;
       const double lag = tank_.phase_lag(h, x, 0.0, front.angle);
       const double ky = std::sin(front.angle) * k0;
-      if (angles_ == FrontAngles::shown) std::cout << front.angle << '\n';
+      if (angles_ == FrontAngles::shown) Base::progress() << front.angle << '\n';
       // A front that the tank refuses keeps its slot with no amplitude; its phase may be NaN.
       if (front.amp == 0.0) continue;
       column_.push_back({h / grid_.divisor, shoaling * front.amp, front.phase, lag, ky});

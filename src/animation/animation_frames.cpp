@@ -3,11 +3,13 @@
 #include <sys/mman.h>
 
 #include <algorithm>
-#include <iostream>
 #include <limits>
 #include <new>
+#include <ostream>
 #include <stdexcept>
 #include <string>
+
+#include "base/streams.h"
 
 namespace Synthesis {
 namespace {
@@ -77,7 +79,7 @@ void AnimationFrames::add_series(std::uint32_t x, std::uint32_t y, const SeriesB
   if (x >= x_lim_) throw std::string("Error x >= x_lim");
   if (y >= y_lim_) throw std::string("Error y >= y_lim");
   if (series.length != t_lim_) {
-    std::cout << "vec.size() " << series.length << " t_lim " << t_lim_ << std::endl;
+    Base::progress() << "vec.size() " << series.length << " t_lim " << t_lim_ << std::endl;
     throw std::string("Error vec.size() != t_lim");
   }
   const std::uint32_t rows = std::min(series.rows, y_lim_ - y);

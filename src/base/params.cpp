@@ -1,9 +1,10 @@
 #include "base/params.h"
 
 #include <cmath>
-#include <iostream>
+#include <ostream>
 
 #include "base/enumerations.h"
+#include "base/streams.h"
 
 namespace Base {
 namespace {
@@ -122,7 +123,7 @@ const std::vector<Param>& Params::param_list() {
   return list_;
 }
 
-void Params::print() const { print(std::cout, ""); }
+void Params::print() const { print(Base::progress(), ""); }
 
 void Params::print(std::ostream& out, const std::string& prefix) const {
   // Flushed line by line, since hosts read these lines as they come.

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <iostream>
 #include <limits>
 
 #include "base/constants.h"
+#include "base/streams.h"
 #include "maths/wavemaker_ratio.h"
 
 namespace Synthesis {
@@ -16,7 +16,7 @@ void report_if_huge(const std::complex<double>& amplitude) {
   // Squares are cheap and settle nearly every case; the modulus itself decides.
   const double square = std::norm(amplitude);
   if (square < 0.99e20) return;
-  if (std::abs(amplitude) > 1e10) std::cout << amplitude << ":";
+  if (std::abs(amplitude) > 1e10) Base::progress() << amplitude << ":";
 }
 
 }  // namespace

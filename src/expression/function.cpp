@@ -1,10 +1,11 @@
 #include "expression/function.h"
 
-#include <iostream>
+#include <ostream>
 #include <sstream>
 #include <string_view>
 #include <utility>
 
+#include "base/streams.h"
 #include "expression/node.h"
 #include "expression/parser.h"
 #include "expression/scanner.h"
@@ -19,7 +20,7 @@ constexpr std::string_view SyntaxError = "ExpressionParser error::";
 class Function::Parser final : public ExpressionParser {
  public:
   void error(const std::string& report) override {
-    std::cout << "Help" << report << std::endl;
+    Base::progress() << "Help" << report << std::endl;
     throw std::string(SyntaxError) + report;
   }
 };

@@ -1,14 +1,14 @@
 #include "expression/scanner.h"
 
-#include <iostream>
 #include <utility>
 
+#include "base/streams.h"
 #include "expression_parse.hpp"
 
 namespace Expression {
 
 ExpressionScanner::ExpressionScanner(std::istream& text)
-    : ExpressionScanFlexLexer(text, std::cout) {}
+    : ExpressionScanFlexLexer(text, Base::progress()) {}
 
 int ExpressionScanner::next(TokenValue& value) {
   value_ = {};

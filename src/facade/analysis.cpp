@@ -1,13 +1,14 @@
 #include "facade/analysis.h"
 
 #include <atomic>
-#include <iostream>
+#include <ostream>
 #include <stdexcept>
 #include <utility>
 
 #include "analysis/freq_single.h"
 #include "analysis/multi_freq.h"
 #include "analysis/multi_time.h"
+#include "base/streams.h"
 #include "facade/guard.h"
 
 namespace Kelpbox {
@@ -17,7 +18,7 @@ using ::Analysis::Process;
 using ::Analysis::Series;
 using ::Analysis::Set;
 
-void mark(const char* text) { std::cout << text << std::endl; }
+void mark(const char* text) { Base::progress() << text << std::endl; }
 
 std::unique_ptr<Process> make_process(std::uint32_t kind, const Maths::TankConfig& tank, Set& set) {
   switch (kind) {

@@ -1,8 +1,8 @@
 #include "facade/site_facade.h"
 
-#include <iostream>
 #include <utility>
 
+#include "base/streams.h"
 #include "base/units.h"
 #include "facade/guard.h"
 
@@ -11,12 +11,12 @@ namespace Kelpbox {
 SiteFacade::SiteFacade() : SiteFacade(std::string()) {}
 
 SiteFacade::SiteFacade(std::string name)
-    : name_(std::move(name)), log_(std::cout), reader_("context") {}
+    : name_(std::move(name)), log_(Base::progress()), reader_("context") {}
 
 void SiteFacade::initialise(const std::string& file) {
   guarded("Uncaught Exception in Experiment Initialise", [&] {
     reader_.attach_log(log_);
-    reader_.read(std::cerr, file, "");
+    reader_.read(Base::script_faults(), file, "");
     context_ = reader_.object();
     context().make_ready();
   });

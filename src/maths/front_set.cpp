@@ -1,14 +1,16 @@
 #include "maths/front_set.h"
 
-#include <iostream>
+#include <ostream>
 #include <sstream>
 #include <string>
+
+#include "base/streams.h"
 
 namespace Maths {
 
 void FrontSet::add_front(std::uint64_t slot, const HarmonicFront& front) {
   if (slot >= slots.size()) {
-    std::cout << "front error " << slot << " " << slots.size() << std::endl;
+    Base::progress() << "front error " << slot << " " << slots.size() << std::endl;
     throw std::string("Help");
   }
   if (front.amp != 0.0) slots[slot].push_back(front);

@@ -1,9 +1,10 @@
 #include "maths/run_data.h"
 
 #include <cmath>
-#include <iostream>
+#include <ostream>
 #include <string>
 
+#include "base/streams.h"
 #include "maths/rounding.h"
 
 namespace Maths {
@@ -45,8 +46,8 @@ std::uint64_t RunData::wave_num(double freq) const {
   if (!initialised_) throw std::string("Calling wave_num when not initialised");
   const std::int64_t nearest = round_to_i64(freq * repeat_);
   if (!in_limits(nearest)) {
-    std::cout << "wave number out of range " << nearest << " must be between " << min_harmonic_
-              << " and " << max_harmonic_ << std::endl;
+    Base::progress() << "wave number out of range " << nearest << " must be between "
+                     << min_harmonic_ << " and " << max_harmonic_ << std::endl;
     throw std::string("Wave number out of range");
   }
   return static_cast<std::uint64_t>(nearest);

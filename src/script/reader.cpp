@@ -2,9 +2,10 @@
 
 #include <boost/filesystem/operations.hpp>
 #include <fstream>
-#include <iostream>
 #include <memory>
+#include <ostream>
 
+#include "base/streams.h"
 #include "script_parse.h"
 
 namespace Script {
@@ -25,12 +26,12 @@ struct Source {
 }  // namespace
 
 void SubSerial::Parser::report(const std::string& text) {
-  std::cerr << "Failing at " << text;
+  Base::script_faults() << "Failing at " << text;
   if (!open_.empty()) {
-    std::cerr << " in " << open_.back().file << " at line " << open_.back().scan->line()
-              << " column " << open_.back().scan->column();
+    Base::script_faults() << " in " << open_.back().file << " at line " << open_.back().scan->line()
+                          << " column " << open_.back().scan->column();
   }
-  std::cerr << std::endl;
+  Base::script_faults() << std::endl;
 }
 
 bool SubSerial::Parser::read(const fs::path& file, unsigned depth) {
@@ -46,7 +47,7 @@ bool SubSerial::Parser::read(const fs::path& file, unsigned depth) {
     throw "Unable to open file \"" + file.string() + "\" for input";
   }
   const std::string indent(std::size_t{2} * depth, ' ');
-  std::cout << indent << "Opened file  " << file << " for input\n" << std::flush;
+  Base::progress() << indent << "Opened file  " << file << " for input\n" << std::flush;
 
   open_.push_back({file, canonical, &source->scan});
   bool good = true;
@@ -63,14 +64,14 @@ bool SubSerial::Parser::read(const fs::path& file, unsigned depth) {
   open_.pop_back();
   source.reset();
 
-  std::cout << indent << "Leaving file " << file << '\n' << std::flush;
+  Base::progress() << indent << "Leaving file " << file << '\n' << std::flush;
   return good;
 }
 
 bool SubSerial::Parser::take(ScriptScan& scan, int token) {
   if (token != TOKEN_IDENT) return push(token, std::move(scan.value()));
   Variable found = find(scan.text());
-  if (found.type() == VarType::empty) std::cout << "UNFOUND = " << scan.text() << std::endl;
+  if (found.type() == VarType::empty) Base::progress() << "UNFOUND = " << scan.text() << std::endl;
   const int kind = ident_token(found);
   return push(kind, std::move(found));
 }

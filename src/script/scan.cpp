@@ -4,14 +4,15 @@
 
 #include <clocale>
 #include <cstdlib>
-#include <iostream>
+
+#include "base/streams.h"
 
 namespace Script {
 
-ScriptScan::ScriptScan(std::istream& in) : ScriptScanFlexLexer(in, std::cout), in_(in) {}
+ScriptScan::ScriptScan(std::istream& in) : ScriptScanFlexLexer(in, Base::progress()), in_(in) {}
 
 void ScriptScan::LexerOutput(const char* characters, int count) {
-  std::cout.write(characters, count);
+  Base::progress().write(characters, count);
 }
 
 int ScriptScan::LexerInput(char* buffer, int size) {

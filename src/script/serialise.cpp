@@ -1,8 +1,9 @@
 #include "script/serialise.h"
 
 #include <fstream>
-#include <iostream>
+#include <ostream>
 
+#include "base/streams.h"
 #include "script/print.h"
 #include "script/reader.h"
 
@@ -39,7 +40,7 @@ void SubSerial::finish_objects(const std::string& main_path) {
     create(root_);
   } catch (const LogItm& item) {
     message(item);
-    std::cout << "Exception:-" << item << '\n' << std::flush;
+    Base::progress() << "Exception:-" << item << '\n' << std::flush;
     throw std::string("Caught log exception");
   } catch (const std::string& text) {
     throw main_path + "::" + text;

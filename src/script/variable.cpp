@@ -1,10 +1,11 @@
 #include "script/variable.h"
 
 #include <cmath>
-#include <iostream>
+#include <ostream>
 #include <sstream>
 #include <utility>
 
+#include "base/streams.h"
 #include "script/sub_enum.h"
 #include "script/wrap.h"
 
@@ -33,8 +34,8 @@ std::int32_t rounded(double value, const char* name) {
   }
   // Rounding to 0 divides by 0: any loss is then infinite, and an exact 0 is none.
   if (std::abs(value - nearest) / std::abs(nearest) > 0.001) {
-    std::cout << "Loss of resolution while rounding value " << value << " for variable " << name
-              << std::endl;
+    Base::progress() << "Loss of resolution while rounding value " << value << " for variable "
+                     << name << std::endl;
   }
   return static_cast<std::int32_t>(nearest);
 }

@@ -4,10 +4,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <iostream>
+#include <ostream>
 
 #include "base/compose.h"
 #include "base/data_set.h"
+#include "base/streams.h"
 #include "base/vector.h"
 #include "maths/rounding.h"
 #include "sea/time_fronts.h"
@@ -46,10 +47,12 @@ Join join_of(const std::vector<double>& x, bool stops_early) {
 
 void report_join(const Join& join, double max_step, double max_slope, double dt) {
   const auto step = [&] {
-    std::cout << Base::compose("Maximum end difference is ", join.step / dt, "m/s") << std::endl;
+    Base::progress() << Base::compose("Maximum end difference is ", join.step / dt, "m/s")
+                     << std::endl;
   };
   const auto slope = [&] {
-    std::cout << Base::compose("Maximum end rate is ", join.slope / (dt * dt), "m/s2") << std::endl;
+    Base::progress() << Base::compose("Maximum end rate is ", join.slope / (dt * dt), "m/s2")
+                     << std::endl;
   };
   if (join.step > 2 * max_step) {
     step();
@@ -119,7 +122,7 @@ void TimeExp::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
   } else {
     steps = run_time / dt;
   }
-  std::cout << Base::compose(repeat_samples, " ", samples, " ", run_time) << std::endl;
+  Base::progress() << Base::compose(repeat_samples, " ", samples, " ", run_time) << std::endl;
   if (samples == 0) throw std::string("limit_steps is zero");
   check_sample_count(name_, steps);
   // Not filled up to the repeat time on purpose: the spectrum of a shorter signal lies on the
@@ -127,9 +130,10 @@ void TimeExp::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
   Base::Vector signal(name_, Base::default_units(Category::length),
                       std::vector<double>(static_cast<std::size_t>(samples)));
   const Steepness steepest = sample(signal.data, dt);
-  std::cout << Base::compose("Time series \"", name_, "\" has max rate of ", steepest.first / dt,
-                             " and acceleration of ", steepest.second / (dt * dt))
-            << std::endl;
+  Base::progress() << Base::compose("Time series \"", name_, "\" has max rate of ",
+                                    steepest.first / dt, " and acceleration of ",
+                                    steepest.second / (dt * dt))
+                   << std::endl;
   report_join(join_of(signal.data, exceeds(repeat_samples, samples)), steepest.first,
               steepest.second, dt);
   Base::DataSet data(signal, Quantity(dt, Category::time));
