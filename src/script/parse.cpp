@@ -47,7 +47,7 @@ void ScriptParse::Delete::operator()(script_parse_pstate* state) const {
 }
 
 bool ScriptParse::push(int token, Variable value) {
-  Variable* kept = keep(std::move(value));
+  Variable* kept = value.type() == VarType::empty ? nullptr : keep(std::move(value));
   const int status = script_parse_push_parse(state_.get(), token, &kept, *this);
   return status == YYPUSH_MORE || status == 0;
 }
@@ -75,11 +75,6 @@ void ScriptParse::enter_members(const Variable& enumeration) {
 void ScriptParse::build(const Variable& array, const Variable& last, const Variable& first) {
   const std::int32_t last_index = last.as_integer();
   array.as_array().build(last_index, first.as_integer());
-}
-
-Variable* ScriptParse::keep(Variable value) {
-  values_.push_back(std::move(value));
-  return &values_.back();
 }
 
 }  // namespace Script

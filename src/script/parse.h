@@ -3,12 +3,13 @@
 #ifndef KELPBOX_SCRIPT_PARSE_H_
 #define KELPBOX_SCRIPT_PARSE_H_
 
-#include <deque>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "script/list.h"
 #include "script/stack.h"
+#include "script/values.h"
 #include "script/wrap.h"
 
 struct script_parse_pstate;
@@ -26,9 +27,10 @@ class ScriptParse {
   ScriptParse(const ScriptParse&) = delete;
   ScriptParse& operator=(const ScriptParse&) = delete;
 
-  // Takes a token, and acts as far as it decides the input. Returns false when the parser's stack
-  // is exhausted. A syntax error is reported, and then thrown as a plain text: "yydefact from
-  // yypact error", "yytable error" or "yydefact after YYTRANSLATE added error".
+  // Takes a token, with an empty value where it has none, and acts as far as it decides the
+  // input. Returns false when the parser's stack is exhausted. A syntax error is reported, and then
+  // thrown as a plain text: "yydefact from yypact error", "yytable error" or "yydefact after
+  // YYTRANSLATE added error".
   bool push(int token, Variable value);
   // Takes the end of the input.
   bool finish();
@@ -47,8 +49,13 @@ class ScriptParse {
   void leave() { stack_.pop(); }
   void build(const Variable& array, const Variable& last, const Variable& first);
   void replicate(const Variable& array) { array.as_array().replicate(); }
-  // A value for the parser's stack, which holds plain pointers.
-  Variable* keep(Variable value);
+  void assign(Variable field, Variable value) { field.assign(value); }
+  // An action takes each value that nothing needs after it, and keeps the one that it makes.
+  Variable take(Variable* value) { return values_.take(value); }
+  Variable* keep(Variable value) { return values_.keep(std::move(value)); }
+
+  // How many values the parser's stack has ever held at once.
+  std::size_t values() const { return values_.places(); }
 
  private:
   struct Delete {
@@ -56,9 +63,7 @@ class ScriptParse {
   };
 
   Stack stack_;
-  // The values live here, and not on the parser's stack, so that a parse that fails in the middle
-  // frees each of them once.
-  std::deque<Variable> values_;
+  Values values_;
   std::unique_ptr<script_parse_pstate, Delete> state_;
 };
 

@@ -23,6 +23,7 @@ int ScriptScan::LexerInput(char* buffer, int size) {
 void ScriptScan::LexerError(const char* text) { throw text; }
 
 void ScriptScan::advance(const char* characters, int count) {
+  value_ = Variable();
   token_line_ = line_;
   token_column_ = column_;
   for (const char* end = characters + count; characters != end; ++characters) {

@@ -23,7 +23,8 @@ class ScriptScan : public ScriptScanFlexLexer {
   // The next token, or 0 at the end. Faults of the scanner are thrown as plain texts.
   int yylex() override;
 
-  // The last token's characters, its value if it is a number or a string, and where it began.
+  // The last token's characters, its value (empty unless it is a number or a string), and where
+  // it began.
   std::string text() const { return {YYText(), static_cast<std::size_t>(YYLeng())}; }
   Variable& value() { return value_; }
   unsigned line() const { return token_line_; }

@@ -66,7 +66,7 @@ system_items
   ;
 
 system_item
-  : OBJ_IDENT { parse.enter(*$1); } LCURL base_items { parse.leave(); } RCURL
+  : OBJ_IDENT { parse.enter(parse.take($1)); } LCURL base_items { parse.leave(); } RCURL
   ;
 
 base_items
@@ -85,30 +85,31 @@ term
   ;
 
 object_block
-  : OBJ_IDENT { parse.enter(*$1); } LCURL base_items { parse.leave(); } RCURL
+  : OBJ_IDENT { parse.enter(parse.take($1)); } LCURL base_items { parse.leave(); } RCURL
   | ARRAY_IDENT LSQR value DDOT value RSQR
-      { parse.build(*$1, *$3, *$5); parse.replicate(*$1); } term
+      { parse.build(*$1, parse.take($3), parse.take($5)); parse.replicate(parse.take($1)); } term
   | ARRAY_IDENT LSQR value DDOT value RSQR
-      { parse.build(*$1, *$3, *$5); parse.enter_first(*$1); }
-    LCURL base_items { parse.leave(); parse.replicate(*$1); } RCURL
-  | ARRAY_IDENT LSQR value RSQR { parse.enter_element(*$1, *$3); }
+      { parse.build(*$1, parse.take($3), parse.take($5)); parse.enter_first(*$1); }
+    LCURL base_items { parse.leave(); parse.replicate(parse.take($1)); } RCURL
+  | ARRAY_IDENT LSQR value RSQR { parse.enter_element(parse.take($1), parse.take($3)); }
     LCURL base_items { parse.leave(); } RCURL
   ;
 
 base_rule
-  : SIMPLE_IDENT ASSIGN value                                   { $1->assign(*$3); }
-  | SIMPLE_IDENT ASSIGN NULL_VALUE                              { $1->set_no_value(); }
-  | ENUM_IDENT { parse.enter_members(*$1); } ASSIGN ENUM_VAL    { $1->assign(*$4); parse.leave(); }
-  | STRING_IDENT ASSIGN STRING_VAL                              { $1->assign(*$3); }
+  : SIMPLE_IDENT ASSIGN value         { parse.assign(parse.take($1), parse.take($3)); }
+  | SIMPLE_IDENT ASSIGN NULL_VALUE    { parse.take($1).set_no_value(); }
+  | ENUM_IDENT { parse.enter_members(*$1); } ASSIGN ENUM_VAL
+      { parse.assign(parse.take($1), parse.take($4)); parse.leave(); }
+  | STRING_IDENT ASSIGN STRING_VAL    { parse.assign(parse.take($1), parse.take($3)); }
   ;
 
 value
-  : value PLUS value               { $$ = parse.keep(*$1 + *$3); }
-  | value MINUS value              { $$ = parse.keep(*$1 - *$3); }
-  | value TIMES value              { $$ = parse.keep(*$1 * *$3); }
-  | value DIVIDE value             { $$ = parse.keep(*$1 / *$3); }
-  | LPAR value RPAR                { $$ = $2; }
-  | MINUS value %prec NEGATE       { $$ = parse.keep(-*$2); }
+  : value PLUS value            { $$ = parse.keep(parse.take($1) + parse.take($3)); }
+  | value MINUS value           { $$ = parse.keep(parse.take($1) - parse.take($3)); }
+  | value TIMES value           { $$ = parse.keep(parse.take($1) * parse.take($3)); }
+  | value DIVIDE value          { $$ = parse.keep(parse.take($1) / parse.take($3)); }
+  | LPAR value RPAR             { $$ = $2; }
+  | MINUS value %prec NEGATE    { $$ = parse.keep(-parse.take($2)); }
   | SIMPLE_VALUE
   ;
 

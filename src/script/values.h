@@ -1,0 +1,44 @@
+// The values on the parser's stack, which itself holds plain pointers to them.
+//
+// A place is used again once its value has been taken, so that the places are as many as a stack
+// ever held at once, however long the script. A parse that fails leaves its values here, and each
+// is freed once.
+#ifndef KELPBOX_SCRIPT_VALUES_H_
+#define KELPBOX_SCRIPT_VALUES_H_
+
+#include <cstddef>
+#include <deque>
+#include <utility>
+#include <vector>
+
+#include "script/variable.h"
+
+namespace Script {
+
+class Values {
+ public:
+  // The pointer is valid until the value is taken.
+  Variable* keep(Variable value) {
+    if (free_.empty()) return &places_.emplace_back(std::move(value));
+    Variable* place = free_.back();
+    free_.pop_back();
+    *place = std::move(value);
+    return place;
+  }
+
+  // Once for each value kept.
+  Variable take(Variable* place) {
+    free_.push_back(place);
+    return std::move(*place);
+  }
+
+  std::size_t places() const { return places_.size(); }
+
+ private:
+  std::deque<Variable> places_;
+  std::vector<Variable*> free_;
+};
+
+}  // namespace Script
+
+#endif  // KELPBOX_SCRIPT_VALUES_H_
