@@ -9,11 +9,45 @@
 #include "expression/node.h"
 #include "expression/parser.h"
 #include "expression/scanner.h"
+#include "expression_parse.hpp"
 
 namespace Expression {
 namespace {
 
 constexpr std::string_view SyntaxError = "ExpressionParser error::";
+constexpr std::size_t LongestToken = 1048576;
+
+// What to call a token that may have any length; null for others.
+const char* long_kind(int kind) {
+  switch (kind) {
+    case CONST_VAL:
+      return "number";
+    case PARAMETER:
+      return "name";
+    case UNITS:
+      return "unit";
+    default:
+      return nullptr;
+  }
+}
+
+// Enough of a formula to recognise it in a message.
+std::string beginning(const std::string& formula) {
+  std::size_t length = 60;
+  if (formula.size() <= length) return formula;
+  // Not in the middle of a UTF-8 character.
+  while (length > 0 && (formula[length] & 0xC0) == 0x80) --length;
+  return formula.substr(0, length) + "...";
+}
+
+void refuse_long(int kind, std::size_t length, const std::string& formula) {
+  const char* name = long_kind(kind);
+  if (name == nullptr) return;
+  if (kind == UNITS) length -= 2;  // the brackets
+  if (length <= LongestToken) return;
+  throw "Formula \"" + beginning(formula) + "\" has a " + name + " of " + std::to_string(length) +
+      " characters: at most " + std::to_string(LongestToken) + " can be read";
+}
 
 }  // namespace
 
@@ -45,6 +79,7 @@ void Function::parse(const std::string& text) {
     int kind;
     do {
       kind = scanner.next(value);
+      refuse_long(kind, static_cast<std::size_t>(scanner.YYLeng()), expression);
       parser.push(kind, value);
     } while (kind != 0);
   } catch (const std::string& failure) {

@@ -31,8 +31,8 @@ class Function {
   Function& operator=(Function&&) noexcept;
 
   // Replaces the tree; a text that fails leaves the function as it was. Throws "Error while
-  // parsing expression ::" and the text before the first `@`, or "Unknown units - " and the
-  // unit text.
+  // parsing expression ::" and the text before the first `@`, "Unknown units - " and the unit
+  // text, or "Formula ..." for a number, name or unit that is too long (docs/limits.md).
   void parse(const std::string& text);
 
   // Everything below throws "Evaluated incomplete function" when nothing has been parsed.

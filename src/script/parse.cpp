@@ -8,6 +8,13 @@
 #include "script_parse.h"
 
 namespace Script {
+namespace {
+
+// Each statement that makes array elements is short, and many of them must not exhaust the memory.
+// A copy counts as well, since it takes as long.
+constexpr std::uint64_t most_elements = 200000;
+
+}  // namespace
 
 int ident_token(const Variable& found) {
   switch (found.type()) {
@@ -75,6 +82,15 @@ void ScriptParse::enter_members(const Variable& enumeration) {
 void ScriptParse::build(const Variable& array, const Variable& last, const Variable& first) {
   const std::int32_t last_index = last.as_integer();
   array.as_array().build(last_index, first.as_integer());
+  count_elements(array.as_array().lists().size());
+}
+
+void ScriptParse::count_elements(std::uint64_t elements) {
+  // The bound of one statement, which has been checked, holds for what goes beyond this one.
+  elements_ += elements;
+  if (elements_ <= most_elements) return;
+  throw "Arrays of " + std::to_string(elements_) + " elements in all are too large: at most " +
+      std::to_string(most_elements) + " can be made or copied in one script";
 }
 
 }  // namespace Script

@@ -3,6 +3,7 @@
 #ifndef KELPBOX_SCRIPT_PARSE_H_
 #define KELPBOX_SCRIPT_PARSE_H_
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -48,7 +49,7 @@ class ScriptParse {
   void enter_members(const Variable& enumeration);
   void leave() { stack_.pop(); }
   void build(const Variable& array, const Variable& last, const Variable& first);
-  void replicate(const Variable& array) { array.as_array().replicate(); }
+  void replicate(const Variable& array) { count_elements(array.as_array().replicate()); }
   void assign(Variable field, Variable value) { field.assign(value); }
   // An action takes each value that nothing needs after it, and keeps the one that it makes.
   Variable take(Variable* value) { return values_.take(value); }
@@ -62,7 +63,11 @@ class ScriptParse {
     void operator()(script_parse_pstate* state) const;
   };
 
+  // Throws std::string when all arrays of the script have more elements than it may make.
+  void count_elements(std::uint64_t elements);
+
   Stack stack_;
+  std::uint64_t elements_ = 0;  // made or copied
   Values values_;
   std::unique_ptr<script_parse_pstate, Delete> state_;
 };

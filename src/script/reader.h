@@ -16,8 +16,7 @@ class SubSerial::Parser : public ScriptParse {
  public:
   using ScriptParse::ScriptParse;
 
-  // Returns false when the parser failed. Throws as SubSerial::read does, and std::string for a
-  // file that includes itself, or for files that include each other too deeply.
+  // Returns false when the parser failed. Throws as SubSerial::read does.
   bool read(const boost::filesystem::path& file) { return read(file, 0); }
 
   void report(const std::string& text) override;
@@ -30,6 +29,7 @@ class SubSerial::Parser : public ScriptParse {
   };
 
   bool read(const boost::filesystem::path& file, unsigned depth);
+  int next(ScriptScan& scan, const boost::filesystem::path& file) const;
   bool take(ScriptScan& scan, int token);
   bool include(ScriptScan& scan, const boost::filesystem::path& file, unsigned depth);
   void refuse_loop(const boost::filesystem::path& file,
@@ -37,6 +37,7 @@ class SubSerial::Parser : public ScriptParse {
 
   // The file being read is the last, behind those that include it.
   std::vector<Open> open_;
+  unsigned opened_ = 0;  // in all
 };
 
 }  // namespace Script

@@ -24,9 +24,10 @@ class SubSerial : public Master {
   // Throws std::string: `File "<path>" does not exist`, `Unable to open file "<path>" for
   // input`, "<main>::parse error", "<main>::Failed to verify", "<main>::No log object found",
   // "Caught log exception" (the item goes to the log), "<main>::<text>" for any other string
-  // of a finishing object, "Incorrect syntax in include directive", and `File "<path>" includes
-  // itself`; and plain texts (const char*) of the framework and the parser. What was set before a
-  // failure stays set, and the object is then of no further use.
+  // of a finishing object, "Incorrect syntax in include directive", `File "<path>" includes
+  // itself`, and a bound that the script exceeds (docs/limits.md); and plain texts (const char*) of
+  // the framework and the parser. What was set before a failure stays set, and the object is then
+  // of no further use.
   void read(std::ostream& report, const std::string& main_path, const std::string& second_path);
 
   // Writes the adjustable fields to the second path; nothing when that is empty.

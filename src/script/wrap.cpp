@@ -62,10 +62,12 @@ List& BaseWrapAry::build(std::int32_t last, std::int32_t first) {
   return lists_.front();
 }
 
-void BaseWrapAry::replicate() {
+std::uint64_t BaseWrapAry::replicate() {
   if (lists_.empty()) throw "Wrong build order";
-  refuse(elements_below(lists_.front()) * lists_.size());
+  const std::uint64_t inside = elements_below(lists_.front()) * lists_.size();
+  refuse(inside);
   for (std::size_t i = 1; i < lists_.size(); ++i) clone(lists_[i], lists_.front());
+  return inside;
 }
 
 List& BaseWrapAry::element(std::int32_t index) {

@@ -142,8 +142,9 @@ class BaseWrapAry {
   // Makes the elements `first` to `last`, or checks that they are there already. Returns the
   // first list.
   List& build(std::int32_t last, std::int32_t first);
-  // Copies the first element's fields to the others. Throws "Wrong build order".
-  void replicate();
+  // Copies the first element's fields to the others. Returns how many array elements there are
+  // inside of all elements. Throws "Wrong build order".
+  std::uint64_t replicate();
   // The list of the element of that script index.
   List& element(std::int32_t index);
 
