@@ -5,14 +5,37 @@
 namespace Maths {
 namespace {
 
+// From this k * depth on, exp(-2 k depth) is lost in the rounding of 1, and the hyperbolic
+// functions are replaced by their limits. Their product overflows from about 355 on.
+constexpr double deep = 25.0;
+
+// What the bottom adds in deep water: something only for an edge close to it or below it.
+double bottom_part(double k, double depth, double e) {
+  return std::exp(k * (e - 2 * depth)) - std::exp(-2 * k * depth);
+}
+
 // The phase at a segment's edge against its middle, of a wave at the angle theta.
 double edge_phase(double k, double w, double theta) {
   return std::fabs(std::sin(theta) * (k * w) * 0.5);
 }
 
+// The ratio of a piston, times a factor.
+double scaled_piston_ratio(double k, double depth, double e, double factor) {
+  if (k * depth > deep) {
+    return 2 * factor * (bottom_part(k, depth, e) - std::expm1(-k * e));
+  }
+  const double S = std::sinh(k * depth);
+  const double C = std::cosh(k * depth);
+  return (S - std::sinh(k * (depth - e))) * (2 * factor * S) / (C * S + k * depth);
+}
+
 }  // namespace
 
 double flap_ratio(double k, double depth, double e) {
+  if (k * depth > deep) {
+    // The factor of e / e keeps NaN for a hinge at the water line, as in the full form.
+    return (bottom_part(k, depth, e) + k * e + std::expm1(-k * e)) * (2 * e) / (k * e);
+  }
   const double S = std::sinh(k * depth);
   const double C = std::cosh(k * depth);
   return (std::cosh(k * (depth - e)) + k * e * S - C) * (2 * e * S) /
@@ -20,9 +43,7 @@ double flap_ratio(double k, double depth, double e) {
 }
 
 double piston_ratio(double k, double depth, double e) {
-  const double S = std::sinh(k * depth);
-  const double C = std::cosh(k * depth);
-  return (S - std::sinh(k * (depth - e))) * (2 * S) / (C * S + k * depth);
+  return scaled_piston_ratio(k, depth, e, 1.0);
 }
 
 double obliquity_factor(double k, double w, double theta) {
@@ -35,12 +56,10 @@ double flap_ratio_angled(double k, double depth, double e, double w, double thet
 }
 
 double piston_ratio_angled(double k, double depth, double e, double w, double theta) {
-  const double S = std::sinh(k * depth);
-  const double C = std::cosh(k * depth);
   const double v = edge_phase(k, w, theta);
   double f = 1 / std::cos(theta);
   if (v > 1e-6) f *= std::sin(v) / v;
-  return (S - std::sinh(k * (depth - e))) * (2 * f * S) / (C * S + k * depth);
+  return scaled_piston_ratio(k, depth, e, f);
 }
 
 }  // namespace Maths

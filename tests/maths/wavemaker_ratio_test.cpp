@@ -75,8 +75,60 @@ TEST(WavemakerRatio, FlapLimitsPerRadian) {
 }
 
 TEST(WavemakerRatio, AFlapHingedAtTheWaterLineIsNotANumber) {
-  EXPECT_TRUE(std::isnan(flap_ratio(2.0, 1.0, 0.0)));
-  EXPECT_EQ(piston_ratio(2.0, 1.0, 0.0), 0.0);
+  for (const double k : {2.0, 40.0, 400.0}) {
+    EXPECT_TRUE(std::isnan(flap_ratio(k, 1.0, 0.0))) << k;
+    EXPECT_EQ(piston_ratio(k, 1.0, 0.0), 0.0) << k;
+  }
+}
+
+// The closed forms, in a type that holds the exponentials of any of these depths.
+using Long = long double;
+struct ClosedForm {
+  ClosedForm(Long k, Long d, Long e)
+      : S(std::sinh(k * d)),
+        kinetic(std::cosh(k * d) * S + k * d),
+        piston((S - std::sinh(k * (d - e))) * 2 * S / kinetic),
+        flap((std::cosh(k * (d - e)) + k * e * S - std::cosh(k * d)) * 2 * S / (kinetic * k)) {}
+  Long S;
+  Long kinetic;
+  Long piston;
+  Long flap;
+};
+
+void expect_closed_forms(double k, double depth, double e) {
+  const ClosedForm exact(k, depth, e);
+  const double w = 0.3;
+  const double theta = 0.6;
+  const double angled = 1 / obliquity_factor(k, w, theta);
+  const auto expect_ratio = [&](double found, Long expected, const char* what) {
+    EXPECT_LT(std::abs(found / expected - 1), 1e-11L)
+        << what << " " << k << " " << depth << " " << e;
+  };
+  expect_ratio(piston_ratio(k, depth, e), exact.piston, "piston");
+  expect_ratio(flap_ratio(k, depth, e), exact.flap, "flap");
+  expect_ratio(piston_ratio_angled(k, depth, e, w, theta), exact.piston * angled, "angled piston");
+  expect_ratio(flap_ratio_angled(k, depth, e, w, theta), exact.flap * angled, "angled flap");
+}
+
+TEST(WavemakerRatio, DeepWaterHasTheClosedFormsForAnyEdge) {
+  // Up to k depth = 2000: about 7 Hz in 10 m of water.
+  for (const double depth : {0.3, 10.0, 30.0}) {
+    for (const double kd : {20.0, 24.999, 25.001, 40.0, 200.0, 355.0, 400.0, 712.0, 2000.0}) {
+      for (const double e : {0.01, 0.3, 0.999, 1.0, 1.001, 1.9, 2.1}) {
+        expect_closed_forms(kd / depth, depth, e * depth);
+      }
+      // An edge above the water line.
+      expect_closed_forms(kd / depth, depth, -0.2 * depth);
+    }
+  }
+}
+
+TEST(WavemakerRatio, ASmallEdgeInDeepWaterHasTheFirstTermsOfItsSeries) {
+  // 2 y (1 - y / 2) and y^2 (1 - y / 3) / k, with y = k e.
+  const double k = 50.0;
+  const double y = 1e-6;
+  EXPECT_NEAR(piston_ratio(k, 10.0, y / k) / (2 * y * (1 - y / 2)), 1.0, 1e-11);
+  EXPECT_NEAR(flap_ratio(k, 10.0, y / k) * k / (y * y * (1 - y / 3)), 1.0, 1e-9);
 }
 
 TEST(WavemakerRatio, ObliquityIsTheCosineOverTheMeanAcrossTheSegment) {
