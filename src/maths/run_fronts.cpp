@@ -34,6 +34,8 @@ std::size_t common_slots(const std::vector<FrontSet>& sets) {
 }
 
 std::complex<double> amplitude(const HarmonicFront& front) {
+  // A front that the tank refuses keeps its slot with no amplitude; its phase may be NaN.
+  if (front.amp == 0.0 && !std::isfinite(front.phase)) return 0.0;
   return {front.amp * std::cos(front.phase), front.amp * std::sin(front.phase)};
 }
 

@@ -35,8 +35,8 @@ class RunFronts {
 // The steps of build_merged, each on one set.
 void refer_to_paddles(FrontSet& set, const TankRun& tank, double y_ref);
 void apply_shoaling(FrontSet& set, TankRun& tank, double y_ref);
-// Sums `other` into `target`. Throws std::string "Error in position when merging fronts",
-// "Mismatched sizes in front sets".
+// Sums `other` into `target`. A front of amplitude 0 adds nothing, whatever its phase. Throws
+// std::string "Error in position when merging fronts", "Mismatched sizes in front sets".
 void merge_sets(FrontSet& target, const FrontSet& other);
 
 }  // namespace Maths

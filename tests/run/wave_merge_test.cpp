@@ -1,6 +1,7 @@
 // How the specifications of a run share the harmonics.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -177,6 +178,41 @@ TEST(WaveMerge, AFailedBuildLeavesTheMergedFrontsUntouched) {
   ASSERT_EQ(merged.size(), 2u);
   EXPECT_EQ(merged[0].amp, 0.1);
   EXPECT_EQ(merged[1].freq, 0.6);
+}
+
+// A trench in front of the place that is asked for turns steep waves back, so that they have no
+// phase at the paddles; the site's angles refuse them.
+TEST(WaveMerge, AFrontThatEachSpecificationIsRefusedLeavesTheDriveAsItWouldBeWithoutIt) {
+  Testing::SiteText text;
+  text.depths = {"0.5@m", "3@m", "0.5@m"};
+  text.breaks = {5.0, 10.0};
+  text.min_angle = -60.0;
+  text.max_angle = 60.0;
+  Site site(text);
+  Definition definition("run", site.context());
+  Part one({{4, {0.1, 1.3, 0.0}}, {8, {0.03, 0.0, 0.4}}}, at(15, 0, 0));
+  Part two({{4, {0.2, 1.3, 0.5}}, {8, {0.02, 0.0, 1.9}}}, at(15, 0, 0));
+  for (Part* part : {&one, &two}) definition.add_specification(part->specification);
+  const auto drive = [&] {
+    set(definition, run_params(10.0));
+    definition.run_build();
+    definition.paddle_motion_build(Testing::rate_params(20.0));
+    return definition.paddle_motion_data(0, 0);
+  };
+  const std::vector<double> with = drive();
+  const Synthesis::Front steep = definition.fronts(true).at(0);
+  EXPECT_EQ(steep.amp, 0.0);
+  EXPECT_NEAR(steep.angle, 1.3, 1e-12);
+  EXPECT_EQ(steep.phase, 0.0);
+
+  for (Part* part : {&one, &two}) part->component.fronts.erase(part->component.fronts.begin());
+  const std::vector<double> without = drive();
+  ASSERT_EQ(definition.fronts(true).size(), 1u);
+  ASSERT_EQ(with.size(), 200u);
+  double top = 0.0;
+  for (const double sample : without) top = std::max(top, sample);
+  EXPECT_GT(top, 0.005);
+  EXPECT_EQ(with, without);
 }
 
 }  // namespace
