@@ -184,9 +184,31 @@ TEST(AngleSweep, AFanOfMillionsOfFrontsIsRefused) {
   set(endless, Filled().with("delta_angle", 1e-9, "rad"));
   EXPECT_EQ(thrown_by([&] { sea.modify(endless); }),
             "AngleSweepModifier::delta_angle of 1e-09 rad gives no usable fan of directions");
+  AngleSweepModifier of_a_sector("0#0.25@rad#1#0.75@rad#0");
+  set(of_a_sector, Filled().with("delta_angle", 1e-9, "rad"));
+  EXPECT_EQ(thrown_by([&] { sea.modify(of_a_sector); }),
+            "AngleSweepModifier::delta_angle of 1e-09 rad gives no usable fan of directions");
   for (std::size_t h = 1; h <= 16; ++h) sea.at(h) = {{0.1, 0.0, 0.0}};
   EXPECT_EQ(thrown_by([&] { sea.modify(sweep); }),
             "AngleSweepModifier::delta_angle of 9.53674e-07 rad gives no usable fan of directions");
+}
+
+// A million steps for 20 harmonics, of which 103 to 105 lie in the sector.
+TEST(AngleSweep, AFineStepOverANarrowSectorCountsTheFrontsThatResult) {
+  Sea sea;
+  sea.tank.min_angle = 0.0;
+  sea.tank.max_angle = 1.0;
+  for (std::size_t h = 1; h <= 20; ++h) sea.at(h) = {{0.1, 0.0, 0.0}};
+  AngleSweepModifier sweep("0#0.5@rad#1#0.5001@rad#0");
+  const double step = 1.0 / 1024 / 1024;
+  set(sweep, Filled().with("delta_angle", step, "rad"));
+  sea.modify(sweep);
+  for (std::size_t h = 1; h <= 20; ++h) {
+    ASSERT_NEAR(static_cast<double>(sea.at(h).size()), 1e-4 / step, 1.0) << h;
+    EXPECT_NEAR(sea.at(h).front().angle, 0.5, step);
+    EXPECT_NEAR(sea.at(h).back().angle, 0.5001, step);
+    EXPECT_NEAR(sea.at(h).front().amp * static_cast<double>(sea.at(h).size()), 0.1, 1e-12);
+  }
 }
 
 }  // namespace
