@@ -8,7 +8,8 @@ namespace Maths {
 // of equal parity. Both throw std::string "Spreading power::..." for a power that is not a number
 // or above 1e6.
 double cos_power(double power, double theta);
-// Its integral from 0 to theta, by the same interpolation.
+// Its integral from 0 to theta, by the same interpolation. Above a power of 1000 the cost of both
+// no longer grows with the power.
 double cos_power_integral(double power, double theta);
 // The angle below which the fraction of the energy between the two angles lies. Throws
 // std::string "Minimum angle too small", "Maximum angle too big", "Maximum angle less than

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <limits>
 #include <numbers>
 
@@ -62,6 +64,75 @@ TEST(CosPower, IntegralHasTheClosedFormsOfLowPowers) {
               1e-15);
 }
 
+using Long = long double;
+
+// The parabola through the values at n - 2, n and n + 2.
+Long between(double s, Long below, Long middle, Long above) {
+  const Long t = (s - std::floor(s + 0.5)) / 2;
+  return below * t * (t - 1) / 2 + middle * (1 - t * t) + above * t * (t + 1) / 2;
+}
+
+// The recurrence from the bottom, without any rounding of its own to speak of. It starts from the
+// sine and cosine as rounded, which a large power multiplies: that of a double shows at 1e-11.
+Long built_up(double s, double theta) {
+  const int n = static_cast<int>(std::floor(s + 0.5));
+  const double c = std::cos(theta);
+  const double S = std::sin(theta);
+  const Long c_squared = c * c;
+  Long power = n % 2 == 0 ? Long{c} : c_squared;
+  Long above = n % 2 == 0 ? theta : S;
+  Long middle = 0.0;
+  Long below = 0.0;
+  for (int m = n % 2 + 2; m <= n + 2; m += 2) {
+    below = middle;
+    middle = above;
+    above = ((m - 1) * above + power * S) / m;
+    power *= c_squared;
+  }
+  return between(s, below, middle, above);
+}
+
+constexpr double large_powers[] = {998.0,   999.4,   1000.4,   1000.6,   1001.0, 1002.0,
+                                   4321.37, 20000.0, 123456.7, 999999.0, 1e6};
+
+TEST(CosPower, LargePowersHaveTheIntegralOfTheRecurrence) {
+  for (const double s : large_powers) {
+    const auto expect_integral = [s](double theta) {
+      EXPECT_LT(std::abs(cos_power_integral(s, theta) / built_up(s, theta) - 1), 1e-12L)
+          << s << " " << theta;
+    };
+    // In units of the law's width, and anywhere.
+    for (const double z : {1e-6, 0.5, -1.0, 3.5, 8.9, -9.0}) expect_integral(z / std::sqrt(s));
+    for (const double theta : {0.7, std::numbers::pi / 2, -3.0, 4.9, -7.3}) expect_integral(theta);
+    EXPECT_EQ(cos_power_integral(s, 0.0), 0.0);
+    EXPECT_TRUE(std::isnan(cos_power_integral(s, nan)));
+  }
+}
+
+TEST(CosPower, LargePowersAreThePowerAndItsQuadrature) {
+  for (const double s : large_powers) {
+    const double n = std::floor(s + 0.5);
+    const auto power = [&](Long t) {
+      const Long c = std::cos(t);
+      return between(s, std::pow(c, n - 2), std::pow(c, n), std::pow(c, n + 2));
+    };
+    for (const double z : {0.1, 1.0, -2.5, 5.0}) {
+      const double theta = z / std::sqrt(s);
+      EXPECT_NEAR(cos_power(s, theta), static_cast<double>(power(theta)), 1e-10) << s << " " << z;
+      const Long area = simpson(power, 0.0, theta, 2000);
+      EXPECT_LT(std::abs(cos_power_integral(s, theta) / area - 1), 5e-11L) << s << " " << z;
+    }
+  }
+}
+
+TEST(CosPower, LargePowersBeyondAQuarterTurnHaveTheSignOfTheirParity) {
+  for (const int n : {1000, 1001, 5000, 5001, 1000000}) {
+    const double theta = std::numbers::pi - 0.3 / std::sqrt(n);
+    const double size = std::pow(std::cos(0.3 / std::sqrt(n)), n);
+    EXPECT_NEAR(cos_power(n, theta), n % 2 == 0 ? size : -size, 1e-9) << n;
+  }
+}
+
 TEST(CosPower, APowerBeyondReasonIsRefused) {
   EXPECT_EQ(thrown_text([] { cos_power(2e9, 0.1); }), "Spreading power::2e+09 is out of range");
   EXPECT_EQ(thrown_text([] { cos_power_integral(2e9, 0.1); }),
@@ -95,6 +166,38 @@ TEST(SpreadAngle, TheEndsAreTheLimitsAndTheMiddleIsStraightAhead) {
   // A cosine: sin(theta) = 0.25 sin(-0.5) + 0.75 sin(0.8).
   EXPECT_NEAR(spread_angle(0.75, 0.8, -0.5, 1.0),
               std::asin(0.25 * std::sin(-0.5) + 0.75 * std::sin(0.8)), 1e-9);
+}
+
+TEST(SpreadAngle, LargePowersAreDrawnByTheirLaw) {
+  for (const double power : {1000.5, 2000.0, 30000.3, 1e6}) {
+    const auto law = [&](Long t) { return std::pow(std::cos(t), Long{power}); };
+    const double width = 1 / std::sqrt(power);
+    // Beyond ten widths there is nothing.
+    const Long whole = simpson(law, -10 * width, 2 * width, 4000);
+    for (const double fraction : {0.001, 0.2, 0.5, 0.9, 0.999}) {
+      const double theta = spread_angle(fraction, 2 * width, -1.5, power);
+      const Long share = simpson(law, -10 * width, theta, 4000) / whole;
+      EXPECT_NEAR(static_cast<double>(share), fraction, 2e-6) << power;
+    }
+  }
+}
+
+// The time of draws at a power, the best of a few tries.
+double draw_time(double power) {
+  double best = std::numeric_limits<double>::infinity();
+  double sum = 0.0;
+  for (int attempt = 0; attempt < 5; ++attempt) {
+    const std::clock_t start = std::clock();
+    for (int i = 1; i < 200; ++i) sum += spread_angle(i / 200.0, 1.5, -1.5, power);
+    best = std::min(best, static_cast<double>(std::clock() - start));
+  }
+  EXPECT_NEAR(sum, 0.0, 1e-6);
+  return best;
+}
+
+TEST(SpreadAngle, ALargePowerCostsNoMoreThanTenOfAHundred) {
+  const double time = draw_time(100.0);
+  for (const double power : {1001.0, 20000.5, 1e6}) EXPECT_LT(draw_time(power), 10 * time) << power;
 }
 
 TEST(SpreadAngle, LimitsAreCheckedInOrder) {

@@ -114,6 +114,11 @@ TEST(SpreadLaw, CosSFollowsPowersBetween) {
   for (const double power : {0.25, 1.5, 2.4, 3.7, 7.5, 20.25}) expect_cos_s(power, {-89.9, 89.9});
 }
 
+TEST(SpreadLaw, CosSFollowsLargePowers) {
+  expect_cos_s(3000.5, {-10.0, 10.0});
+  expect_cos_s(400000.0, {-0.1, 0.5});
+}
+
 TEST(SpreadLaw, CosSFollowsACutRange) {
   for (const double power : {2.0, 4.6, 10.0}) expect_cos_s(power, {-70.0, 30.0});
 }
