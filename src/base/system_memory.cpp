@@ -1,0 +1,108 @@
+#include "base/system_memory.h"
+
+#include <algorithm>
+#include <fstream>
+#include <limits>
+#include <map>
+#include <sstream>
+
+namespace Base {
+namespace {
+
+constexpr std::uint64_t no_limit = std::numeric_limits<std::uint64_t>::max();
+
+// Numbers by name, one to a line, as in "MemFree:   100 kB" and "anon 100".
+class Figures {
+ public:
+  explicit Figures(const std::string& path) {
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+      std::istringstream words(line);
+      std::string name;
+      std::string unit;
+      std::uint64_t value = 0;
+      if (!(words >> name >> value)) continue;
+      if (name.back() == ':') name.pop_back();
+      if (words >> unit && unit == "kB") value *= 1024;
+      values_[name] = value;
+    }
+  }
+
+  std::uint64_t get(const std::string& name, std::uint64_t missing) const {
+    const auto found = values_.find(name);
+    return found == values_.end() ? missing : found->second;
+  }
+
+ private:
+  std::map<std::string, std::uint64_t> values_;
+};
+
+// A limit that is not set is the word "max".
+std::uint64_t number_in(const std::string& path, std::uint64_t missing) {
+  std::ifstream file(path);
+  std::uint64_t value = 0;
+  return file >> value ? value : missing;
+}
+
+std::uint64_t difference(std::uint64_t a, std::uint64_t b) { return a - std::min(a, b); }
+
+// How the two versions of control groups name their files.
+struct GroupFiles {
+  const char* mount;
+  const char* limit;
+  const char* usage;
+  const char* cache_prefix;
+};
+constexpr GroupFiles version_1 = {"/sys/fs/cgroup/memory", "/memory.limit_in_bytes",
+                                  "/memory.usage_in_bytes", "total_"};
+constexpr GroupFiles version_2 = {"/sys/fs/cgroup", "/memory.max", "/memory.current", ""};
+
+std::uint64_t group_room(const std::string& folder, const GroupFiles& files) {
+  const std::uint64_t limit = number_in(folder + files.limit, no_limit);
+  if (limit == no_limit) return no_limit;
+  const Figures figures(folder + "/memory.stat");
+  const std::string prefix = files.cache_prefix;
+  const std::uint64_t cache =
+      figures.get(prefix + "inactive_file", 0) + figures.get(prefix + "active_file", 0);
+  return difference(limit, difference(number_in(folder + files.usage, 0), cache));
+}
+
+// The least room of the groups around the process. In a container the inner folders may be out of
+// sight; the limit then shows at the mount itself.
+std::uint64_t groups_room(const std::string& root) {
+  std::uint64_t room = no_limit;
+  std::ifstream groups(root + "/proc/self/cgroup");
+  for (std::string line; std::getline(groups, line);) {
+    const std::size_t first = line.find(':');
+    const std::size_t second = line.find(':', first + 1);
+    if (first == std::string::npos || second == std::string::npos) continue;
+    const std::string controllers = line.substr(first + 1, second - first - 1);
+    const bool memory = ("," + controllers + ",").find(",memory,") != std::string::npos;
+    if (!controllers.empty() && !memory) continue;
+    const GroupFiles& files = memory ? version_1 : version_2;
+    std::string path = line.substr(second + 1);
+    if (path == "/") path.clear();
+    while (true) {
+      room = std::min(room, group_room(root + files.mount + path, files));
+      if (path.empty()) break;
+      const std::size_t inner = path.rfind('/');
+      path.erase(inner == std::string::npos ? 0 : inner);
+    }
+  }
+  return room;
+}
+
+}  // namespace
+
+std::uint64_t system_memory(const std::string& root) {
+  const Figures machine(root + "/proc/meminfo");
+  std::uint64_t room = std::min(machine.get("MemAvailable", no_limit), groups_room(root));
+  if (room != no_limit) room += machine.get("SwapFree", 0);
+  if (number_in(root + "/proc/sys/vm/overcommit_memory", 0) == 2) {
+    room = std::min(
+        room, difference(machine.get("CommitLimit", no_limit), machine.get("Committed_AS", 0)));
+  }
+  return room;
+}
+
+}  // namespace Base
