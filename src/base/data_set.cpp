@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <complex>
+#include <utility>
 
 namespace Base {
 namespace {
@@ -22,17 +23,17 @@ Quantity rate_of(const Quantity& rate) {
 
 }  // namespace
 
-DataSet::DataSet(const Cvector& freq, const Params& params)
-    : rate_(rate_of(params)), freq_(freq), params_(params), freq_valid_(true) {}
+DataSet::DataSet(Cvector freq, const Params& params)
+    : rate_(rate_of(params)), freq_(std::move(freq)), params_(params), freq_valid_(true) {}
 
-DataSet::DataSet(const Vector& time, const Params& params)
-    : rate_(rate_of(params)), time_(time), params_(params), time_valid_(true) {}
+DataSet::DataSet(Vector time, const Params& params)
+    : rate_(rate_of(params)), time_(std::move(time)), params_(params), time_valid_(true) {}
 
-DataSet::DataSet(const Cvector& freq, const Quantity& rate)
-    : rate_(rate_of(rate)), freq_(freq), freq_valid_(true) {}
+DataSet::DataSet(Cvector freq, const Quantity& rate)
+    : rate_(rate_of(rate)), freq_(std::move(freq)), freq_valid_(true) {}
 
-DataSet::DataSet(const Vector& time, const Quantity& rate)
-    : rate_(rate_of(rate)), time_(time), time_valid_(true) {}
+DataSet::DataSet(Vector time, const Quantity& rate)
+    : rate_(rate_of(rate)), time_(std::move(time)), time_valid_(true) {}
 
 void DataSet::shape_time() {
   time_.label = freq_.label;
@@ -85,6 +86,25 @@ Cvector& DataSet::freq(double& step) {
   freq();
   step = rate_.get(Category::frequency) / static_cast<double>(freq_.length);
   return freq_;
+}
+
+Vector DataSet::take_time() && {
+  if (!time_valid_ && freq_valid_) {
+    shape_time();
+    consume_to_time(freq_.data, time_.data);
+    time_valid_ = true;
+  }
+  time();
+  freq_ = Cvector();
+  time_valid_ = freq_valid_ = false;
+  return std::move(time_);
+}
+
+Cvector DataSet::take_freq() && {
+  freq();
+  time_ = Vector();
+  time_valid_ = freq_valid_ = false;
+  return std::move(freq_);
 }
 
 std::uint64_t DataSet::length() const {

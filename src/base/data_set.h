@@ -19,12 +19,12 @@ namespace Base {
 class DataSet {
  public:
   // The rate is the entry "rate" of the parameters, which must convert to a frequency.
-  DataSet(const Cvector& freq, const Params& params);
-  DataSet(const Vector& time, const Params& params);
+  DataSet(Cvector freq, const Params& params);
+  DataSet(Vector time, const Params& params);
   // The rate is a frequency, or a time, which is taken as the sample interval. Throws "rate
   // value of wrong type".
-  DataSet(const Cvector& freq, const Quantity& rate);
-  DataSet(const Vector& time, const Quantity& rate);
+  DataSet(Cvector freq, const Quantity& rate);
+  DataSet(Vector time, const Quantity& rate);
 
   // The time form. Throws "Time data requested for empty data object".
   const Vector& time();
@@ -38,6 +38,10 @@ class DataSet {
   Cvector& freq();
   // Also stores the frequency step in hertz.
   Cvector& freq(double& step);
+
+  // Each moves one form out and discards the other, which spares the memory of a second form.
+  Vector take_time() &&;
+  Cvector take_freq() &&;
 
   // The number of time samples. Throws "Length requested for empty data item".
   std::uint64_t length() const;

@@ -9,6 +9,8 @@
 #define KELPBOX_BASE_FFT_H_
 
 #include <complex>
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -21,6 +23,12 @@ void KLPFFT_time_to_freq(const std::vector<double>* time, std::vector<std::compl
 void KLPFFT_freq_to_time(const std::vector<std::complex<double>>* freq, std::vector<double>* time);
 
 namespace Base {
+
+// The same result as KLPFFT_freq_to_time, without a copy of the spectrum, whose elements are lost.
+void consume_to_time(std::vector<std::complex<double>>& freq, std::vector<double>& time);
+
+// The least number of bytes that a transform needs beside its samples and its spectrum.
+std::uint64_t transform_memory(std::size_t samples);
 
 enum class FFT_Type : unsigned { freq_to_time = 0 };
 
@@ -36,11 +44,15 @@ class FFT_Plan {
   // The same result as KLPFFT_freq_to_time. Throws a std::string when the vector is not of N
   // samples, or when the buffers have been freed.
   void execute(const std::vector<std::complex<double>>* freq, std::vector<double>* time);
+  // The same without a copy of the spectrum, whose elements are lost.
+  void consume(std::vector<std::complex<double>>& freq, std::vector<double>& time);
 
   // Releases the working memory. After it the plan only waits to be destroyed.
   void freeFFTBuffers();
 
  private:
+  void check(const std::vector<double>& time) const;
+
   struct Buffers;
   unsigned samples_;
   std::unique_ptr<Buffers> buffers_;

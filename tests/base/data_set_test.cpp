@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <numbers>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "thrown.h"
@@ -189,6 +190,33 @@ TEST(DataSet, APlanIsNotNeededForAValidTimeForm) {
   EXPECT_EQ(set.time(other_size).data, wave(8).data);
 }
 
+TEST(DataSet, AFormThatIsTakenIsTheOneThatWouldBeRead) {
+  for (const std::size_t n : {0u, 1u, 200u, 201u}) {
+    DataSet forth(wave(n, "mm"), hundred_hertz);
+    const Cvector freq = forth.freq();
+    const Cvector taken = DataSet(wave(n, "mm"), hundred_hertz).take_freq();
+    EXPECT_EQ(taken.data, freq.data);
+    EXPECT_EQ(taken.units, freq.units);
+    EXPECT_EQ(taken.length, n);
+    EXPECT_EQ(std::move(forth).take_time().data, wave(n).data);
+
+    DataSet back(freq, hundred_hertz);
+    const Vector time = DataSet(freq, hundred_hertz).take_time();
+    EXPECT_EQ(time.data, back.time().data);
+    EXPECT_EQ(time.units, freq.units);
+    EXPECT_EQ(time.length, n);
+  }
+  const Cvector named("wave", resolve_units("m"), std::vector<Complex>(8));
+  EXPECT_EQ(DataSet(named, hundred_hertz).take_time().label, "wave");
+}
+
+TEST(DataSet, NothingIsLeftWhenAFormIsTaken) {
+  DataSet set(wave(8), hundred_hertz);
+  static_cast<void>(std::move(set).take_freq());
+  EXPECT_EQ(thrown([&] { set.time(); }), "Time data requested for empty data object");
+  EXPECT_EQ(thrown([&] { set.freq(); }), "Freq data requested for empty data object");
+}
+
 TEST(DataSet, LengthIsThatOfTheValidForm) {
   EXPECT_EQ(DataSet(wave(7), hundred_hertz).length(), 7u);
   EXPECT_EQ(DataSet(Cvector("f", {8, 0}, std::vector<Complex>(5)), hundred_hertz).length(), 5u);
@@ -213,6 +241,8 @@ TEST(DataSet, WithoutEitherFormEveryRequestFails) {
   EXPECT_EQ(thrown([&] { set.scale(2.0); }), no_time);
   EXPECT_EQ(thrown([&] { set.fold(0); }), no_time);
   EXPECT_EQ(thrown([&] { set.freq(); }), no_freq);
+  EXPECT_EQ(thrown([&] { std::move(set).take_time(); }), no_time);
+  EXPECT_EQ(thrown([&] { std::move(set).take_freq(); }), no_freq);
   EXPECT_EQ(thrown([&] { set.freq(number); }), no_freq);
   EXPECT_EQ(thrown([&] { set.spectrum(out); }), no_freq);
   EXPECT_EQ(thrown([&] { set.variance(out); }), no_freq);

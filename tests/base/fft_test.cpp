@@ -245,6 +245,31 @@ TEST(FftPlan, GivesTheSameAsTheSingleTransform) {
   }
 }
 
+TEST(FftPlan, GivesTheSameFromASpectrumThatItMayOverwrite) {
+  for (const std::size_t n : {1, 2, 64, 201, 997}) {
+    FFT_Plan plan(static_cast<unsigned>(n), static_cast<unsigned>(n / 2 + 1),
+                  FFT_Type::freq_to_time);
+    for (const std::size_t count : {n / 2 + 1, n, n / 3}) {
+      Spectrum first = harmonics(count);
+      Spectrum second = first;
+      const Values expected = to_time(first, n);
+      Values time(n, 99.0);
+      Base::consume_to_time(first, time);
+      EXPECT_EQ(time, expected) << n;
+      plan.consume(second, time);
+      EXPECT_EQ(time, expected) << n;
+    }
+  }
+}
+
+TEST(Fft, MemoryBesideTheSamplesGrowsWithAGreatPrime) {
+  EXPECT_EQ(Base::transform_memory(0), 0U);
+  EXPECT_EQ(Base::transform_memory(1 << 20), 6U << 20);
+  // 2 * 3 * 174763, and a prime.
+  EXPECT_EQ(Base::transform_memory(1048578), 6U * 1048578 + 40U * 174763);
+  EXPECT_EQ(Base::transform_memory(1048583), 46U * 1048583);
+}
+
 TEST(FftPlan, OfNoSamples) {
   FFT_Plan plan(0, 1, FFT_Type::freq_to_time);
   const Spectrum freq = {1.0};
