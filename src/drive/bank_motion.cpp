@@ -5,10 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 
+#include "base/compose.h"
 #include "base/constants.h"
-#include "base/data_set.h"
-#include "base/quantity.h"
+#include "base/fft.h"
+#include "base/memory.h"
 #include "base/units.h"
 #include "drive/paddle_spectrum.h"
 #include "maths/dispersion.h"
@@ -64,68 +66,91 @@ PaddleRow paddle_row(const Common::Paddles& paddles) {
   return row;
 }
 
+// Each spectrum is freed as soon as its signal is made.
+std::vector<std::vector<double>> signals(std::vector<std::vector<std::complex<double>>> spectra,
+                                         std::uint32_t samples) {
+  std::vector<std::vector<double>> result(spectra.size());
+  if (spectra.empty()) return result;
+  Base::FFT_Plan plan(samples, samples / 2 + 1, Base::FFT_Type::freq_to_time);
+  for (std::size_t p = 0; p < spectra.size(); ++p) {
+    std::vector<std::complex<double>> spectrum = std::move(spectra[p]);
+    result[p].resize(samples);
+    plan.consume(spectrum, result[p]);
+  }
+  return result;
+}
+
 }  // namespace
 
 void BankMotion::init(const Maths::TankConfig& tank, const Maths::RunData& run,
                       const Base::Params& params) {
   const double repeat = run.value();
   const double rate = params.read("rate", Base::Category::frequency);
-  const std::size_t samples = Maths::sample_count(repeat, rate);
+  samples_ = Maths::sample_count(repeat, rate);
   rate_ = rate;
   depth_ = tank.paddle_depth;
   g_ = tank.g;
   delta_omega_ = Base::TwoPi / repeat;
-  spectrum_ = Base::Cvector("freq", Base::default_units(Base::Category::length),
-                            std::vector<std::complex<double>>(samples));
   series_.clear();
   ready_ = true;
 }
 
-std::vector<std::complex<double>> BankMotion::amplitudes(const Common::Paddles& paddles,
-                                                         const Maths::FrontSet& fronts) const {
+void BankMotion::prove_memory(std::size_t paddles) const {
+  if (paddles == 0 || samples_ == 0) return;
+  const std::uint64_t spectrum = sizeof(std::complex<double>) * (samples_ / 2 + std::uint64_t{1});
+  const std::uint64_t signal = sizeof(double) * std::uint64_t{samples_};
+  // A signal takes the memory of its spectrum, save for the one in hand.
+  Base::require_memory(paddles * spectrum + signal + Base::transform_memory(samples_),
+                       Base::compose("rate::", rate_, " Hz gives ", samples_,
+                                     " samples for each of ", paddles, " paddles, which"));
+}
+
+std::vector<BankMotion::Spectrum> BankMotion::spectra(const Common::Paddles& paddles,
+                                                      const Maths::FrontSet& fronts) const {
   const Common::Machine& machine = paddles.machine();
   const PaddleRow row = paddle_row(paddles);
   const double edge = working_edge(machine, depth_);
   const std::size_t count = row.angle.size();
-  const std::size_t samples = spectrum_.data.size();
+  prove_memory(count);
 
-  std::vector<std::complex<double>> sums(fronts.slots.size() * count);
+  // Above half the sampling rate a harmonic has no place in the samples.
+  const std::size_t elements = samples_ == 0 ? 0 : samples_ / 2 + std::size_t{1};
+  std::vector<Spectrum> result(count);
+  for (Spectrum& spectrum : result) spectrum.resize(elements);
+
+  Spectrum sums(count);  // of one harmonic, paddle by paddle
   for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
     if (fronts.slots[h].empty()) continue;
+    std::fill(sums.begin(), sums.end(), 0.0);
     const double k = Maths::knum(static_cast<double>(h) * delta_omega_, depth_, g_);
     const PaddleHarmonic harmonic(k, transfer_ratio(machine, k, depth_, edge), row.width);
     for (const Maths::HarmonicFront& front : fronts.slots[h]) {
-      // Beyond the end a spectrum has no such entry, and its accessor throws.
-      if (h > samples && reaches(row, harmonic, front)) static_cast<void>(spectrum_.at(h));
-      add_front(row, harmonic, front, sums.data() + h * count);
+      // Hosts know a rate that is far too low by this message.
+      if (h > samples_ && reaches(row, harmonic, front)) {
+        throw Base::compose("Index ", h, " out of range");
+      }
+      add_front(row, harmonic, front, sums.data());
     }
+    if (h >= elements) continue;
+    for (std::size_t p = 0; p < count; ++p) result[p][h] = sums[p];
   }
-  return sums;
+  return result;
 }
 
 void BankMotion::build(const Common::Paddles& paddles, const Maths::FrontSet& fronts) {
   if (!ready_) throw std::string("Trying to build paddle positions when not initialised");
-  const std::size_t count = paddles.pad_pos.size();
-  const std::vector<std::complex<double>> sums = amplitudes(paddles, fronts);
+  std::vector<Spectrum> amplitudes = spectra(paddles, fronts);
 
   clip_ = Maths::ClipStats{};
   const Common::Machine& machine = paddles.machine();
   clip_.limit = machine.get(Common::Machine::clip_limit, data_units(machine));
 
-  const std::size_t harmonics = std::min(fronts.slots.size(), spectrum_.data.size());
-  Base::Cvector spectrum = spectrum_;
-  for (std::size_t p = 0; p < count; ++p) {
-    if (spectrum_.data.empty()) {
-      series_.emplace_back();
-      continue;
-    }
-    for (std::size_t h = 0; h < harmonics; ++h) spectrum.data[h] = sums[h * count + p];
-    Base::DataSet signal(spectrum, Base::Quantity(rate_, Base::Category::frequency));
-    const Base::Vector& samples = signal.time();
+  for (std::vector<double>& samples : signals(std::move(amplitudes), samples_)) {
+    Base::Vector signal("", Base::Units(), std::move(samples));
     // Only counted: what passes the limit stays in the signal.
     std::vector<Maths::ClipPeak> peaks;
-    Maths::clip_scan(samples, clip_, peaks);
-    series_.push_back(samples.data);
+    if (!signal.data.empty()) Maths::clip_scan(signal, clip_, peaks);
+    series_.push_back(std::move(signal.data));
   }
 }
 

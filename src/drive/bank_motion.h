@@ -3,10 +3,11 @@
 #define KELPBOX_DRIVE_BANK_MOTION_H_
 
 #include <complex>
+#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "base/params.h"
-#include "base/vector.h"
 #include "maths/clip.h"
 #include "maths/front_set.h"
 #include "maths/run_data.h"
@@ -23,7 +24,9 @@ class BankMotion {
   void init(const Maths::TankConfig& tank, const Maths::RunData& run, const Base::Params& params);
   // Makes one signal for each paddle, in radians for flaps and metres for pistons. Throws
   // std::string "Trying to build paddle positions when not initialised", "Unsupported critical
-  // dimension type found", "Unsupported type of machine found", "Index N out of range".
+  // dimension type found", "Unsupported type of machine found", "Index N out of range", and
+  // "rate::<value> Hz gives <samples> samples for each of <paddles> paddles, which need ... GiB of
+  // memory, ... GiB are available" before any of it is used.
   void build(const Common::Paddles& paddles, const Maths::FrontSet& fronts);
   // Empties the parameters, then adds the clipping ratios when anything clipped.
   void stats(Base::Params& out) const;
@@ -31,12 +34,14 @@ class BankMotion {
   const std::vector<std::vector<double>>& series() const { return series_; }
 
  private:
-  // The complex amplitudes of all paddles, harmonic by harmonic: paddle p at harmonic h is entry
-  // h * paddles + p.
-  std::vector<std::complex<double>> amplitudes(const Common::Paddles& paddles,
-                                               const Maths::FrontSet& fronts) const;
+  using Spectrum = std::vector<std::complex<double>>;
 
-  Base::Cvector spectrum_;  // the zeroed pattern of one paddle's spectrum, an entry a sample
+  void prove_memory(std::size_t paddles) const;
+  // The spectrum of each paddle's signal. They lie in the memory that the signals will take.
+  std::vector<Spectrum> spectra(const Common::Paddles& paddles,
+                                const Maths::FrontSet& fronts) const;
+
+  std::uint32_t samples_ = 0;  // of each signal
   double depth_ = 0.0;
   double g_ = 0.0;
   double delta_omega_ = 0.0;
