@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "base/compose.h"
+#include "base/fft.h"
 
 namespace Maths {
 
@@ -22,6 +23,12 @@ inline std::uint32_t usable_count(double count, double repeat, double rate) {
 // The repeat time at the rate, rounded; 0 for a rate too low to have any. Throws as usable_count.
 inline std::uint32_t sample_count(double repeat, double rate) {
   return usable_count(std::floor(repeat * rate + 0.5), repeat, rate);
+}
+
+// The least number of bytes for a signal of that many samples, its spectrum and the transform
+// between them.
+inline std::uint64_t signal_memory(std::uint64_t samples) {
+  return 2 * sizeof(double) * samples + Base::transform_memory(samples);
 }
 
 }  // namespace Maths

@@ -1,9 +1,13 @@
 #include "point/point_stats.h"
 
+#include <utility>
+
 #include "analysis/spectrum_stats.h"
 #include "analysis/wave_list.h"
 #include "base/data_set.h"
 #include "base/units.h"
+#include "synthesis/sample_count.h"
+#include "synthesis/two_d.h"
 
 namespace Synthesis {
 
@@ -14,16 +18,23 @@ void point_stats(const Maths::FrontSet& fronts, Maths::TankRun& run, const Point
   local.insert("y", point.y, "m");
   local.insert("rate", params.read("rate", Base::Category::frequency), "Hz");
 
+  prove_point_memory(params, point, signal_memory(point.samples));
   Base::Cvector surface;
   surface_at(surface, fronts, run, point);
-  Base::DataSet record(surface, local);
-  Analysis::WaveList waves(record, true);
+  Base::DataSet record(std::move(surface), local);
+  // Before the waves, since the time form takes the place of the spectrum.
+  Base::Params energy;
+  Analysis::SpectrumStats(record).report(energy);
+  Base::DataSet elevation(std::move(record).take_time(), local);
+  Analysis::WaveList waves(elevation, true);
   if (is_regular(waves)) {
     report_regular(waves, params);
   } else {
     report_irregular(waves, params);
   }
-  Analysis::SpectrumStats(record).report(params);
+  for (const auto& [name, result] : energy.entries()) {
+    params.insert(name, result.value, result.units);
+  }
 }
 
 }  // namespace Synthesis

@@ -1,11 +1,15 @@
 #include "point/two_d.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <utility>
 
 #include "base/compose.h"
 #include "base/constants.h"
 #include "base/data_set.h"
+#include "base/memory.h"
 #include "base/units.h"
 #include "maths/rounding.h"
 #include "maths/sample_count.h"
@@ -22,17 +26,30 @@ PointSpec fit_point(Base::Params& params, const Maths::RunData& run) {
   return point;
 }
 
+void prove_point_memory(const Base::Params& params, const PointSpec& point, std::uint64_t bytes) {
+  Base::require_memory(bytes, compose("rate::", params.read("rate", Base::Category::frequency),
+                                      " Hz gives ", point.samples, " samples at the point, which"));
+}
+
 void TwoD::build(const Maths::FrontSet& fronts, Maths::TankRun& run, const PointSpec& point,
                  Base::Params& params) {
+  // Directions, spectrum and variance have a number for every other sample.
+  const std::uint64_t bytes =
+      signal_memory(point.samples) + 3 * sizeof(double) * (point.samples / 2 + std::uint64_t{1});
+  const std::uint64_t held =
+      sizeof(double) * (time_.data.size() + spectrum_.data.size() + variance_.data.size());
+  prove_point_memory(params, point, bytes - std::min(bytes, held));
   Base::Cvector surface;
   surface_at(surface, fronts, run, point);
   Base::Vector directions;
   direction_at(directions, fronts, run, point);
 
-  Base::DataSet record(surface, params);
-  time_ = record.time();
+  Base::DataSet record(std::move(surface), params);
+  // What an earlier build left makes room for this one.
+  time_ = spectrum_ = variance_ = Base::Vector();
   record.spectrum(spectrum_);
   record.variance(variance_);
+  time_ = std::move(record).take_time();
 
   const double width = params.read("delta_angle", Base::Category::angle);
   if (width <= 1e-6) throw std::string("Value of delta_angle too small");

@@ -23,7 +23,8 @@ class TwoD {
   // Reads "delta_angle", the width of a direction sector, and writes back the width that divides
   // the circle. The rate of the parameters must be the point's. Throws std::string "Value of
   // delta_angle too small" for 1e-6 rad or less, "delta_angle::..." for no number, "invalid
-  // vector<T> subscript" for so few sectors that a direction falls into none of them.
+  // vector<T> subscript" for so few sectors that a direction falls into none of them; and
+  // what prove_point_memory throws.
   void build(const Maths::FrontSet& fronts, Maths::TankRun& run, const PointSpec& point,
              Base::Params& params);
   // Valid until the next build. Throws std::string "Unknown option ot twod_data".
@@ -42,6 +43,11 @@ class TwoD {
 // Reads "rate", "x" and "y". The rate is fitted to whole samples of the repeat time and written
 // back. Throws std::string "Repeat time zero or less" and the texts of sample_count.h.
 PointSpec fit_point(Base::Params& params, const Maths::RunData& run);
+
+// Refuses work at a point that needs more bytes than the machine has. Throws std::string
+// "rate::<value> Hz gives <samples> samples at the point, which need ... GiB of memory, ... GiB are
+// available".
+void prove_point_memory(const Base::Params& params, const PointSpec& point, std::uint64_t bytes);
 
 }  // namespace Synthesis
 

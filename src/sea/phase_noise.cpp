@@ -6,7 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/compose.h"
 #include "base/data_set.h"
+#include "base/memory.h"
 #include "maths/sample_count.h"
 #include "sea/seed.h"
 
@@ -57,8 +59,10 @@ void PhaseWNoiseModifier::on_evaluate(const Base::Params& stored, Maths::FrontSe
   const Maths::PureRandom generator = make_generator(stored, 5);
   const double rate = stored.read("rate", Category::frequency);
   const std::uint32_t n = noise_count(run.value(), rate);
+  Base::require_memory(Maths::signal_memory(n),
+                       Base::compose("rate::", rate, " Hz gives ", n, " samples of noise, which"));
   Base::DataSet noise(white_noise(n, generator), Base::Quantity(rate, Category::frequency));
-  const std::vector<std::complex<double>>& X = noise.freq().data;
+  const std::vector<std::complex<double>> X = std::move(noise).take_freq().data;
   for (std::uint64_t h = run.harmonic(1); h < fronts.slots.size() && h < X.size(); ++h) {
     const double factor = std::abs(X[h]);
     const double drawn = std::atan2(X[h].imag(), X[h].real());

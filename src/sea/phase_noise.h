@@ -15,7 +15,8 @@ namespace Synthesis {
 // stay as they are. The class's seed is 5. The expression is checked and has no effect.
 //
 // Evaluation throws "rate::<value> Hz gives no usable number of samples in a repeat time of <value>
-// s".
+// s" and "rate::<value> Hz gives <samples> samples of noise, which need ... GiB of memory, ... GiB
+// are available".
 class PhaseWNoiseModifier : public Modifier {
  public:
   explicit PhaseWNoiseModifier(const std::string& text);

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
+#include <utility>
 
 #include "base/compose.h"
 #include "base/data_set.h"
@@ -125,6 +126,7 @@ void TimeExp::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
   Base::progress() << Base::compose(repeat_samples, " ", samples, " ", run_time) << std::endl;
   if (samples == 0) throw std::string("limit_steps is zero");
   check_sample_count(name_, steps);
+  prove_signal_memory(name_, static_cast<std::size_t>(samples));
   // Not filled up to the repeat time on purpose: the spectrum of a shorter signal lies on the
   // harmonics as though the signal spanned the repeat.
   Base::Vector signal(name_, Base::default_units(Category::length),
@@ -136,8 +138,7 @@ void TimeExp::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
                    << std::endl;
   report_join(join_of(signal.data, exceeds(repeat_samples, samples)), steepest.first,
               steepest.second, dt);
-  Base::DataSet data(signal, Quantity(dt, Category::time));
-  add_time_fronts(data, fronts, run);
+  add_time_fronts(Base::DataSet(std::move(signal), Quantity(dt, Category::time)), fronts, run);
 }
 
 }  // namespace Synthesis

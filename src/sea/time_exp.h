@@ -11,9 +11,9 @@
 namespace Synthesis {
 
 // Takes "rate", the sampling rate of the formulas. Evaluation throws "data rate is zero",
-// "limit_steps is zero", what check_sample_count throws, and after a set that failed half way a
-// text headed "<name>::". How steep the signal is, and how well it joins at the repeat time, goes
-// to the standard output stream.
+// "limit_steps is zero", what check_sample_count and prove_signal_memory throw, and after a set
+// that failed half way a text headed "<name>::". How steep the signal is, and how well it joins at
+// the repeat time, goes to the standard output stream.
 class TimeExp : public Component {
  public:
   TimeExp(std::string name, const std::string& text) : Component(std::move(name), text) {}

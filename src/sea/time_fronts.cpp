@@ -3,14 +3,17 @@
 #include <cmath>
 #include <complex>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "base/compose.h"
+#include "base/memory.h"
+#include "maths/sample_count.h"
 
 namespace Synthesis {
 
-void add_time_fronts(Base::DataSet& signal, Maths::FrontSet& fronts, const Maths::RunData& run) {
-  const std::vector<std::complex<double>>& bins = signal.freq().data;
+void add_time_fronts(Base::DataSet signal, Maths::FrontSet& fronts, const Maths::RunData& run) {
+  const std::vector<std::complex<double>> bins = std::move(signal).take_freq().data;
   for (std::uint64_t h = run.harmonic(1); h < bins.size() && h < run.harmonic(0); ++h) {
     fronts.add_front(h, {std::abs(bins[h]), 0.0, std::atan2(bins[h].imag(), bins[h].real())});
   }
@@ -22,6 +25,11 @@ void check_sample_count(const std::string& name, double samples) {
   if (!(rounded >= 1.0 && rounded <= static_cast<double>(most))) {
     throw Base::compose(name, "::", samples, " samples in the signal, not 1 to ", most);
   }
+}
+
+void prove_signal_memory(const std::string& name, std::size_t samples) {
+  Base::require_memory(Maths::signal_memory(samples),
+                       Base::compose(name, "::", samples, " samples in the signal"));
 }
 
 }  // namespace Synthesis

@@ -2,6 +2,7 @@
 #ifndef KELPBOX_SEA_TIME_FRONTS_H_
 #define KELPBOX_SEA_TIME_FRONTS_H_
 
+#include <cstddef>
 #include <string>
 
 #include "base/data_set.h"
@@ -12,12 +13,16 @@ namespace Synthesis {
 
 // Adds a front of angle 0 for each harmonic from the run's lowest up to, and without, its highest,
 // as far as the signal has harmonics. The amplitude is in the units of the signal.
-void add_time_fronts(Base::DataSet& signal, Maths::FrontSet& fronts, const Maths::RunData& run);
+void add_time_fronts(Base::DataSet signal, Maths::FrontSet& fronts, const Maths::RunData& run);
 
 // Refuses a signal that rounds to no samples, or to more than 2^27 of them: a gigabyte, which no
 // run needs and only a mistaken rate asks for. Throws std::string "<name>::N samples in the signal,
 // not 1 to 134217728".
 void check_sample_count(const std::string& name, double samples);
+
+// Refuses a signal that the machine cannot hold together with its spectrum. Throws std::string
+// "<name>::N samples in the signal need ... GiB of memory, ... GiB are available".
+void prove_signal_memory(const std::string& name, std::size_t samples);
 
 }  // namespace Synthesis
 

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 #include "base/data_set.h"
 #include "base/enumerations.h"
@@ -67,10 +68,11 @@ void TimeSeries::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts
   Base::DataSet signal(*data_, params);
   if (scale_ratio == 0) throw std::string("Scale ratio is zero");
   check_sample_count(name_, repeat * scaled_rate);
+  prove_signal_memory(name_, N);
   signal.scale(1.0 / scale_ratio);
   fit(signal, N, overlap, name_);
   if (signal.length() != N) throw std::string("Error in sorting data out");
-  add_time_fronts(signal, fronts, run);
+  add_time_fronts(std::move(signal), fronts, run);
 }
 
 }  // namespace Synthesis

@@ -9,8 +9,8 @@ namespace Synthesis {
 
 // Takes "scale_ratio", "rate", "ramp_time", "ramp_type". The vector is the host's, is read at
 // every set and evaluate, and must outlive the component. Evaluation throws "Scale ratio is zero",
-// "Error in sorting data out", what check_sample_count throws, and "<name>::ramp_time is not a
-// positive time".
+// "Error in sorting data out", what check_sample_count and prove_signal_memory throw, and
+// "<name>::ramp_time is not a positive time".
 class TimeSeries : public Component {
  public:
   explicit TimeSeries(const Base::Vector& data) : Component(data.label), data_(&data) {}
