@@ -4,28 +4,38 @@
 #include <sstream>
 #include <string>
 
+#include "base/memory.h"
 #include "base/streams.h"
 
 namespace Maths {
+namespace {
+
+using Base::operator""_MiB;
+
+// What a list of fronts takes from the heap, with the word that the heap keeps beside it.
+std::uint64_t piece(std::uint64_t fronts) { return fronts * sizeof(HarmonicFront) + 8; }
+
+}  // namespace
 
 void FrontSet::add_front(std::uint64_t slot, const HarmonicFront& front) {
   if (slot >= slots.size()) {
     Base::progress() << "front error " << slot << " " << slots.size() << std::endl;
     throw std::string("Help");
   }
-  if (front.amp != 0.0) slots[slot].push_back(front);
+  if (front.amp == 0.0) return;
+  // How many fronts will come nobody knows: each step looks whether there is room for another.
+  constexpr std::uint64_t step = 64_MiB;
+  unproved_ += piece(1);
+  if (unproved_ >= step) {
+    Base::require_memory(step, "Front set::more fronts");
+    unproved_ = 0;
+  }
+  slots[slot].push_back(front);
 }
 
 void FrontSet::reset(std::uint64_t slot_count) {
-  // Far above any wave tank, and still within a machine's memory.
-  constexpr std::uint64_t most_slots = std::uint64_t{1} << 26;
-  if (slot_count > most_slots) {
-    std::ostringstream text;
-    text << "Front set::" << slot_count << " harmonics are more than the " << most_slots
-         << " that can be held";
-    throw text.str();
-  }
   slots.clear();
+  if (slot_count > slots.capacity()) prove_slots(1, slot_count);
   slots.resize(slot_count);
 }
 
@@ -43,6 +53,33 @@ void FrontSet::transfer_fronts(std::vector<TransferFront>& out) const {
       out.push_back({front.amp, front.angle, front.phase, slot});
     }
   }
+}
+
+std::uint64_t FrontSet::front_count() const {
+  std::uint64_t count = 0;
+  for (const auto& slot : slots) count += slot.size();
+  return count;
+}
+
+void prove_slots(std::uint64_t set_count, std::uint64_t slot_count) {
+  // Far above any wave tank.
+  constexpr std::uint64_t most_slots = std::uint64_t{1} << 26;
+  std::ostringstream text;
+  text << "Front set::" << slot_count << " harmonics ";
+  if (slot_count > most_slots) {
+    text << "are more than the " << most_slots << " that can be held";
+    throw text.str();
+  }
+  text << "in " << set_count << " sets";
+  Base::require_memory(set_count * slot_count * sizeof(std::vector<HarmonicFront>), text.str());
+}
+
+std::uint64_t front_memory(const FrontSet& set, std::size_t first, std::size_t last) {
+  std::uint64_t bytes = 0;
+  for (std::size_t slot = first; slot < last; ++slot) {
+    if (!set.slots[slot].empty()) bytes += piece(set.slots[slot].size());
+  }
+  return bytes;
 }
 
 bool common_angle(const FrontSet& set, double& out) {

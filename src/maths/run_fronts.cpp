@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/constants.h"
+#include "base/memory.h"
 #include "maths/dalrymple.h"
 
 namespace Maths {
@@ -44,19 +45,43 @@ bool differs(double p, double q) {
          (std::fabs(q) >= 1e-20 && std::fabs(p / q - 1) >= 1e-6);
 }
 
-// From the point where a set was asked for to the paddle line.
-void carry_to_paddles(FrontSet& set, TankRun& tank) {
+// From the point where a set was asked for to the paddle line. `before` is the tank as the last set
+// left it.
+void carry_to_paddles(FrontSet& set, const TankRun& before, TankRun& tank) {
   const TankConfig& config = tank.tank();
-  refer_to_paddles(set, tank, config.y_ref);
-  if (config.has_walls && tank.run().dalrymple()) dalrymple(set, tank, config.width);
+  refer_to_paddles(set, before, config.y_ref);
+  if (config.has_walls && tank.run().dalrymple()) dalrymple(set, before, config.width);
   apply_shoaling(set, tank, config.y_ref);
   set.position = Position{};
+}
+
+// Adds the set, carried to the paddle line, by way of copies of a limited number of fronts.
+void add_carried(FrontSet& sum, const FrontSet& set, TankRun& tank, std::uint64_t copied) {
+  const TankRun before = tank;
+  const std::size_t slot_count = set.slots.size();
+  FrontSet part;
+  part.reset(slot_count);
+  std::size_t slot = 0;
+  do {
+    const std::size_t first = slot;
+    for (std::uint64_t fronts = 0; slot < slot_count && fronts < copied; ++slot) {
+      fronts += set.slots[slot].size();
+    }
+    Base::require_memory(front_memory(set, first, slot), "Front set::the merged fronts");
+    for (std::size_t h = first; h < slot; ++h) part.slots[h] = set.slots[h];
+    part.position = set.position;
+    carry_to_paddles(part, before, tank);
+    merge_sets(sum, part);
+    for (std::size_t done = first; done < slot; ++done) part.slots[done] = Slot();
+  } while (slot < slot_count);
 }
 
 }  // namespace
 
 void RunFronts::resize(std::size_t set_count) {
   sets.assign(set_count, FrontSet{});
+  if (sets.empty()) return;
+  prove_slots(set_count, run.size());
   for (FrontSet& set : sets) set.reset(run.size());
 }
 
@@ -116,17 +141,16 @@ void RunFronts::merge_random(const RanGen& generator) {
   }
 }
 
-void RunFronts::build_merged(const TankConfig& tank) {
+void RunFronts::build_merged(const TankConfig& tank, std::uint64_t copied) {
   if (sets.empty()) return;
   TankRun tank_run(tank, run);
   // Apart, so that a set which cannot be carried leaves the last result as it was.
+  const std::size_t slot_count = sets.front().slots.size();
+  Base::require_memory(front_memory(sets.front(), 0, slot_count) + slot_count * sizeof(Slot),
+                       "Front set::the merged fronts");
   FrontSet sum = sets.front();
-  carry_to_paddles(sum, tank_run);
-  for (std::size_t s = 1; s < sets.size(); ++s) {
-    FrontSet copy = sets[s];
-    carry_to_paddles(copy, tank_run);
-    merge_sets(sum, copy);
-  }
+  carry_to_paddles(sum, tank_run, tank_run);
+  for (std::size_t s = 1; s < sets.size(); ++s) add_carried(sum, sets[s], tank_run, copied);
   merged = std::move(sum);
 }
 

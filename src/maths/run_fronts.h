@@ -3,6 +3,7 @@
 #define KELPBOX_MATHS_RUN_FRONTS_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "maths/front_set.h"
@@ -24,8 +25,10 @@ class RunFronts {
   // Gives each harmonic wholly to one set, drawn in proportion to energy. The generator is not
   // advanced on purpose: one value decides every harmonic, and hosts depend on the result.
   void merge_random(const RanGen& generator);
-  // Refers all sets to the paddle line and sums them into `merged`. The sets stay as they were.
-  void build_merged(const TankConfig& tank);
+  // Refers all sets to the paddle line and sums them into `merged`. The sets stay as they were: of
+  // all but the first, copies of about `copied` fronts, at least 1, live at once. Throws the messages of the
+  // steps, and "Front set::the merged fronts need ... GiB of memory, ... GiB are available".
+  void build_merged(const TankConfig& tank, std::uint64_t copied = std::uint64_t{1} << 23);
 
   RunData run;
   FrontSet merged;

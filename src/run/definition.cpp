@@ -6,6 +6,7 @@
 
 #include "base/compose.h"
 #include "base/enumerations.h"
+#include "base/memory.h"
 #include "base/units.h"
 #include "maths/random.h"
 #include "maths/tank_run.h"
@@ -25,6 +26,16 @@ Maths::FrontSet& checked(std::vector<Maths::FrontSet>& sets, std::uint32_t index
 const BankMotion& checked(const std::vector<BankMotion>& banks, std::uint32_t bank) {
   if (bank >= banks.size()) throw std::string("Bank out of range or paddle_motion not built");
   return banks[bank];
+}
+
+// Empties the list and makes room for that many records.
+template <typename Record>
+void make_room(std::vector<Record>& list, std::uint64_t count) {
+  list.clear();
+  if (count <= list.capacity()) return;
+  std::vector<Record>().swap(list);
+  Base::require_memory(count * sizeof(Record), compose("fronts::", count, " fronts"));
+  list.reserve(count);
 }
 
 }  // namespace
@@ -90,7 +101,13 @@ Maths::Position& Definition::position(std::uint32_t index) {
 }
 
 const std::vector<Front>& Definition::fronts(bool merged) {
-  display_fronts_.clear();
+  std::uint64_t count = 0;
+  if (merged) {
+    count = run_.merged.front_count();
+  } else {
+    for (const Maths::FrontSet& set : run_.sets) count += set.front_count();
+  }
+  make_room(display_fronts_, count);
   if (merged) {
     run_.merged.display_fronts(display_fronts_, run_.run);
   } else {
@@ -101,7 +118,7 @@ const std::vector<Front>& Definition::fronts(bool merged) {
 
 const std::vector<Maths::TransferFront>& Definition::fronts(std::uint32_t index) {
   const Maths::FrontSet& set = checked(run_.sets, index);
-  transfer_fronts_.clear();
+  make_room(transfer_fronts_, set.front_count());
   set.transfer_fronts(transfer_fronts_);
   return transfer_fronts_;
 }

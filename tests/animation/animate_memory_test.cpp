@@ -1,52 +1,17 @@
 // What a build needs beside its frames.
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cstddef>
-#include <fstream>
 #include <new>
 
+#include "../base/own_process.h"
 #include "test_animation.h"
 
 namespace {
 
+using Testing::good_alone;
 using Testing::GridText;
+using Testing::leave_room;
+using Testing::peak_memory;
+using Testing::sanitized;
 using Testing::Sea;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool sanitized = true;
-#else
-constexpr bool sanitized = false;
-#endif
-
-// The most memory that the process has had so far, in bytes.
-double peak_memory() {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  return 1024.0 * static_cast<double>(usage.ru_maxrss);
-}
-
-// Whether the work says yes in a process of its own, whose peak and limits are not those of other
-// tests.
-template <typename Work>
-bool good_alone(Work work) {
-  const pid_t child = fork();
-  if (child == 0) _exit(work() ? 0 : 1);
-  int status = 0;
-  return child != -1 && waitpid(child, &status, 0) == child && WIFEXITED(status) &&
-         WEXITSTATUS(status) == 0;
-}
-
-// Leaves the process so many bytes beside those that it has.
-void leave_room(double bytes) {
-  std::size_t pages = 0;
-  std::ifstream("/proc/self/statm") >> pages;
-  const double held = static_cast<double>(pages) * static_cast<double>(sysconf(_SC_PAGESIZE));
-  const auto limit = static_cast<rlim_t>(held + bytes);
-  const rlimit both{limit, limit};
-  setrlimit(RLIMIT_AS, &both);
-}
 
 TEST(AnimateMemory, APeakIsTheFramesAndAFewBlocks) {
   if (sanitized) GTEST_SKIP() << "the sanitizer's own memory is counted too";

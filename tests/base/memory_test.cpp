@@ -1,51 +1,22 @@
 #include "base/memory.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstddef>
-#include <fstream>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "own_process.h"
 #include "thrown.h"
 
 namespace {
 
 using namespace Base;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool sanitized = true;
-#else
-constexpr bool sanitized = false;
-#endif
-
-template <typename Work>
-bool good_alone(Work work) {
-  const pid_t child = fork();
-  if (child == 0) _exit(work() ? 0 : 1);
-  int status = 0;
-  return child != -1 && waitpid(child, &status, 0) == child && WIFEXITED(status) &&
-         WEXITSTATUS(status) == 0;
-}
-
-// The pages of the process: 0 addresses, 1 memory.
-std::size_t memory_pages(int field) {
-  std::ifstream statm("/proc/self/statm");
-  std::size_t pages = 0;
-  for (int i = 0; i <= field; ++i) statm >> pages;
-  return pages;
-}
-
-// Leaves the process so many more bytes of addresses.
-void leave_room(std::uint64_t bytes) {
-  const auto held = memory_pages(0) * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-  const rlimit limit{held + bytes, held + bytes};
-  setrlimit(RLIMIT_AS, &limit);
-}
+using Testing::good_alone;
+using Testing::held_memory;
+using Testing::leave_room;
+using Testing::sanitized;
 
 TEST(Memory, NothingAndLittleFit) {
   EXPECT_TRUE(memory_fits(0));
@@ -74,7 +45,7 @@ TEST(Memory, ARefusalNamesWhatIsNeededAndWhatThereIs) {
 TEST(Memory, ALimitOnAddressesCounts) {
   if (sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
   EXPECT_TRUE(good_alone([] {
-    leave_room(100_MiB);
+    leave_room(100.0 * (1 << 20));
     const std::string text = thrown([] { require_memory(256_MiB, "Samples"); });
     return text.rfind("Samples need 0.25 GiB of memory, 0.1", 0) == 0 && memory_fits(64_MiB) &&
            !memory_fits(101_MiB) && available_memory() <= 100_MiB;
@@ -88,10 +59,9 @@ TEST(Memory, ARequestThatDoesNotFitMakesTheHeapReturnWhatWasFreed) {
   // Keeps the heap from shrinking by itself.
   const auto last = std::make_unique<char[]>(10000);
   pieces.clear();
-  const std::size_t before = memory_pages(1);
+  const double before = held_memory().memory;
   EXPECT_FALSE(memory_fits(std::uint64_t{1} << 46));
-  const std::size_t returned = before - memory_pages(1);
-  EXPECT_GT(returned * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)), 40'000'000U);
+  EXPECT_GT(before - held_memory().memory, 40e6);
 }
 
 }  // namespace

@@ -1,0 +1,68 @@
+// Work in a process of its own, whose memory and limits are not those of other tests.
+#ifndef KELPBOX_TESTS_BASE_OWN_PROCESS_H_
+#define KELPBOX_TESTS_BASE_OWN_PROCESS_H_
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstddef>
+#include <fstream>
+
+namespace Testing {
+
+// A sanitizer counts its own memory among the process's, and needs more addresses than a limit
+// leaves.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool sanitized = true;
+#else
+constexpr bool sanitized = false;
+#endif
+
+// Whether the work returns true.
+template <typename Work>
+bool good_alone(Work work) {
+  const pid_t child = fork();
+  if (child == 0) {
+    bool good = false;
+    try {
+      good = work();
+    } catch (...) {
+    }
+    _exit(good ? 0 : 1);
+  }
+  int status = 0;
+  return child != -1 && waitpid(child, &status, 0) == child && WIFEXITED(status) &&
+         WEXITSTATUS(status) == 0;
+}
+
+// The most memory that the process has had so far, in bytes.
+inline double peak_memory() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return 1024.0 * static_cast<double>(usage.ru_maxrss);
+}
+
+// What the process has now, in bytes.
+struct Held {
+  double addresses = 0.0;
+  double memory = 0.0;
+};
+inline Held held_memory() {
+  std::ifstream statm("/proc/self/statm");
+  Held held;
+  statm >> held.addresses >> held.memory;
+  const auto page = static_cast<double>(sysconf(_SC_PAGESIZE));
+  return {held.addresses * page, held.memory * page};
+}
+
+// Leaves the process so many bytes of addresses beside those that it has.
+inline void leave_room(double bytes) {
+  const auto limit = static_cast<rlim_t>(held_memory().addresses + bytes);
+  const rlimit both{limit, limit};
+  setrlimit(RLIMIT_AS, &both);
+}
+
+}  // namespace Testing
+
+#endif  // KELPBOX_TESTS_BASE_OWN_PROCESS_H_
