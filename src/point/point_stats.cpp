@@ -6,8 +6,8 @@
 #include "analysis/wave_list.h"
 #include "base/data_set.h"
 #include "base/units.h"
-#include "synthesis/sample_count.h"
-#include "synthesis/two_d.h"
+#include "maths/sample_count.h"
+#include "point/two_d.h"
 
 namespace Synthesis {
 
@@ -18,7 +18,7 @@ void point_stats(const Maths::FrontSet& fronts, Maths::TankRun& run, const Point
   local.insert("y", point.y, "m");
   local.insert("rate", params.read("rate", Base::Category::frequency), "Hz");
 
-  prove_point_memory(params, point, signal_memory(point.samples));
+  prove_point_memory(params, point, Maths::signal_memory(point.samples));
   Base::Cvector surface;
   surface_at(surface, fronts, run, point);
   Base::DataSet record(std::move(surface), local);

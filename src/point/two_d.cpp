@@ -27,15 +27,16 @@ PointSpec fit_point(Base::Params& params, const Maths::RunData& run) {
 }
 
 void prove_point_memory(const Base::Params& params, const PointSpec& point, std::uint64_t bytes) {
-  Base::require_memory(bytes, compose("rate::", params.read("rate", Base::Category::frequency),
-                                      " Hz gives ", point.samples, " samples at the point, which"));
+  Base::require_memory(
+      bytes, Base::compose("rate::", params.read("rate", Base::Category::frequency), " Hz gives ",
+                           point.samples, " samples at the point, which"));
 }
 
 void TwoD::build(const Maths::FrontSet& fronts, Maths::TankRun& run, const PointSpec& point,
                  Base::Params& params) {
   // Directions, spectrum and variance have a number for every other sample.
-  const std::uint64_t bytes =
-      signal_memory(point.samples) + 3 * sizeof(double) * (point.samples / 2 + std::uint64_t{1});
+  const std::uint64_t bytes = Maths::signal_memory(point.samples) +
+                              3 * sizeof(double) * (point.samples / 2 + std::uint64_t{1});
   const std::uint64_t held =
       sizeof(double) * (time_.data.size() + spectrum_.data.size() + variance_.data.size());
   prove_point_memory(params, point, bytes - std::min(bytes, held));

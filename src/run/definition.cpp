@@ -34,7 +34,7 @@ void make_room(std::vector<Record>& list, std::uint64_t count) {
   list.clear();
   if (count <= list.capacity()) return;
   std::vector<Record>().swap(list);
-  Base::require_memory(count * sizeof(Record), compose("fronts::", count, " fronts"));
+  Base::require_memory(count * sizeof(Record), Base::compose("fronts::", count, " fronts"));
   list.reserve(count);
 }
 

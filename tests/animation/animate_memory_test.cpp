@@ -1,7 +1,7 @@
 // What a build needs beside its frames.
 #include <new>
 
-#include "../base/own_process.h"
+#include "support/own_process.h"
 #include "test_animation.h"
 
 namespace {

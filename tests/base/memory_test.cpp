@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "own_process.h"
+#include "support/own_process.h"
 #include "thrown.h"
 
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "../base/own_process.h"
 #include "maths/run_fronts.h"
 #include "support.h"
+#include "support/own_process.h"
 
 namespace {
 

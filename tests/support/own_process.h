@@ -1,6 +1,6 @@
 // Work in a process of its own, whose memory and limits are not those of other tests.
-#ifndef KELPBOX_TESTS_BASE_OWN_PROCESS_H_
-#define KELPBOX_TESTS_BASE_OWN_PROCESS_H_
+#ifndef KELPBOX_TESTS_SUPPORT_OWN_PROCESS_H_
+#define KELPBOX_TESTS_SUPPORT_OWN_PROCESS_H_
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -65,4 +65,4 @@ inline void leave_room(double bytes) {
 
 }  // namespace Testing
 
-#endif  // KELPBOX_TESTS_BASE_OWN_PROCESS_H_
+#endif  // KELPBOX_TESTS_SUPPORT_OWN_PROCESS_H_
