@@ -34,7 +34,7 @@ TankConfig uneven() {
 // Three sets at places of their own, up to three fronts to a slot, and slots without any.
 RunFronts three_sets(bool dalrymple) {
   RunFronts fronts;
-  fronts.run.init(10.0, 100.0, 0.1, 4.0, dalrymple);
+  fronts.run.init(60.0, 100.0, 0.1, 0.6, dalrymple);
   fronts.resize(3);
   std::uint32_t draw = 1;
   const auto next = [&draw] {
