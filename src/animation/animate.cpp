@@ -27,6 +27,7 @@ void Animate::build(const Maths::FrontSet& fronts, const Maths::TankConfig& tank
   grid.divisor = grid.samples / cycle;
   grid.samples = cycle;
   frames_.setup(grid.x.count, grid.y.count, grid.samples);
+  prove_columns(fronts, grid);
   AnimationColumns columns(fronts, grid, tank_run, frames_, FrontAngles::shown);
   build_columns(columns, 0, grid.x.count);
   frames_.end();
@@ -45,6 +46,7 @@ void Animate::build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig
   to = std::min(to, grid_.x.count);
   if (from >= to) return;
   Maths::TankRun tank_run(tank, run);
+  prove_columns(fronts, grid_);
   AnimationColumns columns(fronts, grid_, tank_run, frames_, FrontAngles::hidden);
   build_columns(columns, from, to);
 }

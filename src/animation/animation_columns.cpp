@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "animation/surface_code.h"
+#include "base/memory.h"
 #include "base/streams.h"
 
 namespace Synthesis {
@@ -21,6 +23,19 @@ std::size_t top_slot(const Maths::FrontSet& fronts, const AnimationGrid& grid) {
   return std::min(fronts.slots.size(), std::size_t{grid.samples} * grid.divisor);
 }
 
+std::uint32_t rows_of(const AnimationGrid& grid) { return grid.uniform ? 1 : grid.y.count; }
+
+// Harmonics of the cycle that may have fronts.
+std::size_t bins_of(const AnimationGrid& grid, std::size_t top) {
+  return (top + grid.divisor - 1) / grid.divisor;
+}
+
+std::size_t count_fronts(const Maths::FrontSet& fronts, std::size_t top) {
+  std::size_t count = 0;
+  for (std::size_t h = 0; h < top; ++h) count += fronts.slots[h].size();
+  return count;
+}
+
 // The row next to y = 0, or the first one.
 std::uint32_t row_of_axis(const GridAxis& y) {
   const double row = std::round(-y.min / y.step);
@@ -28,6 +43,15 @@ std::uint32_t row_of_axis(const GridAxis& y) {
 }
 
 }  // namespace
+
+void prove_columns(const Maths::FrontSet& fronts, const AnimationGrid& grid) {
+  const std::size_t top = top_slot(fronts, grid);
+  const std::uint64_t bytes =
+      ColumnSurface::memory(grid.samples, rows_of(grid), bins_of(grid, top)) +
+      sizeof(std::int16_t) * std::uint64_t{grid.samples} +
+      sizeof(ColumnFront) * std::uint64_t{count_fronts(fronts, top)};
+  if (!Base::memory_fits(bytes)) throw std::bad_alloc();
+}
 
 AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid,
                                    Maths::TankRun& tank, AnimationFrames& frames,
@@ -38,11 +62,12 @@ AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const Animatio
       frames_(frames),
       angles_(angles),
       top_(top_slot(fronts, grid)),
-      surface_(grid.samples, grid.uniform ? 1 : grid.y.count,
-               (top_ + grid.divisor - 1) / grid.divisor),
+      surface_(grid.samples, rows_of(grid), bins_of(grid, top_)),
       // The gap keeps neighbouring rows from falling on the same lines of the cache.
       stride_(std::size_t{grid.samples} + 32),
-      code_(stride_ * surface_.block_rows()) {}
+      code_(stride_ * surface_.block_rows()) {
+  column_.reserve(count_fronts(fronts, top_));
+}
 
 void AnimationColumns::build(std::uint32_t ix) {
   carry_fronts(grid_.x.at(ix));

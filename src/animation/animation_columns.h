@@ -18,6 +18,9 @@ namespace Synthesis {
 // Whether each front's angle goes to the standard output stream, a line for each column.
 enum class FrontAngles { hidden, shown };
 
+// Throws std::bad_alloc for a build that needs more memory beside its frames than the machine has.
+void prove_columns(const Maths::FrontSet& fronts, const AnimationGrid& grid);
+
 // For one build. All that it is given must outlive it.
 class AnimationColumns {
  public:

@@ -1,7 +1,5 @@
 #include "animation/animation_frames.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <limits>
 #include <new>
@@ -9,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/memory.h"
 #include "base/streams.h"
 
 namespace Synthesis {
@@ -23,16 +22,13 @@ std::uint64_t room(std::uint64_t samples, std::uint64_t frames) {
   return samples * sizeof(std::int16_t) + frames * beside;
 }
 
-// Asks for all the memory that is still to come at once and gives it back. A request that is too
-// large fails here; frame by frame, a system that promises more than it has would end the process.
+// For all the memory that is still to come. A request that is too large fails here; frame by frame,
+// a system that promises more than it has would end the process.
 void prove_room(std::uint64_t needed, const Frames& held) {
   std::uint64_t samples = 0;
   for (const std::vector<std::int16_t>& frame : held) samples += frame.capacity();
   const std::uint64_t bytes = needed - std::min(needed, room(samples, held.size()));
-  if (bytes == 0) return;
-  void* proof = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (proof == MAP_FAILED) throw std::bad_alloc();
-  munmap(proof, bytes);
+  if (!Base::memory_fits(bytes)) throw std::bad_alloc();
 }
 
 }  // namespace

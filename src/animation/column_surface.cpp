@@ -12,9 +12,17 @@ constexpr std::uint32_t most_rows = 64;
 constexpr std::uint32_t lanes = 4;
 static_assert(most_rows % lanes == 0);
 
+// Of one row in a block, and of all.
+constexpr std::uint32_t most_values = 1 << 20;
+
 std::uint32_t rows_of_block(std::uint32_t samples, std::uint32_t rows) {
-  constexpr std::uint32_t most_values = 1 << 20;
   return std::min(std::clamp(most_values / samples, std::uint32_t{1}, most_rows), rows);
+}
+
+// Harmonics that a spectrum holds.
+std::size_t elements_of(std::uint32_t samples, std::size_t bins) {
+  const std::size_t all = std::size_t{samples} / 2 + 1;
+  return samples < most_values ? std::min(bins, all) : all;
 }
 
 struct RowSums {
@@ -54,9 +62,15 @@ void add_front(const ColumnFront& front, const GridAxis& y, std::uint32_t first,
 
 }  // namespace
 
+std::uint64_t ColumnSurface::memory(std::uint32_t samples, std::uint32_t rows, std::size_t bins) {
+  return elements_of(samples, bins) * sizeof(std::complex<double>) * rows_of_block(samples, rows) +
+         sizeof(double) * std::uint64_t{samples} + Base::transform_memory(samples);
+}
+
 ColumnSurface::ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::size_t bins)
-    : spectra_(rows_of_block(samples, rows), std::vector<std::complex<double>>(std::min(
-                                                 bins, static_cast<std::size_t>(samples) / 2 + 1))),
+    : long_cycle_(samples >= most_values),
+      spectra_(rows_of_block(samples, rows),
+               std::vector<std::complex<double>>(elements_of(samples, bins))),
       series_(samples),
       plan_(samples, samples / 2 + 1, Base::FFT_Type::freq_to_time) {}
 
@@ -81,7 +95,11 @@ void ColumnSurface::sum(const std::vector<ColumnFront>& fronts, const GridAxis& 
 }
 
 const std::vector<double>& ColumnSurface::series(std::uint32_t row) {
-  plan_.execute(&spectra_[row], &series_);
+  if (long_cycle_) {
+    plan_.consume(spectra_[row], series_);
+  } else {
+    plan_.execute(&spectra_[row], &series_);
+  }
   return series_;
 }
 

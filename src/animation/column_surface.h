@@ -28,6 +28,8 @@ struct ColumnFront {
 // Works on a block of rows at a time, few enough to stay in a processor's cache.
 class ColumnSurface {
  public:
+  // The least number of bytes that a surface takes.
+  static std::uint64_t memory(std::uint32_t samples, std::uint32_t rows, std::size_t bins);
   // For cycles of that many samples, at least 1, and columns of that many rows; of the harmonics
   // those below `bins` may have fronts.
   ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::size_t bins);
@@ -37,10 +39,13 @@ class ColumnSurface {
   // Sums the fronts, in rising order of bins, over the rows from `first`.
   void sum(const std::vector<ColumnFront>& fronts, const GridAxis& y, std::uint32_t first,
            std::uint32_t rows);
-  // The surface over the cycle at one row of the block, in metres. Valid until the next call.
+  // The surface over the cycle at one row of the block, in metres, once for each sum. Valid until
+  // the next call.
   const std::vector<double>& series(std::uint32_t row);
 
  private:
+  // Whether a spectrum is spent on its series. Its copy would be as long as the spectrum then.
+  bool long_cycle_;
   std::vector<std::vector<std::complex<double>>> spectra_;  // one for each row of the block
   std::vector<double> series_;
   Base::FFT_Plan plan_;
