@@ -46,8 +46,9 @@ void TwoD::build(const Maths::FrontSet& fronts, Maths::TankRun& run, const Point
   direction_at(directions, fronts, run, point);
 
   Base::DataSet record(std::move(surface), params);
-  // What an earlier build left makes room for this one.
-  time_ = spectrum_ = variance_ = Base::Vector();
+  // What an earlier build left makes room for this one. Moved, since a copy of nothing would keep
+  // the memory.
+  for (Base::Vector* data : {&time_, &spectrum_, &variance_}) *data = Base::Vector();
   record.spectrum(spectrum_);
   record.variance(variance_);
   time_ = std::move(record).take_time();
