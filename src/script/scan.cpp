@@ -1,10 +1,5 @@
 #include "script/scan.h"
 
-#include <locale.h>
-
-#include <clocale>
-#include <cstdlib>
-
 #include "base/streams.h"
 
 namespace Script {
@@ -34,28 +29,6 @@ void ScriptScan::advance(const char* characters, int count) {
       ++column_;
     }
   }
-}
-
-std::int32_t decimal_literal(const char* digits) {
-  std::uint32_t value = 0;
-  for (; *digits; ++digits) value = value * 10 + static_cast<std::uint32_t>(*digits - '0');
-  return std::bit_cast<std::int32_t>(value);
-}
-
-std::int32_t hexadecimal_literal(const char* digits) {
-  std::uint32_t value = 0;
-  for (; *digits; ++digits) {
-    const char digit = *digits;
-    const int four_bits = digit <= '9' ? digit - '0' : (digit | 0x20) - 'a' + 10;
-    value = value << 4 | static_cast<std::uint32_t>(four_bits);
-  }
-  return std::bit_cast<std::int32_t>(value);
-}
-
-double real_literal(const char* digits) {
-  // The host may have set a locale with another decimal mark.
-  static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
-  return strtod_l(digits, nullptr, plain);
 }
 
 }  // namespace Script

@@ -2,7 +2,6 @@
 #ifndef KELPBOX_SCRIPT_SCAN_H_
 #define KELPBOX_SCRIPT_SCAN_H_
 
-#include <cstdint>
 #include <istream>
 #include <string>
 
@@ -46,11 +45,6 @@ class ScriptScan : public ScriptScanFlexLexer {
   unsigned token_line_ = 1;
   unsigned token_column_ = 1;
 };
-
-// Literals, as they stand in a script. Integers keep their low 32 bits.
-std::int32_t decimal_literal(const char* digits);
-std::int32_t hexadecimal_literal(const char* digits);
-double real_literal(const char* digits);
 
 }  // namespace Script
 

@@ -26,11 +26,23 @@ std::vector<std::string> tokens(const std::string& script) {
 
 using Texts = std::vector<std::string>;
 
-VarType type_of(const std::string& script) {
+// The value of the first token.
+Script::Variable value_of(const std::string& script) {
   std::istringstream in(script);
   ScriptScan scan(in);
   scan.yylex();
-  return scan.value().type();
+  return std::move(scan.value());
+}
+
+VarType type_of(const std::string& script) { return value_of(script).type(); }
+
+std::int32_t integer_of(const std::string& script) { return value_of(script).as_integer(); }
+
+double real_of(const std::string& script) {
+  Script::Variable literal = value_of(script);
+  double field = 0.0;
+  Script::Variable(VarType::fixed_real, "r", &field).assign(literal);
+  return field;
 }
 
 // A stream that breaks down on its first reading.
@@ -132,27 +144,27 @@ TEST(Scan, BrokenStreamIsAFault) {
 }
 
 TEST(Scan, LiteralsOfIntegers) {
-  EXPECT_EQ(Script::decimal_literal("0"), 0);
-  EXPECT_EQ(Script::decimal_literal("2147483647"), 2147483647);
-  EXPECT_EQ(Script::decimal_literal("2147483648"), -2147483647 - 1);
-  EXPECT_EQ(Script::decimal_literal("53021371269125"), 5);  // 12345 * 2^32 + 5
-  EXPECT_EQ(Script::hexadecimal_literal("0"), 0);
-  EXPECT_EQ(Script::hexadecimal_literal("9aF"), 0x9AF);
-  EXPECT_EQ(Script::hexadecimal_literal("FFFFFFFF"), -1);
-  EXPECT_EQ(Script::hexadecimal_literal("ABCDEF0000000012"), 0x12);
+  EXPECT_EQ(integer_of("0"), 0);
+  EXPECT_EQ(integer_of("2147483647"), 2147483647);
+  EXPECT_EQ(integer_of("2147483648"), -2147483647 - 1);
+  EXPECT_EQ(integer_of("53021371269125"), 5);  // 12345 * 2^32 + 5
+  EXPECT_EQ(integer_of("0x0"), 0);
+  EXPECT_EQ(integer_of("0x9aF"), 0x9AF);
+  EXPECT_EQ(integer_of("0XFFFFFFFF"), -1);
+  EXPECT_EQ(integer_of("0xABCDEF0000000012"), 0x12);
 }
 
 TEST(Scan, RealsAreReadTheSameInEveryLocale) {
   const CommaLocale comma;
   if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
   ASSERT_EQ(std::strtod("2,5", nullptr), 2.5);
-  EXPECT_EQ(Script::real_literal("2.5"), 2.5);
+  EXPECT_EQ(real_of("2.5"), 2.5);
 }
 
 TEST(Scan, RealsAreTheNearestDoubles) {
-  EXPECT_EQ(Script::real_literal("0.1"), 0.1);
-  EXPECT_EQ(Script::real_literal(".1e1"), 1.0);
-  EXPECT_EQ(Script::real_literal("123456789.123456789"), 123456789.123456789);
-  EXPECT_EQ(Script::real_literal("4.9e-324"), 4.9e-324);
-  EXPECT_EQ(Script::real_literal("1e400"), HUGE_VAL);
+  EXPECT_EQ(real_of("0.1"), 0.1);
+  EXPECT_EQ(real_of(".1e1"), 1.0);
+  EXPECT_EQ(real_of("123456789.123456789"), 123456789.123456789);
+  EXPECT_EQ(real_of("4.9e-324"), 4.9e-324);
+  EXPECT_EQ(real_of("1e400"), HUGE_VAL);
 }

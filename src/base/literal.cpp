@@ -1,12 +1,12 @@
-#include "expression/number.h"
+#include "base/literal.h"
 
 #include <locale.h>
 #include <stdlib.h>
 
-namespace Expression {
+namespace Base {
 namespace {
 
-std::uint32_t read_integer(const char* digits, std::uint32_t base) {
+std::uint32_t low_bits(const char* digits, std::uint32_t base) {
   std::uint32_t value = 0;
   for (; *digits != '\0'; ++digits) {
     const char c = *digits;
@@ -18,13 +18,14 @@ std::uint32_t read_integer(const char* digits, std::uint32_t base) {
 
 }  // namespace
 
-double read_real(const char* digits) {
+std::uint32_t decimal_literal(const char* digits) { return low_bits(digits, 10); }
+
+std::uint32_t hexadecimal_literal(const char* digits) { return low_bits(digits, 16); }
+
+double real_literal(const char* digits) {
+  // The host may have set a locale with another decimal mark.
   static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
   return strtod_l(digits, nullptr, plain);
 }
 
-double read_decimal(const char* digits) { return read_integer(digits, 10); }
-
-double read_hexadecimal(const char* digits) { return read_integer(digits + 2, 16); }
-
-}  // namespace Expression
+}  // namespace Base
