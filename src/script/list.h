@@ -4,7 +4,6 @@
 #define KELPBOX_SCRIPT_LIST_H_
 
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -13,7 +12,6 @@
 namespace Script {
 
 class Log;
-class Master;
 
 class List {
  public:
@@ -56,20 +54,6 @@ class List {
   std::vector<Variable> items_;
   Log* log_ = nullptr;
 };
-
-// Walks over the tree below a list.
-
-// Writes a line of ready-to-paste script for each required key that is not set, and returns
-// whether there was none.
-bool verify(const List& list, std::ostream& report, unsigned depth = 0,
-            const std::string& prefix = "");
-void set_paths(const List& list, Master& owner, const std::string& path = "");
-// The first log found, depth first, or null.
-Log* find_log(const List& list);
-// Children finish before their parents.
-void create(const List& list);
-// Copies the fields of `from`, element by element.
-void clone(List& to, const List& from);
 
 }  // namespace Script
 

@@ -6,6 +6,7 @@
 #include "base/streams.h"
 #include "script/print.h"
 #include "script/reader.h"
+#include "script/walks.h"
 
 namespace Script {
 

@@ -1,8 +1,7 @@
-// The walks over the tree below a list.
+#include "script/walks.h"
 
 #include <string_view>
 
-#include "script/list.h"
 #include "script/wrap.h"
 
 namespace Script {

@@ -1,20 +1,20 @@
 #include "script/wrap.h"
 
-#include <limits>
+#include "script/walks.h"
 
 namespace Script {
 namespace {
 
-// Elements that one statement may make; a typing error must not exhaust the memory.
-constexpr std::uint64_t most_elements = 100000;
+// The bound of one statement, so that a typing error does not exhaust the memory.
+constexpr std::uint64_t most_elements_at_once = 100000;
 
-void refuse(std::uint64_t elements) {
-  if (elements <= most_elements) return;
+void require_few_elements(std::uint64_t elements) {
+  if (elements <= most_elements_at_once) return;
   throw "Array of " + std::to_string(elements) + " elements is too large: at most " +
-      std::to_string(most_elements) + " can be made at once";
+      std::to_string(most_elements_at_once) + " can be made at once";
 }
 
-// How many array elements there are below a list.
+// The number of array elements at any depth below a list.
 std::uint64_t elements_below(const List& list) {
   std::uint64_t count = 0;
   for (const Variable& item : list.items()) {
@@ -30,20 +30,6 @@ std::uint64_t elements_below(const List& list) {
 
 }  // namespace
 
-bool Rule::admits(std::uint64_t count) const {
-  switch (size_rule) {
-    case SizeRule::any:
-      return true;
-    case SizeRule::at_most:
-      return count <= limit;
-    case SizeRule::at_least:
-      return count >= limit;
-    case SizeRule::exactly:
-      return count == limit;
-  }
-  return false;
-}
-
 List& BaseWrapAry::build(std::int32_t last, std::int32_t first) {
   const std::int64_t size = std::int64_t{last} - first + 1;
   if (!lists_.empty()) {
@@ -52,10 +38,12 @@ List& BaseWrapAry::build(std::int32_t last, std::int32_t first) {
     return lists_.front();
   }
   if (last < first) throw "max is not greater than min";
-  if (rule_.offset_rule == 2 && first != rule_.required_offset) throw "Wrong offset value";
+  if (rule_.offset_rule == OffsetRule::fixed && first != rule_.required_offset) {
+    throw "Wrong offset value";
+  }
   const auto count = static_cast<std::uint64_t>(size);
   if (!rule_.admits(count)) throw "Size of array out of bounds";
-  refuse(count);
+  require_few_elements(count);
   offset_ = first;
   lists_.resize(count);
   build();
@@ -65,7 +53,7 @@ List& BaseWrapAry::build(std::int32_t last, std::int32_t first) {
 std::uint64_t BaseWrapAry::replicate() {
   if (lists_.empty()) throw "Wrong build order";
   const std::uint64_t inside = elements_below(lists_.front()) * lists_.size();
-  refuse(inside);
+  require_few_elements(inside);
   for (std::size_t i = 1; i < lists_.size(); ++i) clone(lists_[i], lists_.front());
   return inside;
 }
@@ -79,7 +67,7 @@ List& BaseWrapAry::element(std::int32_t index) {
   return lists_[static_cast<std::size_t>(position)];
 }
 
-void BaseWrapAry::check_position(std::size_t position) const {
+void BaseWrapAry::require_position(std::size_t position) const {
   if (position < lists_.size()) return;
   throw LogItm("General", Level::error)
       .add("Array element ")

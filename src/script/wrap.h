@@ -1,8 +1,9 @@
-// Wrappers through which a list holds an object, an array of objects, or one of several
-// alternative objects of a common base.
+// Wrappers through which a list holds an object, or an array of objects. A wrapper exists from the
+// start; what it wraps is built when a script first opens it.
 #ifndef KELPBOX_SCRIPT_WRAP_H_
 #define KELPBOX_SCRIPT_WRAP_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -10,24 +11,9 @@
 
 #include "script/list.h"
 #include "script/master.h"
+#include "script/rule.h"
 
 namespace Script {
-
-enum class SizeRule : std::int32_t { any = 0, at_most = 1, at_least = 2, exactly = 3 };
-
-// How many elements there may be, and where their indices begin.
-struct Rule {
-  SizeRule size_rule = SizeRule::any;
-  std::uint64_t limit = 0;
-  std::int32_t offset_rule = 0;  // 2: the first index must equal required_offset
-  std::int32_t required_offset = 0;
-
-  bool admits(std::uint64_t count) const;
-  // Whether at least one element must be there.
-  bool fixed_size() const {
-    return (size_rule == SizeRule::at_least || size_rule == SizeRule::exactly) && limit > 0;
-  }
-};
 
 class BaseWrapObj {
  public:
@@ -37,9 +23,10 @@ class BaseWrapObj {
   BaseWrapObj& operator=(const BaseWrapObj&) = delete;
 
   virtual void create() = 0;
+  // Whether the object must be present although its rule does not say so.
   virtual bool required() const { return false; }
   virtual void set_path(Master& owner, const std::string& path) = 0;
-  // Makes the object if there is none yet, and lets it declare its fields.
+  // Makes the object and lets it declare its fields. Does nothing when there is one already.
   virtual void build() = 0;
 
   const Rule& rule() const { return rule_; }
@@ -51,44 +38,11 @@ class BaseWrapObj {
   List list_;
 };
 
-// The objects built so far among several alternatives of one base class.
-template <typename Base>
-class WrapBase {
- public:
-  explicit WrapBase(Rule rule) : rule_(rule) {}
-
-  // Throws "Item not consecutively numbered" when the offset rule is in force and the index
-  // does not follow the last one.
-  void announce(std::int32_t index) {
-    if (rule_.offset_rule != 2) return;
-    if (started_ && index != last_ + 1) throw "Item not consecutively numbered";
-    started_ = true;
-    last_ = index;
-  }
-  // Throws "Out of space" when the rule no longer admits the count.
-  void add(Base* object) {
-    objects_.push_back(object);
-    const bool limited =
-        rule_.size_rule == SizeRule::at_most || rule_.size_rule == SizeRule::exactly;
-    if (limited && objects_.size() > rule_.limit) throw "Out of space";
-  }
-  bool required() const { return rule_.fixed_size(); }
-
-  std::size_t size() const { return objects_.size(); }
-  Base& operator[](std::size_t position) const { return *objects_[position]; }
-
- private:
-  Rule rule_;
-  std::vector<Base*> objects_;
-  bool started_ = false;
-  std::int32_t last_ = 0;
-};
-
 // One object of class T, a Declared.
 template <typename T>
 class WrapObj : public BaseWrapObj {
  public:
-  explicit WrapObj(Rule rule = {SizeRule::exactly, 1, 0, 0}) : BaseWrapObj(rule) {}
+  explicit WrapObj(Rule rule = Rule::exactly(1)) : BaseWrapObj(rule) {}
 
   void create() override { object_->create(); }
   void set_path(Master& owner, const std::string& path) override { object_->set_path(owner, path); }
@@ -101,29 +55,14 @@ class WrapObj : public BaseWrapObj {
 
   // Null until built.
   T* get() const { return object_.get(); }
-
- private:
-  std::unique_ptr<T> object_;
-};
-
-// One alternative among several of the base class B, at its index in their order.
-template <typename T, typename B>
-class WrapAlternative : public WrapObj<T> {
- public:
-  WrapAlternative(WrapBase<B>& base, std::int32_t index, Rule rule = {SizeRule::at_most, 1, 0, 0})
-      : WrapObj<T>(rule), base_(base), index_(index) {}
-
-  bool required() const override { return base_.required(); }
-  void build() override {
-    if (this->get()) return;
-    base_.announce(index_);
-    WrapObj<T>::build();
-    base_.add(this->get());
+  // Throws const char* "Object not built" instead.
+  T& built() const {
+    if (!object_) throw "Object not built";
+    return *object_;
   }
 
  private:
-  WrapBase<B>& base_;
-  std::int32_t index_;
+  std::unique_ptr<T> object_;
 };
 
 class BaseWrapAry {
@@ -136,32 +75,38 @@ class BaseWrapAry {
   virtual void create() = 0;
   // For the element of the given script index.
   virtual void set_path(Master& owner, const std::string& path, std::int32_t index) = 0;
+  // Whether there must be elements although the rule does not say so.
   virtual bool required() const { return false; }
   virtual bool fixed_size() const { return rule_.fixed_size(); }
 
-  // Makes the elements `first` to `last`, or checks that they are there already. Returns the
-  // first list.
+  // Makes the elements `first` to `last`, or checks that they are the ones that exist. Returns the
+  // first list. Throws const char* for bounds that the rule or an earlier build refuses, and
+  // std::string for too many elements.
   List& build(std::int32_t last, std::int32_t first);
-  // Copies the first element's fields to the others. Returns how many array elements there are
-  // inside of all elements. Throws "Wrong build order".
+  // Copies the first element's fields to the others. Returns the number of array elements inside
+  // all elements. Throws const char* "Wrong build order" when there are no elements, and
+  // std::string for too many copies.
   std::uint64_t replicate();
-  // The list of the element of that script index.
+  // The list of the element of that script index. Throws const char*: "Trying to access a list of
+  // an unreplicated array object", "Accessing array out of bounds".
   List& element(std::int32_t index);
 
   const Rule& rule() const { return rule_; }
+  // The first script index.
   std::int32_t offset() const { return offset_; }
   // The script index of the element at a position.
   std::int32_t index(std::size_t position) const {
     return offset_ + static_cast<std::int32_t>(position);
   }
+  // One list for each element. Empty until built.
   std::vector<List>& lists() { return lists_; }
   const std::vector<List>& lists() const { return lists_; }
 
  protected:
   // Makes an object for each of `lists_` and lets it declare its fields there.
   virtual void build() = 0;
-  // A LogItm headed "General": "Array element N is out of bounds".
-  void check_position(std::size_t position) const;
+  // Throws a LogItm headed "General": "Array element N is out of bounds".
+  void require_position(std::size_t position) const;
 
   Rule rule_;
   std::int32_t offset_ = 0;
@@ -187,7 +132,7 @@ class WrapAry : public BaseWrapAry {
   // By position from 0, whatever the first script index is. Throws a LogItm headed "General":
   // "Array element N is out of bounds".
   T& operator[](std::size_t position) const {
-    check_position(position);
+    require_position(position);
     return *objects_[position];
   }
 

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "script/alternatives.h"
 #include "script/wrap.h"
 #include "site/machine.h"
 

@@ -1,8 +1,9 @@
+#include "script/walks.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "script/list.h"
 #include "script/wrap.h"
 #include "test_tree.h"
 #include "testutil.h"

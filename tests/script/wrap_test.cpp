@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "script/alternatives.h"
 #include "test_tree.h"
 #include "testutil.h"
 
