@@ -6,16 +6,6 @@
 
 namespace Common {
 
-namespace {
-
-template <typename T>
-T& built(const Script::WrapObj<T>& object) {
-  if (!object.get()) throw "Object not built";
-  return *object.get();
-}
-
-}  // namespace
-
 Script::List& Context::Units_enum::members() {
   static Script::List list = [] {
     Script::List members;
@@ -26,7 +16,7 @@ Script::List& Context::Units_enum::members() {
   return list;
 }
 
-Context::Context() : wavemaker_bank({Script::SizeRule::at_least, 1, 1, 1}) {}
+Context::Context() : wavemaker_bank(Script::Rule::at_least(1).from(1)) {}
 
 void Context::declare(Script::List& list) {
   list.fixed("site_name", site_name);
@@ -69,7 +59,7 @@ void Context::create() {
 
 void Context::make_ready() {
   if (ready_) throw problem("General").add("Make ready called when already ready");
-  built(tank).make_config(tank_config_);
+  tank.built().make_config(tank_config_);
   ready_ = true;
 }
 
@@ -86,8 +76,8 @@ double Context::get(int index) const {
 }
 
 void Context::get_consts(Base::Params& out) {
-  built(tank).get_consts(out);
-  built(limits).get_consts(out);
+  tank.built().get_consts(out);
+  limits.built().get_consts(out);
   const char* unit = nullptr;
   switch (rate_units.number) {
     case Units_enum::Hz:

@@ -13,11 +13,6 @@ namespace {
 // Beyond this no turn brings an angle back: the step is lost in rounding.
 constexpr double largest_angle = 1e15;
 
-const FixedLimit& built(const Script::WrapObj<FixedLimit>& limit) {
-  if (!limit.get()) throw "Object not built";
-  return *limit.get();
-}
-
 }  // namespace
 
 void FixedLimit::declare(Script::List& list) {
@@ -34,7 +29,7 @@ void FixedLimits::declare(Script::List& list) {
 void FixedLimits::get_consts(Base::Params& out) {
   const std::uint32_t geometry = out.read_enum("geometry", Base::EnumType::Geometry);
 
-  const FixedLimit& freq = built(frequency);
+  const FixedLimit& freq = frequency.built();
   if (freq.maximum < freq.minimum) {
     throw problem("Create")
         .add("Error that max freq ")
@@ -43,7 +38,7 @@ void FixedLimits::get_consts(Base::Params& out) {
         .add(freq.minimum);
   }
 
-  const FixedLimit& direction = built(angle);
+  const FixedLimit& direction = angle.built();
   double max_angle = direction.maximum;
   double min_angle = direction.minimum;
   if (direction.units == "deg") {

@@ -4,15 +4,6 @@
 
 namespace Common {
 
-namespace {
-
-const PaddleMotion& built(const Script::WrapObj<PaddleMotion>& motion) {
-  if (!motion.get()) throw "Object not built";
-  return *motion.get();
-}
-
-}  // namespace
-
 void PaddleMotion::declare(Script::List& list) {
   list.fixed("clip_limit", clip_limit);
   list.fixed("maximum", maximum);
@@ -36,7 +27,7 @@ Script::List& Machine::DimensionType_enum::members() {
   return list;
 }
 
-Machine::Machine() : constant({Script::SizeRule::any, 0, 1, 1}) {}
+Machine::Machine() : constant(Script::Rule::any().from(1)) {}
 
 void Machine::declare(Script::List& list) {
   list.fixed("paddle_width", paddle_width);
@@ -47,7 +38,7 @@ void Machine::declare(Script::List& list) {
 }
 
 double Machine::get(std::uint32_t which, Base::Units to) const {
-  const PaddleMotion& motion = built(paddle_motion);
+  const PaddleMotion& motion = paddle_motion.built();
   const Base::Units from = Base::resolve_units(motion.units);
   double value = 0.0;
   switch (which) {
@@ -66,10 +57,10 @@ double Machine::get(std::uint32_t which, Base::Units to) const {
   return value * Base::factor(from, to);
 }
 
-Base::Units Machine::units() const { return Base::resolve_units(built(paddle_motion).units); }
+Base::Units Machine::units() const { return Base::resolve_units(paddle_motion.built().units); }
 
 void Machine::get_limits(Base::Params& out) const {
-  const PaddleMotion& motion = built(paddle_motion);
+  const PaddleMotion& motion = paddle_motion.built();
   const Base::Units motion_units = Base::resolve_units(motion.units);
   out.insert("clip_paddle_motion", motion.clip_limit, motion_units);
   out.insert("max_paddle_motion", motion.maximum, motion_units);

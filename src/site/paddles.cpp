@@ -11,8 +11,8 @@ void PadPos::declare(Script::List& list) {
 // The machines' own rule admits any number: too many or too few is told when the tree is
 // finished, with the bank's path.
 Paddles::Paddles()
-    : pad_pos({Script::SizeRule::at_least, 1, 1, 1}),
-      machines({Script::SizeRule::any, 0, 0, 0}),
+    : pad_pos(Script::Rule::at_least(1).from(1)),
+      machines(Script::Rule::any()),
       flap(machines, Machine::flap),
       piston(machines, Machine::piston) {}
 

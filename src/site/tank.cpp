@@ -63,7 +63,7 @@ Script::List& Tank::Units_enum::members() {
 }
 
 Tank::Tank()
-    : section({Script::SizeRule::at_least, 1, 1, 1}), param({Script::SizeRule::any, 0, 1, 1}) {}
+    : section(Script::Rule::at_least(1).from(1)), param(Script::Rule::any().from(1)) {}
 
 void Tank::declare(Script::List& list) {
   list.fixed("geometry", geometry);
