@@ -1,5 +1,6 @@
 // Arithmetic of the literals in a script.
 
+#include <bit>
 #include <csignal>
 #include <cstdlib>
 
@@ -13,12 +14,12 @@ std::uint32_t bits(std::int32_t number) { return std::bit_cast<std::uint32_t>(nu
 
 std::int32_t quotient(std::int32_t left, std::int32_t right) {
   if (right == 0) {
-    // On purpose not a failure that a caller sees: a script that divides an integer by zero
-    // stops the process, as the hardware would.
+    // On purpose not an exception: an integer division by zero in a script ends the process, as
+    // the hardware would end it.
     std::raise(SIGFPE);
     std::abort();
   }
-  // The one quotient that does not fit wraps to its own dividend.
+  // The smallest integer divided by -1 does not fit: it wraps to itself.
   if (right == -1) return wrapped(0u - bits(left));
   return left / right;
 }
@@ -33,37 +34,47 @@ double Variable::widened() const {
   return type_ == VarType::integer ? value_.integer : value_.real;
 }
 
+void Variable::require_numbers(const Variable& left, const Variable& right,
+                               const char* left_message, const char* right_message) {
+  if (!left.is_literal_number()) throw left_message;
+  if (!right.is_literal_number()) throw right_message;
+}
+
+bool Variable::both_integers(const Variable& left, const Variable& right) {
+  return left.type_ == VarType::integer && right.type_ == VarType::integer;
+}
+
 Variable operator+(const Variable& left, const Variable& right) {
-  if (!left.is_literal_number()) throw "Unexpected type for lhs of + operator";
-  if (!right.is_literal_number()) throw "Unexpected type for rhs value of + operator";
-  if (left.type_ == VarType::integer && right.type_ == VarType::integer) {
+  Variable::require_numbers(left, right, "Unexpected type for lhs of + operator",
+                            "Unexpected type for rhs value of + operator");
+  if (Variable::both_integers(left, right)) {
     return Variable(wrapped(bits(left.value_.integer) + bits(right.value_.integer)));
   }
   return Variable(left.widened() + right.widened());
 }
 
 Variable operator-(const Variable& left, const Variable& right) {
-  if (!left.is_literal_number()) throw "Unexpected type for lhs of - operator";
-  if (!right.is_literal_number()) throw "Unexpected type for rhs value of - operator";
-  if (left.type_ == VarType::integer && right.type_ == VarType::integer) {
+  Variable::require_numbers(left, right, "Unexpected type for lhs of - operator",
+                            "Unexpected type for rhs value of - operator");
+  if (Variable::both_integers(left, right)) {
     return Variable(wrapped(bits(left.value_.integer) - bits(right.value_.integer)));
   }
   return Variable(left.widened() - right.widened());
 }
 
 Variable operator*(const Variable& left, const Variable& right) {
-  if (!left.is_literal_number()) throw "Unexpected type for lhs of * operator";
-  if (!right.is_literal_number()) throw "Unexpected type for rhs value of * operator";
-  if (left.type_ == VarType::integer && right.type_ == VarType::integer) {
+  Variable::require_numbers(left, right, "Unexpected type for lhs of * operator",
+                            "Unexpected type for rhs value of * operator");
+  if (Variable::both_integers(left, right)) {
     return Variable(wrapped(bits(left.value_.integer) * bits(right.value_.integer)));
   }
   return Variable(left.widened() * right.widened());
 }
 
 Variable operator/(const Variable& left, const Variable& right) {
-  if (!left.is_literal_number()) throw "Unexpected type for lhs of / operator";
-  if (!right.is_literal_number()) throw "Unexpected type for rhs value of / operator";
-  if (left.type_ == VarType::integer && right.type_ == VarType::integer) {
+  Variable::require_numbers(left, right, "Unexpected type for lhs of / operator",
+                            "Unexpected type for rhs value of / operator");
+  if (Variable::both_integers(left, right)) {
     return Variable(quotient(left.value_.integer, right.value_.integer));
   }
   return Variable(left.widened() / right.widened());
@@ -71,7 +82,7 @@ Variable operator/(const Variable& left, const Variable& right) {
 
 Variable Variable::operator-() const {
   if (type_ == VarType::integer) return Variable(wrapped(0u - bits(value_.integer)));
-  // The text of addition, on purpose: the two have always shared it.
+  // On purpose the same message as for addition.
   if (type_ != VarType::real) throw "Unexpected type for rhs value of + operator";
   return Variable(-value_.real);
 }

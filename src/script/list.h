@@ -1,5 +1,5 @@
-// The declared fields of one object, in declaration order, which is also the order of printing
-// and of the checksum.
+// The declared fields of one object. The order of declaration is also the order of printing and of
+// the checksum.
 #ifndef KELPBOX_SCRIPT_LIST_H_
 #define KELPBOX_SCRIPT_LIST_H_
 
@@ -22,13 +22,12 @@ class List {
   List(const List&) = delete;
   List& operator=(const List&) = delete;
 
-  // Sets the class name when given one, and returns the name: null while the object is absent.
+  // The class name of the object, set first if one is given. It is null until the object is built.
   const char* name(const char* class_name = nullptr);
   const char* name() const { return name_; }
 
-  // Declare a field by key and address. Neither is owned; the key is a literal. Adjustable
-  // fields are tuning values; fixed fields describe the installation and are covered by the
-  // checksum.
+  // Declare a field by key and address. Neither is owned, and a key is a string literal. Adjustable
+  // fields are tuning values. Fixed fields describe the installation, and the checksum covers them.
   void adjustable(const char* key, std::int32_t& field);
   void adjustable(const char* key, double& field);
   void adjustable(const char* key, std::string& field);
@@ -45,7 +44,7 @@ class List {
   std::vector<Variable>& items() { return items_; }
   const std::vector<Variable>& items() const { return items_; }
 
-  // The log that this list's object supplies, if any.
+  // The log that the object of this list supplies, or null.
   void supply_log(Log* log) { log_ = log; }
   Log* supplied_log() const { return log_; }
 

@@ -1,8 +1,10 @@
 #include "script/log.h"
 
 #include <array>
-#include <sstream>
+#include <ios>
 #include <utility>
+
+#include "base/compose.h"
 
 namespace Script {
 namespace {
@@ -32,17 +34,12 @@ LogItm& LogItm::add(const char* part) {
 }
 
 LogItm& LogItm::add(unsigned number) {
-  std::ostringstream digits;
-  if (hex == 1) digits << std::hex << std::showbase;
-  digits << number;
-  text += digits.str();
+  text += hex == 1 ? Base::compose(std::hex, std::showbase, number) : Base::compose(number);
   return *this;
 }
 
 LogItm& LogItm::add(double number) {
-  std::ostringstream digits;
-  digits << number;
-  text += digits.str();
+  text += Base::compose(number);
   return *this;
 }
 

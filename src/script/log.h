@@ -1,4 +1,4 @@
-// Reports of the site model: a level, the names of the objects on the way, and a text.
+// Reports of the site model, and where they go.
 #ifndef KELPBOX_SCRIPT_LOG_H_
 #define KELPBOX_SCRIPT_LOG_H_
 
@@ -19,30 +19,29 @@ inline constexpr std::uint32_t info = 5;
 inline constexpr std::uint32_t detail = 6;
 }  // namespace Level
 
-// One report. It is thrown by value where the site model finds a problem. The strings of
-// `path` are owned elsewhere and must outlive it.
+// One report: a level, the path of the object that it is about, and a message. The site model
+// throws it by value. The strings of `path` are owned elsewhere and must outlive it.
 struct LogItm {
   LogItm(std::string name, std::uint32_t level);
   LogItm(const std::string* path_entry, std::string name, std::uint32_t level);
 
-  // Append to `text`. A number is written in decimal, or with `hex` 1 in hexadecimal with its
-  // base shown. A real is written as a stream writes it by default.
+  // Append to the message. An integer is written in decimal, or with `hex` 1 in hexadecimal with
+  // a "0x". A real is written in the stream's default form.
   LogItm& add(const std::string& part);
   LogItm& add(const char* part);
   LogItm& add(unsigned number);
   LogItm& add(double number);
 
-  std::vector<const std::string*> path;  // outermost first
+  std::vector<const std::string*> path;  // outermost object first
   std::string name;                      // a heading, such as "General"; not printed
   std::uint32_t level;
-  std::string text;
+  std::string text;  // the message
   std::uint32_t hex = 0;
 };
 
-// Each path entry and "::", the level's word, "::", the text.
+// Writes "<path entry>::" for each entry, then "<level>::<message>".
 std::ostream& operator<<(std::ostream& out, const LogItm& item);
 
-// Where reports go.
 class Log {
  public:
   virtual ~Log() = default;
@@ -52,8 +51,8 @@ class Log {
   virtual void build() = 0;
 };
 
-// Writes each report to a stream at once, a line each, and keeps nothing. The stream is not
-// owned, and not guarded.
+// Writes each report to a stream at once, one to a line. The stream is not owned, and it is not
+// protected against several threads.
 class SimpleLog : public Log {
  public:
   explicit SimpleLog(std::ostream& out) : out_(&out) {}

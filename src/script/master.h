@@ -1,4 +1,5 @@
-// The roots of serial objects: what reports to a log, and what declares fields to a script.
+// The base classes of everything that a script describes. A class of the site model derives from
+// Declared and names its keys in `declare`.
 #ifndef KELPBOX_SCRIPT_MASTER_H_
 #define KELPBOX_SCRIPT_MASTER_H_
 
@@ -9,7 +10,7 @@
 
 namespace Script {
 
-// Hands reports to a log, if it has one, and drops them otherwise.
+// Forwards reports to its log. Without a log they are discarded.
 class Master {
  public:
   Master() = default;
@@ -21,7 +22,7 @@ class Master {
   virtual void message(const LogItm& item);
   virtual void save() = 0;
 
-  // Attaches a log, once. Throws the plain text "Trying to build log twice".
+  // Throws const char* "Trying to build log twice" when there is a log already.
   void attach_log(Log& log);
   bool has_log() const { return log_ != nullptr; }
 
@@ -29,20 +30,20 @@ class Master {
   Log* log_ = nullptr;
 };
 
-// An object of the tree that a script describes. It declares its fields, is filled by the
-// reader, learns its path, and finishes itself, children before parents. Reports and saving
-// are forwarded to the root that owns the tree.
+// An object of the tree. It declares its fields, the reader fills them and sets its path, and then
+// it finishes itself, children before parents. It forwards reports and saving to the root of the
+// tree.
 class Declared : public Master {
  public:
-  // The name of the class in checksums, such as "Tank".
+  // The name of the class, such as "Tank". It is part of the checksum.
   virtual const char* class_name() const = 0;
-  // Appends the fields to the list.
+  // Adds each key and the field that it sets to the list.
   virtual void declare(List& list) = 0;
-  // Checks and finishes the object once all of the tree has been read and verified.
+  // Checks and finishes the object, after the whole tree has been read and verified.
   virtual void create() {}
 
   void set_path(Master& owner, const std::string& path);
-  // The keys on the way from the root, as "context::tank::section[2]".
+  // The keys from the root to this object, such as "context::tank::section[2]".
   const std::string& path() const { return path_; }
 
   void message(float time, const LogItm& item) override;
@@ -50,7 +51,7 @@ class Declared : public Master {
   void save() override;
 
  protected:
-  // A report of this object at level 1, "Error".
+  // An error report about this object, to be thrown.
   LogItm problem(const char* heading) const { return LogItm(&path_, heading, Level::error); }
 
  private:

@@ -10,9 +10,9 @@
 namespace Script {
 namespace {
 
-// Each statement that makes array elements is short, and many of them must not exhaust the memory.
-// A copy counts as well, since it takes as long.
-constexpr std::uint64_t most_elements = 200000;
+// The bound of a whole script, since each statement is bounded but there may be many. Copies count
+// because they take as long.
+constexpr std::uint64_t most_elements_in_all = 200000;
 
 }  // namespace
 
@@ -86,11 +86,10 @@ void ScriptParse::build(const Variable& array, const Variable& last, const Varia
 }
 
 void ScriptParse::count_elements(std::uint64_t elements) {
-  // The bound of one statement, which has been checked, holds for what goes beyond this one.
   elements_ += elements;
-  if (elements_ <= most_elements) return;
+  if (elements_ <= most_elements_in_all) return;
   throw "Arrays of " + std::to_string(elements_) + " elements in all are too large: at most " +
-      std::to_string(most_elements) + " can be made or copied in one script";
+      std::to_string(most_elements_in_all) + " can be made or copied in one script";
 }
 
 }  // namespace Script

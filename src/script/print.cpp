@@ -9,25 +9,21 @@
 namespace Script {
 namespace {
 
-bool is_adjustable(VarType type) {
-  return type == VarType::adjustable_integer || type == VarType::adjustable_real ||
-         type == VarType::adjustable_string || type == VarType::adjustable_enum;
-}
+constexpr int significant_digits = 6;
+constexpr unsigned on_one_line = 0;  // as an indent
+constexpr int sign_bit = 0x80;
+constexpr std::uint32_t shift_period = 24;  // of the checksum
 
-bool is_fixed(VarType type) {
-  return type == VarType::fixed_integer || type == VarType::fixed_real ||
-         type == VarType::fixed_string || type == VarType::fixed_enum;
-}
-
-// Six significant digits, as printf's %g has them in the "C" locale.
+// As printf's %g writes it in the "C" locale.
 std::string real_text(double value) {
   std::array<char, 32> digits;
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                 std::chars_format::general, 6);
+                                 std::chars_format::general, significant_digits);
   return {digits.data(), end.ptr};
 }
 
-// A block of the given number of fields: on one line, or with a line each. Nothing for none.
+// A block of one field takes one line, a block of several a line for each. An empty block is left
+// out.
 void print_block(const std::string& head, const List& list, std::ostream& out, bool adjustable_only,
                  unsigned indent) {
   const unsigned count = printable_count(list, adjustable_only);
@@ -35,9 +31,9 @@ void print_block(const std::string& head, const List& list, std::ostream& out, b
   const std::string lead(indent, '\t');
   out << lead << head << " {";
   if (count == 1) {
-    print(list, out, adjustable_only, 0);
+    print(list, out, adjustable_only, on_one_line);
     out << "}";
-    if (indent != 0) out << '\n';
+    if (indent != on_one_line) out << '\n';
   } else {
     out << '\n';
     print(list, out, adjustable_only, indent + 1);
@@ -74,7 +70,7 @@ std::string text_form(const Variable& item) {
       return std::string(item.name()) + " = " + real_text(item.real_field());
     case VarType::adjustable_string:
     case VarType::fixed_string:
-      // A text ends at its first zero, in the settings file as in the checksum.
+      // As a C string: anything after a zero character is left out.
       return std::string(item.name()) + " = \"" + item.string_field().c_str() + "\"";
     case VarType::adjustable_enum:
     case VarType::fixed_enum:
@@ -89,7 +85,7 @@ void print(const List& list, std::ostream& out, bool adjustable_only, unsigned i
     if (is_adjustable(item.type()) || is_fixed(item.type())) {
       if (adjustable_only && is_fixed(item.type())) continue;
       out << std::string(indent, '\t') << text_form(item) << ";";
-      if (indent != 0) out << '\n';
+      if (indent != on_one_line) out << '\n';
     } else if (item.type() == VarType::object) {
       const List& object = item.as_object().list();
       if (object.name()) print_block(item.name(), object, out, adjustable_only, indent);
@@ -122,10 +118,10 @@ unsigned printable_count(const List& list, bool adjustable_only) {
 
 void Checksum::add_text(const char* text) {
   for (; *text; ++text) {
-    // Signed on purpose: checksums of sites with letters above ASCII rest on it.
-    const std::int32_t widened = (static_cast<unsigned char>(*text) ^ 0x80) - 0x80;
+    // Signed on purpose: it decides the checksums of sites with letters beyond ASCII.
+    const std::int32_t widened = (static_cast<unsigned char>(*text) ^ sign_bit) - sign_bit;
     sum_ += static_cast<std::uint32_t>(widened) << shift_;
-    if (++shift_ == 24) shift_ = 0;
+    if (++shift_ == shift_period) shift_ = 0;
   }
 }
 

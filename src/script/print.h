@@ -1,4 +1,4 @@
-// Writing the tree back as script text, and reducing it to a checksum.
+// Writes the tree back as a script, and reduces it to a checksum.
 #ifndef KELPBOX_SCRIPT_PRINT_H_
 #define KELPBOX_SCRIPT_PRINT_H_
 
@@ -10,23 +10,23 @@
 
 namespace Script {
 
-// "key = value" of a simple field, whatever the process's locale. A mark is written as the number
-// or the NaN that it is.
+// "key = value" for a simple field, in any locale. An unset field is written as its mark, a number
+// or a NaN.
 std::string text_form(const Variable& item);
 
-// Writes the fields below the list as script text. With `adjustable_only`, the settings: fixed
-// fields and the declarations of arrays are left out. Throws the plain text "No other types can
-// be printed out".
+// Writes the fields below the list as a script. With `adjustable_only` it leaves out fixed fields
+// and the declarations of arrays. With an indent of 0 the fields of the list share one line. Throws
+// const char* "No other types can be printed out".
 void print(const List& list, std::ostream& out, bool adjustable_only, unsigned indent);
-// How many fields `print` would write.
+// The number of fields that `print` would write.
 unsigned printable_count(const List& list, bool adjustable_only);
 
 class Checksum {
  public:
-  // Only the concatenation of the texts counts.
+  // Several texts add the same as their concatenation.
   void add_text(const char* text);
-  // The class names and fields below the list. With `fixed_only` the adjustable fields are left
-  // out. Throws the plain text "No other types can form part of a checksum".
+  // Adds the class names and the fields below the list. With `fixed_only` it leaves out adjustable
+  // fields. Throws const char* "No other types can form part of a checksum".
   void add(const List& list, bool fixed_only);
 
   std::uint32_t value() const { return sum_; }

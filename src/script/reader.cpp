@@ -15,19 +15,20 @@ namespace fs = boost::filesystem;
 namespace {
 
 constexpr unsigned deepest_include = 200;
-// Files that include several others multiply.
+// Needed beside the depth: files that include several others multiply.
 constexpr unsigned most_files = 1000;
 constexpr std::size_t longest_token = 1048576;
+constexpr std::size_t quotes = 2;  // of a string token
 
-// On the heap: the nesting of includes, not their buffers, is what the call stack has to bear.
+// Kept on the heap because includes nest and the buffers are too large for the call stack.
 struct Source {
   explicit Source(const fs::path& file) : stream(file.string()), scan(stream) {}
   std::ifstream stream;
   ScriptScan scan;
 };
 
-// What to call a token that is kept and may have any length; null for others.
-const char* kept_kind(int token) {
+// What a message calls a token of unlimited length that is kept in memory. Null for other tokens.
+const char* long_token_name(int token) {
   switch (token) {
     case TOKEN_SIMPLE_VALUE:
       return "number";
@@ -42,8 +43,8 @@ const char* kept_kind(int token) {
 
 }  // namespace
 
-void SubSerial::Parser::report(const std::string& text) {
-  Base::script_faults() << "Failing at " << text;
+void SubSerial::Parser::report(const std::string& error) {
+  Base::script_faults() << "Failing at " << error;
   if (!open_.empty()) {
     Base::script_faults() << " in " << open_.back().file << " at line " << open_.back().scan->line()
                           << " column " << open_.back().scan->column();
@@ -51,58 +52,51 @@ void SubSerial::Parser::report(const std::string& text) {
   Base::script_faults() << std::endl;
 }
 
-bool SubSerial::Parser::read(const fs::path& file, unsigned depth) {
+bool SubSerial::Parser::read(const fs::path& file) {
+  require_regular(file);
   boost::system::error_code ignored;
-  if (fs::status(file, ignored).type() != fs::regular_file) {
-    throw "File \"" + file.string() + "\" does not exist";
-  }
   const fs::path canonical = fs::canonical(file, ignored);
-  refuse_loop(file, canonical);
-  if (opened_ == most_files) {
-    throw "File \"" + file.string() + "\" is not opened: one script can open at most " +
-        std::to_string(most_files) + " files";
-  }
-
+  require_no_loop(file, canonical);
+  require_few_files(file);
   auto source = std::make_unique<Source>(file);
   if (!source->stream.is_open()) {
     throw "Unable to open file \"" + file.string() + "\" for input";
   }
-  const std::string indent(std::size_t{2} * depth, ' ');
-  Base::progress() << indent << "Opened file  " << file << " for input\n" << std::flush;
 
+  const std::string indent(2 * open_.size(), ' ');
+  Base::progress() << indent << "Opened file  " << file << " for input\n" << std::flush;
   ++opened_;
   open_.push_back({file, canonical, &source->scan});
   bool good = true;
   while (good) {
-    const int token = next(source->scan, file);
-    if (token == 0) break;
+    const int token = next_token(source->scan, file);
+    if (token == TOKEN_END) break;
     if (token == TOKEN_INCLUDE) {
-      // Only the file in which the parser gave up is left with a line.
-      if (!include(source->scan, file, depth)) return false;
+      // Only the innermost file of a failed parse has a leaving line.
+      if (!include(source->scan, file)) return false;
     } else {
-      good = take(source->scan, token);
+      good = push_token(source->scan, token);
     }
   }
   open_.pop_back();
   source.reset();
-
   Base::progress() << indent << "Leaving file " << file << '\n' << std::flush;
   return good;
 }
 
-int SubSerial::Parser::next(ScriptScan& scan, const fs::path& file) const {
+int SubSerial::Parser::next_token(ScriptScan& scan, const fs::path& file) const {
   const int token = scan.yylex();
-  const char* kind = kept_kind(token);
-  if (!kind) return token;
-  const std::size_t quotes = token == TOKEN_STRING_VAL ? 2 : 0;
-  const std::size_t length = static_cast<std::size_t>(scan.YYLeng()) - quotes;
+  const char* name = long_token_name(token);
+  if (!name) return token;
+  auto length = static_cast<std::size_t>(scan.YYLeng());
+  if (token == TOKEN_STRING_VAL) length -= quotes;
   if (length <= longest_token) return token;
-  throw "File \"" + file.string() + "\" has a " + kind + " of " + std::to_string(length) +
+  throw "File \"" + file.string() + "\" has a " + name + " of " + std::to_string(length) +
       " characters at line " + std::to_string(scan.line()) + ": at most " +
       std::to_string(longest_token) + " can be read";
 }
 
-bool SubSerial::Parser::take(ScriptScan& scan, int token) {
+bool SubSerial::Parser::push_token(ScriptScan& scan, int token) {
   if (token != TOKEN_IDENT) return push(token, std::move(scan.value()));
   Variable found = find(scan.text());
   if (found.type() == VarType::empty) Base::progress() << "UNFOUND = " << scan.text() << std::endl;
@@ -110,14 +104,20 @@ bool SubSerial::Parser::take(ScriptScan& scan, int token) {
   return push(kind, std::move(found));
 }
 
-bool SubSerial::Parser::include(ScriptScan& scan, const fs::path& file, unsigned depth) {
-  if (next(scan, file) != TOKEN_STRING_VAL) {
+bool SubSerial::Parser::include(ScriptScan& scan, const fs::path& file) {
+  if (next_token(scan, file) != TOKEN_STRING_VAL) {
     throw std::string("Incorrect syntax in include directive");
   }
-  return read(file.parent_path() / scan.value().as_string(), depth + 1);
+  return read(file.parent_path() / scan.value().as_string());
 }
 
-void SubSerial::Parser::refuse_loop(const fs::path& file, const fs::path& canonical) const {
+void SubSerial::Parser::require_regular(const fs::path& file) const {
+  boost::system::error_code ignored;
+  if (fs::status(file, ignored).type() == fs::regular_file) return;
+  throw "File \"" + file.string() + "\" does not exist";
+}
+
+void SubSerial::Parser::require_no_loop(const fs::path& file, const fs::path& canonical) const {
   for (const Open& open : open_) {
     if (open.canonical != canonical) continue;
     throw "File \"" + file.string() + "\" includes itself" +
@@ -126,6 +126,12 @@ void SubSerial::Parser::refuse_loop(const fs::path& file, const fs::path& canoni
   if (open_.size() > deepest_include) {
     throw "File \"" + file.string() + "\" is included too deeply";
   }
+}
+
+void SubSerial::Parser::require_few_files(const fs::path& file) const {
+  if (opened_ < most_files) return;
+  throw "File \"" + file.string() + "\" is not opened: one script can open at most " +
+      std::to_string(most_files) + " files";
 }
 
 }  // namespace Script

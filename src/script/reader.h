@@ -1,4 +1,4 @@
-// Reads script files, with the files they include, into one parser.
+// Reads script files, and the files that they include, into one parser.
 #ifndef KELPBOX_SCRIPT_READER_H_
 #define KELPBOX_SCRIPT_READER_H_
 
@@ -16,10 +16,11 @@ class SubSerial::Parser : public ScriptParse {
  public:
   using ScriptParse::ScriptParse;
 
-  // Returns false when the parser failed. Throws as SubSerial::read does.
-  bool read(const boost::filesystem::path& file) { return read(file, 0); }
+  // Returns false when the parser's stack is exhausted. Throws as SubSerial::read does.
+  bool read(const boost::filesystem::path& file);
 
-  void report(const std::string& text) override;
+  // Writes the error and the place of the last token to the stream for script faults.
+  void report(const std::string& error) override;
 
  private:
   struct Open {
@@ -28,16 +29,21 @@ class SubSerial::Parser : public ScriptParse {
     const ScriptScan* scan;
   };
 
-  bool read(const boost::filesystem::path& file, unsigned depth);
-  int next(ScriptScan& scan, const boost::filesystem::path& file) const;
-  bool take(ScriptScan& scan, int token);
-  bool include(ScriptScan& scan, const boost::filesystem::path& file, unsigned depth);
-  void refuse_loop(const boost::filesystem::path& file,
-                   const boost::filesystem::path& canonical) const;
+  // The next token. Throws std::string when it is longer than a script may make it.
+  int next_token(ScriptScan& scan, const boost::filesystem::path& file) const;
+  // Gives the token to the parser. A name is looked up first.
+  bool push_token(ScriptScan& scan, int token);
+  // Reads the file that the token after `include` names.
+  bool include(ScriptScan& scan, const boost::filesystem::path& file);
+  // Throw std::string.
+  void require_regular(const boost::filesystem::path& file) const;
+  void require_no_loop(const boost::filesystem::path& file,
+                       const boost::filesystem::path& canonical) const;
+  void require_few_files(const boost::filesystem::path& file) const;
 
-  // The file being read is the last, behind those that include it.
+  // The file being read is the last, after those that include it.
   std::vector<Open> open_;
-  unsigned opened_ = 0;  // in all
+  unsigned opened_ = 0;  // files in all, open or left
 };
 
 }  // namespace Script

@@ -15,7 +15,7 @@ int ScriptScan::LexerInput(char* buffer, int size) {
   return in_.bad() ? -1 : static_cast<int>(in_.gcount());
 }
 
-void ScriptScan::LexerError(const char* text) { throw text; }
+void ScriptScan::LexerError(const char* message) { throw message; }
 
 void ScriptScan::advance(const char* characters, int count) {
   value_ = Variable();

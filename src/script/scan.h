@@ -1,4 +1,4 @@
-// The scanner of one script file. Its patterns are script_scan.l.
+// The scanner of one script file. Its patterns are in script_scan.l.
 #ifndef KELPBOX_SCRIPT_SCAN_H_
 #define KELPBOX_SCRIPT_SCAN_H_
 
@@ -16,26 +16,28 @@ namespace Script {
 
 class ScriptScan : public ScriptScanFlexLexer {
  public:
-  // The stream is not owned. It must be good.
+  // The stream is not owned.
   explicit ScriptScan(std::istream& in);
 
-  // The next token, or 0 at the end. Faults of the scanner are thrown as plain texts.
+  // The kind of the next token, or 0 at the end. Throws const char* when the stream or the scanner
+  // fails.
   int yylex() override;
 
-  // The last token's characters, its value (empty unless it is a number or a string), and where
-  // it began.
+  // The last token: its characters, its value (empty unless it is a number or a string), and where
+  // it begins.
   std::string text() const { return {YYText(), static_cast<std::size_t>(YYLeng())}; }
   Variable& value() { return value_; }
   unsigned line() const { return token_line_; }
   unsigned column() const { return token_column_; }
 
  protected:
-  // Characters that mean nothing, to standard output.
+  // Writes meaningless characters to standard output.
   void LexerOutput(const char* characters, int count) override;
   int LexerInput(char* buffer, int size) override;
-  void LexerError(const char* text) override;
+  void LexerError(const char* message) override;
 
  private:
+  // Clears the value and moves the position past the token.
   void advance(const char* characters, int count);
 
   std::istream& in_;

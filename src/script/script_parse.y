@@ -1,7 +1,7 @@
 // The grammar of site scripts.
 //
-// A name reaches it as the kind of the entry that the name finds in the open scope; so actions
-// that open and close a scope stand as early as they can, before the next name is looked up.
+// A name arrives as the kind of the entry that it finds in the innermost open block. Actions that
+// open or close a block therefore stand as early as possible, before the next name is looked up.
 
 %require "3.8"
 %define api.pure full
@@ -18,15 +18,15 @@
 }
 
 %code top {
-// A script nests as deep as these fixed stacks; they do not grow.
+// The stacks are fixed. They limit the nesting of blocks and parentheses.
 #define YYINITDEPTH 200
 #define YYMAXDEPTH 200
 }
 
 %code {
-// Other than a syntax error, only the stack's end is reported here.
-static void script_parse_error(Script::ScriptParse& parse, const char* text) {
-  parse.report(std::string(text) + ", the script is nested too deeply");
+// Only called when the stack is exhausted: syntax errors go to yyreport_syntax_error.
+static void script_parse_error(Script::ScriptParse& parse, const char* error) {
+  parse.report(std::string(error) + ", the script is nested too deeply");
 }
 }
 
@@ -115,8 +115,8 @@ value
 
 %%
 
-// Which look-up in the tables found no way on.
-static const char* table_failure(int state, yysymbol_kind_t token) {
+// The name of the table in which the look-up failed.
+static const char* failed_table(int state, yysymbol_kind_t token) {
   const int row = yypact[state];
   if (yypact_value_is_default(row)) return "yydefact from yypact error";
   const int entry = row + token;
@@ -136,5 +136,5 @@ static int yyreport_syntax_error(const yypcontext_t* context, Script::ScriptPars
     text += yysymbol_name(expected[i]);
   }
   parse.report(text);
-  throw table_failure(*context->yyps->yyssp, token);
+  throw failed_table(*context->yyps->yyssp, token);
 }

@@ -43,15 +43,17 @@ void SubSerial::finish_objects(const std::string& main_path) {
     message(item);
     Base::progress() << "Exception:-" << item << '\n' << std::flush;
     throw std::string("Caught log exception");
-  } catch (const std::string& text) {
-    throw main_path + "::" + text;
+  } catch (const std::string& message) {
+    throw main_path + "::" + message;
   }
 }
 
 void SubSerial::save() {
   if (second_path_.empty()) return;
   std::ofstream file(second_path_);
-  if (file.is_open()) print(root_, file, true, 0);
+  constexpr bool adjustable_only = true;
+  constexpr unsigned no_indent = 0;
+  if (file.is_open()) print(root_, file, adjustable_only, no_indent);
 }
 
 std::uint32_t SubSerial::checksum(bool fixed_only) const {

@@ -1,4 +1,4 @@
-// The reader of site scripts, and the owner of the tree that it fills.
+// Reads a script into a tree of objects, writes its settings back, and owns the tree.
 #ifndef KELPBOX_SCRIPT_SERIALISE_H_
 #define KELPBOX_SCRIPT_SERIALISE_H_
 
@@ -13,28 +13,27 @@ namespace Script {
 
 class SubSerial : public Master {
  public:
-  // `key` is the one name that a script may open at its top level.
+  // `key` is the only name that a script may open at its top level.
   SubSerial(const char* key, BaseWrapObj& root);
   ~SubSerial() override;
 
-  // Reads the main script and, when its path is not empty, the second one behind it, as one
-  // stream of tokens; verifies, names and finishes the tree. Ready-to-paste lines for missing
-  // keys go to `report`.
+  // Reads the main script and then the second one, unless its path is empty, as one stream of
+  // tokens. Then verifies the tree, sets its paths and lets its objects finish themselves. Lines
+  // for missing keys, ready to paste into a script, go to `report`.
   //
   // Throws std::string: `File "<path>" does not exist`, `Unable to open file "<path>" for
   // input`, "<main>::parse error", "<main>::Failed to verify", "<main>::No log object found",
-  // "Caught log exception" (the item goes to the log), "<main>::<text>" for any other string
-  // of a finishing object, "Incorrect syntax in include directive", `File "<path>" includes
-  // itself`, and a bound that the script exceeds (docs/limits.md); and plain texts (const char*) of
-  // the framework and the parser. What was set before a failure stays set, and the object is then
-  // of no further use.
+  // "Caught log exception" (the item goes to the log), "<main>::<message>" for a string thrown by
+  // a finishing object, "Incorrect syntax in include directive", `File "<path>" includes itself`,
+  // and the messages of docs/limits.md. Throws const char* for syntax errors and misuse of the
+  // framework. After a failure the tree is partly filled and must not be used.
   void read(std::ostream& report, const std::string& main_path, const std::string& second_path);
 
-  // Writes the adjustable fields to the second path; nothing when that is empty.
+  // Writes the adjustable fields to the second path, unless it is empty. A file that cannot be
+  // opened is not reported.
   void save() override;
 
-  // The sum over the fixed fields of the tree from the root object down; with `fixed_only`
-  // false over all fields.
+  // The checksum of the fixed fields of the tree, or of all fields with `fixed_only` false.
   std::uint32_t checksum(bool fixed_only = true) const;
 
  private:
@@ -47,7 +46,8 @@ class SubSerial : public Master {
   List root_;
 };
 
-// The reader of a tree whose root is of class T.
+// The reader of a tree whose root is of class T. The wrapper is a base class so that it exists
+// before SubSerial refers to it.
 template <typename T>
 class Serialise : private WrapObj<T>, public SubSerial {
  public:

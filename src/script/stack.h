@@ -1,4 +1,4 @@
-// The scopes that a script has open, innermost on top. Only the innermost is searched.
+// The blocks that a script has open, innermost on top. Names are looked up in the innermost only.
 #ifndef KELPBOX_SCRIPT_STACK_H_
 #define KELPBOX_SCRIPT_STACK_H_
 
@@ -12,10 +12,9 @@ namespace Script {
 
 class Stack {
  public:
-  // Neither owned nor copied: a list must outlive its place on the stack, and its items must not
-  // move.
+  // The list is not copied. Until it is popped it must stay alive, and its items must not move.
   void push(List& list);
-  // Throws the plain text "Stack underflow!" rather than remove the last list.
+  // Throws const char* "Stack underflow!" instead of removing the last list.
   void pop();
   // The entry of that name in the innermost list, or an empty Variable.
   Variable find(const std::string& name) const;

@@ -11,7 +11,7 @@ namespace Script {
 class SubEnum {
  public:
   virtual ~SubEnum() = default;
-  // The members, names and numbers. A member's number need not equal its position.
+  // The names and numbers of the members. A number need not equal the member's position.
   virtual List& members() = 0;
   // The current member's name, or "Not found".
   const char* member_name();

@@ -1,8 +1,8 @@
-// The values on the parser's stack, which itself holds plain pointers to them.
+// Owns the values on the parser's stack, which holds plain pointers to them. A parse that fails
+// leaves its values here, so none leaks.
 //
-// A place is used again once its value has been taken, so that the places are as many as a stack
-// ever held at once, however long the script. A parse that fails leaves its values here, and each
-// is freed once.
+// A place is reused after its value has been taken. The number of places is therefore the largest
+// number of values held at once, however long the script is.
 #ifndef KELPBOX_SCRIPT_VALUES_H_
 #define KELPBOX_SCRIPT_VALUES_H_
 
@@ -26,7 +26,7 @@ class Values {
     return place;
   }
 
-  // Once for each value kept.
+  // Call it once for each value kept.
   Variable take(Variable* place) {
     free_.push_back(place);
     return std::move(*place);

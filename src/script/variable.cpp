@@ -1,46 +1,12 @@
 #include "script/variable.h"
 
-#include <cmath>
-#include <ostream>
-#include <sstream>
+#include <bit>
 #include <utility>
 
-#include "base/streams.h"
 #include "script/sub_enum.h"
 #include "script/wrap.h"
 
 namespace Script {
-namespace {
-
-bool is_integer_field(VarType type) {
-  return type == VarType::adjustable_integer || type == VarType::fixed_integer;
-}
-bool is_real_field(VarType type) {
-  return type == VarType::adjustable_real || type == VarType::fixed_real;
-}
-bool is_string_field(VarType type) {
-  return type == VarType::adjustable_string || type == VarType::fixed_string;
-}
-bool is_enum_field(VarType type) {
-  return type == VarType::adjustable_enum || type == VarType::fixed_enum;
-}
-
-std::int32_t rounded(double value, const char* name) {
-  const double nearest = std::floor(value + 0.5);
-  if (!(nearest >= -2147483648.0 && nearest <= 2147483647.0)) {
-    std::ostringstream text;
-    text << "Value " << value << " does not fit the integer variable " << name;
-    throw text.str();
-  }
-  // Rounding to 0 divides by 0: any loss is then infinite, and an exact 0 is none.
-  if (std::abs(value - nearest) / std::abs(nearest) > 0.001) {
-    Base::progress() << "Loss of resolution while rounding value " << value << " for variable "
-                     << name << std::endl;
-  }
-  return static_cast<std::int32_t>(nearest);
-}
-
-}  // namespace
 
 Variable::Variable(std::int32_t literal) : type_(VarType::integer) { value_.integer = literal; }
 Variable::Variable(double literal) : type_(VarType::real) { value_.real = literal; }
@@ -179,60 +145,6 @@ bool Variable::is_required() const {
   }
   if (type_ == VarType::array) return value_.array->fixed_size() || value_.array->required();
   return true;
-}
-
-void Variable::assign(Variable& source) {
-  const VarType from = source.type_;
-  if (is_integer_field(type_)) {
-    if (from == VarType::integer) {
-      *value_.integer_field = source.value_.integer;
-    } else if (from == VarType::real) {
-      *value_.integer_field = rounded(source.value_.real, name_);
-    } else if (is_integer_field(from)) {
-      *value_.integer_field = *source.value_.integer_field;
-    } else {
-      throw "Trying to set an int value with an unexpected type";
-    }
-  } else if (is_real_field(type_)) {
-    if (from == VarType::integer) {
-      *value_.real_field = source.value_.integer;
-    } else if (from == VarType::real) {
-      *value_.real_field = source.value_.real;
-    } else if (is_real_field(from)) {
-      *value_.real_field = *source.value_.real_field;
-    } else {
-      throw "Trying to set an int value with an unexpected type";
-    }
-  } else if (is_string_field(type_)) {
-    if (from == VarType::string) {
-      const Variable owner = std::move(source);
-      *value_.string = std::move(*owner.value_.string);
-    } else if (is_string_field(from)) {
-      *value_.string = *source.value_.string;
-    } else {
-      throw "Trying to set a string variable with an unexpected type";
-    }
-  } else if (is_enum_field(type_)) {
-    if (from == VarType::member) {
-      value_.enumeration->number = source.value_.integer;
-    } else if (is_enum_field(from)) {
-      value_.enumeration->number = source.value_.enumeration->number;
-    } else {
-      throw "Trying to set an enum variable with an unexpected type";
-    }
-  } else {
-    throw "Trying to set an unknown variable type";
-  }
-}
-
-void Variable::set_no_value() {
-  if (is_integer_field(type_)) {
-    *value_.integer_field = NoInteger;
-  } else if (is_real_field(type_)) {
-    *value_.real_field = NoReal;
-  } else {
-    throw "Trying to set to NaN an item not of simple variable type";
-  }
 }
 
 }  // namespace Script

@@ -1,45 +1,19 @@
 // One declared field of an object, or one value on the parser's stack.
 //
-// Failures of the script framework are thrown as plain texts (const char*), not as strings.
+// Misuse is thrown as a C string (const char*), as everywhere in the script framework.
 #ifndef KELPBOX_SCRIPT_VARIABLE_H_
 #define KELPBOX_SCRIPT_VARIABLE_H_
 
-#include <bit>
 #include <cstdint>
 #include <string>
+
+#include "script/var_type.h"
 
 namespace Script {
 
 class BaseWrapObj;
 class BaseWrapAry;
 class SubEnum;
-
-enum class VarType : std::int32_t {
-  empty = 0,  // also "not found"
-  integer = 1,
-  real = 2,
-  string = 3,
-  member = 4,  // of an enumeration
-  adjustable_integer = 5,
-  fixed_integer = 6,
-  adjustable_real = 7,
-  fixed_real = 8,
-  adjustable_string = 9,
-  fixed_string = 10,
-  adjustable_enum = 11,
-  fixed_enum = 12,
-  object = 13,
-  array = 14,
-};
-
-// Marks of fields: unset (no value yet, which fails verification), and no value (set to `$`).
-inline constexpr std::int32_t UnsetInteger = 0x7FFFFFFF;
-inline constexpr std::int32_t NoInteger = static_cast<std::int32_t>(0x80000000);
-inline constexpr std::uint64_t UnsetRealBits = 0x7FF0000000000001;
-inline constexpr std::uint64_t NoRealBits = 0x7FF8000000000000;
-inline const double UnsetReal = std::bit_cast<double>(UnsetRealBits);
-inline const double NoReal = std::bit_cast<double>(NoRealBits);
-inline constexpr const char* UnsetString = "#UNDEF#";
 
 class Variable {
  public:
@@ -49,7 +23,7 @@ class Variable {
   explicit Variable(std::string literal);
   // A member of an enumeration.
   Variable(const char* member, std::int32_t number);
-  // A declared field: its kind, its key and its address, neither of them owned.
+  // A declared field: its kind, its key and its address. Neither key nor field is owned.
   Variable(VarType type, const char* key, std::int32_t* field);
   Variable(VarType type, const char* key, double* field);
   Variable(VarType type, const char* key, std::string* field);
@@ -64,42 +38,46 @@ class Variable {
   Variable& operator=(const Variable& other) = delete;
   ~Variable();
 
-  // The same entry again, for looking it up. A string literal is copied.
+  // A second Variable for the same field. A string literal is copied.
   Variable reference() const;
 
   VarType type() const { return type_; }
   const char* name() const { return name_; }
 
-  // Reading; each throws its own text when the type is another.
+  // The value. Each throws its message for any other type.
   std::int32_t as_integer() const;       // "Wrong type 8"
   const std::string& as_string() const;  // "Wrong type 10"
   BaseWrapObj& as_object() const;        // "Wrong type 1"
   BaseWrapAry& as_array() const;         // "Wrong type 2"
   SubEnum& as_enum() const;              // "Wrong type 6"
-  // "Wrong type"
+  // These throw "Wrong type".
   std::int32_t member_number() const;
   const std::int32_t& integer_field() const;
   const double& real_field() const;
   const std::string& string_field() const;
 
-  // Removes the first and the last character of a string literal. "Wrong type", "Can't strip
-  // this string as its too small".
+  // Removes the first and the last character of a string literal. Throws "Wrong type" or "Can't
+  // strip this string as its too small".
   void strip_quotes();
 
-  // Arithmetic of literals: integers stay integers and wrap, a real on either side makes a real.
-  // An integer division by zero stops the process.
+  // Arithmetic of literals (arithmetic.cpp). Integers stay integers and wrap; a real on either side
+  // makes a real. Division of an integer by zero ends the process.
   friend Variable operator+(const Variable& left, const Variable& right);
   friend Variable operator-(const Variable& left, const Variable& right);
   friend Variable operator*(const Variable& left, const Variable& right);
   friend Variable operator/(const Variable& left, const Variable& right);
   Variable operator-() const;
 
+  // Whether a declared field differs from its unset mark, or a wrapper has built anything.
   bool is_set() const;
+  // Whether verification demands the field.
   bool is_required() const;
-  // Stores the source's value in the declared field. A real that goes into an integer is rounded,
-  // and a loss told on standard output; one that does not fit throws std::string.
+
+  // Stores the source's value in the declared field (assign.cpp). A real is rounded to an integer
+  // field: a loss of resolution is reported on standard output, and a real that does not fit
+  // throws std::string.
   void assign(Variable& source);
-  // Stores the no-value mark in a declared number.
+  // Stores the mark for no value in a declared number.
   void set_no_value();
 
  private:
@@ -116,6 +94,14 @@ class Variable {
 
   bool is_literal_number() const;
   double widened() const;
+  static void require_numbers(const Variable& left, const Variable& right,
+                              const char* left_message, const char* right_message);
+  static bool both_integers(const Variable& left, const Variable& right);
+
+  void assign_integer(const Variable& source);
+  void assign_real(const Variable& source);
+  void assign_string(Variable& source);
+  void assign_enum(const Variable& source);
 
   VarType type_ = VarType::empty;
   const char* name_ = nullptr;

@@ -7,8 +7,8 @@
 namespace Script {
 namespace {
 
-std::string indexed(const std::string& text, std::int32_t index) {
-  return text + "[" + std::to_string(index) + "]";
+std::string indexed(const std::string& key, std::int32_t index) {
+  return key + "[" + std::to_string(index) + "]";
 }
 
 bool same_name(const char* left, const char* right) {
@@ -16,14 +16,14 @@ bool same_name(const char* left, const char* right) {
   return std::string_view(left) == right;
 }
 
-const char* missing(VarType type) {
+// What follows a missing key in the line to paste.
+const char* placeholder(VarType type) {
   if (type == VarType::object) return "{}";
   return type == VarType::array ? "[$..$]" : " = $;";
 }
 
 void clone_array(BaseWrapAry& to, const BaseWrapAry& from) {
-  // An array that was never declared has no size to build; a template element may leave its own
-  // arrays to the blocks of single elements.
+  // The first element may leave an inner array to the blocks of single elements.
   if (from.lists().empty()) return;
   to.build(from.index(from.lists().size() - 1), from.offset());
   for (std::size_t i = 0; i < from.lists().size(); ++i) clone(to.lists()[i], from.lists()[i]);
@@ -38,7 +38,7 @@ bool verify(const List& list, std::ostream& report, unsigned depth, const std::s
     if (!item.is_set()) {
       if (!item.is_required()) continue;
       complete = false;
-      report << key << missing(item.type()) << std::string(depth, '}') << '\n' << std::flush;
+      report << key << placeholder(item.type()) << std::string(depth, '}') << '\n' << std::flush;
     } else if (item.type() == VarType::object) {
       if (!verify(item.as_object().list(), report, depth + 1, key + "{")) complete = false;
     } else if (item.type() == VarType::array) {
