@@ -1,8 +1,7 @@
 // The grammar of a formula.
 //
-// A finished part of the tree is handed to the parser at once, and an operator takes its operands
-// from there; so a value carries nothing on the parser's stack, and a parse that fails in its
-// middle has nothing to free.
+// Each action hands a finished part of the tree to ExpressionParser, where operators find their
+// operands. The generated parser therefore holds no tree, and a failed parse has nothing to free.
 
 %define api.pure full
 %define api.push-pull push
@@ -18,7 +17,7 @@
 }
 
 %code {
-// The stack does not grow: formulas of hosts nest a few deep.
+// The stack is fixed. It limits the nesting of a formula.
 #define YYINITDEPTH 200
 #define YYMAXDEPTH 200
 
@@ -37,7 +36,7 @@ static void yyerror(Expression::ExpressionParser& parser, const char* report) {
 %token <text> PARAMETER UNITS
 %token VARIABLE LPAR RPAR COMMA
 
-// From loosest to tightest.
+// From loosest to tightest binding.
 %left PLUS MINUS
 %left TIMES DIVIDE
 %precedence NEGATE

@@ -3,7 +3,6 @@
 #include <ostream>
 #include <sstream>
 #include <string_view>
-#include <utility>
 
 #include "base/streams.h"
 #include "expression/node.h"
@@ -14,11 +13,12 @@
 namespace Expression {
 namespace {
 
-constexpr std::string_view SyntaxError = "ExpressionParser error::";
-constexpr std::size_t LongestToken = 1048576;
+constexpr std::string_view syntax_error = "ExpressionParser error::";
+constexpr std::size_t longest_token = 1048576;
+constexpr std::size_t brackets = 2;  // of a UNITS token
 
-// What to call a token that may have any length; null for others.
-const char* long_kind(int kind) {
+// What a message calls a token of unlimited length. Null for other tokens.
+const char* long_token_name(int kind) {
   switch (kind) {
     case CONST_VAL:
       return "number";
@@ -35,18 +35,18 @@ const char* long_kind(int kind) {
 std::string beginning(const std::string& formula) {
   std::size_t length = 60;
   if (formula.size() <= length) return formula;
-  // Not in the middle of a UTF-8 character.
-  while (length > 0 && (formula[length] & 0xC0) == 0x80) --length;
+  const auto continues_character = [](char byte) { return (byte & 0xC0) == 0x80; };  // in UTF-8
+  while (length > 0 && continues_character(formula[length])) --length;
   return formula.substr(0, length) + "...";
 }
 
-void refuse_long(int kind, std::size_t length, const std::string& formula) {
-  const char* name = long_kind(kind);
+void require_short_token(int kind, std::size_t length, const std::string& formula) {
+  const char* name = long_token_name(kind);
   if (name == nullptr) return;
-  if (kind == UNITS) length -= 2;  // the brackets
-  if (length <= LongestToken) return;
+  if (kind == UNITS) length -= brackets;
+  if (length <= longest_token) return;
   throw "Formula \"" + beginning(formula) + "\" has a " + name + " of " + std::to_string(length) +
-      " characters: at most " + std::to_string(LongestToken) + " can be read";
+      " characters: at most " + std::to_string(longest_token) + " can be read";
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ class Function::Parser final : public ExpressionParser {
  public:
   void error(const std::string& report) override {
     Base::progress() << "Help" << report << std::endl;
-    throw std::string(SyntaxError) + report;
+    throw std::string(syntax_error) + report;
   }
 };
 
@@ -79,11 +79,11 @@ void Function::parse(const std::string& text) {
     int kind;
     do {
       kind = scanner.next(value);
-      refuse_long(kind, static_cast<std::size_t>(scanner.YYLeng()), expression);
+      require_short_token(kind, static_cast<std::size_t>(scanner.YYLeng()), expression);
       parser.push(kind, value);
-    } while (kind != 0);
+    } while (kind != EXPRESSION_EOF);
   } catch (const std::string& failure) {
-    if (!failure.starts_with(SyntaxError)) throw;
+    if (!failure.starts_with(syntax_error)) throw;
     throw "Error while parsing expression ::" + expression;
   }
 
@@ -124,17 +124,15 @@ Base::Quantity Function::constant() const {
   if (!fixed_) {
     throw std::string("Trying to find the constant value of a non constant function");
   }
-  // is_constant alone stores no value.
+  // A function that was never bound has no stored value.
   return {value_ ? *value_ : tree.eval(no_variable()), units_, Base::ValueState{}};
 }
 
 void Function::print(std::ostream& out) const { root().print(out); }
 
-const Node& Function::root() const {
+Node& Function::root() const {
   if (root_ == nullptr) throw std::string("Evaluated incomplete function");
   return *root_;
 }
-
-Node& Function::root() { return const_cast<Node&>(std::as_const(*this).root()); }
 
 }  // namespace Expression

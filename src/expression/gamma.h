@@ -1,8 +1,8 @@
 // The gamma function of the expression language, for arguments above 0 only.
 //
-// Rational approximation on 1..2 (W. J. Cody, "An overview of software development for special
-// functions", 1976) with the recurrence up to 12, Stirling's series from there. 13 to 15 digits,
-// but only 6 below 0.001, where a short series serves.
+// From 1 to 2 it is a rational approximation (W. J. Cody, "An overview of software development for
+// special functions", 1976), up to 12 the recurrence relation, and above that Stirling's series.
+// These have 13 to 15 correct digits. Below 0.001 a short series has 6.
 #ifndef KELPBOX_EXPRESSION_GAMMA_H_
 #define KELPBOX_EXPRESSION_GAMMA_H_
 

@@ -1,21 +1,6 @@
 #include "expression/node.h"
 
-#include <array>
-#include <cmath>
-
-#include "expression/gamma.h"
-
 namespace Expression {
-namespace {
-
-// By operator number. "sqr" and "log10" are not the names that the language reads.
-constexpr std::array<const char*, 16> UnaryPrefix{
-    "-(",    "sqr(",  "sqrt(", "tan(",  "cos(", "sin(", "atan(",  "acos(",
-    "asin(", "tanh(", "cosh(", "sinh(", "exp(", "log(", "log10(", "tgamma("};
-
-constexpr std::array<const char*, 6> BinaryInfix{" ^ ", " * ", " / ", " + ", " - ", ", "};
-
-}  // namespace
 
 Base::Quantity no_variable() {
   return {0.0, Base::default_units(Base::Category::unit), Base::ValueState{}};
@@ -47,56 +32,17 @@ void Parameter::print(std::ostream& out) const { out << name_ << '[' << units_ <
 
 bool UnaryOp::bind(const Base::Params& source, Base::Params& target) {
   if (!child_->bind(source, target)) return false;
-  value_ = apply(child_->eval(no_variable()));
+  value_ = apply_unary(op_, child_->eval(no_variable()));
   folded_ = true;
   return true;
 }
 
 double UnaryOp::eval(const Base::Quantity& variable) const {
-  return folded_ ? value_ : apply(child_->eval(variable));
-}
-
-double UnaryOp::apply(double x) const {
-  switch (op_) {
-    case Unary::negate:
-      return -x;
-    case Unary::square:
-      return x * x;
-    case Unary::square_root:
-      return std::sqrt(x);
-    case Unary::tangent:
-      return std::tan(x);
-    case Unary::cosine:
-      return std::cos(x);
-    case Unary::sine:
-      return std::sin(x);
-    case Unary::arc_tangent:
-      return std::atan(x);
-    case Unary::arc_cosine:
-      return std::acos(x);
-    case Unary::arc_sine:
-      return std::asin(x);
-    case Unary::hyperbolic_tangent:
-      return std::tanh(x);
-    case Unary::hyperbolic_cosine:
-      return std::cosh(x);
-    case Unary::hyperbolic_sine:
-      return std::sinh(x);
-    case Unary::exponential:
-      return std::exp(x);
-    case Unary::natural_logarithm:
-      return std::log(x);
-    case Unary::decimal_logarithm:
-      return std::log10(x);
-    case Unary::gamma:
-      return tgamma(x);
-    default:
-      throw std::string("Unknown unary operator in eval");
-  }
+  return folded_ ? value_ : apply_unary(op_, child_->eval(variable));
 }
 
 void UnaryOp::print(std::ostream& out) const {
-  out << (op_ < UnaryPrefix.size() ? UnaryPrefix[op_] : "(");
+  out << unary_prefix(op_);
   child_->print(out);
   out << ')';
 }
@@ -163,45 +109,26 @@ double BinaryOp::eval(const Base::Quantity& variable) const {
   double result = node->folded_ ? node->value_ : node->compute(variable);
   while (node != this) {
     node = node->above_;
-    result = node->apply(result, node->right_->eval(variable));
+    result = apply_binary(node->op_, result, node->right_->eval(variable));
   }
   return result;
 }
 
-// In two steps, since the arguments of one call are evaluated in any order.
+// In two steps, since the order in which the arguments of a call are evaluated is open.
 double BinaryOp::compute(const Base::Quantity& variable) const {
   const double left = left_->eval(variable);
-  return apply(left, right_->eval(variable));
-}
-
-double BinaryOp::apply(double left, double right) const {
-  switch (op_) {
-    case Binary::power:
-      return std::pow(left, right);
-    case Binary::times:
-      return left * right;
-    case Binary::divide:
-      return left / right;
-    case Binary::plus:
-      return left + right;
-    case Binary::minus:
-      return left - right;
-    case Binary::arc_tangent:
-      return std::atan2(left, right);
-    default:
-      throw std::string("Unknown binary operator in eval");
-  }
+  return apply_binary(op_, left, right_->eval(variable));
 }
 
 void BinaryOp::print(std::ostream& out) const {
   const BinaryOp* node = this;
   for (;; node = node->below_) {
-    out << (node->op_ == Binary::arc_tangent ? "atan2(" : "(");
+    out << binary_prefix(node->op_);
     if (node->below_ == nullptr) break;
   }
   node->left_->print(out);
   for (;; node = node->above_) {
-    if (node->op_ < BinaryInfix.size()) out << BinaryInfix[node->op_];
+    out << binary_infix(node->op_);
     node->right_->print(out);
     out << ')';
     if (node == this) return;
@@ -210,7 +137,7 @@ void BinaryOp::print(std::ostream& out) const {
 
 void BinaryOp::destroy_children() {
   right_.reset();
-  // Each link leaves the chain before it is freed, so that freeing never descends.
+  // Each link is taken off the chain before it is freed, so that freeing does not recurse.
   while (left_ != nullptr) {
     const std::unique_ptr<Node> link = std::move(left_);
     if (below_ == nullptr) return;

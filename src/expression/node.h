@@ -1,13 +1,12 @@
 // The tree of a formula: numbers, the variable, parameters, and operators on them.
 //
 // A tree is bound to parameters and then evaluated for each value of the variable. Binding folds
-// every part that has no variable into one number, so that evaluation works only on the rest.
-// Failures are thrown as a std::string. A failed evaluation leaves the tree as it was; a failed
-// bind leaves it to be bound again. Once bound, eval only reads.
+// each part without a variable into one number, so that evaluation works only on the rest. After
+// binding, eval only reads. Failures are thrown as a std::string. A failed evaluation does not
+// change the tree, and after a failed bind it can be bound again.
 //
-// A chain such as 1+2+3+... leans to the left without bound, while every other kind of nesting is
-// bounded by the parser's stack. BinaryOp therefore walks a chain of left operands in a loop, and
-// a formula of any length is safe on a small stack.
+// The parser's stack limits all nesting except that of left operands: a chain such as 1+2+3+... has
+// any length. BinaryOp therefore walks the chain in a loop, which is safe on a small call stack.
 #ifndef KELPBOX_EXPRESSION_NODE_H_
 #define KELPBOX_EXPRESSION_NODE_H_
 
@@ -24,7 +23,7 @@
 
 namespace Expression {
 
-// What a part without a variable is evaluated with: any value does.
+// The value to evaluate a part without a variable with. Any value would do.
 Base::Quantity no_variable();
 
 class Node {
@@ -45,7 +44,7 @@ class Node {
   virtual bool compatible(std::uint32_t unit_row) const = 0;
   virtual double eval(const Base::Quantity& variable) const = 0;
   virtual void print(std::ostream& out) const = 0;
-  // Frees what stands below. The node can only be destroyed after that.
+  // Frees the nodes below this one, which can only be destroyed after that.
   virtual void destroy_children() = 0;
 };
 
@@ -65,7 +64,7 @@ class Constant final : public Node {
   double value_;
 };
 
-// The variable, read in the node's units.
+// The variable, `$`, read in the node's units.
 class Value final : public Node {
  public:
   explicit Value(Base::Units units) : units_(units) {}
@@ -113,14 +112,12 @@ class UnaryOp final : public Node {
   bool bind(const Base::Params& source, Base::Params& target) override;
   bool is_constant() const override { return child_->is_constant(); }
   bool compatible(std::uint32_t unit_row) const override { return child_->compatible(unit_row); }
-  // Throws "Unknown unary operator in eval", and as tgamma does.
+  // Throws as apply_unary does.
   double eval(const Base::Quantity& variable) const override;
   void print(std::ostream& out) const override;
   void destroy_children() override { child_.reset(); }
 
  private:
-  double apply(double x) const;
-
   OperatorNumber op_;
   std::unique_ptr<Node> child_;
   bool folded_ = false;
@@ -132,29 +129,29 @@ class BinaryOp final : public Node {
   BinaryOp(OperatorNumber op, std::unique_ptr<Node> left, std::unique_ptr<Node> right);
   ~BinaryOp() override { BinaryOp::destroy_children(); }
 
-  // Always asks both sides.
+  // These two always call both sides.
   bool declare(Base::Params& out) const override;
   bool bind(const Base::Params& source, Base::Params& target) override;
-  // Both ask the right side only if the left agrees.
+  // These two call the right side only if the left returns true.
   bool is_constant() const override;
   bool compatible(std::uint32_t unit_row) const override;
-  // The left side first. Throws "Unknown binary operator in eval".
+  // The left side first. Throws as apply_binary does.
   double eval(const Base::Quantity& variable) const override;
   void print(std::ostream& out) const override;
-  // Right, then left.
+  // The right side first.
   void destroy_children() override;
 
  private:
-  // The last of the chain of left operands that starts here.
+  // The last BinaryOp in the chain of left operands that starts here.
   BinaryOp* lowest() const;
+  // The value from both sides, whether folded or not.
   double compute(const Base::Quantity& variable) const;
-  double apply(double left, double right) const;
 
   OperatorNumber op_;
   std::unique_ptr<Node> left_;
   std::unique_ptr<Node> right_;
-  BinaryOp* below_;            // the left side, where that is a BinaryOp
-  BinaryOp* above_ = nullptr;  // the BinaryOp of which this is the left side
+  BinaryOp* below_;            // the left side, or null if that is no BinaryOp
+  BinaryOp* above_ = nullptr;  // the BinaryOp that has this as its left side
   bool folded_ = false;
   double value_ = 0.0;
 };

@@ -1,5 +1,5 @@
-// The numbers of the operators of the expression language, shared by its scanner, its grammar and
-// its nodes. Plain numbers, since a function name may carry one that no node can evaluate.
+// The operators and functions of the expression language: their numbers, their values and their
+// printed forms. The names that a formula calls the functions by are in expression_scan.l.
 #ifndef KELPBOX_EXPRESSION_OPERATORS_H_
 #define KELPBOX_EXPRESSION_OPERATORS_H_
 
@@ -7,6 +7,7 @@
 
 namespace Expression {
 
+// A plain number, since `mod` has one that cannot be evaluated.
 using OperatorNumber = std::uint32_t;
 
 namespace Unary {
@@ -35,9 +36,19 @@ inline constexpr OperatorNumber divide = 2;
 inline constexpr OperatorNumber plus = 3;
 inline constexpr OperatorNumber minus = 4;
 inline constexpr OperatorNumber arc_tangent = 5;
-// The language knows the name `mod`, and hosts rely on it to parse; it has no evaluation.
+// Kept without an evaluation: hosts rely on `mod` being parsed.
 inline constexpr OperatorNumber modulo = 6;
 }  // namespace Binary
+
+// Throw a std::string: "Unknown unary operator in eval", "Unknown binary operator in eval", and
+// what tgamma throws. NaN and infinity pass through.
+double apply_unary(OperatorNumber op, double x);
+double apply_binary(OperatorNumber op, double left, double right);
+
+// What is printed before and between the operands. A ")" follows the last one.
+const char* unary_prefix(OperatorNumber op);
+const char* binary_prefix(OperatorNumber op);
+const char* binary_infix(OperatorNumber op);
 
 }  // namespace Expression
 

@@ -1,8 +1,7 @@
-// Builds the tree of a formula from its tokens. The grammar stands in expression_parse.y.
+// Builds the tree of a formula from its tokens. The grammar is in expression_parse.y.
 //
-// The tree grows on a stack of finished parts, in the order in which the grammar finishes them:
-// an operator takes its operands from the top. Whatever ends a parse in its middle leaves the
-// parts to this stack, and so nothing is lost.
+// Finished parts of the tree lie on a stack, and an operator takes its operands from the top. The
+// stack owns them, so a parse that fails leaks nothing.
 #ifndef KELPBOX_EXPRESSION_PARSER_H_
 #define KELPBOX_EXPRESSION_PARSER_H_
 
@@ -25,20 +24,19 @@ class ExpressionParser {
   ExpressionParser& operator=(const ExpressionParser&) = delete;
   virtual ~ExpressionParser();
 
-  // Gives the parser the next token, kind 0 at the end of the text.
+  // Takes the next token. Its kind is 0 at the end of the formula.
   void push(int kind, const TokenValue& value);
-  // The whole tree, after the end of the text.
+  // The whole tree, after the end of the formula.
   std::unique_ptr<Node> tree();
 
-  // For the grammar's actions.
+  // The actions of the grammar. Each puts one part on the stack.
   void constant(double value);
   void parameter(const std::string& name, Base::Units units);
   void variable(Base::Units units);
   void unary(OperatorNumber op);
   void binary(OperatorNumber op);
 
-  // Called for a syntax error, which includes nesting that needs more than the parser's stack.
-  // Must throw.
+  // Called for a syntax error, and for nesting that exhausts the parser's stack. Must throw.
   virtual void error(const std::string& report) = 0;
 
  private:

@@ -1,7 +1,6 @@
-// Cuts the text of a formula into tokens. The rules stand in expression_scan.l.
+// Splits a formula into tokens. The rules are in expression_scan.l.
 //
-// A newline goes to the standard output stream; any other character that starts no token is
-// skipped without a word.
+// A newline is written to standard output. Any other character that starts no token is ignored.
 #ifndef KELPBOX_EXPRESSION_SCANNER_H_
 #define KELPBOX_EXPRESSION_SCANNER_H_
 
@@ -11,8 +10,8 @@
 
 #include "expression/token.h"
 
-// The header of the scanner generator makes a class of the name that it is given. The generated
-// file has included it already when it comes here.
+// FlexLexer.h defines a class of the name given here. The generated file has included it already
+// when it includes this header.
 #ifndef yyFlexLexerOnce
 #define yyFlexLexer ExpressionScanFlexLexer
 #include <FlexLexer.h>
@@ -26,16 +25,16 @@ class ExpressionScanner final : public ExpressionScanFlexLexer {
   // Reads from `text`, which must outlive the scanner.
   explicit ExpressionScanner(std::istream& text);
 
-  // The kind of the next token, 0 at the end of the text. A text that `value` points at lives as
-  // long as the scanner.
+  // The kind of the next token, or 0 at the end. A string that `value` points at lives as long as
+  // the scanner.
   int next(TokenValue& value);
 
  private:
   int yylex() override;
-  // Throws a std::string. The generated scanner would end the process.
+  // Throws a std::string, where the generated scanner would end the process.
   void LexerError(const char* message) override;
 
-  // Each fills value_ and returns the token's kind.
+  // Each sets the token's value and returns its kind.
   int number(double value);
   int function(OperatorNumber op, int kind);
   int text(std::string text, int kind);

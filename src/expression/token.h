@@ -8,7 +8,7 @@
 
 namespace Expression {
 
-// Only the field that belongs to the token's kind has a meaning.
+// Only the field of the token's kind is valid.
 struct TokenValue {
   double number;            // CONST_VAL
   OperatorNumber op;        // UNARY_FUNC, BINARY_FUNC

@@ -94,8 +94,8 @@ class Variable {
 
   bool is_literal_number() const;
   double widened() const;
-  static void require_numbers(const Variable& left, const Variable& right,
-                              const char* left_message, const char* right_message);
+  static void require_numbers(const Variable& left, const Variable& right, const char* left_message,
+                              const char* right_message);
   static bool both_integers(const Variable& left, const Variable& right);
 
   void assign_integer(const Variable& source);

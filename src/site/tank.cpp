@@ -62,8 +62,7 @@ Script::List& Tank::Units_enum::members() {
   return list;
 }
 
-Tank::Tank()
-    : section(Script::Rule::at_least(1).from(1)), param(Script::Rule::any().from(1)) {}
+Tank::Tank() : section(Script::Rule::at_least(1).from(1)), param(Script::Rule::any().from(1)) {}
 
 void Tank::declare(Script::List& list) {
   list.fixed("geometry", geometry);
