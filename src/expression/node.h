@@ -144,7 +144,7 @@ class BinaryOp final : public Node {
  private:
   // The last BinaryOp in the chain of left operands that starts here.
   BinaryOp* lowest() const;
-  // The value from both sides, whether folded or not.
+  // Applies the operator to both sides, even if the value is folded already.
   double compute(const Base::Quantity& variable) const;
 
   OperatorNumber op_;

@@ -13,7 +13,7 @@
 namespace Script {
 namespace {
 
-// The relative change by rounding from which on a loss is reported.
+// A relative change above this is reported as a loss.
 constexpr double resolution = 0.001;
 
 std::int32_t rounded(double value, const char* name) {
@@ -23,7 +23,8 @@ std::int32_t rounded(double value, const char* name) {
   if (!(nearest >= Limits::min() && nearest <= Limits::max())) {
     throw Base::compose("Value ", value, " does not fit the integer variable ", name);
   }
-  // A value that rounds to 0 is divided by 0: the loss is infinite, or NaN and no loss for 0.
+  // A value that rounds to 0 is divided by 0. The loss is then infinite, except for an exact 0:
+  // that gives a NaN, which is not reported.
   if (std::abs(value - nearest) / std::abs(nearest) > resolution) {
     Base::progress() << "Loss of resolution while rounding value " << value << " for variable "
                      << name << std::endl;

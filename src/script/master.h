@@ -1,5 +1,5 @@
 // The base classes of everything that a script describes. A class of the site model derives from
-// Declared and names its keys in `declare`.
+// Declared and names its keys in `declare`; docs/site-keys.md lists them.
 #ifndef KELPBOX_SCRIPT_MASTER_H_
 #define KELPBOX_SCRIPT_MASTER_H_
 
