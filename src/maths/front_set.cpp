@@ -109,7 +109,7 @@ std::uint64_t reduced_length(const FrontSet& set, std::uint64_t n, const RunData
   if (filled > 1) return n;
 
   // The slot plus the lowest harmonic, on purpose: hosts depend on the length that this gives.
-  std::uint64_t h = only + run.harmonic(1);
+  std::uint64_t h = only + run.min_harmonic();
   for (const std::uint64_t prime : {2, 3, 5, 7, 11}) {
     while (n != 0 && h % prime == 0 && n % prime == 0) {
       h /= prime;

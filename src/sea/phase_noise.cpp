@@ -63,7 +63,7 @@ void PhaseWNoiseModifier::on_evaluate(const Base::Params& stored, Maths::FrontSe
                        Base::compose("rate::", rate, " Hz gives ", n, " samples of noise, which"));
   Base::DataSet noise(white_noise(n, generator), Base::Quantity(rate, Category::frequency));
   const std::vector<std::complex<double>> X = std::move(noise).take_freq().data;
-  for (std::uint64_t h = run.harmonic(1); h < fronts.slots.size() && h < X.size(); ++h) {
+  for (std::uint64_t h = run.min_harmonic(); h < fronts.slots.size() && h < X.size(); ++h) {
     const double factor = std::abs(X[h]);
     const double drawn = std::atan2(X[h].imag(), X[h].real());
     for (Maths::HarmonicFront& front : fronts.slots[h]) {

@@ -50,9 +50,9 @@ void Spectrum::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const M
   if (limits_.size() != pieces + 1) {
     throw std::string("Mismatched number of functions and limits");
   }
-  const double f_low = std::max(limits_.front(), run.freq(run.harmonic(1)));
+  const double f_low = std::max(limits_.front(), run.freq(run.min_harmonic()));
   std::uint64_t h = run.wave_num(f_low);
-  const double f_high = std::min(limits_.back(), run.freq(run.harmonic(0)));
+  const double f_high = std::min(limits_.back(), run.freq(run.max_harmonic()));
   const std::uint64_t h_last = run.wave_num(f_high);
   const double half = df * 0.5;
   double last_end =

@@ -14,7 +14,7 @@ namespace Synthesis {
 
 void add_time_fronts(Base::DataSet signal, Maths::FrontSet& fronts, const Maths::RunData& run) {
   const std::vector<std::complex<double>> bins = std::move(signal).take_freq().data;
-  for (std::uint64_t h = run.harmonic(1); h < bins.size() && h < run.harmonic(0); ++h) {
+  for (std::uint64_t h = run.min_harmonic(); h < bins.size() && h < run.max_harmonic(); ++h) {
     fronts.add_front(h, {std::abs(bins[h]), 0.0, std::atan2(bins[h].imag(), bins[h].real())});
   }
 }
