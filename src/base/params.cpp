@@ -1,9 +1,9 @@
 #include "base/params.h"
 
-#include <cmath>
 #include <ostream>
 
 #include "base/enumerations.h"
+#include "base/near.h"
 #include "base/streams.h"
 
 namespace Base {
@@ -33,14 +33,6 @@ std::string comment_text(const ParamComment& comment) {
     default:
       return comment.text;
   }
-}
-
-// Whether a value found stands for the value asked for. Near zero there is nothing to relate to.
-bool good_match(double found, double asked, double tolerance) {
-  if (1e-20 > std::fabs(found)) {
-    return 1e-19 > std::fabs(asked);
-  }
-  return tolerance > std::fabs(asked / found - 1.0);
 }
 
 }  // namespace
@@ -212,7 +204,7 @@ Params::Entries::iterator Params::set_checked(const std::string& name, double va
                                               UnitCategory category, double tolerance) {
   const auto entry = find(name);
   const double asked = entry->second.get(category);
-  if (!good_match(value, asked, tolerance)) {
+  if (!(relative_difference(asked, value) < tolerance)) {
     add_comment(Severity::warning, "Poor match");
   }
   entry->second.set(category, value);

@@ -8,6 +8,7 @@
 
 #include "base/constants.h"
 #include "base/memory.h"
+#include "base/near.h"
 #include "maths/dalrymple.h"
 
 namespace Maths {
@@ -40,10 +41,8 @@ std::complex<double> amplitude(const HarmonicFront& front) {
   return {front.amp * std::cos(front.phase), front.amp * std::sin(front.phase)};
 }
 
-bool differs(double p, double q) {
-  return (std::fabs(q) < 1e-20 && std::fabs(p) >= 1e-19) ||
-         (std::fabs(q) >= 1e-20 && std::fabs(p / q - 1) >= 1e-6);
-}
+// NaN differs from nothing.
+bool differs(double p, double q) { return Base::relative_difference(p, q) >= 1e-6; }
 
 // From the point where a set was asked for to the paddle line. `before` is the tank as the last set
 // left it.

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "base/compose.h"
+#include "base/near.h"
 #include "maths/angle.h"
 #include "maths/rounding.h"
 
@@ -13,10 +14,7 @@ namespace Synthesis {
 
 namespace {
 
-bool same_time(double a, double b) {
-  if (std::abs(b) < 1e-20) return std::abs(a) < 1e-19;
-  return std::abs(a / b - 1.0) < 1e-6;
-}
+bool same_time(double a, double b) { return Base::relative_difference(a, b) < 1e-6; }
 
 // Not a number goes last: an order that sorting can rely on.
 bool lower_freq(const Front& a, const Front& b) {

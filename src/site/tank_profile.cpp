@@ -2,6 +2,7 @@
 #include <cmath>
 #include <sstream>
 
+#include "base/near.h"
 #include "site/tank.h"
 
 namespace Common {
@@ -71,10 +72,7 @@ void set_paddle(Maths::TankConfig& out, double depth) {
   out.paddle_depth = depth;
 }
 
-bool reached(double c, double xe) {
-  if (std::abs(xe) < 1e-20) return std::abs(c) < 1e-19;
-  return std::abs(c / xe - 1) < 0.001;
-}
+bool reached(double c, double xe) { return Base::relative_difference(c, xe) < 0.001; }
 
 // Places points so that each step changes the depth by about `tol` of itself, and none is longer
 // than `dx`.
