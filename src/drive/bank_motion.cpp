@@ -11,48 +11,12 @@
 #include "base/constants.h"
 #include "base/fft.h"
 #include "base/memory.h"
-#include "base/units.h"
 #include "drive/paddle_spectrum.h"
 #include "maths/dispersion.h"
 #include "maths/sample_count.h"
-#include "maths/wavemaker_ratio.h"
 
 namespace Synthesis {
 namespace {
-
-// The depth of the paddle's working edge below the water line.
-double working_edge(const Common::Machine& machine, double depth) {
-  switch (machine.dimension_type.number) {
-    case Common::Machine::DimensionType_enum::ToBottom:
-      return depth - machine.critical_dimension;
-    case Common::Machine::DimensionType_enum::ToSurface:
-      return machine.critical_dimension;
-    default:
-      throw std::string("Unsupported critical dimension type found");
-  }
-}
-
-double transfer_ratio(const Common::Machine& machine, double k, double depth, double edge) {
-  switch (machine.type()) {
-    case Common::Machine::flap:
-      return Maths::flap_ratio(k, depth, edge);
-    case Common::Machine::piston:
-      return Maths::piston_ratio(k, depth, edge);
-    default:
-      throw std::string("Unsupported type of machine found");
-  }
-}
-
-Base::Units data_units(const Common::Machine& machine) {
-  switch (machine.type()) {
-    case Common::Machine::flap:
-      return Base::default_units(Base::Category::angle);
-    case Common::Machine::piston:
-      return Base::default_units(Base::Category::length);
-    default:
-      throw std::string("Unsupported type of machine found");
-  }
-}
 
 PaddleRow paddle_row(const Common::Paddles& paddles) {
   PaddleRow row;
@@ -66,7 +30,7 @@ PaddleRow paddle_row(const Common::Paddles& paddles) {
   return row;
 }
 
-// Each spectrum is freed as soon as its signal is made.
+// Frees each spectrum as soon as its signal is made, so that the signals take their memory.
 std::vector<std::vector<double>> signals(std::vector<std::vector<std::complex<double>>> spectra,
                                          std::uint32_t samples) {
   std::vector<std::vector<double>> result(spectra.size());
@@ -95,11 +59,12 @@ void BankMotion::init(const Maths::TankConfig& tank, const Maths::RunData& run,
   ready_ = true;
 }
 
-void BankMotion::prove_memory(std::size_t paddles) const {
+void BankMotion::require_memory(std::size_t paddles) const {
   if (paddles == 0 || samples_ == 0) return;
   const std::uint64_t spectrum = sizeof(std::complex<double>) * (samples_ / 2 + std::uint64_t{1});
   const std::uint64_t signal = sizeof(double) * std::uint64_t{samples_};
-  // A signal takes the memory of its spectrum, save for the one in hand.
+  // Each signal replaces its spectrum, so only one of the two exists, except for the paddle whose
+  // transform is running.
   Base::require_memory(paddles * spectrum + signal + Base::transform_memory(samples_),
                        Base::compose("rate::", rate_, " Hz gives ", samples_,
                                      " samples for each of ", paddles, " paddles, which"));
@@ -109,23 +74,23 @@ std::vector<BankMotion::Spectrum> BankMotion::spectra(const Common::Paddles& pad
                                                       const Maths::FrontSet& fronts) const {
   const Common::Machine& machine = paddles.machine();
   const PaddleRow row = paddle_row(paddles);
-  const double edge = working_edge(machine, depth_);
+  const double edge = machine.working_edge(depth_);
   const std::size_t count = row.angle.size();
-  prove_memory(count);
+  require_memory(count);
 
-  // Above half the sampling rate a harmonic has no place in the samples.
+  // Harmonics above half the sampling rate cannot be sampled. They are left out.
   const std::size_t elements = samples_ == 0 ? 0 : samples_ / 2 + std::size_t{1};
   std::vector<Spectrum> result(count);
   for (Spectrum& spectrum : result) spectrum.resize(elements);
 
-  Spectrum sums(count);  // of one harmonic, paddle by paddle
+  Spectrum sums(count);  // one harmonic of all paddles
   for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
     if (fronts.slots[h].empty()) continue;
     std::fill(sums.begin(), sums.end(), 0.0);
     const double k = Maths::knum(static_cast<double>(h) * delta_omega_, depth_, g_);
-    const PaddleHarmonic harmonic(k, transfer_ratio(machine, k, depth_, edge), row.width);
+    const PaddleHarmonic harmonic(k, machine.ratio(k, depth_, edge), row.width);
     for (const Maths::HarmonicFront& front : fronts.slots[h]) {
-      // Hosts know a rate that is far too low by this message.
+      // Hosts rely on this message for a rate that is far too low.
       if (h > samples_ && reaches(row, harmonic, front)) {
         throw Base::compose("Index ", h, " out of range");
       }
@@ -143,11 +108,10 @@ void BankMotion::build(const Common::Paddles& paddles, const Maths::FrontSet& fr
 
   clip_ = Maths::ClipStats{};
   const Common::Machine& machine = paddles.machine();
-  clip_.limit = machine.get(Common::Machine::clip_limit, data_units(machine));
+  clip_.limit = machine.get(Common::Machine::clip_limit, machine.signal_units());
 
   for (std::vector<double>& samples : signals(std::move(amplitudes), samples_)) {
     Base::Vector signal("", Base::Units(), std::move(samples));
-    // Only counted: what passes the limit stays in the signal.
     std::vector<Maths::ClipPeak> peaks;
     if (!signal.data.empty()) Maths::clip_scan(signal, clip_, peaks);
     series_.push_back(std::move(signal.data));

@@ -1,4 +1,8 @@
 // The drive signals of one wavemaker bank.
+//
+// The fronts of a run become one spectrum for each paddle (paddle_spectrum.h), and each spectrum
+// one signal. No signal is limited: what exceeds the machine's clip_limit is counted (maths/clip.h)
+// and stays in the signal.
 #ifndef KELPBOX_DRIVE_BANK_MOTION_H_
 #define KELPBOX_DRIVE_BANK_MOTION_H_
 
@@ -18,17 +22,17 @@ namespace Synthesis {
 
 class BankMotion {
  public:
-  // Takes "rate", the samples per second of the signals, from the parameters. It need not be the
-  // site's base rate. Throws std::string "Repeat time zero or less", the texts of the parameter,
-  // "rate::<value> Hz gives no usable number of samples in a repeat time of <value> s".
+  // Reads "rate", the samples per second of the signals, which need not be the site's base rate.
+  // Throws std::string "Repeat time zero or less", what Params::read throws, and what
+  // Maths::sample_count throws.
   void init(const Maths::TankConfig& tank, const Maths::RunData& run, const Base::Params& params);
-  // Makes one signal for each paddle, in radians for flaps and metres for pistons. Throws
-  // std::string "Trying to build paddle positions when not initialised", "Unsupported critical
-  // dimension type found", "Unsupported type of machine found", "Index N out of range", and
-  // "rate::<value> Hz gives <samples> samples for each of <paddles> paddles, which need ... GiB of
-  // memory, ... GiB are available" before any of it is used.
+  // Makes one signal for each paddle, in the machine's signal_units. Throws std::string "Trying to
+  // build paddle positions when not initialised", what the machine throws, "Index N out of range"
+  // for a harmonic N above the number of samples, and, before it allocates anything, "rate::<value>
+  // Hz gives <samples> samples for each of <paddles> paddles, which need ... GiB of memory, ... GiB
+  // are available".
   void build(const Common::Paddles& paddles, const Maths::FrontSet& fronts);
-  // Empties the parameters, then adds the clipping ratios when anything clipped.
+  // Empties the parameters, then adds the clipping ratios if anything exceeded the limit.
   void stats(Base::Params& out) const;
 
   const std::vector<std::vector<double>>& series() const { return series_; }
@@ -36,8 +40,9 @@ class BankMotion {
  private:
   using Spectrum = std::vector<std::complex<double>>;
 
-  void prove_memory(std::size_t paddles) const;
-  // The spectrum of each paddle's signal. They lie in the memory that the signals will take.
+  // Throws unless the spectra and signals of so many paddles fit in memory.
+  void require_memory(std::size_t paddles) const;
+  // The spectrum of each paddle's signal.
   std::vector<Spectrum> spectra(const Common::Paddles& paddles,
                                 const Maths::FrontSet& fronts) const;
 

@@ -13,7 +13,7 @@ namespace Synthesis {
 namespace {
 
 void report_if_huge(const std::complex<double>& amplitude) {
-  // Squares are cheap and settle nearly every case; the modulus itself decides.
+  // The square is cheap and rules out almost every amplitude. Only the modulus decides.
   const double square = std::norm(amplitude);
   if (square < 0.99e20) return;
   if (std::abs(amplitude) > 1e10) Base::progress() << amplitude << ":";
@@ -36,13 +36,13 @@ bool reaches(const PaddleRow& row, const PaddleHarmonic& harmonic,
 
 void add_front(const PaddleRow& row, const PaddleHarmonic& harmonic,
                const Maths::HarmonicFront& front, std::complex<double>* amplitudes) {
-  // A front that the tank refuses keeps its slot with no amplitude; its phase may be NaN.
+  // A front outside the tank's angle limits has amplitude 0, and its phase may be NaN.
   if (front.amp == 0.0) return;
   static const double quarter_cycle = Base::Pi * 0.5;
   const double kc = std::cos(front.angle) * harmonic.k;
   const double ks = std::sin(front.angle) * harmonic.k;
 
-  // Neighbours mostly face the same way, and then share the gain.
+  // Neighbouring paddles mostly face the same way. The gain is computed anew only when they do not.
   double normal = std::numeric_limits<double>::quiet_NaN();
   double gain = 0.0;
   bool made = false;

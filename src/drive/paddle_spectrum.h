@@ -1,9 +1,10 @@
-// The sum of wave fronts over a row of paddles: the hot loop of the drive signals.
+// What each paddle of a row has to do to make a wave front: the hot loop of the drive signals.
 //
-// A front of phase omega t - k (x cos(angle) + y sin(angle)) + phase has at each paddle the phase
-// that it has at the paddle's place, less a quarter cycle, since the stroke leads its wave by one.
-// The paddle's motion is the front's amplitude over the machine's ratio, times what a segment of
-// finite width loses at an angle to its normal.
+// The paddle's motion is the front's amplitude divided by the machine's ratio, times the obliquity
+// factor (maths/wavemaker_ratio.h) of the angle between the front and the paddle's normal. Its
+// phase is that of the front omega t - k (x cos(angle) + y sin(angle)) + phase at the paddle's
+// position, less a quarter cycle: the velocity of the paddle, not its position, is in phase with
+// the surface (Dean and Dalrymple 1991, chapter 6).
 #ifndef KELPBOX_DRIVE_PADDLE_SPECTRUM_H_
 #define KELPBOX_DRIVE_PADDLE_SPECTRUM_H_
 
@@ -14,7 +15,8 @@
 
 namespace Synthesis {
 
-// The paddles of a bank, one entry each: place in metres, direction of the normal in radians.
+// The paddles of a bank: positions in metres and directions of their normals in radians, with one
+// entry for each paddle.
 struct PaddleRow {
   double width = 0.0;  // of one paddle, metres
   std::vector<double> x;
@@ -22,23 +24,24 @@ struct PaddleRow {
   std::vector<double> angle;
 };
 
-// What the fronts of one harmonic share.
+// What all fronts of one harmonic have in common.
 struct PaddleHarmonic {
-  // `ratio` is wave amplitude per unit of paddle motion.
+  // `ratio` is wave amplitude per unit of paddle motion, `paddle_width` is in metres.
   PaddleHarmonic(double wave_number, double ratio, double paddle_width);
 
-  double k;           // rad/m at the paddle line
-  double inverse;     // paddle motion per metre of wave amplitude
-  double max_offset;  // radians from the normal beyond which crests run too steeply across the
-                      // paddles to be sampled by them; infinite for waves long enough
+  double k;        // rad/m at the paddle line
+  double inverse;  // paddle motion per metre of wave amplitude
+  // The largest angle (rad) to the normal at which each wavelength along the row still spans two
+  // paddles; infinite for waves longer than two paddle widths.
+  double max_offset;
 };
 
-// Whether any paddle makes the front, whatever its amplitude.
+// Whether any paddle makes the front. The amplitude of the front does not matter.
 bool reaches(const PaddleRow& row, const PaddleHarmonic& harmonic,
              const Maths::HarmonicFront& front);
 
-// Adds the front to the complex amplitude of each paddle that makes it. An amplitude above 1e10
-// is written to the standard output stream, with ":" behind it and no line end.
+// Adds the front to the complex amplitude of each paddle that makes it. A result above 1e10 is
+// written to the standard output stream, followed by ":" and no line end.
 void add_front(const PaddleRow& row, const PaddleHarmonic& harmonic,
                const Maths::HarmonicFront& front, std::complex<double>* amplitudes);
 

@@ -1,5 +1,7 @@
 #include "site/machine.h"
 
+#include <string>
+
 #include "maths/wavemaker_ratio.h"
 
 namespace Common {
@@ -71,6 +73,22 @@ void Machine::get_limits(Base::Params& out) const {
   }
 }
 
+double Machine::ratio(double, double, double) const {
+  throw std::string("Unsupported type of machine found");
+}
+
+Base::Units Machine::signal_units() const {
+  throw std::string("Unsupported type of machine found");
+}
+
+double Machine::working_edge(double depth) const {
+  if (dimension_type.number != DimensionType_enum::ToBottom &&
+      dimension_type.number != DimensionType_enum::ToSurface) {
+    throw std::string("Unsupported critical dimension type found");
+  }
+  return edge(depth);
+}
+
 double Machine::edge(double depth) const {
   return dimension_type.number == DimensionType_enum::ToSurface ? critical_dimension
                                                                 : depth - critical_dimension;
@@ -80,8 +98,20 @@ double Flap::transfer(double k, double depth, double angle) const {
   return Maths::flap_ratio_angled(k, depth, edge(depth), paddle_width, angle);
 }
 
+double Flap::ratio(double k, double depth, double edge_depth) const {
+  return Maths::flap_ratio(k, depth, edge_depth);
+}
+
+Base::Units Flap::signal_units() const { return Base::default_units(Base::Category::angle); }
+
 double Piston::transfer(double k, double depth, double angle) const {
   return Maths::piston_ratio_angled(k, depth, edge(depth), paddle_width, angle);
 }
+
+double Piston::ratio(double k, double depth, double edge_depth) const {
+  return Maths::piston_ratio(k, depth, edge_depth);
+}
+
+Base::Units Piston::signal_units() const { return Base::default_units(Base::Category::length); }
 
 }  // namespace Common

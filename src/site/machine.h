@@ -1,4 +1,7 @@
-// The machine of a wavemaker bank: how all of its paddles move, and how far they may.
+// The machine of a wavemaker bank: how its paddles move, what waves they make, and how far they may
+// move.
+//
+// Each class declares its script keys in `declare`. docs/site-keys.md describes the keys.
 #ifndef KELPBOX_SITE_MACHINE_H_
 #define KELPBOX_SITE_MACHINE_H_
 
@@ -12,7 +15,7 @@
 
 namespace Common {
 
-// The limits of a paddle's motion, in the units that the text names.
+// The limits of a paddle's motion. `units` applies to all three.
 class PaddleMotion : public Script::Declared {
  public:
   const char* class_name() const override { return "PaddleMotion"; }
@@ -24,7 +27,7 @@ class PaddleMotion : public Script::Declared {
   std::string units = Script::UnsetString;
 };
 
-// A named constant of the drive.
+// A named constant of the drive. It is only reported.
 class PaddleConst : public Script::Declared {
  public:
   const char* class_name() const override { return "PaddleConst"; }
@@ -42,9 +45,9 @@ class Machine : public Script::Declared {
     enum { ToBottom = 0, ToSurface = 1 };
     Script::List& members() override;
   };
-  // The values of `get`.
+  // The limits that `get` can read.
   enum Limit : std::uint32_t { clip_limit = 0, maximum = 1, minimum = 2 };
-  // The values of `type`.
+  // The results of `type`.
   enum Type : std::uint32_t { flap = 0, piston = 1 };
 
   Machine();
@@ -53,14 +56,25 @@ class Machine : public Script::Declared {
   void declare(Script::List& list) override;
 
   virtual std::uint32_t type() const = 0;
-  // Wave amplitude to paddle motion: per radian for a flap, per metre for a piston. k in rad/m,
-  // depth in m, angle in rad to the paddle's normal.
+  // Wave amplitude per unit of paddle motion, which is a radian for a flap and a metre for a
+  // piston, for a wave at `angle` (rad) to the paddle's normal. k in rad/m, depth in m.
   virtual double transfer(double k, double depth, double angle) const = 0;
+  // The same for a wave along the normal, with the working edge at `edge_depth` below the water
+  // line. A machine that is neither flap nor piston throws std::string "Unsupported type of machine
+  // found".
+  virtual double ratio(double k, double depth, double edge_depth) const;
+  // The units of a drive signal: radians for a flap, metres for a piston. Throws as `ratio` does.
+  virtual Base::Units signal_units() const;
+
+  // The depth in m of the working edge (a flap's hinge, a piston's foot) below the water line.
+  // Throws std::string "Unsupported critical dimension type found".
+  double working_edge(double depth) const;
 
   // A limit of the motion in the given units. Throws std::string "Unknown value type in
-  // machine::get", and the plain text "Object not built" without a paddle_motion.
+  // machine::get". Like `units` and `get_limits`, it throws const char* "Object not built" without
+  // a paddle_motion.
   double get(std::uint32_t which, Base::Units units) const;
-  // The units of the limits.
+  // The units in which the script gives the limits.
   Base::Units units() const;
   // Inserts "clip_paddle_motion", "max_paddle_motion", "min_paddle_motion", and each constant.
   void get_limits(Base::Params& out) const;
@@ -72,8 +86,7 @@ class Machine : public Script::Declared {
   Script::WrapAry<PaddleConst> constant;
 
  protected:
-  // The depth of the working edge below the water line, as `transfer` takes it: every
-  // dimension_type but ToSurface counts as ToBottom.
+  // As working_edge, but any other dimension type counts as ToBottom. `transfer` never refuses one.
   double edge(double depth) const;
 };
 
@@ -82,6 +95,8 @@ class Flap : public Machine {
   const char* class_name() const override { return "Flap"; }
   std::uint32_t type() const override { return flap; }
   double transfer(double k, double depth, double angle) const override;
+  double ratio(double k, double depth, double edge_depth) const override;
+  Base::Units signal_units() const override;
 };
 
 class Piston : public Machine {
@@ -89,6 +104,8 @@ class Piston : public Machine {
   const char* class_name() const override { return "Piston"; }
   std::uint32_t type() const override { return piston; }
   double transfer(double k, double depth, double angle) const override;
+  double ratio(double k, double depth, double edge_depth) const override;
+  Base::Units signal_units() const override;
 };
 
 }  // namespace Common
