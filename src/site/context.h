@@ -14,32 +14,11 @@
 #include "script/serialise.h"
 #include "script/sub_enum.h"
 #include "script/wrap.h"
+#include "site/limits.h"
 #include "site/paddles.h"
 #include "site/tank.h"
 
 namespace Common {
-
-class FixedLimit : public Script::Declared {
- public:
-  const char* class_name() const override { return "Limit"; }
-  void declare(Script::List& list) override;
-
-  std::string units = Script::UnsetString;
-  double maximum = Script::UnsetReal;
-  double minimum = Script::UnsetReal;
-};
-
-class FixedLimits : public Script::Declared {
- public:
-  const char* class_name() const override { return "Limits"; }
-  void declare(Script::List& list) override;
-  // Inserts "max_angle", "min_angle", "max_freq", "min_freq". Reads "geometry", which the tank
-  // has inserted before.
-  void get_consts(Base::Params& out);
-
-  Script::WrapObj<FixedLimit> frequency;
-  Script::WrapObj<FixedLimit> angle;
-};
 
 // Rows of the limit table, each in the base unit of its category.
 namespace Limit {

@@ -1,16 +1,17 @@
-// The site's limits of frequency and of wave direction.
+#include "site/limits.h"
+
 #include <cmath>
 
 #include "base/constants.h"
 #include "base/enumerations.h"
 #include "maths/angle.h"
-#include "site/context.h"
+#include "site/tank.h"
 
 namespace Common {
 
 namespace {
 
-// Beyond this no turn brings an angle back: the step is lost in rounding.
+// Above this, adding a turn may not change an angle, so it cannot be brought into one turn.
 constexpr double largest_angle = 1e15;
 
 }  // namespace
@@ -42,7 +43,7 @@ void FixedLimits::get_consts(Base::Params& out) {
   double max_angle = direction.maximum;
   double min_angle = direction.minimum;
   if (direction.units == "deg") {
-    // In full precision: the factor of the unit table has six figures.
+    // Not by the unit table, whose factor has only six figures.
     max_angle *= Base::Pi / 180.0;
     min_angle *= Base::Pi / 180.0;
   } else if (direction.units != "rad") {
