@@ -1,8 +1,8 @@
 #include "site/context.h"
 
-#include <sstream>
+#include <ios>
 
-#include "base/enumerations.h"
+#include "base/compose.h"
 
 namespace Common {
 
@@ -29,38 +29,6 @@ void Context::declare(Script::List& list) {
   list.fixed("base_rate", base_rate);
   list.fixed("base_g", base_g);
   list.fixed("base_rho", base_rho);
-}
-
-void Context::create() {
-  Base::Params consts;
-  get_consts(consts);
-
-  const auto store = [&](int row, const char* name, Base::UnitCategory category) {
-    limit_table_[static_cast<std::size_t>(row)] = consts.at(name).get(category);
-  };
-  store(Limit::min_x, "min_x", Base::Category::length);
-  store(Limit::max_x, "max_x", Base::Category::length);
-  store(Limit::min_y, "min_y", Base::Category::length);
-  store(Limit::max_y, "max_y", Base::Category::length);
-  store(Limit::base_g, "base_g", Base::Category::acceleration);
-  store(Limit::base_rate, "base_rate", Base::Category::frequency);
-  store(Limit::max_freq, "max_freq", Base::Category::frequency);
-  store(Limit::min_freq, "min_freq", Base::Category::frequency);
-  store(Limit::max_angle, "max_angle", Base::Category::angle);
-  store(Limit::min_angle, "min_angle", Base::Category::angle);
-  geometry_ = consts.read_enum("geometry", Base::EnumType::Geometry);
-
-  tank_config_.min_angle = get(Limit::min_angle);
-  tank_config_.max_angle = get(Limit::max_angle);
-  tank_config_.g = get(Limit::base_g);
-  tank_config_.base_rate = get(Limit::base_rate);
-  full_name_ = tank_name + " " + config_name;
-}
-
-void Context::make_ready() {
-  if (ready_) throw problem("General").add("Make ready called when already ready");
-  tank.built().make_config(tank_config_);
-  ready_ = true;
 }
 
 const Maths::TankConfig& Context::tank_config() const {
@@ -94,9 +62,7 @@ void Context::get_consts(Base::Params& out) {
 }
 
 std::string Context::identity(std::uint32_t checksum) const {
-  std::ostringstream text;
-  text << site_name << "::" << tank_name << "::" << config_name << "#0x" << std::hex << checksum;
-  return text.str();
+  return Base::compose(site_name, "::", tank_name, "::", config_name, "#0x", std::hex, checksum);
 }
 
 }  // namespace Common

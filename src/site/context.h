@@ -1,7 +1,7 @@
 // The root of a site: one tank, its limits, its wavemaker banks.
 //
-// Reading a script fills the keys and the limit table; make_ready adds the tank's configuration,
-// on which all calculation stands.
+// Each class of this folder declares its script keys in `declare`. docs/site-keys.md describes the
+// keys. make_config.cpp lists the steps from a script to the tank's configuration.
 #ifndef KELPBOX_SITE_CONTEXT_H_
 #define KELPBOX_SITE_CONTEXT_H_
 
@@ -20,7 +20,7 @@
 
 namespace Common {
 
-// Rows of the limit table, each in the base unit of its category.
+// The rows of the limit table.
 namespace Limit {
 inline constexpr int max_x = 0;
 inline constexpr int min_x = 1;
@@ -35,6 +35,9 @@ inline constexpr int min_angle = 9;
 inline constexpr int count = 10;
 }  // namespace Limit
 
+// Each value is in the base unit of its category.
+using LimitTable = std::array<double, Limit::count>;
+
 class Context : public Script::Declared {
  public:
   class Units_enum : public Script::SubEnum {
@@ -47,21 +50,23 @@ class Context : public Script::Declared {
 
   const char* class_name() const override { return "Context"; }
   void declare(Script::List& list) override;
-  // Fills the limit table and the full name.
+  // Fills the limit table and the full name, after the script has been read.
   void create() override;
 
-  // Makes the tank's configuration. Throws Script::LogItm "Make ready called when already ready".
+  // Makes the tank's configuration. Throws Script::LogItm "Make ready called when already ready",
+  // const char* "Object not built" without a tank, and what Tank::make_config throws.
   void make_ready();
   bool ready() const { return ready_; }
-  // Before the tank is changed: the configuration is out of date until the next make_ready.
+  // To be called when the tank changes: the configuration is out of date until the next make_ready.
   void clear_ready() { ready_ = false; }
 
   // Throws Script::LogItm "Attempting to access TankConfig when not made ready".
   const Maths::TankConfig& tank_config() const;
-  // A row of the limit table. Throws std::string "type out of range" for 10 or more.
+  // A row of the limit table. Throws std::string "type out of range" for any other index.
   double get(int index) const;
+  // Inserts the constants of the tank and of the limits, then "base_rate" and "base_g".
   void get_consts(Base::Params& out);
-  // The member of the enumeration "Geometry" that the tank has.
+  // The tank's member of the enumeration "Geometry".
   std::uint32_t geometry() const { return geometry_; }
 
   // The tank's name, a blank, the configuration's name.
@@ -83,7 +88,7 @@ class Context : public Script::Declared {
  private:
   Maths::TankConfig tank_config_;
   bool ready_ = false;
-  std::array<double, Limit::count> limit_table_{};
+  LimitTable limit_table_{};
   std::uint32_t geometry_ = 0;
   std::string full_name_;
 };

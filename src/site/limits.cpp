@@ -11,7 +11,7 @@ namespace Common {
 
 namespace {
 
-// Above this, adding a turn may not change an angle, so it cannot be brought into one turn.
+// Above this, neighbouring doubles are so far apart that an angle names no direction.
 constexpr double largest_angle = 1e15;
 
 }  // namespace

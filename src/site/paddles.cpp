@@ -8,8 +8,8 @@ void PadPos::declare(Script::List& list) {
   list.fixed("angle", angle);
 }
 
-// The machines' own rule admits any number: too many or too few is told when the tree is
-// finished, with the bank's path.
+// The rule of `machines` admits any number, so that `create` can report a wrong one with the path
+// of the bank.
 Paddles::Paddles()
     : pad_pos(Script::Rule::at_least(1).from(1)),
       machines(Script::Rule::any()),

@@ -1,4 +1,6 @@
-// A wavemaker bank: a row of paddles, told by position, and exactly one machine.
+// A wavemaker bank: a row of paddles at their positions, and exactly one machine.
+//
+// Each class declares its script keys in `declare`. docs/site-keys.md describes the keys.
 #ifndef KELPBOX_SITE_PADDLES_H_
 #define KELPBOX_SITE_PADDLES_H_
 
@@ -10,7 +12,7 @@
 
 namespace Common {
 
-// One paddle: position in metres, direction of its normal in radians.
+// One paddle: its position in metres and the direction of its normal in radians.
 class PadPos : public Script::Declared {
  public:
   const char* class_name() const override { return "Paddle"; }

@@ -2,14 +2,6 @@
 
 namespace Common {
 
-namespace {
-
-// What `depth` holds until a script sets it. Compared as text on purpose: a script may write it
-// out.
-constexpr const char* no_depth = "NULL";
-
-}  // namespace
-
 Script::List& Section::Offset_enum::members() {
   static Script::List list = [] {
     Script::List members;
@@ -85,7 +77,7 @@ void Tank::create() {
         .add(" in context");
   }
   const Section& last = section[count - 1];
-  if (last.depth != no_depth) {
+  if (last.depth != Section::no_depth) {
     throw problem("Create")
         .add("Depth should not be specified for last section but is ")
         .add(last.depth);
@@ -108,8 +100,8 @@ void Tank::create() {
   double previous = min_x;
   for (std::size_t i = 0; i + 1 < count; ++i) {
     const Section& here = section[i];
-    const std::string title = "Section[" + std::to_string(script_index(i)) + "] ";
-    if (here.depth == no_depth) throw problem("Create").add(title).add("depth undefined");
+    const std::string title = "Section[" + std::to_string(section.index(i)) + "] ";
+    if (here.depth == Section::no_depth) throw problem("Create").add(title).add("depth undefined");
     if (here.x < previous) {
       throw problem("Create").add(title).add(here.x).add(" in tank not sequential");
     }
@@ -131,7 +123,7 @@ void Tank::get_consts(Base::Params& out) {
       unit = "ft";
       break;
     case Units_enum::yds:
-      // Yard-seconds in the table of units, not a length; hosts know the text.
+      // Kept on purpose: the unit table reads "yds" as yard seconds, which is not a length.
       unit = "yds";
       break;
     default:
@@ -164,10 +156,6 @@ void Tank::set(Base::Params& in) {
   for (std::size_t i = 0; i < param.size(); ++i) {
     param[i].value = in.get(param[i].name, param[i].units);
   }
-}
-
-std::int32_t Tank::script_index(std::size_t position) const {
-  return section.offset() + static_cast<std::int32_t>(position);
 }
 
 }  // namespace Common

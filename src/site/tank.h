@@ -1,12 +1,10 @@
 // The water body: crosswise extent, side walls, and depth along the wave direction as a chain of
-// sections, each with a depth given by a formula. Also the site's tunable parameters.
+// sections, each with a formula for its depth. Also the site's tunable values.
 //
-// Keys and their meaning are in docs/site-keys.md.
+// Each class declares its script keys in `declare`. docs/site-keys.md describes the keys.
 #ifndef KELPBOX_SITE_TANK_H_
 #define KELPBOX_SITE_TANK_H_
 
-#include <cstddef>
-#include <cstdint>
 #include <string>
 
 #include "base/params.h"
@@ -30,9 +28,12 @@ class Section : public Script::Declared {
   // Parses the depth.
   void create() override;
 
+  // The depth until a script sets it. Compared as a string on purpose: a script may write it out.
+  static constexpr const char* no_depth = "NULL";
+
   double x = Script::UnsetReal;
   Offset_enum offset;
-  std::string depth = "NULL";
+  std::string depth = no_depth;
   Expression::Function function;
 };
 
@@ -67,14 +68,13 @@ class Tank : public Script::Declared {
 
   const char* class_name() const override { return "Tank"; }
   void declare(Script::List& list) override;
-  // Checks the sections and limits. Throws Script::LogItm.
+  // Checks the sections and limits, and sets min_x and max_x. Throws Script::LogItm.
   void create() override;
 
-  // Turns the sections into the tabulated profile and sets the walls. The numbers of the script
-  // are taken as metres whatever `units` says; only get_consts looks at it. Throws std::string for
-  // walls without a position, and for a slope whose depth is no number or whose profile does not
-  // come to an end.
-  void make_config(Maths::TankConfig& out);
+  // Sets the walls, the ends and the depth profile (make_config.cpp). The numbers of the script are
+  // metres here, whatever `units` is: only get_consts uses it. Throws std::string for walls without
+  // a position, and for a bottom that cannot be followed.
+  void make_config(Maths::TankConfig& out) const;
   // Inserts "min_x", "max_x", "max_y", "min_y", "geometry", and "max_<name>", "min_<name>" for
   // each tunable value.
   void get_consts(Base::Params& out);
@@ -93,12 +93,9 @@ class Tank : public Script::Declared {
   double delta_x = 0.5;
   Script::WrapAry<Param> param;
 
+  // The ends of the tank: the positions of the first and the last section.
   double min_x = 0.0;
   double max_x = 0.0;
-
- private:
-  // The index that the script knows a section by.
-  std::int32_t script_index(std::size_t position) const;
 };
 
 }  // namespace Common

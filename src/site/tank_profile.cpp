@@ -1,177 +1,116 @@
-// From the sections of the script to the tabulated depth profile.
-#include <cmath>
-#include <sstream>
+#include "site/tank_profile.h"
 
+#include <cmath>
+#include <string>
+
+#include "base/compose.h"
 #include "base/near.h"
-#include "site/tank.h"
+#include "site/section_depth.h"
 
 namespace Common {
 
 namespace {
 
-// Beyond this the bottom cannot be meant: the walk is creeping towards a water line, or the step
-// is far too small for the tank.
+// A profile of more points is a mistake: the walk creeps towards a water line, or the step is far
+// too small for the tank.
 constexpr std::size_t most_points = 1000000;
 
-// One section's depth along the tank, in metres.
-class SectionDepth {
- public:
-  SectionDepth(const Section& section, std::string title)
-      : section_(section),
-        title_(std::move(title)),
-        off_(section.offset.number == Section::Offset_enum::Absolute ? 0.0 : section.x) {}
-
-  // The depth at a position along the tank, whatever number it is. Throws as an expression does,
-  // and when its units are not a length.
-  double at(double x) const {
-    const Base::Quantity depth =
-        section_.function.evaluate(Base::Quantity(x - off_, Base::Category::length));
-    // A formula without units gives metres.
-    const Base::UnitCategory category = Base::category_of(depth.units) == Base::Category::unit
-                                            ? Base::Category::unit
-                                            : Base::Category::length;
-    return depth.value * Base::factor_to_base(depth.units, category);
-  }
-
-  // The depth, from which the next step can be found. Dry ground, below 0, is allowed.
-  double finite(double depth, double x) const {
-    if (std::isfinite(depth)) return depth;
-    std::ostringstream problem;
-    problem << "depth " << depth << " at x = " << x << " is not a number";
-    fail(problem.str());
-  }
-
-  [[noreturn]] void fail(const std::string& problem) const {
-    throw "Section[" + title_ + "]::" + problem;
-  }
-
- private:
-  const Section& section_;
-  std::string title_;
-  double off_;
+// How a sloping section is divided.
+struct Steps {
+  double change;   // of the depth in one step, relative to the depth
+  double longest;  // m
 };
 
 void append(Maths::TankConfig& out, const SectionDepth& depth, double d, double x) {
   if (out.profile.size() >= most_points) {
-    std::ostringstream problem;
-    problem << "depth profile does not come to an end, stopped at x = " << x;
-    depth.fail(problem.str());
+    depth.fail(Base::compose("depth profile does not come to an end, stopped at x = ", x));
   }
   out.profile.push_back({d, x});
 }
 
-// No step is short enough, as before a water line inside the section.
-[[noreturn]] void stuck(const SectionDepth& depth, double x) {
-  std::ostringstream problem;
-  problem << "depth profile does not get beyond x = " << x;
-  depth.fail(problem.str());
-}
-
+// The next point of the profile is the paddle line's.
 void set_paddle(Maths::TankConfig& out, double depth) {
   out.paddle_index = static_cast<std::uint32_t>(out.profile.size());
   out.paddle_depth = depth;
 }
 
-bool reached(double c, double xe) { return Base::relative_difference(c, xe) < 0.001; }
+// No step is short enough, as before a water line inside the section.
+[[noreturn]] void fail_stuck(const SectionDepth& depth, double x) {
+  depth.fail(Base::compose("depth profile does not get beyond x = ", x));
+}
 
-// Places points so that each step changes the depth by about `tol` of itself, and none is longer
-// than `dx`.
-void walk(const SectionDepth& depth, double x0, double xe, double tol, double dx,
+bool reached(double x, double end) { return Base::relative_difference(x, end) < 0.001; }
+
+// Whether a step from `from` to `to` makes no progress. A step may overshoot the end; the walk then
+// comes back to it, and must not go beyond it again.
+bool stalls(double from, double to, double end) {
+  return from <= end ? to <= from : to < end || to >= from;
+}
+
+// Divides a section from x0 to xe into steps. Each step first aims for the end, then for where the
+// slope of the step before predicts the wanted change of depth.
+void walk(const SectionDepth& depth, double x0, double xe, const Steps& steps,
           Maths::TankConfig& out) {
-  const double hi = tol * 1.2;
-  const double lo = tol * 0.8;
+  const double most = steps.change * 1.2;
+  const double least = steps.change * 0.8;
   if (!std::isfinite(x0) || !std::isfinite(xe)) depth.fail("start or end is not a number");
-  double d0 = depth.finite(depth.at(x0), x0);
-  double c = xe;
+  double d0 = depth.at(x0);
+  depth.require_finite(d0, x0);
+  double x1 = xe;
   for (;;) {
-    bool bounded = false;
-    // Where the depth does not change, a candidate has no end or is no number.
+    bool bounded = false;  // a step that was cut or rescaled may change the depth by less
+    // Where the depth does not change, the predicted x1 is infinite or NaN.
     const auto bring_back = [&] {
-      if (std::isfinite(c)) return;
-      c = std::fmin(x0 + dx, xe);
+      if (std::isfinite(x1)) return;
+      x1 = std::fmin(x0 + steps.longest, xe);
       bounded = true;
     };
     bring_back();
-    if (c > x0 + dx) {
-      c = x0 + dx;
+    if (x1 > x0 + steps.longest) {
+      x1 = x0 + steps.longest;
       bounded = true;
     }
-    if (c > xe) {
-      c = xe;
+    if (x1 > xe) {
+      x1 = xe;
       bounded = true;
     }
-    double d1 = depth.at(c);
-    double r = std::abs(d0 - d1) / d0;
-    while (r > hi || (!bounded && r < lo)) {
-      const double before = c;
-      c = (c - x0) * tol / r + x0;
+    double d1 = depth.at(x1);
+    double change = std::abs(d0 - d1) / d0;
+    while (change > most || (!bounded && change < least)) {
+      const double before = x1;
+      x1 = (x1 - x0) * steps.change / change + x0;
       bring_back();
-      d1 = depth.at(c);
-      r = std::abs(d0 - d1) / d0;
+      d1 = depth.at(x1);
+      change = std::abs(d0 - d1) / d0;
       bounded = true;
-      if (c == before && r > hi) stuck(depth, x0);
+      if (x1 == before && change > most) fail_stuck(depth, x0);
     }
-    depth.finite(d1, c);
-    if (x0 <= 0 && c > 0) set_paddle(out, depth.at(0.0));
+    depth.require_finite(d1, x1);
+    if (x0 <= 0 && x1 > 0) set_paddle(out, depth.at(0.0));
     append(out, depth, d0, x0);
-    if (reached(c, xe)) {
+    if (reached(x1, xe)) {
       append(out, depth, d1, xe);
       return;
     }
-    // A rescaled candidate may lie behind the end; the walk then comes back to it.
-    if (x0 <= xe ? c <= x0 : (c < xe || c >= x0)) stuck(depth, x0);
-    const double next = c + (c - x0) * tol / r;
-    x0 = c;
+    if (stalls(x0, x1, xe)) fail_stuck(depth, x0);
+    const double next = x1 + (x1 - x0) * steps.change / change;
+    x0 = x1;
     d0 = d1;
-    c = next;
+    x1 = next;
   }
 }
 
 }  // namespace
 
-void Tank::make_config(Maths::TankConfig& out) {
-  const double across = max_y - min_y;
-  switch (geometry.number) {
-    case Geometry_enum::NoSides:
-    case Geometry_enum::TwoDimensional:
-      out.has_walls = false;
-      out.width = 0.0;
-      out.y_ref = 0.0;
-      break;
-    case Geometry_enum::PlusSide:
-      out.has_walls = true;
-      out.width = 2 * across;
-      out.y_ref = max_y;
-      break;
-    case Geometry_enum::MinusSide:
-      out.has_walls = true;
-      out.width = 2 * across;
-      out.y_ref = min_y;
-      break;
-    case Geometry_enum::BothSides:
-      out.has_walls = true;
-      out.width = across;
-      out.y_ref = (max_y + min_y) * 0.5;
-      break;
-    default:
-      throw std::string("Unexpected type in Geometry");
-  }
-  // Every phase is counted from y_ref; the width matters to cross-tank modes only.
-  if (!std::isfinite(out.y_ref)) {
-    throw std::string("Tank::max_y or min_y is not a number");
-  }
-
+void make_profile(const Tank& tank, Maths::TankConfig& out) {
   out.profile.clear();
   out.paddle_index = 0;
   out.paddle_depth = 0.0;
-  out.x_low = min_x;
-  out.x_high = max_x;
-
-  for (std::size_t i = 0; i + 1 < section.size(); ++i) {
-    Section& here = section[i];
+  for (std::size_t i = 0; i + 1 < tank.section.size(); ++i) {
+    Section& here = tank.section[i];
     const double x0 = here.x;
-    const double xe = section[i + 1].x;
-    const SectionDepth depth(here, std::to_string(script_index(i)));
+    const double xe = tank.section[i + 1].x;
+    const SectionDepth depth(here, tank.section.index(i));
     if (here.function.is_constant()) {
       const double d = depth.at(x0);
       if (x0 <= 0 && xe > 0) set_paddle(out, d);
@@ -179,10 +118,10 @@ void Tank::make_config(Maths::TankConfig& out) {
       append(out, depth, d, xe);
       continue;
     }
-    // Without a value, neither bounds the steps.
-    if (delta_depth <= 0.0) throw std::string("Tank::delta_depth is not a positive number");
-    if (delta_x <= 0.0) throw std::string("Tank::delta_x is not a positive number");
-    walk(depth, x0, xe, delta_depth, delta_x, out);
+    // NaN passes: it leaves the steps without a bound, which the walk can follow.
+    if (tank.delta_depth <= 0.0) throw std::string("Tank::delta_depth is not a positive number");
+    if (tank.delta_x <= 0.0) throw std::string("Tank::delta_x is not a positive number");
+    walk(depth, x0, xe, {tank.delta_depth, tank.delta_x}, out);
   }
 
   // A tank that ends at the paddles.

@@ -1,0 +1,34 @@
+// The depth of one section along the tank.
+#ifndef KELPBOX_SITE_SECTION_DEPTH_H_
+#define KELPBOX_SITE_SECTION_DEPTH_H_
+
+#include <cstdint>
+#include <string>
+
+#include "site/tank.h"
+
+namespace Common {
+
+// Reads a section, which must outlive it. Failures are thrown as std::string
+// "Section[<script index>]::...".
+class SectionDepth {
+ public:
+  SectionDepth(const Section& section, std::int32_t script_index);
+
+  // The depth in m at a position along the tank in m. It may be NaN or infinite. Throws what an
+  // expression throws, and when its units are not a length.
+  double at(double x) const;
+  // Throws "depth <depth> at x = <x> is not a number" unless the depth is finite. A depth below 0
+  // is dry ground, which is allowed.
+  void require_finite(double depth, double x) const;
+  [[noreturn]] void fail(const std::string& problem) const;
+
+ private:
+  const Section& section_;
+  std::int32_t script_index_;
+  double origin_;  // where the variable of the expression is 0
+};
+
+}  // namespace Common
+
+#endif  // KELPBOX_SITE_SECTION_DEPTH_H_
