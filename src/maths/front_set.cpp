@@ -1,9 +1,9 @@
 #include "maths/front_set.h"
 
 #include <ostream>
-#include <sstream>
 #include <string>
 
+#include "base/compose.h"
 #include "base/memory.h"
 #include "base/streams.h"
 
@@ -12,8 +12,8 @@ namespace {
 
 using Base::operator""_MiB;
 
-// What a list of fronts takes from the heap, with the word that the heap keeps beside it.
-std::uint64_t piece(std::uint64_t fronts) { return fronts * sizeof(HarmonicFront) + 8; }
+// What a list of fronts takes from the heap, with the word that the heap adds to each block.
+std::uint64_t list_memory(std::uint64_t fronts) { return fronts * sizeof(HarmonicFront) + 8; }
 
 }  // namespace
 
@@ -23,19 +23,19 @@ void FrontSet::add_front(std::uint64_t slot, const HarmonicFront& front) {
     throw std::string("Help");
   }
   if (front.amp == 0.0) return;
-  // How many fronts will come nobody knows: each step looks whether there is room for another.
+  // The number of fronts is not known in advance, so memory is checked again and again.
   constexpr std::uint64_t step = 64_MiB;
-  unproved_ += piece(1);
-  if (unproved_ >= step) {
+  unchecked_ += list_memory(1);
+  if (unchecked_ >= step) {
     Base::require_memory(step, "Front set::more fronts");
-    unproved_ = 0;
+    unchecked_ = 0;
   }
   slots[slot].push_back(front);
 }
 
 void FrontSet::reset(std::uint64_t slot_count) {
   slots.clear();
-  if (slot_count > slots.capacity()) prove_slots(1, slot_count);
+  if (slot_count > slots.capacity()) require_slots(1, slot_count);
   slots.resize(slot_count);
 }
 
@@ -61,23 +61,21 @@ std::uint64_t FrontSet::front_count() const {
   return count;
 }
 
-void prove_slots(std::uint64_t set_count, std::uint64_t slot_count) {
-  // Far above any wave tank.
-  constexpr std::uint64_t most_slots = std::uint64_t{1} << 26;
-  std::ostringstream text;
-  text << "Front set::" << slot_count << " harmonics ";
+void require_slots(std::uint64_t set_count, std::uint64_t slot_count) {
+  constexpr std::uint64_t most_slots = std::uint64_t{1} << 26;  // far above any wave tank
   if (slot_count > most_slots) {
-    text << "are more than the " << most_slots << " that can be held";
-    throw text.str();
+    throw Base::compose("Front set::", slot_count, " harmonics are more than the ", most_slots,
+                        " that can be held");
   }
-  text << "in " << set_count << " sets";
-  Base::require_memory(set_count * slot_count * sizeof(std::vector<HarmonicFront>), text.str());
+  Base::require_memory(
+      set_count * slot_count * sizeof(std::vector<HarmonicFront>),
+      Base::compose("Front set::", slot_count, " harmonics in ", set_count, " sets"));
 }
 
 std::uint64_t front_memory(const FrontSet& set, std::size_t first, std::size_t last) {
   std::uint64_t bytes = 0;
   for (std::size_t slot = first; slot < last; ++slot) {
-    if (!set.slots[slot].empty()) bytes += piece(set.slots[slot].size());
+    if (!set.slots[slot].empty()) bytes += list_memory(set.slots[slot].size());
   }
   return bytes;
 }
@@ -108,7 +106,7 @@ std::uint64_t reduced_length(const FrontSet& set, std::uint64_t n, const RunData
   if (filled == 0) return 0;
   if (filled > 1) return n;
 
-  // The slot plus the lowest harmonic, on purpose: hosts depend on the length that this gives.
+  // The slot plus the lowest harmonic on purpose: hosts rely on the length that results.
   std::uint64_t h = only + run.min_harmonic();
   for (const std::uint64_t prime : {2, 3, 5, 7, 11}) {
     while (n != 0 && h % prime == 0 && n % prime == 0) {

@@ -1,4 +1,4 @@
-// Fronts filed by harmonic of the repeat time.
+// Fronts, filed by harmonic of the repeat time.
 #ifndef KELPBOX_MATHS_FRONT_SET_H_
 #define KELPBOX_MATHS_FRONT_SET_H_
 
@@ -13,11 +13,11 @@ namespace Maths {
 
 class FrontSet {
  public:
-  // Appends the front to its slot; a front of amplitude exactly 0 is dropped. A slot beyond the
-  // set throws std::string "Help" after a line on the standard output stream. As memory comes to
-  // its end, throws "Front set::more fronts need ... GiB of memory, ... GiB are available".
+  // Appends the front to its slot. A front of amplitude 0 is discarded. A slot beyond the set
+  // writes a line to the standard output stream and throws std::string "Help". When memory runs
+  // out, throws "Front set::more fronts need ... GiB of memory, ... GiB are available".
   void add_front(std::uint64_t slot, const HarmonicFront& front);
-  // Makes that many empty slots. Throws what prove_slots throws.
+  // Makes that many empty slots. Throws what require_slots throws.
   void reset(std::uint64_t slot_count);
   // Append all fronts, slot by slot.
   void display_fronts(std::vector<Synthesis::Front>& out, const RunData& run) const;
@@ -29,21 +29,23 @@ class FrontSet {
   Position position;
 
  private:
-  std::uint64_t unproved_ = 0;  // bytes of fronts since the memory was last looked at
+  std::uint64_t unchecked_ = 0;  // bytes of fronts added since memory was last checked
 };
 
-// Throws std::string "Front set::..." for more than 2^26 slots in a set, and "Front set::<slots>
-// harmonics in <sets> sets need ... GiB of memory, ... GiB are available".
-void prove_slots(std::uint64_t set_count, std::uint64_t slot_count);
+// Throws std::string "Front set::<slots> harmonics are more than the 67108864 that can be held" for
+// more than 2^26 slots in a set, and "Front set::<slots> harmonics in <sets> sets need ... GiB of
+// memory, ... GiB are available".
+void require_slots(std::uint64_t set_count, std::uint64_t slot_count);
 
-// Bytes for the fronts of the slots from `first` to before `last`.
+// The bytes that a copy of the fronts takes, for the slots from `first` up to, and without, `last`.
 std::uint64_t front_memory(const FrontSet& set, std::size_t first, std::size_t last);
 
-// Whether all fronts share one angle, which goes to `out`. The test is one-sided on purpose: a
-// smaller angle passes. A set without fronts returns true and leaves `out` alone.
+// Whether all fronts share one angle, which goes to `out`. One-sided on purpose: hosts rely on a
+// smaller angle passing. A set without fronts returns true and leaves `out` unchanged.
 bool common_angle(const FrontSet& set, double& out);
 
-// The shortest sample count that still repeats the set: n, or less for a single harmonic.
+// The shortest sample count after which the set repeats: n, less for a single harmonic, or 0 for a
+// set without fronts.
 std::uint64_t reduced_length(const FrontSet& set, std::uint64_t n, const RunData& run);
 
 }  // namespace Maths

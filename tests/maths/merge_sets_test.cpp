@@ -1,4 +1,6 @@
 // Summing sets.
+#include "maths/merge_sets.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -7,7 +9,6 @@
 #include <string>
 
 #include "base/constants.h"
-#include "maths/run_fronts.h"
 #include "support.h"
 
 namespace {

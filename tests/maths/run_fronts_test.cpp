@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "maths/dispersion.h"
+#include "maths/refer_to_paddles.h"
 #include "support.h"
 
 namespace {
