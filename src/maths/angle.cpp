@@ -7,7 +7,7 @@
 namespace Maths {
 
 double wrap_angle(double theta) {
-  // Whole turns are subtracted one by one, which a very large angle would make endless.
+  // Turns are subtracted one by one, which would take forever for a very large angle.
   if (!(std::fabs(theta) <= 1e6)) theta = std::remainder(theta, Base::TwoPi);
   while (theta > Base::Pi) theta -= Base::TwoPi;
   while (theta < -Base::Pi) theta += Base::TwoPi;

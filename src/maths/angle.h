@@ -1,10 +1,10 @@
-// Directions and phases brought into one turn.
+// Brings directions and phases into one turn.
 #ifndef KELPBOX_MATHS_ANGLE_H_
 #define KELPBOX_MATHS_ANGLE_H_
 
 namespace Maths {
 
-// The angle (rad) brought into the closed range from -pi to pi. Both ends are kept as they are.
+// The angle (rad) in the closed range from -pi to pi. Both ends are kept as they are.
 double wrap_angle(double theta);
 
 }  // namespace Maths

@@ -6,13 +6,13 @@
 namespace Maths {
 namespace {
 
-// The half wave that the scan is in.
+// The half wave that is being scanned.
 struct HalfWave {
   double energy = 0.0;
   bool clipped = false;
 };
 
-// `peak` is the last one above the limit.
+// Adds the half wave to the totals. `peak` is the last peak above the limit.
 void close(HalfWave& half, double peak, ClipStats& stats) {
   stats.half_waves += 1;
   stats.total_energy += half.energy;
@@ -30,6 +30,7 @@ void clip_scan(const Base::Vector& signal, ClipStats& stats, std::vector<ClipPea
   const std::vector<double>& v = signal.data;
   const double L = stats.limit;
   peaks.clear();
+  // The scan starts at the first sign change and goes round to it.
   std::size_t start = 1;
   while (start < v.size() && (v[start] > 0) == (v[0] > 0)) ++start;
   if (start >= v.size()) return;
@@ -54,6 +55,7 @@ void clip_scan(const Base::Vector& signal, ClipStats& stats, std::vector<ClipPea
         in_peak = false;
       }
     } else {
+      // A half wave is not closed within a peak, even if the sign changes there.
       if ((v[j] > 0) != positive) {
         crossings += 1;
         positive = !positive;

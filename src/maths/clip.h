@@ -1,4 +1,5 @@
-// The clipping account of drive signals, half wave by half wave.
+// Counts how much of a drive signal exceeds a limit, half wave by half wave. Nothing is limited:
+// the signal is not changed.
 #ifndef KELPBOX_MATHS_CLIP_H_
 #define KELPBOX_MATHS_CLIP_H_
 
@@ -10,9 +11,9 @@
 
 namespace Maths {
 
-// Totals over any number of signals; `limit` is the magnitude at which a signal clips.
+// Totals over any number of signals. Energies are sums of squares.
 struct ClipStats {
-  double limit = 0.0;
+  double limit = 0.0;  // the magnitude above which a signal clips
   double total_energy = 0.0;
   std::uint32_t half_waves = 0;
   double clipped_energy = 0.0;
@@ -22,14 +23,15 @@ struct ClipStats {
 struct ClipPeak {
   std::uint32_t index = 0;  // of the sample at the peak
   bool positive = false;
-  double ratio = 0.0;  // the limit divided by the peak
+  double ratio = 0.0;  // of the limit to the peak
 };
 
-// Adds a cyclic signal to the account. A signal that never changes sign leaves it untouched.
-// Throws std::string "Unmatched zero crossings".
+// Adds a cyclic signal to the totals and lists its peaks above the limit. A signal that never
+// changes sign adds nothing. Throws std::string "Unmatched zero crossings".
 void clip_scan(const Base::Vector& signal, ClipStats& stats, std::vector<ClipPeak>& peaks);
 
-// Adds "clip_power_ratio" and "clip_peak_ratio" when anything clipped.
+// If anything clipped, adds "clip_power_ratio", the share of the energy that clipping would remove,
+// and "clip_peak_ratio", the share of the half waves that exceed the limit.
 void clip_report(const ClipStats& stats, Base::Params& params);
 
 }  // namespace Maths

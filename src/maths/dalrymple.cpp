@@ -4,9 +4,9 @@
 #include <cmath>
 #include <complex>
 #include <cstdint>
-#include <sstream>
 #include <string>
 
+#include "base/compose.h"
 #include "base/constants.h"
 #include "maths/rounding.h"
 
@@ -15,13 +15,12 @@ namespace {
 
 using Modes = std::vector<std::complex<double>>;
 
-// The number of the highest cross-tank mode that travels.
+// The highest cross-tank mode that propagates.
 std::uint32_t highest_mode(double kW) {
+  constexpr double most_modes = 1e5;
   const double highest = std::floor(kW / Base::Pi);
-  if (!(highest >= 0.0 && highest <= 1e5)) {
-    std::ostringstream text;
-    text << "Dalrymple treatment::unusable number of modes for k * width = " << kW;
-    throw text.str();
+  if (!(highest >= 0.0 && highest <= most_modes)) {
+    throw Base::compose("Dalrymple treatment::unusable number of modes for k * width = ", kW);
   }
   return truncate_to_u32(highest);
 }
@@ -30,19 +29,20 @@ bool along_the_tank(const std::vector<HarmonicFront>& fronts) {
   return fronts.size() == 1 && std::fabs(fronts.front().angle) < 1e-6;
 }
 
-// The angle of a mode. At its cut-off, across the tank, rounding may carry the sine above 1.
+// The angle of a mode to the tank's axis. At the cut-off, where the mode runs straight across the
+// tank, rounding may give a sine above 1.
 double mode_angle(std::size_t m, double kW) {
   return std::asin(std::min(static_cast<double>(m) * Base::Pi / kW, 1.0));
 }
 
-// Adds a front's share in each mode.
+// Adds what a front contributes to each mode.
 void add_modes(Modes& modes, const HarmonicFront& front, const std::vector<double>& coefficients) {
   modes.resize(coefficients.size());
   const std::complex<double> unit(std::cos(front.phase), std::sin(front.phase));
   for (std::size_t m = 0; m < modes.size(); ++m) modes[m] += coefficients[m] * front.amp * unit;
 }
 
-// A mode is a pair of mirror images that meets both walls: in antiphase where m is odd.
+// A mode is a front and its mirror image, which are in antiphase for odd m.
 void append_pair(std::vector<HarmonicFront>& fronts, std::complex<double> mode, std::size_t m,
                  double angle) {
   const double sign = m % 2 == 1 ? -1.0 : 1.0;

@@ -1,4 +1,4 @@
-// Oblique waves between side walls: a tank's width admits only the cross-tank modes that fit it.
+// Oblique waves between side walls, which exist only as the cross-tank modes that fit the width.
 //
 // Dalrymple (1989), "Directional wavemaker theory with sidewall reflection", Journal of Hydraulic
 // Research 27(1).
@@ -12,13 +12,14 @@
 
 namespace Maths {
 
-// Replaces the fronts of each harmonic by the modes that a tank of that width admits. A slot that
-// is empty or holds a single front along the tank is left alone. Throws std::string for a width
-// that gives no usable number of modes.
+// Replaces the fronts of each harmonic by the modes of a tank of that width (m). A slot that is
+// empty or holds a single front along the tank is not changed. Throws std::string "Dalrymple
+// treatment::unusable number of modes for k * width = ...".
 void dalrymple(FrontSet& set, const TankRun& tank, double width);
 
-// Fills one coefficient for each cross-tank mode; the caller has sized the vector. Throws
-// std::string "Too many mode in angle set for dalrymple_angles".
+// Fills in the amplitude of each cross-tank mode for a front of amplitude 1 and angle `theta`
+// (rad). k in rad/m, width in m. The size of the vector is the number of modes. Throws std::string
+// "Too many mode in angle set for dalrymple_angles".
 void dalrymple_angles(double k, double width, double theta, std::vector<double>& coefficients);
 
 }  // namespace Maths

@@ -15,7 +15,7 @@ double knum(double omega, double depth, double g) {
   const double C = std::cosh(k * depth);
   const double delta = (a - g * T * k) / (g * T + g * k * depth / (C * C));
   const double k_new = k + delta;
-  // Signed on purpose: hosts depend on a negative step of any size passing.
+  // Signed on purpose: hosts rely on a negative step of any size passing.
   if (!(k_new * 0.01 > delta)) {
     throw Base::compose("Knum calculation failed for omega=", omega, " and depth = ", depth,
                         " with return value ", k_new);

@@ -1,4 +1,4 @@
-// Linear dispersion: the wave number of a frequency in a depth of water.
+// Linear dispersion: the wave number of a frequency in water of a given depth.
 #ifndef KELPBOX_MATHS_DISPERSION_H_
 #define KELPBOX_MATHS_DISPERSION_H_
 
@@ -8,7 +8,7 @@ namespace Maths {
 // approximation of Guo (2002), "Simple and explicit solution of wave dispersion equation",
 // Coastal Engineering 45, with one Newton step on the relation. omega in rad/s, depth in m, g in
 // m/s2. Throws std::string "Knum calculation failed for omega=..." when the step is too large or
-// anything is not a number.
+// NaN.
 double knum(double omega, double depth, double g);
 
 }  // namespace Maths

@@ -1,7 +1,8 @@
-// Records of fronts: plane wave trains with an amplitude, a direction and a phase.
+// Fronts: plane wave trains with an amplitude, a direction and a phase.
 //
-// Amplitude in metres (it may be negative), angle from the tank's x axis and phase in radians,
-// frequency in Hz. The records that hosts read have four fields of 8 bytes.
+// Amplitudes are in metres and may be negative. Angles, from the tank's x axis, and phases are in
+// radians, frequencies in Hz. Hosts read the records that hold a frequency or a harmonic: four
+// fields of 8 bytes.
 #ifndef KELPBOX_MATHS_FRONT_H_
 #define KELPBOX_MATHS_FRONT_H_
 
@@ -12,7 +13,7 @@ namespace Synthesis {
 
 struct Front {
   Front() = default;
-  // The frequency comes first here and last in the record.
+  // Kept on purpose: hosts rely on the frequency being the first argument and the last field.
   Front(double freq_hz, double amplitude, double direction, double phase_rad)
       : amp(amplitude), angle(direction), phase(phase_rad), freq(freq_hz) {}
 
@@ -46,14 +47,14 @@ struct TransferFront {
   std::uint64_t harmonic = 0;
 };
 
-// A front whose harmonic is the slot it lies in.
+// A front in the slot of its harmonic.
 struct HarmonicFront {
   double amp = 0.0;
   double angle = 0.0;
   double phase = 0.0;
 };
 
-// Where and when a set's phases were given: metres and seconds.
+// The place (m) and time (s) at which the phases of a set hold.
 struct Position {
   double x = 0.0;
   double y = 0.0;

@@ -11,11 +11,11 @@
 
 namespace Maths {
 
-// Reading does not draw: read `unit` or `symmetric`, then call `advance`. Failures are thrown as
-// std::string.
+// Reading does not draw the next number: read `unit` or `symmetric`, then call `advance`. Failures
+// are thrown as std::string.
 class RanGen {
  public:
-  // Stores the seed. The table stays unset until `init`.
+  // Stores the seed. `init` fills the table.
   explicit RanGen(std::uint32_t seed) : initialised_(true), seed_value_(seed) {}
   virtual void init() = 0;
   // Draws the next number and returns it.
@@ -24,15 +24,15 @@ class RanGen {
   // Stores the seed and restarts the sequence.
   void seed(std::uint32_t seed);
   void advance();
-  // The number last drawn, mapped to 0 to 1, both included.
+  // The last number drawn, mapped to the closed range from 0 to 1.
   double unit() const;
-  // The same, mapped to -1 to 1.
+  // The same number, mapped to the closed range from -1 to 1.
   double symmetric() const;
 
  protected:
-  // A generator without a seed: reading it throws.
+  // Without a seed, reading throws.
   RanGen() = default;
-  // A generator lives on its maker's stack, and is never freed through this class.
+  // Not virtual: generators are never deleted through this class.
   ~RanGen() = default;
 
   bool initialised_ = false;

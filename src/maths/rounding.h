@@ -1,8 +1,8 @@
-// Real numbers to counts: the one rounding of the wave code, floor(x + 0.5).
+// Conversion of real numbers to counts, rounded as floor(x + 0.5).
 //
-// Any input has a defined result, the one of the platform's own conversions: a number that does
-// not fit a signed type, or is not one, becomes its most negative value; an unsigned one keeps the
-// low 32 bits of the 64-bit result.
+// The result is defined for every input, and is that of the x86-64 conversion instructions: NaN and
+// numbers that do not fit a signed type become its most negative value, and the unsigned type takes
+// the low 32 bits of the 64-bit result.
 #ifndef KELPBOX_MATHS_ROUNDING_H_
 #define KELPBOX_MATHS_ROUNDING_H_
 

@@ -13,11 +13,11 @@ void RunData::init(double repeat, double rate, double min_freq, double max_freq,
   const std::uint32_t samples = round_to_u32(repeat * rate);
   const double whole = samples / rate;
   std::int64_t low = round_to_i32(whole * min_freq);
-  if (low == 0) low = 1;  // harmonic 0, the mean, is never made
+  if (low == 0) low = 1;  // harmonic 0 is the mean, which is never made
   const std::int64_t high = round_to_i32(whole * max_freq);
   max_harmonic_ = static_cast<std::uint64_t>(high);
   min_harmonic_ = static_cast<std::uint64_t>(low);
-  // Nor has a repeat time that is no number any harmonic.
+  // A non-finite repeat time has no harmonics.
   if (min_harmonic_ > max_harmonic_ || !std::isfinite(whole)) {
     throw std::string("max harmonic is less than min harmonic");
   }
@@ -32,9 +32,13 @@ std::uint64_t RunData::size() const {
 }
 
 double RunData::freq(std::uint64_t harmonic) const {
+  require_harmonic(harmonic);
+  return static_cast<double>(harmonic) / repeat_;
+}
+
+void RunData::require_harmonic(std::uint64_t harmonic) const {
   if (!initialised_) throw std::string("Calling freq when not initialised");
   if (harmonic > max_harmonic_) throw std::string("Harmonic out of range");
-  return static_cast<double>(harmonic) / repeat_;
 }
 
 double RunData::value() const {

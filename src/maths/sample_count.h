@@ -1,4 +1,4 @@
-// How many samples a signal of one repeat time has.
+// The number of samples in a signal of one repeat time.
 #ifndef KELPBOX_MATHS_SAMPLE_COUNT_H_
 #define KELPBOX_MATHS_SAMPLE_COUNT_H_
 
@@ -10,9 +10,8 @@
 
 namespace Maths {
 
-// A count of samples of a repeat time in s at a rate in Hz. Throws std::string "rate::<value> Hz
-// gives no usable number of samples in a repeat time of <value> s" for one that is negative or no
-// number, and for more samples than 2^27, which take 1 GiB.
+// The count, converted. Throws std::string "rate::<rate> Hz gives no usable number of samples in a
+// repeat time of <repeat> s" for a count that is negative, NaN, or above 2^27, which takes 1 GiB.
 inline std::uint32_t usable_count(double count, double repeat, double rate) {
   constexpr double max_samples = 1 << 27;
   if (count >= 0.0 && count <= max_samples) return static_cast<std::uint32_t>(count);
@@ -20,13 +19,14 @@ inline std::uint32_t usable_count(double count, double repeat, double rate) {
                       repeat, " s");
 }
 
-// The repeat time at the rate, rounded; 0 for a rate too low to have any. Throws as usable_count.
+// The samples of a repeat time in s at a rate in Hz, rounded; 0 for a rate that is too low. Throws
+// what usable_count throws.
 inline std::uint32_t sample_count(double repeat, double rate) {
   return usable_count(std::floor(repeat * rate + 0.5), repeat, rate);
 }
 
-// The least number of bytes for a signal of that many samples, its spectrum and the transform
-// between them.
+// The bytes that a signal of that many samples takes with its spectrum and the transform between
+// them, at least.
 inline std::uint64_t signal_memory(std::uint64_t samples) {
   return 2 * sizeof(double) * samples + Base::transform_memory(samples);
 }

@@ -1,20 +1,19 @@
 #include "maths/spreading.h"
 
 #include <cmath>
-#include <sstream>
 #include <string>
 
+#include "base/compose.h"
 #include "base/constants.h"
 
 namespace Maths {
 namespace {
 
-// The whole power in the middle of the three that are interpolated, for a power of 2 or more.
+// The middle one of the three whole powers that are interpolated, for a power of 2 or more.
 int nearest_power(double power) {
-  if (!(power <= 1e6)) {
-    std::ostringstream text;
-    text << "Spreading power::" << power << " is out of range";
-    throw text.str();
+  constexpr double highest_power = 1e6;
+  if (!(power <= highest_power)) {
+    throw Base::compose("Spreading power::", power, " is out of range");
   }
   return static_cast<int>(std::floor(power + 0.5));
 }
@@ -25,8 +24,8 @@ double interpolate(double power, int n, double below, double middle, double abov
   return middle + u * (above - below) + 2 * u * u * (above + below - 2 * middle);
 }
 
-// Up to here the powers and integrals are built up by twos, from 0 or 1. Further up that would cost
-// milliseconds a draw, and they are started in closed form.
+// Up to this power, powers and integrals are computed by recurrence from 0 or 1. Above it, that
+// would take milliseconds for each draw, so the recurrence starts from a closed form.
 constexpr int most_built_up = 1000;
 
 // c^m, for a large m.
@@ -35,12 +34,14 @@ double large_power(double c, int m) {
   return m % 2 == 0 ? even : even * c;
 }
 
-// The integral of cos^m from 0 to an angle within a quarter turn, of sine S and cosine c, by
-// S c^(m + 1) (1 + (m + 2) / 3 S^2 (1 + (m + 4) / 5 S^2 (1 + ...))): the incomplete beta function.
+// The integral of cos^m from 0 to an angle of up to a quarter turn with sine S and cosine c, as the
+// series S c^(m + 1) (1 + (m + 2) / 3 S^2 (1 + (m + 4) / 5 S^2 (1 + ...))) of the incomplete beta
+// function (Abramowitz and Stegun 1972, section 26.5).
 double quarter_integral(int m, double S, double c) {
-  // Beyond this angle c^m is exp(-40), and less than the rounding of the integral is left.
+  // Beyond this sine squared, c^m is below exp(-40), and the rest of the integral is below its
+  // rounding.
   const double most = 80.0 / m;
-  // Not S * S: the rounding of c counts m times in its power, and cancels here.
+  // Not S * S: the power of c multiplies the rounding of c by m, and this form cancels it.
   double square = 1 - c * c;
   if (square > most) {
     c = std::sqrt(1 - most);
@@ -58,7 +59,7 @@ double quarter_integral(int m, double S, double c) {
 
 // The integral of cos^m from 0 to theta, for a large m.
 double large_integral(int m, double theta, double S, double c) {
-  // An odd power takes back in one half turn what it gave in the last; an even one adds the same.
+  // The half turns of an odd power cancel in pairs, those of an even power add up.
   const double half_turns = m % 2 == 1 ? 0.0 : std::round(theta / Base::Pi);
   const bool reversed = std::fmod(half_turns, 2.0) != 0.0;
   const double part = quarter_integral(m, reversed ? -S : S, std::fabs(c));
@@ -90,8 +91,8 @@ double cos_power_integral(double power, double theta) {
 
   const int n = nearest_power(power);
   const bool even = n % 2 == 0;
-  // I(m) = ((m - 1) I(m - 2) + c^(m - 1) S) / m, upward by twos from I(0) or I(1), or from I(n -
-  // 2).
+  // I(m) = ((m - 1) I(m - 2) + c^(m - 1) S) / m, in steps of two from I(0), I(1) or I(n - 2): the
+  // reduction formula of Abramowitz and Stegun (1972), section 4.3.
   int start = even ? 0 : 1;
   double integral = even ? theta : S;
   double c_power = even ? c : c * c;  // c^(m - 1)

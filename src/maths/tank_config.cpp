@@ -2,23 +2,21 @@
 
 #include <cmath>
 #include <cstddef>
-#include <sstream>
 #include <string>
+
+#include "base/compose.h"
 
 namespace Maths {
 namespace {
 
 std::size_t sample_count(double length, double delta_x) {
   if (!(delta_x > 0.0) || std::isinf(delta_x)) {
-    std::ostringstream text;
-    text << "delta_x::Sample spacing must be above 0 but is " << delta_x;
-    throw text.str();
+    throw Base::compose("delta_x::Sample spacing must be above 0 but is ", delta_x);
   }
   const double count = std::floor(length / delta_x) + 1;
-  if (!(count <= 1e7)) {
-    std::ostringstream text;
-    text << "delta_x::Too many depth samples for a spacing of " << delta_x;
-    throw text.str();
+  constexpr double most_samples = 1e7;
+  if (!(count <= most_samples)) {
+    throw Base::compose("delta_x::Too many depth samples for a spacing of ", delta_x);
   }
   return count > 0.0 ? static_cast<std::size_t>(count) : 0;
 }

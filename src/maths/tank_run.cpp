@@ -1,9 +1,9 @@
 #include "maths/tank_run.h"
 
 #include <cmath>
-#include <sstream>
 #include <string>
 
+#include "base/compose.h"
 #include "base/constants.h"
 #include "maths/angle.h"
 #include "maths/dispersion.h"
@@ -13,15 +13,14 @@ namespace Maths {
 namespace {
 
 [[noreturn]] void throw_outside(double x) {
-  std::ostringstream text;
-  text << "Value x=" << x << " is outside dimensions of tank";
-  throw text.str();
+  throw Base::compose("Value x=", x, " is outside dimensions of tank");
 }
 
-// The part of the group velocity that depends on depth, twice its ratio to the phase velocity.
+// Twice the ratio of group velocity to phase velocity.
 double group_factor(double depth, double k) {
+  constexpr double deep = 70.0;  // from here on the first term is lost in rounding
   const double q = 2 * depth * k;
-  return q >= 70.0 ? 1 : q / std::sinh(q) + 1;  // deep water, where sinh would overflow
+  return q >= deep ? 1 : q / std::sinh(q) + 1;
 }
 
 }  // namespace
@@ -31,7 +30,7 @@ double TankRun::omega(std::uint64_t harmonic) const { return run_.freq(harmonic)
 double TankRun::depth_at(double x) const {
   const std::vector<ProfilePoint>& profile = tank_.profile;
   if (profile.size() < 2) throw std::string("TankConfig not built");
-  // The first point whatever the paddle line's, on purpose: hosts depend on the depth at 0.
+  // The first point on purpose, wherever the paddle line is: hosts rely on this depth at 0.
   if (x == 0.0) return profile.front().depth;
   const std::size_t i = segment_of(x);
   const double t = (x - profile[i].x) / (profile[i + 1].x - profile[i].x);
@@ -117,7 +116,7 @@ double TankRun::walk_backward(double w, double x) {
 
 void TankRun::push_rung(double dx, double k) { ladder_.push_back({dx, k, k * k}); }
 
-void TankRun::need_ladder(std::uint64_t harmonic, double x) {
+void TankRun::ensure_ladder(std::uint64_t harmonic, double x) {
   if (harmonic == ladder_harmonic_ && std::fabs(x - ladder_x_) <= 1e-6) return;
   build_ladder(harmonic, x);
 }
@@ -131,19 +130,19 @@ double TankRun::wave_num_at(std::uint64_t harmonic, double x) const {
 }
 
 double TankRun::shoaling(std::uint64_t harmonic, double x) {
-  need_ladder(harmonic, x);
+  ensure_ladder(harmonic, x);
   if (tank_.paddle_depth == ladder_end_depth_) return 1.0;
   if (ladder_.empty()) throw std::string("knum is empty");
   const double k0 = ladder_.front().k;
   const double k1 = ladder_.back().k;
-  run_.freq(harmonic);  // its range check
+  run_.require_harmonic(harmonic);
   const double c0 = group_factor(tank_.paddle_depth, k0);
   const double c1 = group_factor(ladder_end_depth_, k1);
   return std::sqrt((c0 * k1) / (c1 * k0));
 }
 
 double TankRun::phase_lag(std::uint64_t harmonic, double x, double y, double theta) {
-  need_ladder(harmonic, x);
+  ensure_ladder(harmonic, x);
   if (ladder_.empty()) throw std::string("knum is empty");
   const double s = std::sin(theta);
   const double k0 = ladder_.front().k;
@@ -162,7 +161,7 @@ bool TankRun::angle_in_range(double theta) const {
   const double high = tank_.max_angle;
   if (high == low) return true;
   if (high > low) return low <= t && t <= high;
-  return t <= high || t >= low;  // the range wraps through pi
+  return t <= high || t >= low;  // the range passes through pi
 }
 
 }  // namespace Maths

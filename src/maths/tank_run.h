@@ -1,8 +1,10 @@
 // Carries a wave from the paddle line to a point along a tank of varying depth: wave number,
 // shoaling, refracted phase.
 //
-// Angles in radians, lengths in metres; frequencies in Hz unless named omega (rad/s). Holds a
-// one-entry cache, so one thread at a time. Failures are thrown as std::string.
+// Linear theory: Dean and Dalrymple (1991), "Water Wave Mechanics for Engineers and Scientists",
+// chapter 4. Angles in radians, lengths in metres, omega in rad/s. Not for two threads at once,
+// since the wave numbers of the last harmonic and position are kept. Failures are thrown as
+// std::string.
 #ifndef KELPBOX_MATHS_TANK_RUN_H_
 #define KELPBOX_MATHS_TANK_RUN_H_
 
@@ -15,10 +17,11 @@
 
 namespace Maths {
 
-// One piece of the way from the paddle line, a uniform channel of its mean depth.
+// One rung of the ladder of wave numbers: a piece of the tank between the paddle line and a
+// position, taken as a channel of its mean depth.
 struct KnumStep {
-  double dx = 0.0;  // signed length; 0 for the first and the last rung, which hold point values
-  double k = 0.0;   // wave number on the piece
+  double dx = 0.0;  // signed length; 0 for the first and the last rung, which are the two ends
+  double k = 0.0;   // wave number
   double k2 = 0.0;  // k squared
 };
 
@@ -30,29 +33,33 @@ class TankRun {
   const RunData& run() const { return run_; }
 
   double omega(std::uint64_t harmonic) const;
-  // Interpolated depth. Throws "TankConfig not built" and segment_of's text.
+  // Interpolated depth. Throws what segment_of throws.
   double depth_at(double x) const;
-  // The profile segment that holds x. Throws "Value x=<x> is outside dimensions of tank".
+  // The index of the profile segment that contains x. Throws "Value x=<x> is outside dimensions of
+  // tank", and "TankConfig not built" for a profile of fewer than two points.
   std::size_t segment_of(double x) const;
+  // TankConfig::profile_samples.
   void depth_samples(std::vector<double>& out, double dx) const;
 
-  // Cuts the tank between the paddle line and x at each profile point. Throws segment_of's text
-  // for an x beyond the profile.
+  // Cuts the tank between the paddle line and x at each profile point. Throws "Value x=<x> is
+  // outside dimensions of tank" for an x beyond the profile.
   void build_ladder(std::uint64_t harmonic, double x);
   const std::vector<KnumStep>& ladder() const { return ladder_; }
 
   double wave_num_at(std::uint64_t harmonic, double x) const;
-  // Amplitude at x against the paddle line, by conservation of energy flux. Throws "knum is empty".
+  // The ratio of the amplitude at x to that at the paddle line, by conservation of energy flux.
+  // Throws "knum is empty".
   double shoaling(std::uint64_t harmonic, double x);
-  // Phase at (x, y) of a front whose angle at the paddle line is theta, by Snell's law; not a
-  // number where the front cannot pass. Throws "knum is empty".
+  // The phase lag from the paddle line to (x, y) of a front whose angle at the paddle line is
+  // theta, by Snell's law. NaN where the front cannot pass. Throws "knum is empty".
   double phase_lag(std::uint64_t harmonic, double x, double y, double theta);
-  // Whether the tank's paddles can make that angle.
+  // Whether the angle is within the tank's limits.
   bool angle_in_range(double theta) const;
 
  private:
-  void need_ladder(std::uint64_t harmonic, double x);
-  // The rungs from the paddle line to x, and the depth there.
+  // Builds the ladder unless it is the present one.
+  void ensure_ladder(std::uint64_t harmonic, double x);
+  // Both push the rungs from the paddle line to x, and return the depth there.
   double walk_forward(double w, double x);
   double walk_backward(double w, double x);
   void push_rung(double dx, double k);

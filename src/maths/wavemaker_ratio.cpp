@@ -5,16 +5,17 @@
 namespace Maths {
 namespace {
 
-// From this k * depth on, exp(-2 k depth) is lost in the rounding of 1, and the hyperbolic
-// functions are replaced by their limits. Their product overflows from about 355 on.
+// Above this k * depth, exp(-2 k depth) is less than the rounding of 1, so the hyperbolic functions
+// are replaced by their limits. Their product would overflow above about 355.
 constexpr double deep = 25.0;
 
-// What the bottom adds in deep water: something only for an edge close to it or below it.
+// The term of the bottom in deep water. It matters only for an edge close to the bottom or below
+// it.
 double bottom_part(double k, double depth, double e) {
   return std::exp(k * (e - 2 * depth)) - std::exp(-2 * k * depth);
 }
 
-// The phase at a segment's edge against its middle, of a wave at the angle theta.
+// The phase between the middle and the side of a segment, for a wave at the angle theta.
 double edge_phase(double k, double w, double theta) {
   return std::fabs(std::sin(theta) * (k * w) * 0.5);
 }
@@ -33,7 +34,7 @@ double scaled_piston_ratio(double k, double depth, double e, double factor) {
 
 double flap_ratio(double k, double depth, double e) {
   if (k * depth > deep) {
-    // The factor of e / e keeps NaN for a hinge at the water line, as in the full form.
+    // The factor e / e makes the result NaN for a hinge at the water line, as in the full form.
     return (bottom_part(k, depth, e) + k * e + std::expm1(-k * e)) * (2 * e) / (k * e);
   }
   const double S = std::sinh(k * depth);
