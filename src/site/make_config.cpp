@@ -1,17 +1,16 @@
-// The steps from a site script to the TankConfig, on which all calculation stands:
+// The steps from a site script to the TankConfig, on which all calculation stands.
 //
-//   Context::create, after the script has been read
-//     1. get_consts collects the limits of the site with the units that the script gives them:
-//     those
-//        of the tank, those of frequency and direction, the base rate and gravity.
-//     2. read_limits converts them to base units: the limit table.
-//     3. use_limits copies what the TankConfig needs of the table.
-//   Context::make_ready, after create, and again after each change of a tunable value
-//     4. set_walls finds the side walls that reflect.
-//     5. make_profile follows the bottom and finds the paddle line (tank_profile.h).
+// Context::create, after the script has been read:
+//   1. get_consts collects the limits of tank, frequency and direction, the base rate and gravity,
+//      each with the units that the script gives it.
+//   2. read_limits converts them to base units: the limit table.
+//   3. use_limits copies what the TankConfig needs of the table.
+// Context::make_ready, after create, and again after each change of a tunable value:
+//   4. set_walls finds the side walls that reflect.
+//   5. make_profile follows the bottom and finds the paddle line (tank_profile.h).
 //
-// Steps 4 and 5 take the numbers of the script as metres. Step 2 converts them from the tank's
-// `units`. For a tank in any other unit the two therefore disagree, and hosts rely on both.
+// Step 2 converts lengths from the tank's `units`; steps 4 and 5 take the numbers of the script as
+// metres. The two disagree for a tank in any other unit. Kept on purpose: hosts rely on both.
 #include <cmath>
 #include <string>
 
