@@ -5,6 +5,8 @@
 #include <span>
 #include <string_view>
 
+#include "base/compose.h"
+
 namespace Base {
 namespace {
 
@@ -12,7 +14,7 @@ using Members = std::span<const std::string_view>;
 
 // clang-format off
 constexpr std::string_view bool_members[] = {"False", "True"};
-// "Barlett" is how hosts write it.
+// Hosts pass "Barlett" and "BarlettHann", spelled like this.
 constexpr std::string_view window_members[] = {
     "Null", "Barlett", "BarlettHann", "Blackman", "BlackmanHarris", "BlackmanNuttall", "Hamming",
     "Nuttall", "Triangular", "Rectangular"};
@@ -46,17 +48,19 @@ constexpr EnumRow enum_table[] = {
 // clang-format on
 
 [[noreturn]] void throw_type_range(std::int32_t type) {
-  throw "Type \"" + std::to_string(type) + "\" out of range in enum";
+  throw compose("Type \"", type, "\" out of range in enum");
 }
 
 [[noreturn]] void throw_value_range(std::uint32_t member) {
-  throw "Value \"" + std::to_string(member) + "\" out of range in enum";
+  throw compose("Value \"", member, "\" out of range in enum");
 }
 
-// The bound is one above the last row, and the low end is open, as hosts know it. A number that
-// passes it without a row has no members.
-void check_type(std::int32_t type) {
-  if (type > 9) {
+// One above the last row on purpose, and negative numbers pass too: hosts rely on which numbers are
+// refused.
+constexpr std::int32_t highest_accepted_type = 9;
+
+void require_accepted_type(std::int32_t type) {
+  if (type > highest_accepted_type) {
     throw_type_range(type);
   }
 }
@@ -65,6 +69,14 @@ bool has_row(std::int32_t type) {
   return type >= 0 && type < static_cast<std::int32_t>(std::size(enum_table));
 }
 
+const EnumRow& row_of(std::int32_t type) {
+  if (!has_row(type)) {
+    throw_type_range(type);
+  }
+  return enum_table[type];
+}
+
+// An accepted type without a row has no members.
 Members members_of(std::int32_t type) {
   return has_row(type) ? enum_table[type].members : Members{};
 }
@@ -83,7 +95,7 @@ std::int32_t find_type(const std::string& type) {
 EnumValue enum_of_type(const std::string& type) { return {find_type(type), 0, InvalidState}; }
 
 EnumValue enum_of_type(std::int32_t type) {
-  check_type(type);
+  require_accepted_type(type);
   return {type, 0, InvalidState};
 }
 
@@ -98,25 +110,17 @@ EnumValue make_enum(const std::string& type, const std::string& member, ValueSta
 }
 
 EnumValue make_enum(std::int32_t type, std::uint32_t member, ValueState state) {
-  check_type(type);
+  require_accepted_type(type);
   if (member >= members_of(type).size()) {
     throw_value_range(member);
   }
   return {type, member, state};
 }
 
-std::string type_name(const EnumValue& value) {
-  if (!has_row(value.type)) {
-    throw_type_range(value.type);
-  }
-  return std::string(enum_table[value.type].name);
-}
+std::string type_name(const EnumValue& value) { return std::string(row_of(value.type).name); }
 
 std::string member_name(const EnumValue& value) {
-  if (!has_row(value.type)) {
-    throw_type_range(value.type);
-  }
-  const Members members = members_of(value.type);
+  const Members members = row_of(value.type).members;
   if (value.member >= members.size()) {
     throw_value_range(value.member);
   }

@@ -1,7 +1,7 @@
-// The enumerations that parameters may take: their types, members and numbers.
+// The enumerations that a parameter can hold: type names, member names and their numbers.
 //
-// Type and member numbers are compared all over the library, and hosts pass the names, so
-// order and spelling are fixed. Every failure is thrown as a std::string.
+// The library compares numbers and hosts pass names, so order and spelling are fixed. Failures are
+// thrown as std::string.
 #ifndef KELPBOX_BASE_ENUMERATIONS_H_
 #define KELPBOX_BASE_ENUMERATIONS_H_
 
@@ -13,7 +13,7 @@
 
 namespace Base {
 
-// Type numbers, rows of the table.
+// Type numbers.
 namespace EnumType {
 inline constexpr std::int32_t Bool = 0;
 inline constexpr std::int32_t Window = 1;
@@ -46,9 +46,9 @@ inline constexpr std::uint32_t RMS = 1;
 inline constexpr std::uint32_t Random = 2;
 }  // namespace WaveMerge
 
-// Member 0 of a type, invalid. Throws "Enum type::<name>::Not found".
+// Member 0 of the type, in the invalid state. Throws "Enum type::<name>::Not found".
 EnumValue enum_of_type(const std::string& type);
-// Throws `Type "N" out of range in enum` when the number is above 9.
+// Throws `Type "N" out of range in enum` for a number above 9.
 EnumValue enum_of_type(std::int32_t type);
 
 // Throws "Enum type::<type>::Not found" or "Enum type::<type>::<member>::Not found".
@@ -56,10 +56,12 @@ EnumValue make_enum(const std::string& type, const std::string& member, ValueSta
 // Throws `Type "N" out of range in enum` or `Value "N" out of range in enum`.
 EnumValue make_enum(std::int32_t type, std::uint32_t member, ValueState state = {});
 
+// Both throw `Type "N" out of range in enum` for a type that does not exist, and member_name throws
+// `Value "N" out of range in enum`.
 std::string type_name(const EnumValue& value);
 std::string member_name(const EnumValue& value);
 
-// As "Window::Hamming".
+// Writes for example "Window::Hamming".
 std::ostream& operator<<(std::ostream& out, const EnumValue& value);
 
 }  // namespace Base

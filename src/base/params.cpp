@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "base/compose.h"
 #include "base/enumerations.h"
 #include "base/near.h"
 #include "base/streams.h"
@@ -13,11 +14,7 @@ EnumValue enum_of(const Quantity& quantity) {
   if (!quantity.is_enum()) {
     throw std::string("Trying to convert to Enum from non Enum type");
   }
-  // The member of a value not yet given is read too, so the state is set aside.
-  Quantity readable = quantity;
-  readable.state = ValueState{};
-  const std::int32_t type = readable.enum_type();
-  return {type, readable.enum_value(type), quantity.state};
+  return quantity.held_member();
 }
 
 [[noreturn]] void throw_not_found(const std::string& name) { throw name + "::Not found"; }
@@ -66,28 +63,32 @@ double Params::read(const std::string& name, UnitCategory category) const {
   return find_convertible(name, category)->second.get(category);
 }
 
+void Params::require_value(const std::string& name, UnitCategory category) const {
+  static_cast<void>(read(name, category));
+}
+
 std::uint32_t Params::read_enum(const std::string& name, std::int32_t type) const {
   return find_enum(name, type)->second.enum_value(type);
 }
 
-void Params::check_absent(const std::string& name) const {
+void Params::require_absent(const std::string& name) const {
   if (contains(name)) {
     throw "\"" + name + "\"::Duplicate parameter:";
   }
 }
 
 void Params::insert(const std::string& name, double value, const std::string& units) {
-  check_absent(name);
-  insert(name, value, resolve_units(units));
+  require_absent(name);
+  entries_.emplace(name, Quantity(value, resolve_units(units)));
 }
 
 void Params::insert(const std::string& name, const std::string& member, const std::string& type) {
-  check_absent(name);
+  require_absent(name);
   entries_.emplace(name, Quantity(make_enum(type, member)));
 }
 
 void Params::insert(const std::string& name, double value, Units units) {
-  check_absent(name);
+  require_absent(name);
   entries_.emplace(name, Quantity(value, units));
 }
 
@@ -98,7 +99,7 @@ void Params::clear() {
 
 std::string Params::comment(std::uint32_t index) const {
   if (index >= comments_.size()) {
-    throw "Comment " + std::to_string(index) + " out of range";
+    throw compose("Comment ", index, " out of range");
   }
   return comment_text(comments_[index]);
 }
@@ -118,7 +119,7 @@ const std::vector<Param>& Params::param_list() {
 void Params::print() const { print(Base::progress(), ""); }
 
 void Params::print(std::ostream& out, const std::string& prefix) const {
-  // Flushed line by line, since hosts read these lines as they come.
+  // Flushes every line, because hosts read the lines as they are written.
   for (const auto& [name, quantity] : entries_) {
     out << prefix << name << " = " << quantity << std::endl;
   }

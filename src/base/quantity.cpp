@@ -8,10 +8,11 @@
 namespace Base {
 namespace {
 
-// Truncated toward zero. What is no member number becomes one that every range check refuses.
+// Truncates toward zero. A value outside 32 bits, or NaN, becomes a number that every range check
+// refuses.
 std::uint32_t member_number(double value) {
-  constexpr double beyond = 4294967296.0;
-  if (value > -1.0 && value < beyond) {
+  constexpr double two_to_32 = 4294967296.0;
+  if (value > -1.0 && value < two_to_32) {
     return static_cast<std::uint32_t>(value);
   }
   return std::numeric_limits<std::uint32_t>::max();
@@ -47,7 +48,7 @@ Quantity::Quantity(const EnumValue& member)
 double Quantity::get(Units to) const { return value * factor(units, to); }
 
 double Quantity::get(UnitCategory category) const {
-  if (state.state == 0) {
+  if (state.invalid()) {
     throw std::string("Invalid value");
   }
   return value * factor_to_base(units, category);
@@ -55,7 +56,7 @@ double Quantity::get(UnitCategory category) const {
 
 void Quantity::set(UnitCategory category, double base_value) {
   value = base_value / factor_to_base(units, category);
-  if (state.state == 0) {
+  if (state.invalid()) {
     state = ValueState{};
   }
 }
@@ -69,21 +70,23 @@ std::int32_t Quantity::enum_type() const {
 
 std::uint32_t Quantity::enum_value(std::int32_t type) const {
   const std::int32_t own_type = enum_type();
-  if (state.state == 0) {
+  if (state.invalid()) {
     throw std::string("Invalid value");
   }
-  const EnumValue held = make_enum(own_type, member_number(value));
-  if (held.type != type) {
+  const std::uint32_t member = held_member().member;
+  if (own_type != type) {
     throw std::string("Accessing enum of wrong type");
   }
-  return held.member;
+  return member;
 }
+
+EnumValue Quantity::held_member() const { return make_enum(enum_type(), member_number(value)); }
 
 bool Quantity::compatible(std::uint32_t row) const { return Base::compatible(units, row); }
 
 std::ostream& operator<<(std::ostream& out, const Quantity& quantity) {
   if (quantity.is_enum()) {
-    return out << make_enum(quantity.enum_type(), member_number(quantity.value));
+    return out << quantity.held_member();
   }
   out << quantity.value << quantity.units;
   const std::string state = state_text(quantity.state);
