@@ -1,6 +1,6 @@
-// The plain data behind units.h: units, their further names, prefixes, defaults of categories.
+// The constant data behind units.h: units, their aliases, prefixes, default units of categories.
 //
-// Row numbers are part of the data, since Units values hold them.
+// Row numbers must not change, because Units values hold them.
 #ifndef KELPBOX_BASE_UNIT_TABLE_H_
 #define KELPBOX_BASE_UNIT_TABLE_H_
 
@@ -15,11 +15,11 @@ namespace Base {
 struct UnitRow {
   std::string_view name;
   UnitCategory category;
-  std::uint32_t power;  // the exponent that a prefix takes
-  double factor;        // one such unit in the base unit of its category
+  std::uint32_t power;  // the exponent of the prefix: 3 for m3, so that 1 cm3 = 1e-6 m3
+  double factor;        // the value of one unit in the base unit of its category
 };
 
-// A further text that resolves to a row.
+// Another name for a row.
 struct UnitAlias {
   std::string_view name;
   std::uint32_t row;
@@ -30,12 +30,12 @@ struct PrefixRow {
   double multiplier;
 };
 
-// Row 0 is no unit and cannot be reached from text; row 1 is the plain number.
+// Row 0 is not a unit and has no name that resolves. Row 1 is the plain number.
 extern const std::array<UnitRow, 90> unit_table;
 extern const std::array<UnitAlias, 8> unit_aliases;
-// Row 0 is no prefix.
+// Row 0 stands for no prefix.
 extern const std::array<PrefixRow, 10> prefix_table;
-// By category number; the entry of category 0 is never given out.
+// Indexed by category number. The entry of category 0 is not used.
 extern const std::array<Units, 24> default_units_table;
 
 }  // namespace Base

@@ -5,13 +5,14 @@
 #include <optional>
 #include <unordered_map>
 
+#include "base/compose.h"
 #include "base/constants.h"
 #include "base/unit_table.h"
 
 namespace Base {
 namespace {
 
-// A row beyond the table is an error row, so that units from damaged data convert to nothing.
+// A row outside the table counts as the error row, so units from damaged data do not convert.
 const UnitRow& row_of(std::uint32_t row) { return unit_table[row < unit_table.size() ? row : 0]; }
 
 std::unordered_map<std::string_view, std::uint32_t> index_names() {
@@ -34,6 +35,7 @@ std::optional<std::uint32_t> find_row(std::string_view name) {
   return found->second;
 }
 
+// The row of the prefix with that letter, or 0.
 std::uint32_t prefix_of(char letter) {
   for (std::uint32_t prefix = 1; prefix < prefix_table.size(); ++prefix) {
     if (prefix_table[prefix].letter == letter) {
@@ -47,19 +49,24 @@ std::uint32_t prefix_of(char letter) {
   throw "Unable to convert from \"" + units_text(from) + "\" to \"" + units_text(to) + "\"";
 }
 
-// The categories other than equal ones that convert are frequency and angular rate.
-double bridge(double f, Units from, UnitCategory from_category, Units to,
-              UnitCategory to_category) {
+bool is_rate(UnitCategory category) {
+  return category == Category::frequency || category == Category::angrate;
+}
+
+bool categories_convert(UnitCategory from, UnitCategory to) {
+  return from == to || (is_rate(from) && is_rate(to));
+}
+
+// The factor f between two rows, adjusted for the step between cycles and radians.
+double across_categories(double f, Units from, UnitCategory from_category, Units to,
+                         UnitCategory to_category) {
+  if (!categories_convert(from_category, to_category)) {
+    throw_no_conversion(from, to);
+  }
   if (from_category == to_category) {
     return f;
   }
-  if (from_category == Category::frequency && to_category == Category::angrate) {
-    return f * TwoPi;
-  }
-  if (from_category == Category::angrate && to_category == Category::frequency) {
-    return f / TwoPi;
-  }
-  throw_no_conversion(from, to);
+  return to_category == Category::angrate ? f * TwoPi : f / TwoPi;
 }
 
 }  // namespace
@@ -79,7 +86,7 @@ Units resolve_units(std::string_view text) {
 
 Units default_units(UnitCategory category) {
   if (category < 1 || category >= default_units_table.size()) {
-    throw "Set value " + std::to_string(category) + " not supported";
+    throw compose("Set value ", category, " not supported");
   }
   return default_units_table[category];
 }
@@ -98,17 +105,14 @@ std::string units_text(Units units) {
 std::ostream& operator<<(std::ostream& out, Units units) { return out << units_text(units); }
 
 bool compatible(Units units, std::uint32_t row) {
-  const UnitCategory a = row_of(units.row).category;
-  const UnitCategory b = row_of(row).category;
-  return a == b || (a == Category::frequency && b == Category::angrate) ||
-         (a == Category::angrate && b == Category::frequency);
+  return categories_convert(category_of(units), row_of(row).category);
 }
 
 double factor(Units from, Units to) {
   const UnitRow& a = row_of(from.row);
   const UnitRow& b = row_of(to.row);
-  const double f = bridge(a.factor / b.factor, from, a.category, to, b.category);
-  // Equal prefixes cancel even between rows of different powers: hosts depend on it.
+  const double f = across_categories(a.factor / b.factor, from, a.category, to, b.category);
+  // Equal prefixes cancel, even between rows of different powers: hosts rely on this.
   if (from.prefix == to.prefix) {
     return f;
   }
@@ -126,7 +130,7 @@ double factor(Units from, Units to) {
 double factor_to_base(Units units, UnitCategory category) {
   const UnitRow& row = row_of(units.row);
   const Units wanted = default_units(category);
-  const double f = bridge(row.factor, units, row.category, wanted, category);
+  const double f = across_categories(row.factor, units, row.category, wanted, category);
   if (units.prefix >= prefix_table.size()) {
     throw_no_conversion(units, wanted);
   }

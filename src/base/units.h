@@ -1,7 +1,7 @@
-// Units of measure: the table of units, the table of prefixes, and the conversions.
+// Units of measure: from text to table rows, from rows to text, and conversion factors.
 //
-// A unit is text for the host ("mm", "ft/s", "kHz") and a pair of table rows inside. All
-// tables are constant, and every failure is thrown as a std::string.
+// The host writes units as text ("mm", "ft/s", "kHz"). The library holds them as a pair of table
+// rows (unit_table.h). Failures are thrown as std::string.
 #ifndef KELPBOX_BASE_UNITS_H_
 #define KELPBOX_BASE_UNITS_H_
 
@@ -21,8 +21,8 @@ struct Units {
   bool operator==(const Units&) const = default;
 };
 
-// A category number, 1 to 23. A plain number, since hosts and site data carry it as one and a
-// number out of range must be reported, not be impossible.
+// A category number from 1 to 23. It is a plain number because it can come from outside, and a
+// number out of range must be reported.
 using UnitCategory = std::uint32_t;
 
 namespace Category {
@@ -52,34 +52,35 @@ inline constexpr UnitCategory volts = 22;
 inline constexpr UnitCategory amps = 23;
 }  // namespace Category
 
-// The units that a text names. A whole name comes before a prefixed one: "ms" is metre
-// seconds, "msec" is a millisecond. Throws "Unknown units - " and the text.
+// The units with that name. A whole name takes precedence over a prefixed one: "ms" is a metre
+// second and "msec" a millisecond. Throws "Unknown units - <text>".
 Units resolve_units(std::string_view text);
 
-// The units that a value of the category takes when none are given.
-// Throws "Set value N not supported" for a number below 1 or above 23.
+// The units of a value for which only the category is given. Mass and density have Mg and Mg/m3,
+// which are not the base units. Throws "Set value N not supported" for a number outside 1 to 23.
 Units default_units(UnitCategory category);
 
-// The category of the units' row.
+// The category of the unit; the prefix does not matter.
 UnitCategory category_of(Units units);
 
-// The prefix letter, if any, and the row's name.
+// The prefix letter, if any, and the name of the unit.
 std::string units_text(Units units);
 std::ostream& operator<<(std::ostream& out, Units units);
 
-// Whether values of the two rows convert: the same category, or frequency and angular rate.
-// Prefixes do not matter.
+// Whether the unit converts to that of the given row: both have the same category, or one is a
+// frequency and the other an angular rate. Prefixes do not matter.
 bool compatible(Units units, std::uint32_t row);
 
-// The number by which a value in `from` is multiplied to express it in `to`.
-// Throws `Unable to convert from "<from>" to "<to>"`.
+// The number by which a value in `from` is multiplied to express it in `to`. Throws `Unable to
+// convert from "<from>" to "<to>"`.
 double factor(Units from, Units to);
 
 // The number by which a value in `units` is multiplied to express it in the base unit of the
-// category (whose factor is 1.0; kilograms for a mass). Throws as `factor` does.
+// category, the one with factor 1.0 (for mass the kilogram). Throws as `factor`, naming the default
+// units of the category as the target.
 double factor_to_base(Units units, UnitCategory category);
 
-// The units that a host may offer its user beside the given ones.
+// The units that a host can offer its user instead of the given ones. The list includes these too.
 std::vector<std::string> alternate(Units units);
 
 }  // namespace Base
