@@ -5,16 +5,20 @@
 #include <algorithm>
 #include <climits>
 #include <cstddef>
+#include <mutex>
 #include <new>
 #include <string>
+
+#include "base/compose.h"
+#include "base/vector.h"
 
 namespace {
 
 using Samples = std::vector<double>;
 using Spectrum = std::vector<std::complex<double>>;
 
-// Vectors serve FFTW as they are, and always by the same plan: results repeat exactly, wherever a
-// vector lies.
+// FFTW chooses its plan by alignment. Every vector has the alignment that FFTW looks for, so one
+// input always gives the same result, wherever the vector lies in memory.
 static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ % 16 == 0);
 
 struct Free {
@@ -26,21 +30,20 @@ struct DestroyPlan {
 };
 using Plan = std::unique_ptr<fftw_plan_s, DestroyPlan>;
 
-std::size_t elements_for(std::size_t samples) { return samples / 2 + 1; }
-
+// The mean and the Nyquist element have no conjugate of their own in the two-sided spectrum.
 bool counts_once(std::size_t h, std::size_t samples) { return h == 0 || 2 * h == samples; }
 
 fftw_complex* raw(Spectrum& spectrum) { return reinterpret_cast<fftw_complex*>(spectrum.data()); }
 
-// The planner is the only part of FFTW that threads share; it guards itself from here on.
+// The planner is the only part of FFTW that threads share. After this call it locks itself.
 void make_planner_safe() {
-  static const bool done = (fftw_make_planner_thread_safe(), true);
-  static_cast<void>(done);
+  static std::once_flag once;
+  std::call_once(once, fftw_make_planner_thread_safe);
 }
 
 int checked_size(std::size_t samples) {
   if (samples > INT_MAX) {
-    throw "FFT of " + std::to_string(samples) + " samples is too long";
+    throw Base::compose("FFT of ", samples, " samples is too long");
   }
   make_planner_safe();
   return static_cast<int>(samples);
@@ -48,34 +51,36 @@ int checked_size(std::size_t samples) {
 
 Plan checked_plan(fftw_plan plan, std::size_t samples) {
   if (plan == nullptr) {
-    throw "FFT of " + std::to_string(samples) + " samples cannot be planned";
+    throw Base::compose("FFT of ", samples, " samples cannot be planned");
   }
   return Plan(plan);
 }
 
-// `freq` has room for all elements.
+// Needs a spectrum of at least n / 2 + 1 elements.
 void to_freq(const Samples& time, Spectrum& freq) {
   const int n = checked_size(time.size());
-  // Neither planning nor running writes to the samples.
+  // FFTW writes to the samples neither when it plans nor, as asked here, when it runs.
   auto* const samples = const_cast<double*>(time.data());
   const Plan plan =
       checked_plan(fftw_plan_dft_r2c_1d(n, samples, raw(freq), FFTW_ESTIMATE | FFTW_PRESERVE_INPUT),
                    time.size());
   fftw_execute(plan.get());
-  const std::size_t elements = elements_for(time.size());
+  const std::size_t elements = Base::spectrum_size(time.size());
   for (std::size_t h = 0; h < elements; ++h) {
     freq[h] *= counts_once(h, time.size()) ? 1.0 / n : 2.0 / n;
   }
   std::fill(freq.begin() + static_cast<std::ptrdiff_t>(elements), freq.end(), 0.0);
 }
 
-// The plan for transforms of one size to time, and the memory of those that keep their spectrum.
+// A plan for transforms of one size to the time form, with a buffer for a copy of the spectrum.
 class ToTime {
  public:
   explicit ToTime(std::size_t samples) : size_(samples) {
     const int n = checked_size(samples);
-    // Only for their alignment: nothing is written there, so that the system gives no memory.
-    const std::unique_ptr<fftw_complex[], Free> in(fftw_alloc_complex(elements_for(samples)));
+    // FFTW looks at the alignment of these arrays only. Nothing is written to them, so they take up
+    // addresses but no memory.
+    const std::unique_ptr<fftw_complex[], Free> in(
+        fftw_alloc_complex(Base::spectrum_size(samples)));
     const std::unique_ptr<double[], Free> out(fftw_alloc_real(samples));
     if (!in || !out) {
       throw std::bad_alloc();
@@ -84,16 +89,16 @@ class ToTime {
   }
 
   void run(const Spectrum& freq, Samples& time) {
-    const std::size_t given = std::min(freq.size(), elements_for(size_));
+    const std::size_t given = std::min(freq.size(), Base::spectrum_size(size_));
     spectrum_.assign(freq.begin(), freq.begin() + static_cast<std::ptrdiff_t>(given));
     consume(spectrum_, time);
   }
 
   void consume(Spectrum& freq, Samples& time) {
-    freq.resize(elements_for(size_));
+    freq.resize(Base::spectrum_size(size_));
     for (std::size_t h = 0; h < freq.size(); ++h) {
-      // The transform adds each harmonic's conjugate, except for the mean and the Nyquist element,
-      // of which only the real part shows in the samples.
+      // FFTW adds each harmonic's conjugate, hence the halves. Only the real parts of the mean and
+      // of the Nyquist element contribute to the samples.
       const bool once = counts_once(h, size_);
       freq[h] = {once ? freq[h].real() : 0.5 * freq[h].real(), once ? 0.0 : 0.5 * freq[h].imag()};
     }
@@ -121,11 +126,11 @@ void KLPFFT_time_to_freq(const std::vector<double>* time, std::vector<std::compl
     std::fill(freq->begin(), freq->end(), 0.0);
     return;
   }
-  if (freq->size() >= elements_for(time->size())) {
+  if (freq->size() >= Base::spectrum_size(time->size())) {
     to_freq(*time, *freq);
     return;
   }
-  Spectrum whole(elements_for(time->size()));
+  Spectrum whole(Base::spectrum_size(time->size()));
   to_freq(*time, whole);
   std::copy_n(whole.begin(), freq->size(), freq->begin());
 }
@@ -150,10 +155,13 @@ void consume_to_time(std::vector<std::complex<double>>& freq, std::vector<double
 }
 
 std::uint64_t transform_memory(std::size_t samples) {
-  // The tables of most lengths have three quarters of the size of the samples. A great prime factor
-  // is transformed by way of convolutions, which need padded copies and tables of their own.
+  // For most lengths FFTW's tables take three quarters of the memory of the samples. It transforms
+  // a large prime factor by convolution, which needs padded copies and more tables.
+  constexpr std::uint64_t table_bytes_per_sample = 6;
+  constexpr std::uint64_t convolution_bytes = 40;  // for each unit of the prime factor
+  constexpr std::uint64_t large_prime = 1000;
   const std::uint64_t prime = largest_prime_factor(samples);
-  return 6 * std::uint64_t{samples} + (prime > 1000 ? 40 * prime : 0);
+  return table_bytes_per_sample * samples + (prime > large_prime ? convolution_bytes * prime : 0);
 }
 
 FFT_Plan::FFT_Plan(unsigned samples, unsigned, FFT_Type) : samples_(samples) {
@@ -164,10 +172,9 @@ FFT_Plan::FFT_Plan(unsigned samples, unsigned, FFT_Type) : samples_(samples) {
 
 FFT_Plan::~FFT_Plan() = default;
 
-void FFT_Plan::check(const std::vector<double>& time) const {
+void FFT_Plan::require_usable(const std::vector<double>& time) const {
   if (time.size() != samples_) {
-    throw "FFT plan for " + std::to_string(samples_) + " samples given " +
-        std::to_string(time.size());
+    throw compose("FFT plan for ", samples_, " samples given ", time.size());
   }
   if (samples_ != 0 && !buffers_) {
     throw std::string("FFT plan without its buffers");
@@ -175,14 +182,14 @@ void FFT_Plan::check(const std::vector<double>& time) const {
 }
 
 void FFT_Plan::execute(const std::vector<std::complex<double>>* freq, std::vector<double>* time) {
-  check(*time);
+  require_usable(*time);
   if (samples_ != 0) {
     buffers_->run(*freq, *time);
   }
 }
 
 void FFT_Plan::consume(std::vector<std::complex<double>>& freq, std::vector<double>& time) {
-  check(time);
+  require_usable(time);
   if (samples_ != 0) {
     buffers_->consume(freq, time);
   }

@@ -1,10 +1,11 @@
-// The Fourier transforms, on the one scaling of the whole library.
+// The Fourier transforms, all with one scaling.
 //
-// Element h of a spectrum is the one-sided complex amplitude of harmonic h, element 0 the mean.
-// The time form of n samples is the sum over h of Re(X[h] exp(+i 2 pi h j / n)); nothing is
-// scaled by n on that way. The element at n/2 of an even n counts once, so that the two
-// directions are inverse to each other. Elements above n/2 are ignored. Any n, primes included.
-// Two threads may transform at once.
+// Element h of a spectrum is the one-sided complex amplitude of harmonic h. Element 0 is the mean.
+// Sample j of n is the sum over h of Re(X[h] exp(+i 2 pi h j / n)), without a factor of n. The
+// element at n/2 of an even n counts once, so the two directions are inverse to each other.
+// Elements above n/2 are ignored. n can be any number, including a prime. Several threads may
+// transform at the same time. Every transform throws std::string "FFT of N samples is too long"
+// above 2^31 - 1 samples, and "FFT of N samples cannot be planned".
 #ifndef KELPBOX_BASE_FFT_H_
 #define KELPBOX_BASE_FFT_H_
 
@@ -14,20 +15,20 @@
 #include <memory>
 #include <vector>
 
-// Fills the spectrum, which the caller has sized to N / 2 + 1, from the N samples. The size is
-// never exceeded; elements above N / 2 become 0.
+// Fills the spectrum from the N samples. The caller sizes the spectrum to N / 2 + 1. A shorter one
+// is filled as far as it goes, and in a longer one the elements above N / 2 become 0.
 void KLPFFT_time_to_freq(const std::vector<double>* time, std::vector<std::complex<double>>* freq);
 
-// Fills the samples, which the caller has sized to N, from the spectrum. A spectrum of fewer
-// than N / 2 + 1 elements stands for zeros behind its last.
+// Fills the N samples from the spectrum. The caller sizes the samples to N. The elements that a
+// spectrum lacks up to N / 2 count as 0.
 void KLPFFT_freq_to_time(const std::vector<std::complex<double>>* freq, std::vector<double>* time);
 
 namespace Base {
 
-// The same result as KLPFFT_freq_to_time, without a copy of the spectrum, whose elements are lost.
+// The same result as KLPFFT_freq_to_time. Overwrites the spectrum instead of copying it.
 void consume_to_time(std::vector<std::complex<double>>& freq, std::vector<double>& time);
 
-// The least number of bytes that a transform needs beside its samples and its spectrum.
+// A lower bound for the bytes that a transform needs in addition to its samples and its spectrum.
 std::uint64_t transform_memory(std::size_t samples);
 
 enum class FFT_Type : unsigned { freq_to_time = 0 };
@@ -35,23 +36,23 @@ enum class FFT_Type : unsigned { freq_to_time = 0 };
 // Repeated inverse transforms of one size.
 class FFT_Plan {
  public:
-  // For N samples from `elements` elements of a spectrum.
+  // For N samples. The number of elements of the spectrum is not needed.
   FFT_Plan(unsigned samples, unsigned elements, FFT_Type type);
   ~FFT_Plan();
   FFT_Plan(const FFT_Plan&) = delete;
   FFT_Plan& operator=(const FFT_Plan&) = delete;
 
-  // The same result as KLPFFT_freq_to_time. Throws a std::string when the vector is not of N
-  // samples, or when the buffers have been freed.
+  // The same result as KLPFFT_freq_to_time. Throws std::string "FFT plan for N samples given M",
+  // and "FFT plan without its buffers" after freeFFTBuffers.
   void execute(const std::vector<std::complex<double>>* freq, std::vector<double>* time);
-  // The same without a copy of the spectrum, whose elements are lost.
+  // The same. Overwrites the spectrum instead of copying it.
   void consume(std::vector<std::complex<double>>& freq, std::vector<double>& time);
 
-  // Releases the working memory. After it the plan only waits to be destroyed.
+  // Releases the working memory. The plan cannot be used after this call.
   void freeFFTBuffers();
 
  private:
-  void check(const std::vector<double>& time) const;
+  void require_usable(const std::vector<double>& time) const;
 
   struct Buffers;
   unsigned samples_;

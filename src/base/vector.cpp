@@ -4,14 +4,9 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/compose.h"
+
 namespace Base {
-namespace {
-
-[[noreturn]] void throw_index(std::uint64_t index) {
-  throw "Index " + std::to_string(index) + " out of range";
-}
-
-}  // namespace
 
 template <typename T>
 BaseVec<T>::BaseVec(std::string in_label, Units in_units, std::vector<T> in_data,
@@ -27,16 +22,13 @@ BaseVec<T>::BaseVec(std::string in_label, Units in_units, std::vector<T> in_data
 
 template <typename T>
 T& BaseVec<T>::at(std::uint64_t index) {
-  if (index > data.size()) {
-    throw_index(index);
-  }
-  return index == data.size() ? spare_ : data[index];
+  return const_cast<T&>(std::as_const(*this).at(index));
 }
 
 template <typename T>
 const T& BaseVec<T>::at(std::uint64_t index) const {
   if (index > data.size()) {
-    throw_index(index);
+    throw compose("Index ", index, " out of range");
   }
   return index == data.size() ? spare_ : data[index];
 }
@@ -65,9 +57,9 @@ void BaseVec<T>::insert(std::uint64_t front, std::uint64_t back, const T& fill) 
   if (front > room || back > room - front) {
     throw std::length_error("vector<T> too long");
   }
-  // A copy, since the fill may be one of the elements.
+  // A copy, because `fill` can refer to an element of this vector.
   const T value = fill;
-  // With the room made first, nothing can fail half way.
+  // After this allocation nothing can fail half way.
   data.reserve(data.size() + front + back);
   data.insert(data.begin(), front, value);
   data.insert(data.end(), back, value);

@@ -1,5 +1,6 @@
-// Labelled vectors with units: real samples (Vector) and the spectrum of a series (Cvector).
-// Failures are thrown as a std::string, unless another type is named.
+// Labelled vectors with units: the samples of a signal (Vector) and its spectrum (Cvector).
+//
+// Failures are thrown as std::string unless another type is named.
 #ifndef KELPBOX_BASE_VECTOR_H_
 #define KELPBOX_BASE_VECTOR_H_
 
@@ -12,14 +13,17 @@
 
 namespace Base {
 
-// `length` is the number of time samples that the data stands for. It is a field of its own
-// because a spectrum of 101 elements may stand for 200 or for 201 samples.
+// The number of elements in the spectrum of that many samples.
+constexpr std::uint64_t spectrum_size(std::uint64_t samples) { return samples / 2 + 1; }
+
+// `length` is the number of time samples that the data represents. It is stored separately because
+// a spectrum of 101 elements can represent 200 or 201 samples.
 template <typename T>
 class BaseVec {
  public:
   BaseVec() = default;
-  // A length of 0 means the number of elements. Throws "Mismatched length" when any other
-  // length differs from it.
+  // A length of 0 stands for the number of elements. Any other length must equal that number:
+  // throws "Mismatched length".
   BaseVec(std::string label, Units units, std::vector<T> data, std::uint64_t length = 0);
   virtual ~BaseVec() = default;
 
@@ -28,20 +32,21 @@ class BaseVec {
   BaseVec& operator=(const BaseVec&) = default;
   BaseVec& operator=(BaseVec&&) noexcept = default;
 
-  // The number of elements that hold `samples` time samples.
+  // The number of elements needed for that many time samples.
   virtual std::uint64_t storage_size(std::uint64_t samples) const { return samples; }
 
-  // Throws "Index N out of range" when the index is greater than the number of elements. An
-  // index equal to it passes on purpose: hosts depend on the bound as it is. It reaches a spare
-  // element, so that writing there harms nothing.
+  // Throws "Index N out of range" for an index greater than the number of elements. An index equal
+  // to that number passes on purpose, because hosts rely on it. It refers to a spare element, so
+  // writing there does no harm.
   T& at(std::uint64_t index);
   const T& at(std::uint64_t index) const;
 
-  // Remove or add elements at both ends; `length` becomes the new size. Throw "BaseVec length
-  // does not equal size on erase" (or "insert") when it does not equal the size before, and
-  // "BaseVec erase of more elements than there are"; std::length_error "vector<T> too long" for
-  // more elements than a vector may have.
+  // Removes elements at both ends and sets `length` to the new size. Throws "BaseVec length does
+  // not equal size on erase" and "BaseVec erase of more elements than there are".
   void erase(std::uint64_t front, std::uint64_t back);
+  // Adds copies of `fill` at both ends and sets `length` to the new size. Throws "BaseVec length
+  // does not equal size on insert", and std::length_error "vector<T> too long" for more elements
+  // than a vector can hold.
   void insert(std::uint64_t front, std::uint64_t back, const T& fill);
 
   std::uint64_t length = 0;
@@ -62,11 +67,13 @@ class Vector : public BaseVec<double> {
 class Cvector : public BaseVec<std::complex<double>> {
  public:
   using BaseVec<std::complex<double>>::BaseVec;
-  std::uint64_t storage_size(std::uint64_t samples) const override { return samples / 2 + 1; }
+  std::uint64_t storage_size(std::uint64_t samples) const override {
+    return spectrum_size(samples);
+  }
 };
 
-// The root mean square of the signal without its mean: the square root of half the sum of the
-// squared magnitudes of elements 1 onward.
+// The root mean square of the signal about its mean: the square root of half the sum of the squared
+// magnitudes of elements 1 onward.
 double rms(const Cvector& spectrum);
 
 extern template class BaseVec<double>;
