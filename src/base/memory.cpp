@@ -9,14 +9,14 @@
 #include <fstream>
 #include <iomanip>
 #include <limits>
-#include <sstream>
 
+#include "base/compose.h"
 #include "base/system_memory.h"
 
 namespace Base {
 namespace {
 
-// Bytes of addresses that the process may still take.
+// The bytes left under the process's address space limit.
 std::uint64_t address_room() {
   rlimit limit{};
   if (getrlimit(RLIMIT_AS, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) {
@@ -28,17 +28,18 @@ std::uint64_t address_room() {
   return limit.rlim_cur - std::min<std::uint64_t>(limit.rlim_cur, held);
 }
 
-// Asks for the whole piece and gives it back untouched.
-bool granted(std::uint64_t bytes) {
-  void* proof = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (proof == MAP_FAILED) return false;
-  munmap(proof, bytes);
+// Maps the whole block and releases it without writing to it.
+bool addresses_fit(std::uint64_t bytes) {
+  void* block = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (block == MAP_FAILED) return false;
+  munmap(block, bytes);
   return true;
 }
 
 bool fits_now(std::uint64_t bytes) {
+  // Reading what the system reports takes longer than a small request is worth.
   constexpr std::uint64_t small = 16_MiB;
-  return granted(bytes) && (bytes < small || bytes <= available_memory());
+  return addresses_fit(bytes) && (bytes < small || bytes <= available_memory());
 }
 
 }  // namespace
@@ -48,7 +49,7 @@ std::uint64_t available_memory() { return std::min(system_memory(), address_room
 bool memory_fits(std::uint64_t bytes) {
   if (bytes == 0 || fits_now(bytes)) return true;
 #ifdef __GLIBC__
-  // What was freed in small pieces still belongs to the heap.
+  // The heap keeps memory that was freed in small pieces.
   malloc_trim(0);
 #endif
   return fits_now(bytes);
@@ -57,10 +58,8 @@ bool memory_fits(std::uint64_t bytes) {
 void require_memory(std::uint64_t bytes, const std::string& what) {
   if (memory_fits(bytes)) return;
   const auto gib = [](std::uint64_t count) { return static_cast<double>(count) / (1 << 30); };
-  std::ostringstream text;
-  text << std::fixed << std::setprecision(2) << what << " need " << gib(bytes) << " GiB of memory, "
-       << gib(available_memory()) << " GiB are available";
-  throw text.str();
+  throw compose(std::fixed, std::setprecision(2), what, " need ", gib(bytes), " GiB of memory, ",
+                gib(available_memory()), " GiB are available");
 }
 
 }  // namespace Base

@@ -1,5 +1,5 @@
-// Proof of memory before it is used: the system promises more than it has, and ends a process that
-// takes it at its word.
+// Checks that memory is available before it is used. The system hands out more addresses than it
+// has memory for, and kills a process that then writes to them.
 #ifndef KELPBOX_BASE_MEMORY_H_
 #define KELPBOX_BASE_MEMORY_H_
 
@@ -8,17 +8,18 @@
 
 namespace Base {
 
+// As in 16_MiB: a number of bytes.
 constexpr std::uint64_t operator""_MiB(unsigned long long count) { return count << 20; }
 
-// Bytes that can still be had, as far as the system reports it and the process's limit on addresses
-// allows.
+// The bytes that this process can still get, limited by the memory of the system (system_memory.h)
+// and by the process's address space limit.
 std::uint64_t available_memory();
 
-// Whether so many bytes can be had now. Nothing is kept for the caller. Of small requests the
-// system is only asked for the addresses.
+// Whether that many bytes are available now. Does not reserve them. For less than 16 MiB only the
+// address space is checked.
 bool memory_fits(std::uint64_t bytes);
 
-// Throws std::string "<what> need ... GiB of memory, ... GiB are available" unless the bytes fit.
+// Throws std::string "<what> need ... GiB of memory, ... GiB are available" unless memory_fits.
 void require_memory(std::uint64_t bytes, const std::string& what);
 
 }  // namespace Base

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint64_t no_limit = std::numeric_limits<std::uint64_t>::max();
 
-// Numbers by name, one to a line, as in "MemFree:   100 kB" and "anon 100".
+// The numbers in a file of lines such as "MemFree:   100 kB" or "anon 100", by name.
 class Figures {
  public:
   explicit Figures(const std::string& path) {
@@ -37,16 +37,17 @@ class Figures {
   std::map<std::string, std::uint64_t> values_;
 };
 
-// A limit that is not set is the word "max".
+// The number that the file starts with. A limit that is not set is the word "max".
 std::uint64_t number_in(const std::string& path, std::uint64_t missing) {
   std::ifstream file(path);
   std::uint64_t value = 0;
   return file >> value ? value : missing;
 }
 
+// a - b, or 0 where b is the greater.
 std::uint64_t difference(std::uint64_t a, std::uint64_t b) { return a - std::min(a, b); }
 
-// How the two versions of control groups name their files.
+// The file names of control groups, which differ between the two versions.
 struct GroupFiles {
   const char* mount;
   const char* limit;
@@ -57,6 +58,8 @@ constexpr GroupFiles version_1 = {"/sys/fs/cgroup/memory", "/memory.limit_in_byt
                                   "/memory.usage_in_bytes", "total_"};
 constexpr GroupFiles version_2 = {"/sys/fs/cgroup", "/memory.max", "/memory.current", ""};
 
+// The bytes left under the limit of one group. Its file cache counts as free, since the system
+// drops it first.
 std::uint64_t group_room(const std::string& folder, const GroupFiles& files) {
   const std::uint64_t limit = number_in(folder + files.limit, no_limit);
   if (limit == no_limit) return no_limit;
@@ -67,8 +70,21 @@ std::uint64_t group_room(const std::string& folder, const GroupFiles& files) {
   return difference(limit, difference(number_in(folder + files.usage, 0), cache));
 }
 
-// The least room of the groups around the process. In a container the inner folders may be out of
-// sight; the limit then shows at the mount itself.
+// A group and the groups around it, from the inside out. A container may not see the inner folders.
+// The limit then shows at the mount itself.
+std::uint64_t nested_groups_room(const std::string& mount, std::string path,
+                                 const GroupFiles& files) {
+  std::uint64_t room = group_room(mount, files);
+  while (!path.empty()) {
+    room = std::min(room, group_room(mount + path, files));
+    const std::size_t last = path.rfind('/');
+    path.erase(last == std::string::npos ? 0 : last);
+  }
+  return room;
+}
+
+// The least room of all groups that the process is in. /proc/self/cgroup has a line
+// "<number>:<controllers>:<path>" for each. Version 2 has one line without controllers.
 std::uint64_t groups_room(const std::string& root) {
   std::uint64_t room = no_limit;
   std::ifstream groups(root + "/proc/self/cgroup");
@@ -82,12 +98,7 @@ std::uint64_t groups_room(const std::string& root) {
     const GroupFiles& files = memory ? version_1 : version_2;
     std::string path = line.substr(second + 1);
     if (path == "/") path.clear();
-    while (true) {
-      room = std::min(room, group_room(root + files.mount + path, files));
-      if (path.empty()) break;
-      const std::size_t inner = path.rfind('/');
-      path.erase(inner == std::string::npos ? 0 : inner);
-    }
+    room = std::min(room, nested_groups_room(root + files.mount, path, files));
   }
   return room;
 }
@@ -98,7 +109,8 @@ std::uint64_t system_memory(const std::string& root) {
   const Figures machine(root + "/proc/meminfo");
   std::uint64_t room = std::min(machine.get("MemAvailable", no_limit), groups_room(root));
   if (room != no_limit) room += machine.get("SwapFree", 0);
-  if (number_in(root + "/proc/sys/vm/overcommit_memory", 0) == 2) {
+  constexpr std::uint64_t strict_overcommit = 2;
+  if (number_in(root + "/proc/sys/vm/overcommit_memory", 0) == strict_overcommit) {
     room = std::min(
         room, difference(machine.get("CommitLimit", no_limit), machine.get("Committed_AS", 0)));
   }

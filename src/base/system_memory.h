@@ -1,4 +1,4 @@
-// What the system reports about memory.
+// The memory that the system reports as available.
 #ifndef KELPBOX_BASE_SYSTEM_MEMORY_H_
 #define KELPBOX_BASE_SYSTEM_MEMORY_H_
 
@@ -7,10 +7,10 @@
 
 namespace Base {
 
-// Bytes that this process can still take: free memory, caches that the system gives up, and swap,
-// within the limits of the control groups (versions 1 and 2) that the process is in, and of strict
-// overcommit. What the system does not report is no limit. `root` is put before each path that is
-// read.
+// The bytes that this process can still take. They consist of free memory, caches that the system
+// can drop, and swap. They are limited by the process's control groups (versions 1 and 2) and by
+// strict overcommit. A figure that the system does not report sets no limit. Each path that is read
+// is prefixed with `root`.
 std::uint64_t system_memory(const std::string& root = "");
 
 }  // namespace Base
