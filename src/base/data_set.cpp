@@ -97,14 +97,14 @@ Vector DataSet::take_time() && {
   time();
   freq_ = Cvector();
   time_valid_ = freq_valid_ = false;
-  return std::move(time_);
+  return std::exchange(time_, Vector());
 }
 
 Cvector DataSet::take_freq() && {
   freq();
   time_ = Vector();
   time_valid_ = freq_valid_ = false;
-  return std::move(freq_);
+  return std::exchange(freq_, Cvector());
 }
 
 std::uint64_t DataSet::length() const {
@@ -167,8 +167,8 @@ void DataSet::spectrum(Vector& out) {
 
 void DataSet::variance(Vector& out) {
   freq();
-  const double duration = static_cast<double>(freq_.length) / rate_.get(Category::frequency);
-  const double metres = factor_to_base(freq_.units, Category::length);
+  const double duration = static_cast<double>(freq_.length) / rate_.get(Category::frequency);  // s
+  const double metres = factor_to_base(freq_.units, Category::length);  // in one unit of the signal
   out.label = "Variance";
   out.units = default_units(Category::variance);
   out.length = freq_.data.size();

@@ -1,8 +1,8 @@
-// One signal in time and in frequency form, with its sampling rate and parameters.
+// One signal in time form and frequency form, with its sampling rate and parameters.
 //
-// The missing form is computed when it is asked for, so that even reading may write: not
-// guarded. A failure leaves the data unchanged and is thrown as a std::string, but for a pad
-// beyond the room of a vector (vector.h).
+// A missing form is computed when it is first read. Because reading can write, only one thread may
+// use a DataSet at a time. Failures are thrown as std::string and leave the data unchanged. The one
+// other exception is std::length_error, from `pad` as from BaseVec::insert.
 #ifndef KELPBOX_BASE_DATA_SET_H_
 #define KELPBOX_BASE_DATA_SET_H_
 
@@ -18,11 +18,12 @@ namespace Base {
 
 class DataSet {
  public:
-  // The rate is the entry "rate" of the parameters, which must convert to a frequency.
+  // The rate is the entry "rate" of the parameters. Throws as Params::find_convertible for an entry
+  // that is missing or is not a frequency.
   DataSet(Cvector freq, const Params& params);
   DataSet(Vector time, const Params& params);
-  // The rate is a frequency, or a time, which is taken as the sample interval. Throws "rate
-  // value of wrong type".
+  // The rate is a frequency, or a time, which is then the sample interval. Throws "rate value of
+  // wrong type" for any other units.
   DataSet(Cvector freq, const Quantity& rate);
   DataSet(Vector time, const Quantity& rate);
 
@@ -30,8 +31,8 @@ class DataSet {
   const Vector& time();
   // Also stores the sample interval in seconds.
   const Vector& time(double& interval);
-  // Through a plan, and without marking the time form as valid, so that the next call
-  // transforms again.
+  // Transforms with a prepared plan and does not mark the time form as valid: a caller that changes
+  // the frequency form between calls gets a new transform each time.
   const Vector& time(FFT_Plan& plan);
 
   // The frequency form. Throws "Freq data requested for empty data object".
@@ -39,35 +40,34 @@ class DataSet {
   // Also stores the frequency step in hertz.
   Cvector& freq(double& step);
 
-  // Each moves one form out and discards the other, which spares the memory of a second form.
+  // Each moves one form out, computed if needed, and leaves the set empty. They need less memory
+  // than reading both forms. Throw as `time` and `freq`.
   Vector take_time() &&;
   Cvector take_freq() &&;
 
-  // The number of time samples. Throws "Length requested for empty data item".
+  // The number of time samples of either form. Throws "Length requested for empty data item".
   std::uint64_t length() const;
   // A copy of a parameter. Throws "<name>::Not found".
   Quantity param(const std::string& name) const;
+  // A frequency, in the units it was given in.
   const Quantity& rate() const { return rate_; }
 
-  // Editing of the time form; each makes the frequency form out of date.
+  // These edit the time form and invalidate the frequency form.
   void erase(std::uint64_t front, std::uint64_t back);
   void pad(std::uint64_t front, std::uint64_t back, double fill);
-  // Adds the last `count` samples to the first ones and removes them. Throws "Fold of more
-  // samples than there are".
+  // Removes the last `count` samples and adds them to the first ones. Throws "Fold of more samples
+  // than there are".
   void fold(std::uint64_t count);
   void scale(double factor);
 
-  // Magnitudes of the elements, in the units of the signal.
+  // The magnitude of each harmonic, in the units of the signal.
   void spectrum(Vector& out);
-  // Variance density in m2s of a signal whose units are lengths.
+  // The variance density of each harmonic in m2s: half the squared amplitude over the frequency
+  // step. Throws `Unable to convert from ...` for a signal whose units are not lengths.
   void variance(Vector& out);
 
- protected:
-  // Of neither form: every request fails.
-  DataSet() = default;
-
  private:
-  // Gives the time form the shape of the frequency form's series.
+  // Copies label, units and length from the frequency form to the time form, and sizes it.
   void shape_time();
 
   Quantity rate_;

@@ -228,10 +228,9 @@ TEST(DataSet, LengthIsThatOfTheValidForm) {
   EXPECT_EQ(both.length(), 4u);
 }
 
-struct EmptySet : DataSet {};
-
 TEST(DataSet, WithoutEitherFormEveryRequestFails) {
-  EmptySet set;
+  DataSet set(wave(8), hundred_hertz);
+  static_cast<void>(std::move(set).take_freq());
   const std::string no_time = "Time data requested for empty data object";
   const std::string no_freq = "Freq data requested for empty data object";
   double number = 0.0;
