@@ -1,4 +1,4 @@
-// A message put together from parts, each written as a default text stream writes it.
+// Builds messages from parts.
 #ifndef KELPBOX_BASE_COMPOSE_H_
 #define KELPBOX_BASE_COMPOSE_H_
 
@@ -7,6 +7,8 @@
 
 namespace Base {
 
+// Writes the parts one after the other, as a text stream with default formatting does. A stream
+// manipulator among the parts changes the format of those after it.
 template <typename... Parts>
 std::string compose(const Parts&... parts) {
   std::ostringstream text;

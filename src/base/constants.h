@@ -1,13 +1,11 @@
-// The two constants of the whole process, computed once at load from atan2.
+// Pi and two pi, computed from atan2 when the library is loaded.
 #ifndef KELPBOX_BASE_CONSTANTS_H_
 #define KELPBOX_BASE_CONSTANTS_H_
 
 namespace Base {
 
-// 4 times and 8 times atan2(1, 1). TwoPi is also the factor between frequency (cycles per
-// second) and angular rate (radians per second).
-extern const double Pi;
-extern const double TwoPi;
+extern const double Pi;     // 4 atan2(1, 1)
+extern const double TwoPi;  // 8 atan2(1, 1): also the radians per second of one hertz
 
 }  // namespace Base
 
