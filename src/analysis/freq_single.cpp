@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <compare>
 #include <complex>
 #include <cstddef>
-#include <ostream>
+#include <limits>
 #include <string>
 
+#include "analysis/separation.h"
 #include "base/constants.h"
 #include "base/streams.h"
 #include "base/units.h"
@@ -18,59 +18,71 @@ namespace Analysis {
 namespace {
 
 namespace Category = Base::Category;
+using Base::progress_line;
 
-void mark(const char* text) { Base::progress() << text << std::endl; }
+constexpr std::uint32_t first_harmonic = 1;  // element 0 is the mean
+constexpr std::uint32_t highest_harmonic = 4;
+constexpr std::uint32_t probes_for_fundamental = 3;
+constexpr std::uint32_t probes_for_harmonics = 4;
+
+void require_length(Base::Units units) {
+  if (!Base::compatible(units, Base::default_units(Category::length).row)) {
+    throw std::string("Units not of distance");
+  }
+}
+
+Base::Cvector zeros(const char* label, const Base::Cvector& like) {
+  Base::Cvector vector;
+  vector.label = label;
+  vector.units = like.units;
+  vector.length = like.length;
+  vector.data.resize(vector.storage_size(vector.length));
+  return vector;
+}
 
 }  // namespace
 
 FreqSingle::FreqSingle(const Maths::TankConfig& tank, Set& set) : TwoD(tank, set) {
-  mark("FreqSingle");
+  progress_line("FreqSingle");
 }
 
 void FreqSingle::process(const Base::Params& settings) {
-  mark("DA");
-  settings.read("freq", Category::frequency);
-  const double angle = settings.read("angle", Category::angle);
+  progress_line("DA");
+  settings.require_value("freq", Category::frequency);
+  const double direction = settings.read("angle", Category::angle);
   prepare();
-  mark("DB");
+  progress_line("DB");
 
   double df = 0.0;
-  const Base::Cvector& first = set_data_->front().freq(df);
-  std::uint32_t bin = peak_bin(first, 1);
-  if (!Base::compatible(first.units, Base::default_units(Category::length).row)) {
-    throw std::string("Units not of distance");
-  }
-  mark("DC");
-  for (std::size_t i = 1; i < set_data_->size(); ++i) {
-    bin = std::min(bin, peak_bin((*set_data_)[i].freq(), 1));
-  }
-  mark("DD");
+  require_length(set_data_->front().freq(df).units);
+  progress_line("DC");
+  const std::uint32_t bin = fundamental_bin();
+  progress_line("DD");
 
-  double mean_x = 0.0;
-  std::vector<ProbeRecord> records = locate(angle, mean_x);
+  auto [records, mean_x] = locate_probes(*set_data_, direction);
   take_values(records, bin);
-  mark("DE");
-  std::stable_sort(records.begin(), records.end(), [](const ProbeRecord& a, const ProbeRecord& b) {
-    return std::is_lt(std::strong_order(a.position, b.position));
-  });
-  mark("DF");
+  progress_line("DE");
+  sort_by_position(records);
+  progress_line("DF");
 
   const double depth = Maths::TankRun(*tank_, Maths::RunData()).depth_at(mean_x);
   const double omega = 2.0 * Base::Pi * df * bin;
   const double k = Maths::knum(omega, depth, tank_->g);
   const std::uint32_t independent = independent_probes(records, k);
-  mark("DG");
-  if (independent <= 2) throw std::string("Too few independant probes to process");
+  progress_line("DG");
+  if (independent < probes_for_fundamental) {
+    throw std::string("Too few independant probes to process");
+  }
 
   store_fundamental(records, k, bin);
-  mark("DH");
-  if (independent >= 4) {
-    for (std::uint32_t h = 2; h <= 4; ++h) {
+  progress_line("DH");
+  if (independent >= probes_for_harmonics) {
+    for (std::uint32_t h = 2; h <= highest_harmonic; ++h) {
       take_values(records, h * bin);
       store_harmonic(records, h * k, Maths::knum(omega * h, depth, tank_->g), h * bin);
     }
   }
-  mark("DI");
+  progress_line("DI");
   bin_ = bin;
 }
 
@@ -83,34 +95,16 @@ void FreqSingle::prepare() {
   for (Base::DataSet& set : sets) {
     if (set.freq().length != first.length) throw std::string("Inconsistent sizes of data sets");
   }
-  const auto zeros = [&first](const char* label) {
-    Base::Cvector vector;
-    vector.label = label;
-    vector.units = first.units;
-    vector.length = first.length;
-    vector.data.resize(vector.storage_size(vector.length));
-    return vector;
-  };
-  forward_free_ = zeros("Forward free");
-  backward_free_ = zeros("Backward free");
-  forward_bound_ = zeros("Forward bound");
-  backward_bound_ = zeros("Backward bound");
+  forward_free_ = zeros("Forward free", first);
+  backward_free_ = zeros("Backward free", first);
+  forward_bound_ = zeros("Forward bound", first);
+  backward_bound_ = zeros("Backward bound", first);
 }
 
-std::vector<ProbeRecord> FreqSingle::locate(double angle, double& mean_x) {
-  const double s = std::sin(angle);
-  const double c = std::cos(angle);
-  double sum_x = 0.0;
-  std::vector<ProbeRecord> records;
-  for (const Base::DataSet& set : *set_data_) {
-    const double x = set.param("x").get(Category::length);
-    const double y = set.param("y").get(Category::length);
-    sum_x += x;
-    const auto index = static_cast<std::uint32_t>(records.size());
-    records.push_back({index, s * y + c * x, {}});
-  }
-  mean_x = sum_x / static_cast<double>(records.size());
-  return records;
+std::uint32_t FreqSingle::fundamental_bin() {
+  std::uint32_t bin = std::numeric_limits<std::uint32_t>::max();
+  for (Base::DataSet& set : *set_data_) bin = std::min(bin, peak_bin(set.freq(), first_harmonic));
+  return bin;
 }
 
 void FreqSingle::take_values(std::vector<ProbeRecord>& records, std::uint32_t bin) {
@@ -149,11 +143,11 @@ void FreqSingle::results(Base::Params& out) {
 
 const std::vector<double>& FreqSingle::data(const Base::Params& params) {
   if (params.contains("x")) {
-    params.read("x", Category::length);
-    params.read("y", Category::length);
-    params.read("start_time", Category::time);
-    params.read("stop_time", Category::time);
-    params.read("rate", Category::frequency);
+    params.require_value("x", Category::length);
+    params.require_value("y", Category::length);
+    params.require_value("start_time", Category::time);
+    params.require_value("stop_time", Category::time);
+    params.require_value("rate", Category::frequency);
   }
   return data_;
 }
@@ -169,18 +163,6 @@ std::uint32_t peak_bin(const Base::Cvector& form, std::uint32_t start) {
     }
   }
   return bin;
-}
-
-std::uint32_t independent_probes(const std::vector<ProbeRecord>& records, double k) {
-  std::uint32_t count = 1;
-  double last = records.front().position;
-  for (const ProbeRecord& record : records) {
-    if (record.position - last > 0.1 / k) {
-      ++count;
-      last = record.position;
-    }
-  }
-  return count;
 }
 
 }  // namespace Analysis

@@ -13,10 +13,11 @@ using Complex = std::complex<double>;
 // Half of exp(i phase).
 Complex half_turn(double phase) { return {std::cos(phase) * 0.5, std::sin(phase) * 0.5}; }
 
-// The normal equations of as many trains as a probe has coefficients.
+// The normal equations for the amplitudes of a number of trains.
 template <std::size_t trains>
 class Equations {
  public:
+  // Adds one probe: the coefficient of each train, and the value that was measured.
   void add(const std::array<Complex, trains>& coefficients, const Complex& value) {
     for (std::size_t row = 0; row < trains; ++row) {
       for (std::size_t column = row; column < trains; ++column) {
@@ -33,7 +34,8 @@ class Equations {
         matrix_.at(row, column) = matrix_.at(column, row);
       }
     }
-    invert(matrix_);
+    // Not checked on purpose: see the header.
+    static_cast<void>(invert(matrix_));
     std::array<Complex, trains> amplitudes{};
     for (std::size_t row = 0; row < trains; ++row) {
       for (std::size_t column = 0; column < trains; ++column) {
@@ -52,12 +54,13 @@ class Equations {
 }  // namespace
 
 bool invert(Cmatrix& matrix) {
+  constexpr double least_pivot = 1e-6;
   const std::uint64_t dim = matrix.dim;
   Cmatrix inverse(dim);
   for (std::uint64_t i = 0; i < dim; ++i) inverse.at(i, i) = 1.0;
   for (std::uint64_t i = 0; i < dim; ++i) {
     const Complex pivot = matrix.at(i, i);
-    if (std::abs(pivot) < 1e-6) return false;
+    if (std::abs(pivot) < least_pivot) return false;
     for (std::uint64_t column = 0; column < dim; ++column) {
       if (column > i) matrix.at(i, column) /= pivot;
       inverse.at(i, column) /= pivot;

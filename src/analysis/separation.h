@@ -1,18 +1,18 @@
 // Separation of simultaneous probe records at one frequency into wave trains, by linear equations
 // over the probes.
 //
-// A train of wave number k and complex amplitude A stands at a probe as A exp(-i k s) when it
-// travels forward, A exp(+i k s) when it comes back, where s is the probe's distance along the
-// wave direction in metres. For two probes see Goda and Suzuki (1976), "Estimation of incident and
-// reflected waves in random wave experiments", ICCE; for free and bound trains, Lin and Huang
+// At a probe at position s along the wave direction, in metres, a train of wave number k and
+// complex amplitude A contributes A exp(-i k s) if it travels forward and A exp(+i k s) if it
+// travels backward. For two probes see Goda and Suzuki (1976), "Estimation of incident and
+// reflected waves in random wave experiments", ICCE. For free and bound trains see Lin and Huang
 // (2004), "Decomposition of incident and reflected higher harmonic waves using four wave gauges",
 // Coastal Engineering 51.
 //
-// The equations are formed with the plain transpose, never its conjugate, and are solved without
-// exchanging rows. Trains come in opposite pairs, whose coefficients are each other's conjugates,
-// so that these are the equations of the least squares in another order; but their pivots are
-// others, and hosts depend on which layouts pass. A pivot below 1e-6 goes unnoticed and leaves
-// results without meaning: of probes a sixth of a wave length apart, for one.
+// The normal equations use the plain transpose on purpose, not its conjugate, and elimination does
+// not exchange rows. Each pair of opposite trains has conjugate coefficients, so these are the
+// least squares equations in a different order. Their pivots differ, though, and hosts rely on
+// which probe layouts pass. A pivot below 1e-6 is not reported and makes the results meaningless.
+// Probes a sixth of a wavelength apart are one such layout.
 #ifndef KELPBOX_ANALYSIS_SEPARATION_H_
 #define KELPBOX_ANALYSIS_SEPARATION_H_
 
@@ -20,15 +20,11 @@
 #include <cstdint>
 #include <vector>
 
+#include "analysis/probes.h"
+
 namespace Analysis {
 
-struct ProbeRecord {
-  std::uint32_t index = 0;     // the probe's place in the set
-  double position = 0.0;       // along the wave direction, metres from the origin of the tank
-  std::complex<double> value;  // the probe's spectrum at the frequency in hand
-};
-
-// A small square matrix, row by row.
+// A small square matrix, stored row by row.
 struct Cmatrix {
   explicit Cmatrix(std::uint64_t size) : dim(size), data(size * size) {}
   std::complex<double>& at(std::uint64_t row, std::uint64_t column) {
@@ -40,7 +36,7 @@ struct Cmatrix {
 };
 
 // Inverts in place by Gauss-Jordan elimination without pivoting. Returns false at a pivot below
-// 1e-6 in magnitude, and leaves the matrix part reduced.
+// 1e-6 in magnitude and then leaves the matrix partly reduced.
 bool invert(Cmatrix& matrix);
 
 struct FreeTrains {
@@ -53,11 +49,12 @@ struct HarmonicTrains {
   FreeTrains free;
 };
 
-// Two trains of wave number k (rad/m). Throws std::string "Minimum of 2 probes required for
-// fundamental wave analysis".
+// Separates two free trains of wave number k in rad/m. Throws std::string "Minimum of 2 probes
+// required for fundamental wave analysis".
 FreeTrains separate_fundamental(const std::vector<ProbeRecord>& records, double k);
 
-// Four trains. Throws std::string "Minimum of 4 probes required for harmonic wave analysis".
+// Separates two bound and two free trains of the given wave numbers in rad/m. Throws std::string
+// "Minimum of 4 probes required for harmonic wave analysis".
 HarmonicTrains separate_harmonic(const std::vector<ProbeRecord>& records, double k_bound,
                                  double k_free);
 
