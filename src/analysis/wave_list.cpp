@@ -2,32 +2,30 @@
 
 #include <algorithm>
 #include <cmath>
-#include <compare>
 #include <cstddef>
 #include <string>
+
+#include "analysis/total_order.h"
 
 namespace Analysis {
 namespace {
 
-void check_count(const WaveList& list) {
-  if (list.waves.size() < 6) throw std::string("Insufficient zero crossings in time series");
+void require_enough(const WaveList& list) {
+  constexpr std::size_t least_waves = 6;
+  if (list.waves.size() < least_waves) {
+    throw std::string("Insufficient zero crossings in time series");
+  }
 }
+
+const Wave& middle_wave(const WaveList& list) { return list.waves[list.waves.size() / 2]; }
 
 }  // namespace
 
 WaveList::WaveList(Base::DataSet& set, bool wrap) { find_waves(*this, set, wrap); }
 
-void WaveList::sort_by_height() {
-  std::sort(waves.begin(), waves.end(), [](const Wave& a, const Wave& b) {
-    return std::is_lt(std::strong_order(a.height(), b.height()));
-  });
-}
+void WaveList::sort_by_height() { std::ranges::sort(waves, TotalOrder(), &Wave::height); }
 
-void WaveList::sort_by_period() {
-  std::sort(waves.begin(), waves.end(), [](const Wave& a, const Wave& b) {
-    return std::is_lt(std::strong_order(a.period(), b.period()));
-  });
-}
+void WaveList::sort_by_period() { std::ranges::sort(waves, TotalOrder(), &Wave::period); }
 
 void find_waves(WaveList& list, Base::DataSet& set, bool wrap) {
   double interval = 0.0;
@@ -35,8 +33,8 @@ void find_waves(WaveList& list, Base::DataSet& set, bool wrap) {
   const std::size_t count = samples.size();
 
   bool crossed = false;
-  Wave wave;  // in hand; its start is the last crossing
-  Wave head;  // what precedes the first crossing, moved behind the end of the record
+  Wave wave;  // the current wave, open at its end
+  Wave head;  // the part before the first crossing, moved by one record length
   for (std::size_t i = 1; i < count; ++i) {
     const double before = samples[i - 1];
     const double sample = samples[i];
@@ -62,28 +60,30 @@ void find_waves(WaveList& list, Base::DataSet& set, bool wrap) {
 }
 
 bool is_regular(WaveList& list) {
+  constexpr double tolerance = 0.01;
   list.sort_by_period();
-  check_count(list);
+  require_enough(list);
   const std::vector<Wave>& waves = list.waves;
-  const std::size_t count = waves.size();
-  return 0.01 * waves[count / 2].period() > std::abs(waves[count - 2].period() - waves[1].period());
+  const double spread = std::abs(waves[waves.size() - 2].period() - waves[1].period());
+  return tolerance * middle_wave(list).period() > spread;
 }
 
 double regular_period(WaveList& list) {
-  check_count(list);
+  require_enough(list);
   list.sort_by_period();
-  return list.waves[list.waves.size() / 2].period();
+  return middle_wave(list).period();
 }
 
 double regular_height(WaveList& list) {
-  check_count(list);
+  require_enough(list);
   list.sort_by_height();
-  return list.waves[list.waves.size() / 2].height();
+  return middle_wave(list).height();
 }
 
 Significant significant_wave(WaveList& list) {
+  constexpr std::size_t least_index = 4;
   const std::size_t index = list.waves.size() * 2 / 3;
-  if (index < 4) throw std::string("Insufficient points for irregular wave analysis");
+  if (index < least_index) throw std::string("Insufficient points for irregular wave analysis");
   list.sort_by_height();
   const Wave& wave = list.waves[index];
   return {wave.height(), wave.period()};
