@@ -1,4 +1,4 @@
-// A process that finds nothing; hosts may ask for one.
+// A process without results. Hosts can create one.
 #ifndef KELPBOX_ANALYSIS_MULTI_FREQ_H_
 #define KELPBOX_ANALYSIS_MULTI_FREQ_H_
 

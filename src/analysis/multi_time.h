@@ -1,4 +1,4 @@
-// Wave heights and periods of several probes by zero crossings, averaged over the probes.
+// Wave heights and periods from the zero crossings of several probes' records.
 #ifndef KELPBOX_ANALYSIS_MULTI_TIME_H_
 #define KELPBOX_ANALYSIS_MULTI_TIME_H_
 
@@ -13,13 +13,13 @@ class MultiTime final : public Process {
  public:
   MultiTime(const Maths::TankConfig& tank, Set& set);
 
-  // Finds the waves of each record. The lists are not emptied first: hosts see the doubled counts
-  // of a second call. Throws "Mismatched sizes". The settings are not read.
+  // Finds the waves of each record and appends them to its list. A second call appends them again
+  // on purpose: hosts see the doubled counts. The settings are not read. Throws "Mismatched sizes".
   void process(const Base::Params& settings) override;
-  // Adds "sig_t" and "sig_h" where fewer than half of the records are regular, otherwise "reg_t".
-  // Throws the texts of wave_list.h.
+  // Adds means over the records: "sig_t" and "sig_h" if fewer than half of the records are regular,
+  // "reg_t" otherwise. Throws the messages of wave_list.h.
   void results(Base::Params& out) override;
-  // The heights of regular records, one for each probe; empty where waves are irregular.
+  // The wave height of each record in metres after a regular result, otherwise empty.
   const std::vector<double>& data(const Base::Params& params) override;
 
  private:

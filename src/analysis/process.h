@@ -1,4 +1,4 @@
-// What is done with the records of a set.
+// The interface of all analyses of a set.
 #ifndef KELPBOX_ANALYSIS_PROCESS_H_
 #define KELPBOX_ANALYSIS_PROCESS_H_
 
@@ -11,8 +11,8 @@
 
 namespace Analysis {
 
-// Failures are thrown as std::string. Reading a record may transform it, so that two processes on
-// one set come one at a time.
+// Failures are thrown as std::string. Reading a record can transform it, so only one process may
+// work on a set at a time.
 class Process {
  public:
   // Both must outlive the process.
@@ -21,10 +21,11 @@ class Process {
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
 
+  // Does the analysis.
   virtual void process(const Base::Params& settings) = 0;
-  // Adds the results by name.
+  // Adds the named results.
   virtual void results(Base::Params& out) = 0;
-  // Valid until the next `results`.
+  // The results that are lists. Valid until the next call of `results`.
   virtual const std::vector<double>& data(const Base::Params& params) = 0;
 
  protected:

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <utility>
 
@@ -13,14 +12,15 @@
 namespace Analysis {
 namespace {
 
+// The samples of the time window, in seconds.
 Base::Vector cut(const Series& series, double start_time, double stop_time) {
   const double rate = series.params.read("rate", Base::Category::frequency);
   const std::uint32_t first = Maths::round_to_u32(start_time * rate);
   const std::uint32_t last = Maths::round_to_u32(stop_time * rate);
-  Base::progress() << "first " << first << " last " << last << std::endl;
+  Base::progress_line("first ", first, " last ", last);
   if (last <= first) throw std::string("Out of range");
   if (series.samples.size() < last) throw std::string("out of range 2");
-  Base::progress() << "size " << last - first << std::endl;
+  Base::progress_line("size ", last - first);
   const auto begin = series.samples.begin();
   return {"Time series", Base::default_units(Base::Category::length),
           std::vector<double>(begin + first, begin + last)};

@@ -1,4 +1,4 @@
-// Records as the host measured them, and groups of them that are cut to one span of time.
+// Measured records, and sets of them cut to one time window.
 #ifndef KELPBOX_ANALYSIS_SERIES_H_
 #define KELPBOX_ANALYSIS_SERIES_H_
 
@@ -12,16 +12,16 @@ namespace Analysis {
 
 // One record.
 struct Series {
-  Base::Params params;  // "rate"; for frequency analysis also "x" and "y", where the probe stands
+  Base::Params params;  // "rate", and for frequency analysis the probe's "x" and "y"
   std::vector<double> samples;
 };
 
 struct Set {
-  // Takes "start_time" and "stop_time" from the parameters and cuts every series to them, the
-  // sample at the stop left out. The rates are not compared. The bounds in samples go to the
-  // standard output stream. Throws std::string "Out of range" for a window without a sample, "out
-  // of range 2" for one that ends behind the record, and the texts of the parameters. The series
-  // must outlive the set.
+  // Cuts every series to the samples from "start_time" up to, but not including, "stop_time". The
+  // series can have different rates. Writes the bounds of each as progress lines. Throws
+  // std::string "Out of range" for a window without samples, "out of range 2" for one that ends
+  // after the record, and as Params::read and the constructors of DataSet. The series must outlive
+  // the set.
   Set(const Base::Params& params, std::vector<const Series*> given);
 
   std::vector<const Series*> series;

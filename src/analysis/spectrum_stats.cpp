@@ -9,7 +9,7 @@ namespace Analysis {
 SpectrumStats::SpectrumStats(Base::DataSet& set) { spectrum = set.freq(df); }
 
 void SpectrumStats::report(Base::Params& out) const {
-  double s0 = 0.0;
+  double s0 = 0.0;  // moments of the squared amplitudes over the harmonics
   double s1 = 0.0;
   for (std::size_t i = 1; i < spectrum.data.size(); ++i) {
     const double square = std::norm(spectrum.data[i]);

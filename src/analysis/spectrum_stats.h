@@ -1,5 +1,4 @@
-// Height, period and variance of one record, from its spectrum as it stands: no window, no
-// smoothing.
+// Wave height, period and variance of one record, from its spectrum without window or smoothing.
 #ifndef KELPBOX_ANALYSIS_SPECTRUM_STATS_H_
 #define KELPBOX_ANALYSIS_SPECTRUM_STATS_H_
 
@@ -12,10 +11,10 @@ namespace Analysis {
 struct SpectrumStats {
   explicit SpectrumStats(Base::DataSet& set);
 
-  // Adds "Hs", four standard deviations, in the units of the spectrum; "Ts" in s, the inverse of
-  // the energy-weighted mean frequency m1/m0; and "Var", without units, the fourth root of the
-  // variance in spite of its name: hosts depend on the second root. The mean takes no part. A
-  // spectrum of zeros has an "Hs" and a "Var" of 0 and a "Ts" that is not a number.
+  // Adds three results, which leave out the mean:
+  //   "Hs"   four standard deviations, in the units of the spectrum
+  //   "Ts"   the inverse of the mean frequency m1/m0, in seconds; NaN for a spectrum of zeros
+  //   "Var"  the fourth root of the variance, without units: hosts rely on it despite its name
   void report(Base::Params& out) const;
 
   double df = 0.0;  // frequency step, Hz

@@ -1,5 +1,6 @@
-// Waves apart: those that travel with the direction of analysis and those that come back, the free
-// ones and the ones that are bound to the fundamental.
+// The base of processes that separate waves. Forward waves travel along the direction of analysis
+// and backward waves against it. Free waves obey the dispersion relation, and bound waves travel
+// with the fundamental.
 #ifndef KELPBOX_ANALYSIS_TWO_D_H_
 #define KELPBOX_ANALYSIS_TWO_D_H_
 
