@@ -18,11 +18,11 @@ void point_stats(const Maths::FrontSet& fronts, Maths::TankRun& run, const Point
   local.insert("y", point.y, "m");
   local.insert("rate", params.read("rate", Base::Category::frequency), "Hz");
 
-  prove_point_memory(params, point, Maths::signal_memory(point.samples));
+  require_point_memory(params, point, Maths::signal_memory(point.samples));
   Base::Cvector surface;
   surface_at(surface, fronts, run, point);
   Base::DataSet record(std::move(surface), local);
-  // Before the waves, since the time form takes the place of the spectrum.
+  // Comes before the waves, because take_time discards the spectrum.
   Base::Params energy;
   Analysis::SpectrumStats(record).report(energy);
   Base::DataSet elevation(std::move(record).take_time(), local);

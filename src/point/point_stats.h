@@ -1,4 +1,5 @@
-// The statistics of the wave at a point, in the words of the analysis of a measured record.
+// The statistics of the wave at a point, under the names that the analysis of a measured record
+// uses.
 #ifndef KELPBOX_POINT_POINT_STATS_H_
 #define KELPBOX_POINT_POINT_STATS_H_
 
@@ -9,10 +10,11 @@
 
 namespace Synthesis {
 
-// Reads "rate", which must be the point's. Adds "reg_t" and "reg_h" for a regular wave, "max_amp",
-// "sig_t" and "sig_h" for any other, then "Hs", "Ts" and "Var". The record closes on itself. Throws
-// std::string "Insufficient zero crossings in time series", "Insufficient points for irregular
-// wave analysis", and "\"<name>\"::Duplicate parameter:" for parameters that hold a result.
+// Reads "rate", which must be that of the point. Adds "reg_t" and "reg_h" for a regular wave,
+// otherwise "max_amp", "sig_t" and "sig_h", and in both cases "Hs", "Ts" and "Var". Treats the
+// record as cyclic. Throws std::string "Insufficient zero crossings in time series", "Insufficient
+// points for irregular wave analysis", "\"<name>\"::Duplicate parameter:" for a result that is
+// already there, and as surface_at and require_point_memory.
 void point_stats(const Maths::FrontSet& fronts, Maths::TankRun& run, const PointSpec& point,
                  Base::Params& params);
 

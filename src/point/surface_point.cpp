@@ -14,11 +14,15 @@ namespace {
 using Complex = std::complex<double>;
 using Slot = std::vector<Maths::HarmonicFront>;
 
-std::size_t element_count(const PointSpec& point) { return point.samples / 2 + 1; }
-
-std::size_t top_of(const Maths::FrontSet& fronts, const PointSpec& point) {
-  return std::min(element_count(point), fronts.slots.size());
+// The number of harmonics that both the samples and the fronts have.
+std::size_t harmonic_count(const Maths::FrontSet& fronts, const PointSpec& point) {
+  return std::min(Base::spectrum_size(point.samples), fronts.slots.size());
 }
+
+// A front that the tank refuses keeps its place with amplitude 0. Its phase can be NaN.
+bool refused(const Maths::HarmonicFront& front) { return front.amp == 0.0; }
+
+void require_in_tank(const Maths::TankRun& run, double x) { static_cast<void>(run.depth_at(x)); }
 
 Complex wave(double amplitude, double phase) {
   return {amplitude * std::cos(phase), amplitude * std::sin(phase)};
@@ -28,16 +32,17 @@ bool finite(const Complex& z) { return std::isfinite(z.real()) && std::isfinite(
 
 double phase_of(const Complex& z) { return std::atan2(z.imag(), z.real()); }
 
+// From the phase changes over a small step along x and one along y.
 double direction_of(const Slot& slot, std::size_t h, Maths::TankRun& run, const PointSpec& point) {
   const double k0 = run.wave_num_at(h, 0.0);
   const double k1 = run.wave_num_at(h, point.x);
-  const double d = 0.1 / k1;  // a tenth of a radian in the local wave number
+  constexpr double step_phase = 0.1;  // radians at the local wave number
+  const double d = step_phase / k1;
   Complex at_point;
   Complex along;
   Complex across;
   for (const Maths::HarmonicFront& front : slot) {
-    // A front that the tank refuses keeps its slot with no amplitude; its phase may be NaN.
-    if (front.amp == 0.0) continue;
+    if (refused(front)) continue;
     const double psi = front.phase - run.phase_lag(h, point.x, point.y, front.angle);
     at_point += wave(front.amp, psi);
     along += wave(front.amp, psi + std::cos(front.angle) * k0 * d);
@@ -55,14 +60,14 @@ void surface_at(Base::Cvector& out, const Maths::FrontSet& fronts, Maths::TankRu
   out.label = "Data";
   out.units = Base::default_units(Base::Category::length);
   out.length = point.samples;
-  out.data.assign(element_count(point), Complex());
-  const std::size_t top = top_of(fronts, point);
-  for (std::size_t h = 0; h < top; ++h) {
+  out.data.assign(Base::spectrum_size(point.samples), Complex());
+  const std::size_t harmonics = harmonic_count(fronts, point);
+  for (std::size_t h = 0; h < harmonics; ++h) {
     if (fronts.slots[h].empty()) continue;
-    run.depth_at(point.x);  // its check of x, before the profile is walked
+    require_in_tank(run, point.x);
     const double shoaling = run.shoaling(h, point.x);
     for (const Maths::HarmonicFront& front : fronts.slots[h]) {
-      if (front.amp == 0.0) continue;  // as above
+      if (refused(front)) continue;
       const double lag = run.phase_lag(h, point.x, point.y, front.angle);
       out.data[h] += wave(shoaling * front.amp, front.phase - lag);
     }
@@ -73,10 +78,10 @@ void direction_at(Base::Vector& out, const Maths::FrontSet& fronts, Maths::TankR
                   const PointSpec& point) {
   out.label = "Data";
   out.units = Base::default_units(Base::Category::angle);
-  out.length = element_count(point);
+  out.length = Base::spectrum_size(point.samples);
   out.data.assign(out.length, 0.0);
-  const std::size_t top = top_of(fronts, point);
-  for (std::size_t h = 0; h < top; ++h) {
+  const std::size_t harmonics = harmonic_count(fronts, point);
+  for (std::size_t h = 0; h < harmonics; ++h) {
     const Slot& slot = fronts.slots[h];
     if (!slot.empty()) out.data[h] = direction_of(slot, h, run, point);
   }

@@ -15,18 +15,32 @@
 #include "maths/sample_count.h"
 
 namespace Synthesis {
+namespace {
+
+std::int32_t sector_count(double width) {
+  constexpr double least_width = 1e-6;  // radians
+  if (width <= least_width) throw std::string("Value of delta_angle too small");
+  const std::int32_t sectors = Maths::round_to_i32(Base::TwoPi / width);
+  if (sectors < 0) {
+    throw Base::compose("delta_angle::", width, " rad gives no usable number of direction sectors");
+  }
+  return sectors;
+}
+
+}  // namespace
 
 PointSpec fit_point(Base::Params& params, const Maths::RunData& run) {
   const double repeat = run.value();
   PointSpec point;
   point.samples = Maths::sample_count(repeat, params.read("rate", Base::Category::frequency));
-  params.set_checked("rate", point.samples / repeat, Base::Category::frequency, 0.01);
+  constexpr double tolerance = 0.01;
+  params.set_checked("rate", point.samples / repeat, Base::Category::frequency, tolerance);
   point.x = params.read("x", Base::Category::length);
   point.y = params.read("y", Base::Category::length);
   return point;
 }
 
-void prove_point_memory(const Base::Params& params, const PointSpec& point, std::uint64_t bytes) {
+void require_point_memory(const Base::Params& params, const PointSpec& point, std::uint64_t bytes) {
   Base::require_memory(
       bytes, Base::compose("rate::", params.read("rate", Base::Category::frequency), " Hz gives ",
                            point.samples, " samples at the point, which"));
@@ -34,37 +48,33 @@ void prove_point_memory(const Base::Params& params, const PointSpec& point, std:
 
 void TwoD::build(const Maths::FrontSet& fronts, Maths::TankRun& run, const PointSpec& point,
                  Base::Params& params) {
-  // Directions, spectrum and variance have a number for every other sample.
-  const std::uint64_t bytes = Maths::signal_memory(point.samples) +
-                              3 * sizeof(double) * (point.samples / 2 + std::uint64_t{1});
+  // Directions, amplitudes and variance have one number for each harmonic.
+  const std::uint64_t bytes =
+      Maths::signal_memory(point.samples) + 3 * sizeof(double) * Base::spectrum_size(point.samples);
   const std::uint64_t held =
       sizeof(double) * (time_.data.size() + spectrum_.data.size() + variance_.data.size());
-  prove_point_memory(params, point, bytes - std::min(bytes, held));
+  require_point_memory(params, point, bytes - std::min(bytes, held));
   Base::Cvector surface;
   surface_at(surface, fronts, run, point);
   Base::Vector directions;
   direction_at(directions, fronts, run, point);
 
   Base::DataSet record(std::move(surface), params);
-  // What an earlier build left makes room for this one. Moved, since a copy of nothing would keep
-  // the memory.
+  // Frees the results of the build before. Assigning a temporary releases the memory; a copy of an
+  // empty vector would keep it.
   for (Base::Vector* data : {&time_, &spectrum_, &variance_}) *data = Base::Vector();
   record.spectrum(spectrum_);
   record.variance(variance_);
   time_ = std::move(record).take_time();
 
-  const double width = params.read("delta_angle", Base::Category::angle);
-  if (width <= 1e-6) throw std::string("Value of delta_angle too small");
-  const std::int32_t sectors = Maths::round_to_i32(Base::TwoPi / width);
-  if (sectors < 0) {
-    throw Base::compose("delta_angle::", width, " rad gives no usable number of direction sectors");
-  }
+  const std::int32_t sectors = sector_count(params.read("delta_angle", Base::Category::angle));
   const double step = Base::TwoPi / sectors;
   params.set("delta_angle", step, Base::Category::angle);
   share_out(directions.data, sectors, step);
 }
 
 void TwoD::share_out(const std::vector<double>& directions, std::int32_t sectors, double step) {
+  constexpr double least_sum = 1e-6;  // m2s; below it there is no wave to share out
   direction_.assign(static_cast<std::size_t>(sectors), 0.0);
   double sum = 0.0;
   for (std::size_t i = 1; i < variance_.data.size(); ++i) {
@@ -75,7 +85,7 @@ void TwoD::share_out(const std::vector<double>& directions, std::int32_t sectors
     sum = sum + variance_.data[i];
     direction_[index] = direction_[index] + variance_.data[i];
   }
-  if (sum > 1e-6) {
+  if (sum > least_sum) {
     for (double& share : direction_) share *= 1 / sum;
   }
 }
