@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 #include <string>
 
 #include "base/compose.h"
@@ -15,20 +16,27 @@
 namespace Synthesis {
 namespace {
 
-// Every build draws from the same seed, so that a run repeats.
+// A constant seed, so that every build of a run gives the same result.
 constexpr std::uint32_t merge_seed = 42;
 
-Maths::FrontSet& checked(std::vector<Maths::FrontSet>& sets, std::uint32_t index) {
+// run_build reads the merge method. This reports a missing one already in `set`.
+void require_merge_method(const Base::Params& params) {
+  static_cast<void>(params.read_enum("wave_merge", Base::EnumType::WaveMerge));
+}
+
+void require_tank(const Common::Context& context) { static_cast<void>(context.tank_config()); }
+
+Maths::FrontSet& set_at(std::vector<Maths::FrontSet>& sets, std::uint32_t index) {
   if (index >= sets.size()) throw std::string("invalid vector<T> subscript");
   return sets[index];
 }
 
-const BankMotion& checked(const std::vector<BankMotion>& banks, std::uint32_t bank) {
+const BankMotion& bank_at(const std::vector<BankMotion>& banks, std::uint32_t bank) {
   if (bank >= banks.size()) throw std::string("Bank out of range or paddle_motion not built");
   return banks[bank];
 }
 
-// Empties the list and makes room for that many records.
+// Empties the list and reserves memory for that many records.
 template <typename Record>
 void make_room(std::vector<Record>& list, std::uint64_t count) {
   list.clear();
@@ -64,13 +72,13 @@ void Definition::set(Base::Params& in) {
   const double max_freq = context_.get(Common::Limit::max_freq);
   const double base_rate = context_.get(Common::Limit::base_rate);
   const bool dalrymple = in.read_enum("dalrymple", Base::EnumType::Bool) == Base::Bool::True;
-  // Needed only by run_build, and missed here rather than there.
-  in.read_enum("wave_merge", Base::EnumType::WaveMerge);
+  require_merge_method(in);
 
   Maths::RunData run;
   run.init(repeat, base_rate, min_freq, max_freq, dalrymple);
   run_.run = run;
-  in.set_checked("repeat", run.value(), Base::Category::time, 0.01);
+  constexpr double tolerance = 0.01;
+  in.set_checked("repeat", run.value(), Base::Category::time, tolerance);
   params_ = in;
   ready_ = true;
 }
@@ -97,27 +105,21 @@ const Maths::RunFronts& Definition::run_build() {
 }
 
 Maths::Position& Definition::position(std::uint32_t index) {
-  return checked(run_.sets, index).position;
+  return set_at(run_.sets, index).position;
 }
 
 const std::vector<Front>& Definition::fronts(bool merged) {
+  using Sets = std::span<const Maths::FrontSet>;
+  const Sets sets = merged ? Sets(&run_.merged, 1) : Sets(run_.sets);
   std::uint64_t count = 0;
-  if (merged) {
-    count = run_.merged.front_count();
-  } else {
-    for (const Maths::FrontSet& set : run_.sets) count += set.front_count();
-  }
+  for (const Maths::FrontSet& set : sets) count += set.front_count();
   make_room(display_fronts_, count);
-  if (merged) {
-    run_.merged.display_fronts(display_fronts_, run_.run);
-  } else {
-    for (const Maths::FrontSet& set : run_.sets) set.display_fronts(display_fronts_, run_.run);
-  }
+  for (const Maths::FrontSet& set : sets) set.display_fronts(display_fronts_, run_.run);
   return display_fronts_;
 }
 
 const std::vector<Maths::TransferFront>& Definition::fronts(std::uint32_t index) {
-  const Maths::FrontSet& set = checked(run_.sets, index);
+  const Maths::FrontSet& set = set_at(run_.sets, index);
   make_room(transfer_fronts_, set.front_count());
   set.transfer_fronts(transfer_fronts_);
   return transfer_fronts_;
@@ -133,7 +135,7 @@ void Definition::paddle_motion_build(const Base::Params& in) {
 
 const std::vector<double>& Definition::paddle_motion_data(std::uint32_t bank,
                                                           std::uint32_t paddle) const {
-  const std::vector<std::vector<double>>& series = checked(banks_, bank).series();
+  const std::vector<std::vector<double>>& series = bank_at(banks_, bank).series();
   if (paddle >= series.size()) {
     throw Base::compose("Paddle out of range in paddle_motion_data::bank ", bank,
                         " has no signal of paddle ", paddle);
@@ -142,7 +144,7 @@ const std::vector<double>& Definition::paddle_motion_data(std::uint32_t bank,
 }
 
 void Definition::paddle_motion_stats(std::uint32_t bank, Base::Params& out) const {
-  checked(banks_, bank).stats(out);
+  bank_at(banks_, bank).stats(out);
 }
 
 void Definition::animate_build(Base::Params& in) {
@@ -150,7 +152,7 @@ void Definition::animate_build(Base::Params& in) {
 }
 
 void Definition::animate_init(Base::Params& in) {
-  static_cast<void>(context_.tank_config());  // to prove that there is a tank
+  require_tank(context_);
   animation_.init(run_.merged, run_.run, in);
 }
 

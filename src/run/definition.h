@@ -1,5 +1,5 @@
-// A run: specifications on one repeat time, merged and referred to the paddles, and what is built
-// from the merged fronts.
+// A run: specifications with one repeat time, merged and referred to the paddles, and the results
+// that are built from the merged fronts.
 #ifndef KELPBOX_RUN_DEFINITION_H_
 #define KELPBOX_RUN_DEFINITION_H_
 
@@ -20,8 +20,8 @@
 
 namespace Synthesis {
 
-// Specifications and the context are owned elsewhere and must outlive their place here. Failures
-// are thrown as std::string.
+// Does not own the specifications and the context, which must outlive it. One thread at a time,
+// except where noted. Failures are thrown as std::string unless another type is named.
 class Definition {
  public:
   Definition(std::string name, Common::Context& context)
@@ -33,31 +33,40 @@ class Definition {
 
   // Declares "repeat", "dalrymple", "wave_merge", "ran_gen", "seed".
   void query(Base::Params& out) const;
-  // Fits the repeat time to whole samples of the base rate and writes it back.
+  // Fits the repeat time to a whole number of samples at the base rate and writes it back. A
+  // failure of RunData::init leaves the run unchanged. Throws as Params::read and RunData::init.
   void set(Base::Params& in);
 
-  // Throws "Evaluate before setting state".
+  // Evaluates and merges the specifications and refers the result to the paddles. Throws "Evaluate
+  // before setting state", Script::LogItm from a context that is not ready, and the messages of the
+  // steps. A failure leaves the sets evaluated before it, and `merged` as it was.
   const Maths::RunFronts& run_build();
   std::uint32_t run_size() const { return static_cast<std::uint32_t>(run_.sets.size()); }
   Maths::RunData& repeat() { return run_.run; }
-  // Of one set, valid until the next run_build. Throws "invalid vector<T> subscript".
+  // The position of one set, valid until the next run_build. Throws "invalid vector<T> subscript".
   Maths::Position& position(std::uint32_t index);
-  // Each result is valid until the next call of the same form. The form with an index throws
-  // "invalid vector<T> subscript".
+  // The merged fronts, or those of all sets one after the other. Valid until the next call of this
+  // overload. Throws "fronts::<count> fronts need ... GiB of memory, ... GiB are available".
   const std::vector<Front>& fronts(bool merged);
+  // The fronts of one set. Valid until the next call of this overload. Throws the same, and
+  // "invalid vector<T> subscript".
   const std::vector<Maths::TransferFront>& fronts(std::uint32_t index);
+  // The reports of the last run_build.
   const Messages& messages() const { return messages_; }
 
-  // Takes "rate" from the parameters and rebuilds the signals of all banks.
+  // Reads "rate" in Hz and rebuilds the signals of all banks. Throws as BankMotion.
   void paddle_motion_build(const Base::Params& in);
-  // Both throw "Bank out of range or paddle_motion not built"; a paddle without a signal throws
-  // "Paddle out of range in paddle_motion_data::bank B has no signal of paddle P".
+  // The drive signal of a paddle, in radians for a flap and in metres for a piston. Throws "Bank
+  // out of range or paddle_motion not built" and "Paddle out of range in paddle_motion_data::bank B
+  // has no signal of paddle P".
   const std::vector<double>& paddle_motion_data(std::uint32_t bank, std::uint32_t paddle) const;
+  // Replaces `out` by the clipping statistics of a bank. Throws "Bank out of range or paddle_motion
+  // not built".
   void paddle_motion_stats(std::uint32_t bank, Base::Params& out) const;
 
-  // The animation of the merged fronts. The first three throw the texts of Animate, the others
-  // those of AnimationFrames. From a second thread: `animate_progress`, `animate_ready` and
-  // `animate_stop`, while the first one builds.
+  // The animation of the merged fronts. The first three operations throw the messages of Animate,
+  // the others those of AnimationFrames. A second thread may call `animate_progress`,
+  // `animate_ready` and `animate_stop` during a build.
   void animate_build(Base::Params& in);
   void animate_init(Base::Params& in);
   void animate_build_slice(std::uint32_t from, std::uint32_t to);
@@ -70,13 +79,14 @@ class Definition {
   void animate_stop() { animation_.frames().stop(); }
   void animate_free() { animation_.frames().release(); }
 
-  // The wave at a point, from the merged fronts. Reads "rate", "x", "y", "delta_angle" and writes
-  // "rate" and "delta_angle" back as fitted.
+  // The wave at a point, from the merged fronts. Reads "rate", "x", "y" and "delta_angle", and
+  // writes back "rate" and "delta_angle" as fitted. Throws as fit_point and TwoD::build.
   void twod_build(Base::Params& in);
-  // 0 time, 1 spectrum, 2 variance, 3 direction, valid until the next twod_build. Throws "Unknown
-  // option ot twod_data".
+  // A result by its TwoD::Data number, valid until the next twod_build. Throws "Unknown option ot
+  // twod_data".
   const std::vector<double>& twod_data(std::int32_t type) const { return twod_.data(type); }
-  // Reads "rate", "x", "y", writes "rate" back as fitted, and adds the statistics.
+  // Reads "rate", "x" and "y", writes back "rate" as fitted, and adds the statistics. Throws as
+  // fit_point and point_stats.
   void twod_stats(Base::Params& params) const;
 
  private:
