@@ -28,13 +28,13 @@ void append(Maths::TankConfig& out, const SectionDepth& depth, double d, double 
   out.profile.push_back({d, x});
 }
 
-// The next point of the profile is the paddle line's.
+// Makes the next point of the profile the paddle line.
 void set_paddle(Maths::TankConfig& out, double depth) {
   out.paddle_index = static_cast<std::uint32_t>(out.profile.size());
   out.paddle_depth = depth;
 }
 
-// No step is short enough, as before a water line inside the section.
+// Called when no step is short enough, as before a water line inside the section.
 [[noreturn]] void fail_stuck(const SectionDepth& depth, double x) {
   depth.fail(Base::compose("depth profile does not get beyond x = ", x));
 }
@@ -47,8 +47,8 @@ bool stalls(double from, double to, double end) {
   return from <= end ? to <= from : to < end || to >= from;
 }
 
-// Divides a section from x0 to xe into steps. Each step first aims for the end, then for where the
-// slope of the step before predicts the wanted change of depth.
+// Divides a section from x0 to xe into steps. The first step aims for the end, each further one for
+// the x at which the slope of the last step gives the wanted change of depth.
 void walk(const SectionDepth& depth, double x0, double xe, const Steps& steps,
           Maths::TankConfig& out) {
   const double most = steps.change * 1.2;
@@ -58,7 +58,7 @@ void walk(const SectionDepth& depth, double x0, double xe, const Steps& steps,
   depth.require_finite(d0, x0);
   double x1 = xe;
   for (;;) {
-    bool bounded = false;  // a step that was cut or rescaled may change the depth by less
+    bool bounded = false;  // a step that was cut or rescaled may be too short
     // Where the depth does not change, the predicted x1 is infinite or NaN.
     const auto bring_back = [&] {
       if (std::isfinite(x1)) return;
