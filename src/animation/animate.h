@@ -1,9 +1,9 @@
 // The animation of a run: the water surface over a grid of the tank, for every sample of the
 // repeat time or of a shorter cycle.
 //
-// Built as a whole or in slices of columns. The merged fronts, which hold at the paddle line, are
-// carried out to each column of the grid; an inverse transform for each point makes the surface
-// over time, or one for each column when all fronts run straight along the tank.
+// It is built as a whole or in slices of columns. The merged fronts hold at the paddle line and are
+// carried to each column of the grid. An inverse transform gives the surface over time: one for
+// each point, or one for each column when all fronts run straight along the tank.
 #ifndef KELPBOX_ANIMATION_ANIMATE_H_
 #define KELPBOX_ANIMATION_ANIMATE_H_
 
@@ -19,9 +19,9 @@
 
 namespace Synthesis {
 
-// A build takes the merged fronts of a run and the tank, and throws the texts of fit_grid,
-// AnimationFrames and TankRun. The frames are watched and stopped from another thread through
-// `frames`; all else is for one thread at a time.
+// A build takes the merged fronts of a run and the tank. It throws what fit_grid, AnimationFrames
+// and TankRun throw. Another thread may watch and stop the frames through `frames`; everything else
+// is for one thread at a time.
 class Animate {
  public:
   // Builds the whole animation. A single harmonic gets frames for a cycle as short as
@@ -29,10 +29,10 @@ class Animate {
   // for each column. Throws "Trying to build animation when wave expression has no data".
   void build(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
              const Maths::RunData& run, Base::Params& params);
-  // Prepares a build in slices, with frames for the whole repeat time. Frames that are there
-  // already stay as they are, whatever the grid. The build goes on until `stop`.
+  // Prepares a build in slices, with frames for the whole repeat time. Frames that exist already
+  // are kept, whatever the grid. The build is active until `stop`.
   void init(const Maths::FrontSet& fronts, const Maths::RunData& run, Base::Params& params);
-  // Builds the columns from `from` up to `to` - 1, as far as the grid has them. Throws "animate
+  // Builds the columns from `from` up to `to` - 1, up to the end of the grid. Throws "animate
   // not initialised".
   void build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
                    const Maths::RunData& run, std::uint32_t from, std::uint32_t to);
@@ -41,8 +41,8 @@ class Animate {
   const AnimationFrames& frames() const { return frames_; }
 
  private:
-  // The grid that the parameters ask for, over the whole repeat time. The build is then going on,
-  // and stays so when this fails.
+  // Fits the requested grid over the whole repeat time. The build is active from here on, even if
+  // this fails.
   AnimationGrid start(const Maths::FrontSet& fronts, const Maths::RunData& run,
                       Base::Params& params);
   void build_columns(AnimationColumns& columns, std::uint32_t from, std::uint32_t to);

@@ -63,7 +63,7 @@ AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const Animatio
       angles_(angles),
       top_(top_slot(fronts, grid)),
       surface_(grid.samples, rows_of(grid), bins_of(grid, top_)),
-      // The gap keeps neighbouring rows from falling on the same lines of the cache.
+      // The gap prevents neighbouring rows from sharing cache lines.
       stride_(std::size_t{grid.samples} + 32),
       code_(stride_ * surface_.block_rows()) {
   column_.reserve(count_fronts(fronts, top_));
@@ -99,8 +99,8 @@ void AnimationColumns::carry_fronts(double x) {
 }
 
 void AnimationColumns::add_rows(std::uint32_t ix) {
-  // A block begins on the axis of the tank, where waves have the phases that were asked for: turned
-  // from row to row, a height of half a count could fall short of it.
+  // A block begins on the axis of the tank, where waves have the requested phases. A height of
+  // exactly half a count there could be rounded down after the rotation from another row.
   const std::uint32_t axis = row_of_axis(grid_.y);
   std::uint32_t rows = 0;
   for (std::uint32_t first = 0; first < grid_.y.count; first += rows) {

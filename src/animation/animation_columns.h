@@ -15,24 +15,24 @@
 
 namespace Synthesis {
 
-// Whether each front's angle goes to the standard output stream, a line for each column.
+// Whether the angle of each front is written to the standard output, a line each, for each column.
 enum class FrontAngles { hidden, shown };
 
-// Throws std::bad_alloc for a build that needs more memory beside its frames than the machine has.
+// Throws std::bad_alloc if a build needs more memory beside its frames than the machine has.
 void prove_columns(const Maths::FrontSet& fronts, const AnimationGrid& grid);
 
-// For one build. All that it is given must outlive it.
+// Made for one build. Everything passed to the constructor must outlive it.
 class AnimationColumns {
  public:
   AnimationColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid, Maths::TankRun& tank,
                    AnimationFrames& frames, FrontAngles angles);
 
-  // Stores the column; leaves it when the build has been stopped. Throws the texts of TankRun and
-  // AnimationFrames.
+  // Builds and stores the column, or returns early if the build has been stopped. Throws what
+  // TankRun and AnimationFrames throw.
   void build(std::uint32_t ix);
 
  private:
-  // The fronts at the column; not all of them when the build has been stopped.
+  // The fronts at the column; incomplete if the build has been stopped.
   void carry_fronts(double x);
   // Each stores the series of the column's rows, a block at a time.
   void add_rows(std::uint32_t ix);
@@ -43,7 +43,7 @@ class AnimationColumns {
   Maths::TankRun& tank_;
   AnimationFrames& frames_;
   FrontAngles angles_;
-  std::size_t top_;  // the slots below it have a place in the cycle
+  std::size_t top_;  // slots below this one fit into the cycle
   ColumnSurface surface_;
   std::vector<ColumnFront> column_;
   std::size_t stride_;              // from row to row of the encoded series

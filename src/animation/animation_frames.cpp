@@ -15,15 +15,15 @@ namespace {
 
 using Frames = std::vector<std::vector<std::int16_t>>;
 
-// Bytes that so many samples in so many frames take, with the place of each frame in the list and
-// the least piece of memory that the heap deals in: short frames take more than their samples.
+// Bytes for the samples of all frames, with each frame's place in the list and the smallest block
+// of the heap: short frames need more than their samples.
 std::uint64_t room(std::uint64_t samples, std::uint64_t frames) {
   constexpr std::uint64_t beside = sizeof(Frames::value_type) + 32;
   return samples * sizeof(std::int16_t) + frames * beside;
 }
 
-// For all the memory that is still to come. A request that is too large fails here; frame by frame,
-// a system that promises more than it has would end the process.
+// Checks all the memory that is still to be allocated. A request that is too large fails here. If
+// it were allocated frame by frame, a system that overcommits would end the process.
 void prove_room(std::uint64_t needed, const Frames& held) {
   std::uint64_t samples = 0;
   for (const std::vector<std::int16_t>& frame : held) samples += frame.capacity();
@@ -42,7 +42,7 @@ void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t) {
   x_lim_ = x;
   y_lim_ = y;
   t_lim_ = t;
-  // Before the frames are ready: nobody shall take the series of older frames for these.
+  // Set before the frames are ready, so that the count of older frames is never used for these.
   count_.store({0, static_cast<std::uint32_t>(points)}, std::memory_order_release);
   try {
     frames_.resize(t);
@@ -52,14 +52,14 @@ void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t) {
         return;
       }
       frame.resize(points);
-      // What larger frames held is counted as free for those to come.
+      // The check above counted what older, larger frames hold in excess as available.
       frame.shrink_to_fit();
     }
   } catch (...) {
     release();
     throw;
   }
-  // Unless a stop has come in between.
+  // The frames become ready unless a stop came in between.
   std::uint32_t flags = running_flag;
   while ((flags & running_flag) != 0 &&
          !flags_.compare_exchange_weak(flags, flags | ready_flag, std::memory_order_release,

@@ -1,11 +1,12 @@
-// The frames of an animation, and the words by which one thread watches and stops another that
-// fills them.
+// The frames of an animation, and the flags and counters through which one thread watches and stops
+// another that fills them.
 //
 // A frame holds the surface over the whole grid at one moment: the point (x, y) is entry
-// rows * x + y, encoded as in surface_code.h. Failures are thrown as std::string, but for memory.
+// rows * x + y, encoded as in surface_code.h. Failures are thrown as std::string, except for
+// exhausted memory.
 //
-// One thread at a time, except that `progress`, `complete` and `stop` may be called while another
-// thread is in any other operation but `release`.
+// For one thread at a time, with one exception: `progress`, `complete` and `stop` may be called
+// while another thread is in any other operation except `release`.
 #ifndef KELPBOX_ANIMATION_ANIMATION_FRAMES_H_
 #define KELPBOX_ANIMATION_ANIMATION_FRAMES_H_
 
@@ -29,7 +30,7 @@ class AnimationFrames {
  public:
   enum Size : std::uint32_t { t_size = 0, x_size = 1, y_size = 2 };
 
-  // A build begins, and ends. Only `stop` ends one early.
+  // Marks the start and the end of a build. Only `stop` ends one early.
   void begin() { flags_.fetch_or(running_flag, std::memory_order_relaxed); }
   void end() { flags_.fetch_and(~running_flag, std::memory_order_relaxed); }
   bool running() const { return has(running_flag); }
@@ -53,7 +54,7 @@ class AnimationFrames {
   double progress() const;
   // Whether all series are stored.
   bool complete() const;
-  // Ends a build at its next look. The frames keep what they hold and are no longer ready.
+  // Ends a build the next time it checks. The frames keep their content and are no longer ready.
   void stop() { flags_.store(0, std::memory_order_relaxed); }
   // Frees the frames.
   void release();
@@ -75,8 +76,8 @@ class AnimationFrames {
   std::uint32_t y_lim_ = 0;
   std::uint32_t t_lim_ = 0;
   std::vector<std::vector<std::int16_t>> frames_;
-  // Each of these is one word, so that a watcher never sees one half of a change: a stop takes
-  // both flags, and the series of one animation are never held against the total of another.
+  // Each of these is one atomic word, so that a watcher never sees half of a change: a stop clears
+  // both flags, and the series of one animation are never compared with the total of another.
   std::atomic<std::uint32_t> flags_{0};
   std::atomic<Count> count_{Count{}};
   static_assert(std::atomic<Count>::is_always_lock_free);

@@ -13,7 +13,7 @@ namespace {
 GridAxis fit_axis(Base::Params& params, const std::string& name, double step, double min,
                   double max) {
   const std::int32_t divisions = Maths::round_to_i32((max - min) / step);
-  // Among them what is no number, or fits none.
+  // This refuses NaN and counts that do not fit, too.
   if (divisions < 0) {
     throw Base::compose(name, "::", step, " m gives no usable grid from ", min, " m to ", max,
                         " m");

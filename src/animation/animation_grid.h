@@ -14,10 +14,10 @@ namespace Synthesis {
 struct GridAxis {
   double min = 0.0;
   double max = 0.0;
-  double step = 0.0;  // infinite with a single point, which lies at `min`
+  double step = 0.0;  // infinite for a single point, which lies at `min`
   std::uint32_t count = 0;
 
-  // Rounding must not carry the last point past `max`, which is often the end of the tank.
+  // Rounding must not move the last point past `max`, which is often the end of the tank.
   double at(std::uint32_t i) const { return i == 0 ? min : std::min(i * step + min, max); }
 };
 
@@ -29,11 +29,11 @@ struct AnimationGrid {
   bool uniform = false;       // the surface does not vary with y
 };
 
-// The grid that "x_step", "y_step" and "rate" ask for between "x_min" and "x_max", "y_min" and
+// The grid for "x_step", "y_step" and "rate" between "x_min" and "x_max", "y_min" and
 // "y_max", with the steps fitted to whole divisions and the rate to whole samples of the repeat
 // time, and written back. Throws std::string "x_max not greater than x_min", "y_max not greater
-// than y_min", "<name>::<value> m gives no usable grid from <min> m to <max> m", the texts of the
-// parameters, "Repeat time zero or less" and that of sample_count.
+// than y_min", "<name>::<value> m gives no usable grid from <min> m to <max> m", what the
+// parameters throw, "Repeat time zero or less" and what sample_count throws.
 AnimationGrid fit_grid(const Maths::RunData& run, Base::Params& params);
 
 }  // namespace Synthesis

@@ -6,13 +6,13 @@
 namespace Synthesis {
 namespace {
 
-// They lie side by side in each frame, two cache lines of it.
+// Rows of a block. They are adjacent in each frame, where 64 of them fill two cache lines.
 constexpr std::uint32_t most_rows = 64;
-// Independent rotations, so that none waits for the one before.
+// Independent rotations side by side, so that none waits for another.
 constexpr std::uint32_t lanes = 4;
 static_assert(most_rows % lanes == 0);
 
-// Of one row in a block, and of all.
+// Values of one row of a block, and of all rows together.
 constexpr std::uint32_t most_values = 1 << 20;
 
 std::uint32_t rows_of_block(std::uint32_t samples, std::uint32_t rows) {
@@ -82,7 +82,7 @@ void ColumnSurface::sum(const std::vector<ColumnFront>& fronts, const GridAxis& 
   std::size_t front = 0;
   while (front < fronts.size()) {
     const std::size_t bin = fronts[front].bin;
-    // Above half the sampling rate a harmonic has no meaning, nor do those behind it.
+    // Harmonics above half the sampling rate have no meaning; all later ones are above it too.
     if (bin >= spectra_[0].size()) return;
     RowSums sums;
     for (; front < fronts.size() && fronts[front].bin == bin; ++front) {

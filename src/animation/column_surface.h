@@ -1,8 +1,9 @@
 // The sum of wave fronts over one column of an animation's grid: the hot loop of animations.
 //
-// A front of phase omega t - lag - ky y + phase has at each row the amplitude of the column and a
-// phase that turns by ky times the step from row to row. So the rows of a block cost a rotation
-// each and no sine; each block starts from the phase itself, so that no error grows along y.
+// A front has the phase omega t - lag - ky y + phase. Its amplitude is the same in all rows of the
+// column, and its phase changes by ky times the step from row to row. Each row of a block therefore
+// costs a rotation instead of a sine. Each block starts from the exact phase, so that errors do not
+// accumulate along y.
 #ifndef KELPBOX_ANIMATION_COLUMN_SURFACE_H_
 #define KELPBOX_ANIMATION_COLUMN_SURFACE_H_
 
@@ -16,7 +17,7 @@
 
 namespace Synthesis {
 
-// A front as the rows of a column see it.
+// A front at the rows of a column.
 struct ColumnFront {
   std::size_t bin = 0;  // harmonic of the cycle
   double amp = 0.0;     // metres at the column
@@ -25,26 +26,26 @@ struct ColumnFront {
   double ky = 0.0;      // rad/m, the wave number along y
 };
 
-// Works on a block of rows at a time, few enough to stay in a processor's cache.
+// Works on one block of rows at a time, small enough to stay in the processor's cache.
 class ColumnSurface {
  public:
-  // The least number of bytes that a surface takes.
+  // The least number of bytes that a surface needs.
   static std::uint64_t memory(std::uint32_t samples, std::uint32_t rows, std::size_t bins);
-  // For cycles of that many samples, at least 1, and columns of that many rows; of the harmonics
-  // those below `bins` may have fronts.
+  // For cycles of `samples` (at least 1) and columns of `rows`. Only harmonics below `bins` may
+  // have fronts.
   ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::size_t bins);
 
-  // The most rows of a block.
+  // The largest number of rows of a block.
   std::uint32_t block_rows() const { return static_cast<std::uint32_t>(spectra_.size()); }
   // Sums the fronts, in rising order of bins, over the rows from `first`.
   void sum(const std::vector<ColumnFront>& fronts, const GridAxis& y, std::uint32_t first,
            std::uint32_t rows);
-  // The surface over the cycle at one row of the block, in metres, once for each sum. Valid until
-  // the next call.
+  // The surface over the cycle at one row of the block, in metres. Call it once for each row and
+  // sum. Valid until the next call.
   const std::vector<double>& series(std::uint32_t row);
 
  private:
-  // Whether a spectrum is spent on its series. Its copy would be as long as the spectrum then.
+  // Whether the transform may overwrite a spectrum, which avoids a copy as long as the spectrum.
   bool long_cycle_;
   std::vector<std::vector<std::complex<double>>> spectra_;  // one for each row of the block
   std::vector<double> series_;
