@@ -91,7 +91,7 @@ class Definition {
 
  private:
   Base::Params params_;
-  std::string name_;
+  std::string name_;  // as the host gave it; nothing reads it
   std::vector<Specification*> specifications_;
   Maths::RunFronts run_;
   Common::Context& context_;
