@@ -42,7 +42,7 @@ TEST(AnimateStop, AStopBetweenFrontsEndsTheBuildInSilence) {
     const std::string failure =
         thrown([&] { sea.animate.build(sea.fronts, sea.tank(), sea.run, params); });
     std::cout.rdbuf(shown);
-    EXPECT_EQ(failure, "nothing thrown");
+    EXPECT_EQ(failure, "(nothing thrown)");
     EXPECT_EQ(written.text(), std::string("0.25\n0.75\n0.5\n") + last);
     EXPECT_FALSE(sea.frames().running());
     EXPECT_EQ(sea.frames().size(0), 0u);

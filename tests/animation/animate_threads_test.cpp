@@ -28,7 +28,7 @@ class Builder {
       : thread_([this, times, build] {
           for (int i = 0; i < times; ++i) {
             const std::string text = Testing::thrown(build);
-            if (text != "nothing thrown" && text != "Animate Cancelled" &&
+            if (text != "(nothing thrown)" && text != "Animate Cancelled" &&
                 text != "animate not initialised") {
               unexpected = text;
             }

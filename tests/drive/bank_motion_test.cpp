@@ -68,7 +68,7 @@ TEST(BankMotion, ABankWithoutPaddlesHasNoSignals) {
   EXPECT_TRUE(bank.motion.series().empty());
   // Nor does it miss a harmonic beyond the samples.
   bank.init(0.1);
-  EXPECT_EQ(thrown([&] { bank.build(); }), "nothing thrown");
+  EXPECT_EQ(thrown([&] { bank.build(); }), "(nothing thrown)");
 }
 
 TEST(BankMotion, InitForgetsTheSignals) {
@@ -116,7 +116,7 @@ TEST(BankMotion, AHarmonicWithoutAmplitudeStillNeedsItsPlace) {
   HandBank bank(1);
   bank.fronts.slots[20] = {{0.0, 0.0, 0.0}};
   bank.init(2.0);  // 20 samples
-  EXPECT_EQ(thrown([&] { bank.build(); }), "nothing thrown");
+  EXPECT_EQ(thrown([&] { bank.build(); }), "(nothing thrown)");
   bank.init(1.9);
   EXPECT_EQ(thrown([&] { bank.build(); }), "Index 20 out of range");
 }

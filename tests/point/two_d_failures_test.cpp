@@ -8,6 +8,7 @@
 
 #include "point/two_d.h"
 #include "support/test_run.h"
+#include "support/thrown_item.h"
 
 namespace {
 
@@ -58,7 +59,7 @@ TEST_F(WaveAtPoint, ParametersAreReadInOrder) {
   EXPECT_EQ(refusal(definition, params), "Value x=50 is outside dimensions of tank");
   params.at("x").value = 1.0;
   wants("delta_angle::Not found", "delta_angle", 30.0, "deg");
-  EXPECT_EQ(refusal(definition, params), "nothing thrown");
+  EXPECT_EQ(refusal(definition, params), "(nothing thrown)");
 }
 
 TEST_F(WaveAtPoint, ParametersOfTheWrongKindAreRefused) {
@@ -96,7 +97,7 @@ TEST_F(WaveAtPoint, SectorsTooNarrowAreRefused) {
   for (const double width : {1e-6, 1e-7, 0.0, -1.0, -infinity}) {
     EXPECT_EQ(refusal(definition, point_params(20, 0, 0, width)), text) << width;
   }
-  EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 1.01e-6)), "nothing thrown");
+  EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 1.01e-6)), "(nothing thrown)");
   EXPECT_EQ(definition.twod_data(TwoD::direction).size(), 6220976u);  // 2 pi / 1.01e-6, rounded
   EXPECT_EQ(refusal(definition, point_params(20, 0, 0, nan)),
             "delta_angle::nan rad gives no usable number of direction sectors");
@@ -105,11 +106,11 @@ TEST_F(WaveAtPoint, SectorsTooNarrowAreRefused) {
 TEST_F(WaveAtPoint, ADirectionWithoutASectorIsRefused) {
   const std::string text = "invalid vector<T> subscript";
   // Above two circles there is no sector.
-  EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 4 * pi)), "nothing thrown");
+  EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 4 * pi)), "(nothing thrown)");
   EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 4.01 * pi)), text);
   EXPECT_EQ(refusal(definition, point_params(20, 0, 0, infinity)), text);
   // Nor is one missed without a harmonic.
-  EXPECT_EQ(refusal(definition, point_params(0.1, 0, 0, 4.01 * pi)), "nothing thrown");
+  EXPECT_EQ(refusal(definition, point_params(0.1, 0, 0, 4.01 * pi)), "(nothing thrown)");
   EXPECT_TRUE(definition.twod_data(TwoD::direction).empty());
   // Half a circle away from the only sector's middle, the next one begins.
   BuiltRun back(SiteText{}, {{8, {0.04, pi, 0.0}}});
@@ -157,8 +158,9 @@ TEST_F(WaveAtPoint, ASiteWithoutATankIsRefusedAfterThePoint) {
   Synthesis::Definition unready("unready", site.context());
   Testing::set(unready, Testing::run_params(10.0));
   EXPECT_EQ(refusal(unready, rate_params(20.0)), "x::Not found");
-  EXPECT_EQ(refusal(unready, point_params(20.0, 0.0, 0.0)),
-            "a log item: Attempting to access TankConfig when not made ready");
+  Base::Params params = point_params(20.0, 0.0, 0.0);
+  EXPECT_EQ(Testing::thrown_item([&] { unready.twod_build(params); }),
+            "item: General: context::Error::Attempting to access TankConfig when not made ready");
 }
 
 TEST_F(WaveAtPoint, FrontsOfAnotherGridAreRefused) {

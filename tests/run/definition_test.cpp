@@ -10,6 +10,7 @@
 #include "base/enumerations.h"
 #include "base/units.h"
 #include "support/test_run.h"
+#include "support/thrown_item.h"
 
 namespace {
 
@@ -128,7 +129,7 @@ TEST(Definition, SetNamesWhatIsMissingInOrder) {
   EXPECT_EQ(thrown([&] { definition.set(in); }), "wave_merge::Not found");
   EXPECT_EQ(thrown([&] { definition.run_build(); }), "Evaluate before setting state");
   in.insert("wave_merge", "RMS", "WaveMerge");
-  EXPECT_EQ(thrown([&] { definition.set(in); }), "nothing thrown");
+  EXPECT_EQ(thrown([&] { definition.set(in); }), "(nothing thrown)");
 }
 
 TEST(Definition, SetRefusesParametersOfTheWrongKind) {
@@ -171,7 +172,7 @@ TEST(Definition, AFailedSetKeepsTheOldGridAndReadiness) {
   EXPECT_EQ(in.get("repeat", "s"), 2.0);
   EXPECT_EQ(definition.repeat().value(), 100.0);
   EXPECT_EQ(definition.repeat().max_harmonic(), 20u);
-  EXPECT_EQ(thrown([&] { definition.run_build(); }), "nothing thrown");
+  EXPECT_EQ(thrown([&] { definition.run_build(); }), "(nothing thrown)");
 }
 
 TEST(Definition, RunBuildBeforeSetIsRefused) {
@@ -207,8 +208,8 @@ TEST(Definition, RunBuildNeedsTheTankMadeReady) {
   Part part({{5, {0.1, 0.0, 0.0}}}, at(0, 0, 0));
   definition.add_specification(part.specification);
   set(definition, run_params(10.0));
-  EXPECT_EQ(thrown([&] { definition.run_build(); }),
-            "a log item: Attempting to access TankConfig when not made ready");
+  EXPECT_EQ(Testing::thrown_item([&] { definition.run_build(); }),
+            "item: General: context::Error::Attempting to access TankConfig when not made ready");
 }
 
 TEST(Definition, ASpecificationWithoutComponentsGivesAnEmptyMergedSet) {

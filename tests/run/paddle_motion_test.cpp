@@ -208,7 +208,7 @@ TEST(PaddleMotion, AHarmonicBeyondTheSamplesThatNoPaddleMakesIsNotMissed) {
   bank.paddle_width = 3.0;
   BuiltRun run(with_bank(bank), {{20, {0.1, 1.2, 0.0}}});
   EXPECT_EQ(thrown([&] { run.definition.paddle_motion_build(rate_params(1.0)); }),
-            "nothing thrown");
+            "(nothing thrown)");
   EXPECT_EQ(run.signal(), std::vector<double>(10, 0.0));
 }
 

@@ -15,6 +15,7 @@
 #include "sea/component.h"
 #include "sea/modifier.h"
 #include "site/context.h"
+#include "support/thrown.h"
 
 namespace Testing {
 
@@ -100,21 +101,6 @@ class NamedModifier : public Synthesis::Modifier {
   void on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData&,
                    const Maths::TankConfig&, Synthesis::Messages& messages) override;
 };
-
-// The text of a thrown std::string, or a word that says what happened instead.
-template <typename Call>
-std::string thrown(Call&& call) {
-  try {
-    call();
-  } catch (const std::string& text) {
-    return text;
-  } catch (const char* text) {
-    return std::string("a plain text: ") + text;
-  } catch (const Script::LogItm& item) {
-    return "a log item: " + item.text;
-  }
-  return "nothing thrown";
-}
 
 // The parameters of a specification, in metres and seconds.
 Base::Params at(double x, double y, double t);
