@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(Constants, AreTheFullPrecisionValues) {
+TEST(Constants, HaveFullPrecision) {
   EXPECT_EQ(Base::Pi, std::numbers::pi);
   EXPECT_EQ(Base::TwoPi, 2.0 * std::numbers::pi);
 }

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "thrown.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -22,6 +22,7 @@ using Base::Params;
 using Base::Quantity;
 using Base::resolve_units;
 using Base::Vector;
+using Testing::thrown;
 namespace Category = Base::Category;
 using Complex = std::complex<double>;
 using Values = std::vector<double>;
@@ -53,19 +54,19 @@ Params with_rate(double value, const char* units) {
   return params;
 }
 
-TEST(DataSet, ATimeAsRateIsTheSampleInterval) {
+TEST(DataSet, ATimeGivenAsRateIsTheSampleInterval) {
   const DataSet set(wave(8), Quantity(0.01, resolve_units("s")));
   EXPECT_DOUBLE_EQ(set.rate().value, 100.0);
   EXPECT_EQ(set.rate().units, resolve_units("Hz"));
   EXPECT_EQ(set.rate().state, (Base::ValueState{0, 1}));
-  // A new value, whatever the state of the interval.
+  // The rate is a new value: it does not take the state of the interval.
   const DataSet high(wave(8), Quantity(0.01, resolve_units("s"), {'*', 3}));
   EXPECT_EQ(high.rate().state, (Base::ValueState{0, 1}));
   const DataSet milli(Cvector("f", {8, 0}, {1.0}), Quantity(20.0, resolve_units("msec")));
   EXPECT_DOUBLE_EQ(milli.rate().value, 50.0);
 }
 
-TEST(DataSet, AFrequencyAsRateIsKeptAsItStands) {
+TEST(DataSet, AFrequencyGivenAsRateIsKeptUnchanged) {
   const Quantity rate(0.1, resolve_units("kHz"), {'*', 3});
   const DataSet set(wave(8), rate);
   EXPECT_EQ(set.rate().value, 0.1);
@@ -77,14 +78,14 @@ TEST(DataSet, AFrequencyAsRateIsKeptAsItStands) {
 }
 
 TEST(DataSet, ARateOfAnotherKindIsRefused) {
-  const std::string text = "rate value of wrong type";
-  EXPECT_EQ(thrown([] { DataSet(wave(8), Quantity(1.0, resolve_units("m"))); }), text);
-  EXPECT_EQ(thrown([] { DataSet(wave(8), Quantity()); }), text);
-  EXPECT_EQ(thrown([] { DataSet(Cvector(), Quantity(1.0, resolve_units("m"))); }), text);
+  const std::string message = "rate value of wrong type";
+  EXPECT_EQ(thrown([] { DataSet(wave(8), Quantity(1.0, resolve_units("m"))); }), message);
+  EXPECT_EQ(thrown([] { DataSet(wave(8), Quantity()); }), message);
+  EXPECT_EQ(thrown([] { DataSet(Cvector(), Quantity(1.0, resolve_units("m"))); }), message);
   EXPECT_EQ(thrown([] { DataSet(wave(8), Quantity(resolve_units("s"))); }), "Invalid value");
 }
 
-TEST(DataSet, TheRateOfTheParametersIsAFrequency) {
+TEST(DataSet, TheRateParameterMustBeAFrequency) {
   EXPECT_EQ(DataSet(wave(8), with_rate(5.0, "Hz")).rate().value, 5.0);
   const DataSet angular(wave(8), with_rate(5.0, "rad/s"));
   EXPECT_EQ(angular.rate().units, resolve_units("rad/s"));
@@ -103,7 +104,7 @@ TEST(DataSet, KeepsItsOwnCopyOfTheParameters) {
   EXPECT_EQ(thrown([] { DataSet(wave(8), hundred_hertz).param("rate"); }), "rate::Not found");
 }
 
-TEST(DataSet, TimeGivenIsTimeRead) {
+TEST(DataSet, AGivenTimeFormIsReturnedUnchanged) {
   DataSet set(wave(8), hundred_hertz);
   double interval = 0.0;
   const Vector& time = set.time(interval);
@@ -115,7 +116,7 @@ TEST(DataSet, TimeGivenIsTimeRead) {
   EXPECT_DOUBLE_EQ(interval, 0.25);
 }
 
-TEST(DataSet, FrequencyFormOfATimeForm) {
+TEST(DataSet, ComputesTheFrequencyForm) {
   DataSet set(wave(200, "mm"), hundred_hertz);
   double step = 0.0;
   const Cvector& freq = set.freq(step);
@@ -130,7 +131,7 @@ TEST(DataSet, FrequencyFormOfATimeForm) {
   EXPECT_NEAR(Base::rms(freq), std::sqrt(2.0), 1e-12);
 }
 
-TEST(DataSet, TimeFormOfAFrequencyForm) {
+TEST(DataSet, ComputesTheTimeForm) {
   Cvector freq("wave", resolve_units("mm"), std::vector<Complex>(8));
   freq.data[0] = 0.25;
   freq.data[3] = {0, -2};
@@ -162,7 +163,7 @@ TEST(DataSet, AConstantSeriesHasNoRms) {
   EXPECT_NEAR(set.freq().data[0].real(), 3.5, 1e-14);
 }
 
-TEST(DataSet, AFormOnceMadeIsKept) {
+TEST(DataSet, AComputedFormIsKept) {
   Cvector freq("wave", resolve_units("m"), std::vector<Complex>(8));
   DataSet set(freq, hundred_hertz);
   set.time();
@@ -170,7 +171,7 @@ TEST(DataSet, AFormOnceMadeIsKept) {
   expect_near(set.time().data, Values(8, 0.0));
 }
 
-TEST(DataSet, ThroughAPlanEachCallTransformsAgain) {
+TEST(DataSet, EachCallWithAPlanTransformsAgain) {
   Cvector freq("wave", resolve_units("mm"), std::vector<Complex>(8));
   DataSet set(freq, hundred_hertz);
   FFT_Plan plan(8, 8, FFT_Type::freq_to_time);
@@ -184,13 +185,13 @@ TEST(DataSet, ThroughAPlanEachCallTransformsAgain) {
   plan.freeFFTBuffers();
 }
 
-TEST(DataSet, APlanIsNotNeededForAValidTimeForm) {
+TEST(DataSet, AValidTimeFormIgnoresThePlan) {
   DataSet set(wave(8), hundred_hertz);
   FFT_Plan other_size(5, 3, FFT_Type::freq_to_time);
   EXPECT_EQ(set.time(other_size).data, wave(8).data);
 }
 
-TEST(DataSet, AFormThatIsTakenIsTheOneThatWouldBeRead) {
+TEST(DataSet, TakeReturnsTheFormThatWouldBeRead) {
   for (const std::size_t n : {0u, 1u, 200u, 201u}) {
     DataSet forth(wave(n, "mm"), hundred_hertz);
     const Cvector freq = forth.freq();
@@ -210,17 +211,10 @@ TEST(DataSet, AFormThatIsTakenIsTheOneThatWouldBeRead) {
   EXPECT_EQ(DataSet(named, hundred_hertz).take_time().label, "wave");
 }
 
-TEST(DataSet, NothingIsLeftWhenAFormIsTaken) {
-  DataSet set(wave(8), hundred_hertz);
-  static_cast<void>(std::move(set).take_freq());
-  EXPECT_EQ(thrown([&] { set.time(); }), "Time data requested for empty data object");
-  EXPECT_EQ(thrown([&] { set.freq(); }), "Freq data requested for empty data object");
-}
-
-TEST(DataSet, LengthIsThatOfTheValidForm) {
+TEST(DataSet, LengthComesFromTheValidForm) {
   EXPECT_EQ(DataSet(wave(7), hundred_hertz).length(), 7u);
   EXPECT_EQ(DataSet(Cvector("f", {8, 0}, std::vector<Complex>(5)), hundred_hertz).length(), 5u);
-  // Of two valid forms the time form counts, and its length, not its samples.
+  // If both forms are valid, the length field of the time form counts, not its sample count.
   Vector longer("v", resolve_units("m"), {1, 2, 3});
   longer.length = 4;
   DataSet both(longer, hundred_hertz);
@@ -246,12 +240,12 @@ TEST(DataSet, WithoutEitherFormEveryRequestFails) {
   EXPECT_EQ(thrown([&] { set.spectrum(out); }), no_freq);
   EXPECT_EQ(thrown([&] { set.variance(out); }), no_freq);
   EXPECT_EQ(thrown([&] { set.length(); }), "Length requested for empty data item");
-  // The road through a plan does not ask.
+  // A call with a plan does not check.
   FFT_Plan plan(0, 0, FFT_Type::freq_to_time);
   EXPECT_TRUE(set.time(plan).data.empty());
 }
 
-// Whether the frequency form follows the time form.
+// Checks the frequency form against the transform of the time form.
 void expect_fresh_spectrum(DataSet& set) {
   DataSet fresh(set.time(), hundred_hertz);
   ASSERT_EQ(set.freq().length, fresh.freq().length);
@@ -261,7 +255,7 @@ void expect_fresh_spectrum(DataSet& set) {
   }
 }
 
-TEST(DataSet, EditsMakeTheFrequencyFormOutOfDate) {
+TEST(DataSet, EditsInvalidateTheFrequencyForm) {
   const Values values = {1, 2, 3, 4, 5, 6};
   const auto edited = [&](auto edit) {
     DataSet set(Vector("v", resolve_units("m"), values), hundred_hertz);
@@ -277,7 +271,7 @@ TEST(DataSet, EditsMakeTheFrequencyFormOutOfDate) {
   EXPECT_EQ(edited([](DataSet& set) { set.scale(-2.0); }), (Values{-2, -4, -6, -8, -10, -12}));
 }
 
-TEST(DataSet, EditsOfAFrequencyFormWorkOnItsTimeForm) {
+TEST(DataSet, EditsApplyToTheTimeFormOfAFrequencyForm) {
   Cvector freq("f", resolve_units("m"), std::vector<Complex>(4));
   freq.data[0] = 2.0;
   DataSet set(freq, hundred_hertz);
@@ -288,19 +282,19 @@ TEST(DataSet, EditsOfAFrequencyFormWorkOnItsTimeForm) {
   EXPECT_NEAR(scaled.freq().data[0].real(), 6.0, 1e-14);
 }
 
-TEST(DataSet, FoldOfHalfAndMore) {
+TEST(DataSet, FoldAddsTheLastSamplesToTheFirst) {
   const auto folded = [](std::uint64_t count) {
     DataSet set(Vector("v", resolve_units("m"), {1, 2, 3, 4, 5}), hundred_hertz);
     set.fold(count);
     return set.time().data;
   };
   EXPECT_EQ(folded(2), (Values{5, 7, 3}));
-  // Of the three last, 3, 4 and 5, only two find a place.
+  // Only two samples remain, so of the last three, 3, 4 and 5, only 3 and 4 are added.
   EXPECT_EQ(folded(3), (Values{4, 6}));
   EXPECT_EQ(folded(5), Values{});
 }
 
-TEST(DataSet, FoldOfNothingStillClearsTheFrequencyForm) {
+TEST(DataSet, FoldOfZeroSamplesInvalidatesTheFrequencyForm) {
   DataSet set(wave(8), hundred_hertz);
   set.freq().data[0] = 77.0;
   set.fold(0);
@@ -326,7 +320,7 @@ TEST(DataSet, FailedEditsChangeNothing) {
   EXPECT_EQ(mismatched.time().data, (Values{1, 2, 3}));
 }
 
-TEST(DataSet, TheFrequencyFormCountsTheSamples) {
+TEST(DataSet, TheFrequencyFormHasTheLengthOfTheSamples) {
   Vector longer("v", resolve_units("m"), {1, 2, 3});
   longer.length = 4;
   DataSet set(longer, hundred_hertz);
@@ -334,7 +328,7 @@ TEST(DataSet, TheFrequencyFormCountsTheSamples) {
   EXPECT_EQ(set.freq().data.size(), 2u);
 }
 
-TEST(DataSet, SpectrumIsTheMagnitudes) {
+TEST(DataSet, SpectrumHoldsTheMagnitudes) {
   DataSet set(wave(201, "mm"), hundred_hertz);
   Vector out("old", resolve_units("s"), {1, 2, 3});
   set.spectrum(out);
@@ -360,8 +354,8 @@ TEST(DataSet, VarianceIsADensityInSquareMetreSeconds) {
   EXPECT_NEAR(out.data[0], 0.5 * 0.0625e-6 / 0.25, 1e-18);
 }
 
-// To the last bit: the duration is rounded first, and 5 * 7 / 6 would round otherwise.
-TEST(DataSet, VarianceMultipliesByTheDuration) {
+// Exact to the last bit: the duration is rounded first, and 5 * 7 / 6 rounds differently.
+TEST(DataSet, VarianceMultipliesByTheRoundedDuration) {
   Cvector freq("f", resolve_units("m"), std::vector<Complex>(7));
   freq.data[1] = {1, 2};
   DataSet set(freq, Quantity(6.0, Category::frequency));

@@ -9,12 +9,13 @@
 #include <utility>
 #include <vector>
 
-#include "thrown.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Base::EnumValue;
 using Base::ValueState;
+using Testing::thrown;
 
 struct EnumFact {
   std::string type;
@@ -60,7 +61,7 @@ TEST(Enumerations, EveryMemberIsFoundByNameAndByNumber) {
   }
 }
 
-TEST(Enumerations, TypeNumbersHaveNames) {
+TEST(Enumerations, EveryTypeNumberHasItsName) {
   const std::vector<std::pair<std::string, std::int32_t>> numbers = {
       {"Bool", Base::EnumType::Bool},
       {"Window", Base::EnumType::Window},
@@ -81,7 +82,7 @@ TEST(Enumerations, TypeNumbersHaveNames) {
   EXPECT_EQ(Base::make_enum("WaveMerge", "Random").member, Base::WaveMerge::Random);
 }
 
-TEST(Enumerations, ATypeAloneIsItsFirstMemberNotYetGiven) {
+TEST(Enumerations, ATypeWithoutAMemberIsItsFirstMemberMarkedInvalid) {
   for (std::int32_t type = 0; type < 9; ++type) {
     for (const EnumValue& value :
          {Base::enum_of_type(enum_facts[type].type), Base::enum_of_type(type)}) {
@@ -92,12 +93,12 @@ TEST(Enumerations, ATypeAloneIsItsFirstMemberNotYetGiven) {
   }
 }
 
-TEST(Enumerations, TheStateGivenIsKept) {
+TEST(Enumerations, TheGivenStateIsKept) {
   EXPECT_EQ(Base::make_enum("Ramp", "Sine", {'*', 3}).state, (ValueState{'*', 3}));
   EXPECT_EQ(Base::make_enum(2, 1, {'?', 0}).state, (ValueState{'?', 0}));
 }
 
-TEST(Enumerations, NamesAreExact) {
+TEST(Enumerations, NamesAreMatchedExactly) {
   EXPECT_EQ(Base::make_enum("Window", "Barlett").member, 1u);
   EXPECT_EQ(thrown([] { Base::make_enum("Window", "Bartlett"); }),
             "Enum type::Window::Bartlett::Not found");
@@ -109,7 +110,7 @@ TEST(Enumerations, NamesAreExact) {
   EXPECT_EQ(thrown([] { Base::make_enum("Ramp", ""); }), "Enum type::Ramp::::Not found");
 }
 
-TEST(Enumerations, NullIsAMemberOfFourTypes) {
+TEST(Enumerations, NullBelongsToFourTypes) {
   for (const char* type : {"Window", "Ramp", "WaveMerge", "DataMod"}) {
     EXPECT_EQ(Base::make_enum(type, "Null").member, 0u) << type;
   }
@@ -119,27 +120,27 @@ TEST(Enumerations, NullIsAMemberOfFourTypes) {
   }
 }
 
-TEST(Enumerations, NumbersOutOfRange) {
+TEST(Enumerations, NumbersOutOfRangeAreRefused) {
   EXPECT_EQ(thrown([] { Base::make_enum(2, 3); }), "Value \"3\" out of range in enum");
   EXPECT_EQ(thrown([] { Base::make_enum(10, 0); }), "Type \"10\" out of range in enum");
   EXPECT_EQ(thrown([] { Base::make_enum(10, 99); }), "Type \"10\" out of range in enum");
   EXPECT_EQ(thrown([] { Base::enum_of_type(10); }), "Type \"10\" out of range in enum");
 }
 
-// The bound is 9 and the low end is open, though there is no row there.
-TEST(Enumerations, TypeNumbersWithoutARowHaveNoMembers) {
+// Only numbers above 9 fail the check of the type; 9 and negative numbers pass and have no members.
+TEST(Enumerations, AcceptedTypeNumbersOutsideTheTableHaveNoMembers) {
   constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
   for (const std::int32_t type : {9, -1, lowest}) {
     EXPECT_EQ(Base::enum_of_type(type).type, type);
     EXPECT_EQ(thrown([&] { Base::make_enum(type, 0); }), "Value \"0\" out of range in enum");
-    const std::string text = "Type \"" + std::to_string(type) + "\" out of range in enum";
-    EXPECT_EQ(thrown([&] { Base::type_name({type, 0, {}}); }), text);
-    EXPECT_EQ(thrown([&] { Base::member_name({type, 0, {}}); }), text);
+    const std::string message = "Type \"" + std::to_string(type) + "\" out of range in enum";
+    EXPECT_EQ(thrown([&] { Base::type_name({type, 0, {}}); }), message);
+    EXPECT_EQ(thrown([&] { Base::member_name({type, 0, {}}); }), message);
   }
   EXPECT_EQ(thrown([] { Base::member_name({2, 3, {}}); }), "Value \"3\" out of range in enum");
 }
 
-TEST(Enumerations, TheStreamFormJoinsBothNames) {
+TEST(Enumerations, AStreamWritesTypeAndMember) {
   std::ostringstream out;
   out << Base::make_enum(1, 6);
   EXPECT_EQ(out.str(), "Window::Hamming");

@@ -10,12 +10,13 @@
 #include <thread>
 #include <vector>
 
-#include "thrown.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Base::FFT_Plan;
 using Base::FFT_Type;
+using Testing::thrown;
 using Complex = std::complex<double>;
 using Spectrum = std::vector<Complex>;
 using Values = std::vector<double>;
@@ -118,12 +119,12 @@ TEST(Fft, ElementsAreTheAmplitudesOfTheHarmonics) {
   }
 }
 
-TEST(Fft, TheDirectionsAreInverseToEachOther) {
+TEST(Fft, TheTwoDirectionsAreInverse) {
   for (const std::size_t n : sizes()) {
     SCOPED_TRACE(n);
     const Values time = record(n);
     expect_near(to_time(to_freq(time), n), time, 1e-13);
-    // The mean and the element at n / 2 are real in what comes back.
+    // A transform returns a real mean and a real element at n / 2.
     Spectrum freq = harmonics(n / 2 + 1);
     freq.front().imag(0.0);
     if (n % 2 == 0) {
@@ -133,7 +134,7 @@ TEST(Fft, TheDirectionsAreInverseToEachOther) {
   }
 }
 
-TEST(Fft, PowerIsThatOfTheHarmonics) {
+TEST(Fft, SamplesAndHarmonicsHaveTheSamePower) {
   for (const std::size_t n : sizes()) {
     const Values time = record(n);
     const Spectrum freq = to_freq(time);
@@ -149,7 +150,7 @@ TEST(Fft, PowerIsThatOfTheHarmonics) {
   }
 }
 
-TEST(Fft, ASinusoidHasItsAmplitudeAtItsHarmonic) {
+TEST(Fft, ASinusoidGivesItsAmplitudeAndPhaseAtItsHarmonic) {
   constexpr std::size_t n = 120;
   Values time(n);
   for (std::size_t j = 0; j < n; ++j) {
@@ -168,7 +169,7 @@ TEST(Fft, TheNyquistElementCountsOnce) {
   expect_near(to_time({0.0, 0.0, 0.0, {3.0, 8.0}}, 6), time, 1e-14);
 }
 
-TEST(Fft, SmallestSizes) {
+TEST(Fft, TransformsZeroOneAndTwoSamples) {
   EXPECT_TRUE(to_time({5.0}, 0).empty());
   EXPECT_TRUE(to_time({}, 0).empty());
   EXPECT_EQ(to_freq({}), Spectrum{0.0});
@@ -196,7 +197,7 @@ TEST(Fft, MissingElementsAreZero) {
   }
 }
 
-TEST(Fft, ASpectrumOfAnotherSizeIsFilledAsFarAsItGoes) {
+TEST(Fft, ASpectrumOfAnotherSizeIsTruncatedOrFilledWithZeros) {
   const Values time = record(20);
   const Spectrum whole = to_freq(time);
   Spectrum shorter(4, 99.0);
@@ -212,7 +213,7 @@ TEST(Fft, ASpectrumOfAnotherSizeIsFilledAsFarAsItGoes) {
   EXPECT_TRUE(none.empty());
 }
 
-TEST(Fft, TheInputsStayAsTheyAre) {
+TEST(Fft, InputsAreNotModified) {
   const Values time = record(30);
   const Spectrum freq = harmonics(16);
   to_freq(time);
@@ -221,7 +222,7 @@ TEST(Fft, TheInputsStayAsTheyAre) {
   EXPECT_EQ(freq, harmonics(16));
 }
 
-TEST(Fft, ResultsDoNotDependOnWhereTheVectorLies) {
+TEST(Fft, ResultsDoNotDependOnTheAddressOfTheVector) {
   const Spectrum freq = harmonics(501);
   const Values first = to_time(freq, 1000);
   std::vector<Values> others;
@@ -231,7 +232,7 @@ TEST(Fft, ResultsDoNotDependOnWhereTheVectorLies) {
   }
 }
 
-TEST(FftPlan, GivesTheSameAsTheSingleTransform) {
+TEST(FftPlan, GivesTheSameResultAsASingleTransform) {
   for (const std::size_t n : {1, 2, 64, 201, 997}) {
     FFT_Plan plan(static_cast<unsigned>(n), static_cast<unsigned>(n / 2 + 1),
                   FFT_Type::freq_to_time);
@@ -245,7 +246,7 @@ TEST(FftPlan, GivesTheSameAsTheSingleTransform) {
   }
 }
 
-TEST(FftPlan, GivesTheSameFromASpectrumThatItMayOverwrite) {
+TEST(FftPlan, GivesTheSameResultFromASpectrumItMayOverwrite) {
   for (const std::size_t n : {1, 2, 64, 201, 997}) {
     FFT_Plan plan(static_cast<unsigned>(n), static_cast<unsigned>(n / 2 + 1),
                   FFT_Type::freq_to_time);
@@ -270,7 +271,7 @@ TEST(Fft, MemoryBesideTheSamplesGrowsWithAGreatPrime) {
   EXPECT_EQ(Base::transform_memory(1048583), 46U * 1048583);
 }
 
-TEST(FftPlan, OfNoSamples) {
+TEST(FftPlan, AcceptsZeroSamples) {
   FFT_Plan plan(0, 1, FFT_Type::freq_to_time);
   const Spectrum freq = {1.0};
   Values time;
@@ -288,7 +289,7 @@ TEST(FftPlan, RefusesAVectorOfAnotherSize) {
   EXPECT_EQ(thrown([&] { plan.execute(&freq, &time); }), "FFT plan for 8 samples given 9");
 }
 
-TEST(FftPlan, IsOfNoUseWithoutItsBuffers) {
+TEST(FftPlan, RefusesToRunAfterItsBuffersAreFreed) {
   FFT_Plan plan(8, 5, FFT_Type::freq_to_time);
   plan.freeFFTBuffers();
   plan.freeFFTBuffers();
@@ -297,8 +298,8 @@ TEST(FftPlan, IsOfNoUseWithoutItsBuffers) {
   EXPECT_EQ(thrown([&] { plan.execute(&freq, &time); }), "FFT plan without its buffers");
 }
 
-// Planning, not only running, in several threads at once.
-TEST(Fft, ThreadsMayTransformAtOnce) {
+// The threads also create their plans concurrently.
+TEST(Fft, ThreadsMayTransformConcurrently) {
   const auto transforms = [] {
     std::vector<Values> results;
     for (std::size_t n = 1; n <= 120; ++n) {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "support/own_process.h"
-#include "thrown.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -17,6 +17,7 @@ using Testing::good_alone;
 using Testing::held_memory;
 using Testing::leave_room;
 using Testing::sanitized;
+using Testing::thrown;
 
 TEST(Memory, NothingAndLittleFit) {
   EXPECT_TRUE(memory_fits(0));

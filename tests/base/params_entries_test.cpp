@@ -1,4 +1,4 @@
-// What components do with a set: look entries up, announce, merge and write them back.
+// How components use a set of parameters: looking up, declaring, merging and writing back.
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -8,7 +8,7 @@
 
 #include "base/enumerations.h"
 #include "base/params.h"
-#include "thrown.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -16,39 +16,40 @@ using Base::Params;
 using Base::Quantity;
 using Base::resolve_units;
 using Base::ValueState;
+using Testing::thrown;
 namespace Category = Base::Category;
 namespace EnumType = Base::EnumType;
 
 TEST(Params, EveryLookupReportsAnAbsentName) {
   Params params;
   const Params& constant = params;
-  const std::string text = "x::Not found";
-  EXPECT_EQ(thrown([&] { params.find("x"); }), text);
-  EXPECT_EQ(thrown([&] { constant.find("x"); }), text);
-  EXPECT_EQ(thrown([&] { params.at("x"); }), text);
-  EXPECT_EQ(thrown([&] { constant.at("x"); }), text);
-  EXPECT_EQ(thrown([&] { params.find_convertible("x", Category::length); }), text);
-  EXPECT_EQ(thrown([&] { params.find_enum("x", EnumType::Bool); }), text);
-  EXPECT_EQ(thrown([&] { params.get("x", "m"); }), text);
-  EXPECT_EQ(thrown([&] { params.get_enum("x", "Bool"); }), text);
-  EXPECT_EQ(thrown([&] { params.set("x", 1.0, Category::length); }), text);
-  EXPECT_EQ(thrown([&] { params.set_checked("x", 1.0, Category::length, 0.1); }), text);
+  const std::string message = "x::Not found";
+  EXPECT_EQ(thrown([&] { params.find("x"); }), message);
+  EXPECT_EQ(thrown([&] { constant.find("x"); }), message);
+  EXPECT_EQ(thrown([&] { params.at("x"); }), message);
+  EXPECT_EQ(thrown([&] { constant.at("x"); }), message);
+  EXPECT_EQ(thrown([&] { params.find_convertible("x", Category::length); }), message);
+  EXPECT_EQ(thrown([&] { params.find_enum("x", EnumType::Bool); }), message);
+  EXPECT_EQ(thrown([&] { params.get("x", "m"); }), message);
+  EXPECT_EQ(thrown([&] { params.get_enum("x", "Bool"); }), message);
+  EXPECT_EQ(thrown([&] { params.set("x", 1.0, Category::length); }), message);
+  EXPECT_EQ(thrown([&] { params.set_checked("x", 1.0, Category::length, 0.1); }), message);
 }
 
-TEST(Params, FindConvertible) {
+TEST(Params, FindConvertibleNeedsAnEntryOfTheCategory) {
   Params params;
   params.insert("rate", 1.0, "rad/s");
   params.insert("ran", "Default", "RanGen");
   EXPECT_EQ(params.find_convertible("rate", Category::frequency)->second.value, 1.0);
   EXPECT_EQ(thrown([&] { params.find_convertible("rate", Category::time); }),
             "rate::not convertable");
-  // Type 3 is the row of the inch.
+  // Type 3 equals the row of the inch.
   EXPECT_EQ(params.find_convertible("ran", Category::length)->first, "ran");
   EXPECT_EQ(thrown([&] { params.find_convertible("ran", Category::time); }),
             "ran::not convertable");
 }
 
-TEST(Params, FindEnum) {
+TEST(Params, FindEnumNeedsAnEntryOfTheType) {
   Params params;
   params.insert("ran", "Default", "RanGen");
   params.insert("rate", 1.0, "Hz");
@@ -57,7 +58,7 @@ TEST(Params, FindEnum) {
   EXPECT_EQ(thrown([&] { params.find_enum("rate", EnumType::Ramp); }), "rate::wrong enum type");
 }
 
-TEST(Params, ReadInACategory) {
+TEST(Params, ReadChecksTheCategoryAndTheState) {
   Params params;
   params.insert("depth", 50.0, "cm");
   params.insert("ran", "FullRandom", "RanGen");
@@ -83,7 +84,7 @@ TEST(Params, ADeclaredEntryIsUnset) {
   EXPECT_EQ(params.at("depth").get(Category::length), 1.0);
 }
 
-TEST(Params, DeclareLeavesAnEntryOfThatCategory) {
+TEST(Params, DeclareKeepsAnEntryOfTheSameCategory) {
   Params params;
   params.insert("depth", 3.0, "ft");
   params.insert("rate", 3.0, "Hz");
@@ -98,7 +99,7 @@ TEST(Params, DeclareLeavesAnEntryOfThatCategory) {
   EXPECT_EQ(params.at("depth").value, 3.0);
 }
 
-TEST(Params, DeclareEnum) {
+TEST(Params, DeclareEnumKeepsAnEntryOfTheSameType) {
   Params params;
   params.declare_enum("ramp", EnumType::Ramp);
   const Quantity& ramp = params.at("ramp");
@@ -130,7 +131,7 @@ TEST(Params, MergeAddsACopyOfTheWholeQuantity) {
   EXPECT_EQ(own.at("depth").state, (ValueState{'*', 3}));
 }
 
-TEST(Params, MergeLeavesAnEntryThatAgrees) {
+TEST(Params, MergeKeepsACompatibleEntry) {
   Params host;
   host.insert("depth", 3.0, "ft");
   host.insert("time", 3.0, "s");
@@ -144,7 +145,7 @@ TEST(Params, MergeLeavesAnEntryThatAgrees) {
   EXPECT_EQ(own.at("time").value, 1.0);
 }
 
-TEST(Params, MergeComparesTypeNumbersAsRows) {
+TEST(Params, MergeComparesEnumerationTypesAsUnitRows) {
   Params host;
   host.insert("a", "Sine", "Ramp");  // row 2, a length
   host.insert("b", "True", "Bool");  // row 0, no category
@@ -172,7 +173,7 @@ TEST(Params, SetKeepsTheUnitsOfTheEntry) {
   EXPECT_DOUBLE_EQ(params.at("depth").value, 100.0);
 }
 
-// The comments left by a value found, for a value asked for in cm.
+// The comments that set_checked adds when it replaces a requested value.
 std::vector<std::string> remarks(double asked_cm, double found_m, double tolerance) {
   Params params;
   params.insert("step", asked_cm, "cm");
@@ -189,7 +190,7 @@ std::vector<std::string> remarks(double asked_cm, double found_m, double toleran
 const std::vector<std::string> poor = {"Warning::Poor match"};
 const std::vector<std::string> none = {};
 
-TEST(Params, SetCheckedRemarksOnAPoorMatch) {
+TEST(Params, SetCheckedWarnsOfAPoorMatch) {
   EXPECT_EQ(remarks(100.0, 1.0, 0.01), none);
   EXPECT_EQ(remarks(100.9, 1.0, 0.01), none);
   EXPECT_EQ(remarks(99.1, 1.0, 0.01), none);
@@ -199,16 +200,16 @@ TEST(Params, SetCheckedRemarksOnAPoorMatch) {
   EXPECT_EQ(remarks(-100.0, -1.0, 0.01), none);
 }
 
-TEST(Params, SetCheckedMatchesRelativeToTheValueFound) {
+TEST(Params, SetCheckedComparesRelativeToTheNewValue) {
   // 150 / 100 - 1 is 0.5, where 100 / 150 - 1 would be 0.33.
   EXPECT_EQ(remarks(150.0, 1.0, 0.4), poor);
   EXPECT_EQ(remarks(100.0, 1.5, 0.4), none);
-  // The tolerance itself is no match, and of 0 nothing is.
+  // A difference equal to the tolerance is a poor match; with a tolerance of 0 all are.
   EXPECT_EQ(remarks(150.0, 1.0, 0.5), poor);
   EXPECT_EQ(remarks(100.0, 1.0, 0.0), poor);
 }
 
-TEST(Params, SetCheckedAtZero) {
+TEST(Params, SetCheckedComparesAbsolutelyNearZero) {
   const auto at_zero = [](double asked, double found) {
     Params params;
     params.insert("x", asked, "m");
@@ -222,12 +223,12 @@ TEST(Params, SetCheckedAtZero) {
   EXPECT_EQ(at_zero(1e-19, 0.0), 1u);
   EXPECT_EQ(at_zero(-1.0, 0.0), 1u);
   EXPECT_EQ(at_zero(0.9e-19, -0.9e-20), 0u);
-  // From 1e-20 on the match is relative.
+  // From 1e-20 on the comparison is relative.
   EXPECT_EQ(at_zero(0.9e-19, 1e-20), 1u);
   EXPECT_EQ(at_zero(1e-20, 1e-20), 0u);
 }
 
-TEST(Params, SetCheckedNeedsAValueAskedFor) {
+TEST(Params, SetCheckedNeedsARequestedValue) {
   Params params;
   params.declare("x", resolve_units("m"));
   EXPECT_EQ(thrown([&] { params.set_checked("x", 1.0, Category::length, 0.1); }), "Invalid value");

@@ -10,7 +10,8 @@
 #include <vector>
 
 #include "base/enumerations.h"
-#include "thrown.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -19,6 +20,8 @@ using Base::Params;
 using Base::Quantity;
 using Base::resolve_units;
 using Base::ValueState;
+using Testing::printed;
+using Testing::thrown;
 namespace EnumType = Base::EnumType;
 
 std::vector<std::string> names(const std::vector<Param>& list) {
@@ -37,17 +40,17 @@ TEST(Param, DefaultIsEmpty) {
   EXPECT_EQ(param.units(), "Error");
 }
 
-TEST(Param, ReadsAsStored) {
+TEST(Param, ReadsTheStoredValue) {
   const Param param("depth", Quantity(12.0, resolve_units("cm"), Base::InvalidState));
   EXPECT_EQ(param.name(), "depth");
   EXPECT_EQ(param.value(), 12.0);
   EXPECT_EQ(param.units(), "cm");
-  const std::string text = "Trying to convert to Enum from non Enum type";
-  EXPECT_EQ(thrown([&] { param.enum_type(); }), text);
-  EXPECT_EQ(thrown([&] { param.enum_value(); }), text);
+  const std::string message = "Trying to convert to Enum from non Enum type";
+  EXPECT_EQ(thrown([&] { param.enum_type(); }), message);
+  EXPECT_EQ(thrown([&] { param.enum_value(); }), message);
 }
 
-TEST(Param, NamesAnEnumerationAndItsMember) {
+TEST(Param, ReportsTheTypeAndMemberOfAnEnumeration) {
   const Param param("window", Quantity(Base::make_enum("Window", "Barlett")));
   EXPECT_TRUE(param.is_enum());
   EXPECT_EQ(param.value(), 1.0);
@@ -58,12 +61,12 @@ TEST(Param, NamesAnEnumerationAndItsMember) {
   EXPECT_EQ(declared.enum_value(), "Null");
 }
 
-TEST(Param, AMemberThatIsNoneIsReported) {
+TEST(Param, AnUnknownMemberIsReported) {
   const Param param("window", Quantity(std::nan(""), Base::Units{1, Base::ENUM_MARKER}));
   EXPECT_EQ(thrown([&] { param.enum_value(); }), "Value \"4294967295\" out of range in enum");
 }
 
-TEST(Param, ConvertsBetweenTexts) {
+TEST(Param, ConvertsBetweenNamedUnits) {
   EXPECT_DOUBLE_EQ(Param::convert("ft", "mm"), 304.8);
   EXPECT_EQ(thrown([] { Param::convert("ft", "s"); }), "Unable to convert from \"ft\" to \"s\"");
   EXPECT_EQ(thrown([] { Param::convert("ftt", "s"); }), "Unknown units - ftt");
@@ -71,12 +74,12 @@ TEST(Param, ConvertsBetweenTexts) {
   EXPECT_EQ(thrown([] { Param::convert("ftt", "sss"); }), "Unknown units - ftt");
 }
 
-TEST(Param, OffersAlternatives) {
+TEST(Param, OffersAlternativeUnits) {
   EXPECT_EQ(Param::alternate("km"), (std::vector<std::string>{"km", "m", "cm", "mm", "ft", "in"}));
   EXPECT_EQ(thrown([] { Param::alternate("xm"); }), "Unknown units - xm");
 }
 
-TEST(Params, GetConvertsToTheUnitsAskedFor) {
+TEST(Params, GetConvertsToTheRequestedUnits) {
   Params params;
   params.insert("height", 2.0, "ft");
   params.insert("rate", 3.0, "Hz");
@@ -100,7 +103,7 @@ TEST(Params, GetEnumReadsTheMember) {
   EXPECT_EQ(thrown([&] { params.get_enum("window", "Ramp"); }), "Accessing enum of wrong type");
 }
 
-TEST(Params, EveryMemberSurvivesTheTripByName) {
+TEST(Params, EveryMemberIsReadBackByName) {
   Params params;
   const std::vector<std::string> members = {"NoSides", "PlusSide", "MinusSide", "BothSides",
                                             "TwoDimensional"};
@@ -127,14 +130,14 @@ TEST(Params, InsertedEntriesAreValid) {
   }
 }
 
-TEST(Params, ADuplicateIsReportedBeforeAnythingElse) {
+TEST(Params, ADuplicateIsReportedBeforeOtherErrors) {
   Params params;
   params.insert("x", 1.0, "m");
-  const std::string text = "\"x\"::Duplicate parameter:";
-  EXPECT_EQ(thrown([&] { params.insert("x", 1.0, "m"); }), text);
-  EXPECT_EQ(thrown([&] { params.insert("x", 2.0, "no units"); }), text);
-  EXPECT_EQ(thrown([&] { params.insert("x", "no member", "no type"); }), text);
-  EXPECT_EQ(thrown([&] { params.insert("x", 2.0, resolve_units("m")); }), text);
+  const std::string message = "\"x\"::Duplicate parameter:";
+  EXPECT_EQ(thrown([&] { params.insert("x", 1.0, "m"); }), message);
+  EXPECT_EQ(thrown([&] { params.insert("x", 2.0, "no units"); }), message);
+  EXPECT_EQ(thrown([&] { params.insert("x", "no member", "no type"); }), message);
+  EXPECT_EQ(thrown([&] { params.insert("x", 2.0, resolve_units("m")); }), message);
   EXPECT_EQ(params.get("x", "m"), 1.0);
   EXPECT_EQ(params.entries().size(), 1u);
 }
@@ -206,7 +209,7 @@ TEST(Params, CommentsCarryTheirSeverity) {
   EXPECT_EQ(thrown([&] { params.comment(4); }), "Comment 4 out of range");
 }
 
-TEST(Params, CopiesTakeEntriesAndComments) {
+TEST(Params, CopiesIncludeEntriesAndComments) {
   Params params;
   params.insert("a", 1.0, "m");
   params.declare("b", resolve_units("s"));
@@ -228,7 +231,7 @@ Params printable() {
   return params;
 }
 
-TEST(Params, PrintsEntriesBehindThePrefixAndCommentsWithout) {
+TEST(Params, PrintsAPrefixBeforeEntriesOnly) {
   std::ostringstream out;
   printable().print(out, "  ");
   EXPECT_EQ(out.str(),
@@ -239,10 +242,8 @@ TEST(Params, PrintsEntriesBehindThePrefixAndCommentsWithout) {
             "bare\n");
 }
 
-TEST(Params, PrintsToTheStandardOutput) {
-  testing::internal::CaptureStdout();
-  printable().print();
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+TEST(Params, PrintsToStandardOutput) {
+  EXPECT_EQ(printed([] { printable().print(); }),
             "depth = 1.5m\n"
             "rate = nanHz[I]\n"
             "window = Window::Hamming\n"
@@ -250,7 +251,7 @@ TEST(Params, PrintsToTheStandardOutput) {
             "bare\n");
 }
 
-// Keeps what had been written at each flush.
+// Keeps the output so far at each flush.
 class FlushLog : public std::stringbuf {
  public:
   std::vector<std::string> seen;

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "base/enumerations.h"
-#include "thrown.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -19,10 +19,11 @@ using Base::Quantity;
 using Base::resolve_units;
 using Base::Units;
 using Base::ValueState;
+using Testing::thrown;
 namespace Category = Base::Category;
 
 template <typename T>
-std::string printed(const T& value) {
+std::string written(const T& value) {
   std::ostringstream out;
   out << value;
   return out.str();
@@ -32,21 +33,21 @@ Quantity held_enum(double value, std::uint32_t type, ValueState state = {}) {
   return Quantity(value, Units{type, Base::ENUM_MARKER}, state);
 }
 
-TEST(Quantity, MadeFromNothingIsInvalid) {
+TEST(Quantity, DefaultIsInvalid) {
   const Quantity quantity;
   EXPECT_EQ(quantity.units, (Units{0, 0}));
   EXPECT_EQ(quantity.value, 0.0);
   EXPECT_EQ(quantity.state, (ValueState{0, 0}));
 }
 
-TEST(Quantity, MadeFromUnitsIsUnset) {
+TEST(Quantity, ConstructedFromUnitsIsUnset) {
   const Quantity quantity(Units{8, 6});
   EXPECT_EQ(quantity.units, (Units{8, 6}));
   EXPECT_EQ(std::bit_cast<std::uint64_t>(quantity.value), 0x7FF0000000000001u);
   EXPECT_EQ(quantity.state, (ValueState{0, 0}));
 }
 
-TEST(Quantity, CopiesKeepTheBitsOfTheUnsetMark) {
+TEST(Quantity, CopiesKeepTheBitPatternOfAnUnsetValue) {
   const Quantity original(Units{8, 0});
   std::vector<Quantity> copies(3, original);
   copies.push_back(copies.front());
@@ -57,7 +58,7 @@ TEST(Quantity, CopiesKeepTheBitsOfTheUnsetMark) {
   EXPECT_EQ(std::bit_cast<std::uint64_t>(Base::UNSET_REAL), 0x7FF0000000000001u);
 }
 
-TEST(Quantity, MadeFromValues) {
+TEST(Quantity, ConstructedFromAValueHasTheGivenOrDefaultUnits) {
   const Quantity as_given(2.5, Units{4, 0}, {'x', 2});
   EXPECT_EQ(as_given.units, (Units{4, 0}));
   EXPECT_EQ(as_given.value, 2.5);
@@ -74,7 +75,7 @@ TEST(Quantity, MadeFromValues) {
   EXPECT_EQ(thrown([] { Quantity(1.0, Category::error); }), "Set value 0 not supported");
 }
 
-TEST(Quantity, MadeFromAnEnumerationMember) {
+TEST(Quantity, ConstructedFromAnEnumerationMemberHoldsItsNumber) {
   const Quantity quantity(Base::make_enum("Window", "Hamming", {'!', 4}));
   EXPECT_TRUE(quantity.is_enum());
   EXPECT_EQ(quantity.units, (Units{1, 170}));
@@ -83,7 +84,7 @@ TEST(Quantity, MadeFromAnEnumerationMember) {
   EXPECT_FALSE(Quantity(1.0, Category::length).is_enum());
 }
 
-TEST(Quantity, ReadInUnitsDoesNotLookAtTheState) {
+TEST(Quantity, ReadingInUnitsIgnoresTheState) {
   EXPECT_DOUBLE_EQ(Quantity(3.0, resolve_units("ft")).get(resolve_units("m")), 0.9144);
   EXPECT_DOUBLE_EQ(Quantity(3.0, resolve_units("ft"), Base::InvalidState).get(resolve_units("m")),
                    0.9144);
@@ -92,11 +93,11 @@ TEST(Quantity, ReadInUnitsDoesNotLookAtTheState) {
                    4.0 * std::numbers::pi);
 }
 
-TEST(Quantity, ReadByCategoryRefusesAnUnsetValue) {
+TEST(Quantity, ReadingByCategoryRefusesAnInvalidValue) {
   EXPECT_DOUBLE_EQ(Quantity(3.0, resolve_units("cm")).get(Category::length), 0.03);
   EXPECT_DOUBLE_EQ(Quantity(3.0, resolve_units("cm"), {0, 4}).get(Category::length), 0.03);
   EXPECT_EQ(thrown([] { Quantity(resolve_units("cm")).get(Category::length); }), "Invalid value");
-  // The state comes before the units.
+  // The state is checked before the units.
   EXPECT_EQ(thrown([] { Quantity(resolve_units("cm")).get(Category::time); }), "Invalid value");
   EXPECT_EQ(thrown([] { Quantity(1.0, resolve_units("cm")).get(Category::time); }),
             "Unable to convert from \"cm\" to \"s\"");
@@ -114,7 +115,7 @@ TEST(Quantity, SetKeepsTheUnits) {
   EXPECT_DOUBLE_EQ(mass.value, 0.5);
 }
 
-TEST(Quantity, SetMakesOnlyAnInvalidStateValid) {
+TEST(Quantity, SetChangesOnlyAnInvalidState) {
   Quantity marked(1.0, resolve_units("m"), {'*', 0});
   marked.set(Category::length, 2.0);
   EXPECT_EQ(marked.state, (ValueState{0, 1}));
@@ -131,7 +132,7 @@ TEST(Quantity, AFailedSetChangesNothing) {
   EXPECT_EQ(std::bit_cast<std::uint64_t>(quantity.value), Base::UNSET_REAL_BITS);
 }
 
-TEST(Quantity, EnumMembersSurviveTheFloat) {
+TEST(Quantity, EnumMembersAreHeldExactly) {
   for (std::uint32_t member = 0; member < 10; ++member) {
     const Quantity quantity(Base::make_enum(Base::EnumType::Window, member));
     EXPECT_EQ(quantity.enum_type(), Base::EnumType::Window);
@@ -146,17 +147,17 @@ TEST(Quantity, EnumMembersAreTruncatedTowardZero) {
   EXPECT_EQ(thrown([] { held_enum(10.0, 1).enum_value(1); }), "Value \"10\" out of range in enum");
 }
 
-TEST(Quantity, NumbersThatAreNoMemberAreOutOfRange) {
+TEST(Quantity, NumbersOutsideTheMembersAreOutOfRange) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
-  const std::string text = "Value \"4294967295\" out of range in enum";
+  const std::string message = "Value \"4294967295\" out of range in enum";
   for (const double value : {-1.0, -1e300, 4294967295.0, 4294967296.0, 1e300, infinity, -infinity,
                              std::nan(""), Base::UNSET_REAL}) {
-    EXPECT_EQ(thrown([&] { held_enum(value, 1).enum_value(1); }), text) << value;
-    EXPECT_EQ(thrown([&] { printed(held_enum(value, 1)); }), text) << value;
+    EXPECT_EQ(thrown([&] { held_enum(value, 1).enum_value(1); }), message) << value;
+    EXPECT_EQ(thrown([&] { written(held_enum(value, 1)); }), message) << value;
   }
 }
 
-TEST(Quantity, EnumFailuresComeInTheirOrder) {
+TEST(Quantity, EnumChecksHaveAFixedOrder) {
   const Quantity number(1.0, Category::length, Base::InvalidState);
   EXPECT_EQ(thrown([&] { number.enum_type(); }), "Not an enum");
   EXPECT_EQ(thrown([&] { number.enum_value(1); }), "Not an enum");
@@ -167,44 +168,44 @@ TEST(Quantity, EnumFailuresComeInTheirOrder) {
   EXPECT_EQ(held_enum(0.0, 0, Base::InvalidState).enum_type(), 0);
 }
 
-TEST(Quantity, CompatibleLooksAtTheRowFieldWhateverItHolds) {
+TEST(Quantity, CompatibleReadsAnEnumerationTypeAsAUnitRow) {
   EXPECT_TRUE(Quantity(1.0, resolve_units("km")).compatible(4));
   EXPECT_TRUE(Quantity(1.0, resolve_units("Hz")).compatible(81));
   EXPECT_FALSE(Quantity(1.0, resolve_units("s")).compatible(52));
-  // Type 3, RanGen, is the row of the inch; type 0, Bool, the error row.
+  // Type 3, RanGen, equals the row of the inch; type 0, Bool, the error row.
   EXPECT_TRUE(held_enum(0.0, 3).compatible(8));
   EXPECT_FALSE(held_enum(0.0, 0).compatible(8));
 }
 
-TEST(Quantity, AnEnumerationIsNotConverted) {
+TEST(Quantity, AnEnumerationDoesNotConvert) {
   EXPECT_EQ(thrown([] { held_enum(1.0, 3).get(resolve_units("m")); }),
             "Unable to convert from \"in\" to \"m\"");
   EXPECT_EQ(thrown([] { held_enum(1.0, 3).get(Category::length); }),
             "Unable to convert from \"in\" to \"m\"");
 }
 
-TEST(Quantity, PrintsValueUnitsAndState) {
-  EXPECT_EQ(printed(Quantity(1.5, Category::length)), "1.5m");
-  EXPECT_EQ(printed(Quantity(1.5, Category::length, Base::InvalidState)), "1.5m[I]");
-  EXPECT_EQ(printed(Quantity(1.5, Category::length, {0, 2})), "1.5m[L]");
-  EXPECT_EQ(printed(Quantity(1.5, Category::length, {0, 3})), "1.5m[H]");
-  EXPECT_EQ(printed(Quantity(1.5, Category::length, {0, 4})), "1.5m[LH]");
-  EXPECT_EQ(printed(Quantity(1.5, Category::length, {'*', 1})), "1.5m[*]");
-  EXPECT_EQ(printed(Quantity(1.5, Category::length, {'*', 0})), "1.5m[I*]");
-  EXPECT_EQ(printed(Quantity(1.5, Category::length, {'*', 4})), "1.5m[LH*]");
-  EXPECT_EQ(printed(Quantity(1.5, Category::length, {0, 5})), "1.5m");
-  EXPECT_EQ(printed(Quantity(2.0, resolve_units("kg/m3"))), "2kg/m3");
-  EXPECT_EQ(printed(Quantity(2.0, ValueState{})), "2");
-  EXPECT_EQ(printed(Quantity()), "0Error[I]");
-  EXPECT_EQ(printed(Quantity(resolve_units("m"))), "nanm[I]");
+TEST(Quantity, WritesValueUnitsAndState) {
+  EXPECT_EQ(written(Quantity(1.5, Category::length)), "1.5m");
+  EXPECT_EQ(written(Quantity(1.5, Category::length, Base::InvalidState)), "1.5m[I]");
+  EXPECT_EQ(written(Quantity(1.5, Category::length, {0, 2})), "1.5m[L]");
+  EXPECT_EQ(written(Quantity(1.5, Category::length, {0, 3})), "1.5m[H]");
+  EXPECT_EQ(written(Quantity(1.5, Category::length, {0, 4})), "1.5m[LH]");
+  EXPECT_EQ(written(Quantity(1.5, Category::length, {'*', 1})), "1.5m[*]");
+  EXPECT_EQ(written(Quantity(1.5, Category::length, {'*', 0})), "1.5m[I*]");
+  EXPECT_EQ(written(Quantity(1.5, Category::length, {'*', 4})), "1.5m[LH*]");
+  EXPECT_EQ(written(Quantity(1.5, Category::length, {0, 5})), "1.5m");
+  EXPECT_EQ(written(Quantity(2.0, resolve_units("kg/m3"))), "2kg/m3");
+  EXPECT_EQ(written(Quantity(2.0, ValueState{})), "2");
+  EXPECT_EQ(written(Quantity()), "0Error[I]");
+  EXPECT_EQ(written(Quantity(resolve_units("m"))), "nanm[I]");
 }
 
-TEST(Quantity, PrintsAnEnumerationByNameWithoutState) {
-  EXPECT_EQ(printed(Quantity(Base::make_enum("Window", "Hamming"))), "Window::Hamming");
-  EXPECT_EQ(printed(Quantity(Base::enum_of_type("Ramp"))), "Ramp::Null");
+TEST(Quantity, WritesAnEnumerationByNameWithoutState) {
+  EXPECT_EQ(written(Quantity(Base::make_enum("Window", "Hamming"))), "Window::Hamming");
+  EXPECT_EQ(written(Quantity(Base::enum_of_type("Ramp"))), "Ramp::Null");
 }
 
-TEST(Quantity, PrintsInTheFormatOfTheStream) {
+TEST(Quantity, WritesInTheFormatOfTheStream) {
   std::ostringstream out;
   out << Quantity(1.0 / 3.0, Category::length) << ' ' << std::fixed << std::setprecision(2)
       << Quantity(1.0 / 3.0, Category::length);

@@ -15,11 +15,11 @@ constexpr double nautical_mile = 1852.0;
 
 constexpr double pound = 0.45359237;
 constexpr double pound_force = pound * 9.80665;
-// The units made of a pound-force are made of the rounded one.
+// The derived units of the table use this rounded pound-force.
 constexpr double rounded_pound_force = 4.448;
 constexpr double poundal = pound * foot;
 
-// Fluid measures are carried as ten times the true ones, and gallons as eight rounded pints.
+// The table holds fluid measures at ten times their true size, and gallons as eight rounded pints.
 constexpr double imperial_pint = 10 * 0.00454609 / 8;
 constexpr double us_pint = 10 * 231 * inch * inch * inch / 8;
 constexpr double rounded_imperial_pint = 0.0056826;
@@ -117,7 +117,7 @@ const std::vector<UnitFact>& unit_facts() {
       {"ft2s", {}, 13, 2, "0.092903", foot * foot},
       {"yd2s", {}, 13, 2, "0.836127", yard * yard},
       {"m2s", {"m2/Hz"}, 13, 2, "1.0", 1.0},
-      // Masses, in kilograms; the ton is the long one.
+      // Masses, in kilograms; the ton is the long ton.
       {"ton", {}, 14, 1, "1016.05", 2240 * pound},
       {"lb", {}, 14, 1, "0.453592", pound},
       {"oz", {}, 14, 1, "0.0283495", pound / 16},

@@ -1,5 +1,5 @@
-// What is known of each unit apart from the library: its factor as it is written down, and the
-// value that this factor is a rounding of, from the definitions of the units.
+// Reference data for each unit, independent of the library: the published factor as it is written,
+// and the unrounded value that follows from the definition of the unit.
 #ifndef KELPBOX_TESTS_BASE_UNIT_FACTS_H_
 #define KELPBOX_TESTS_BASE_UNIT_FACTS_H_
 
@@ -15,7 +15,7 @@ struct UnitFact {
   double defined;
 
   double factor() const { return std::stod(written); }
-  // Half a unit of the last figure written down.
+  // Half a unit in the last written digit.
   double tolerance() const;
 };
 

@@ -10,12 +10,13 @@
 #include <string>
 
 #include "base/units.h"
-#include "thrown.h"
+#include "support/thrown.h"
 #include "unit_facts.h"
 
 namespace {
 
 using Base::Units;
+using Testing::thrown;
 
 constexpr unsigned frequency = 11;
 constexpr unsigned angrate = 18;
@@ -28,7 +29,7 @@ double power_of(double multiplier, unsigned power) {
   return product;
 }
 
-TEST(UnitTable, RowsAreTheOnesWrittenDown) {
+TEST(UnitTable, RowsMatchTheReferenceTable) {
   ASSERT_EQ(unit_facts().size(), 90u);
   ASSERT_EQ(Base::unit_table.size(), 90u);
   for (unsigned row = 0; row < 90; ++row) {
@@ -41,14 +42,14 @@ TEST(UnitTable, RowsAreTheOnesWrittenDown) {
   }
 }
 
-TEST(UnitTable, FactorsAreRoundingsOfTheDefinitions) {
+TEST(UnitTable, FactorsAreTheDefinitionsRounded) {
   for (unsigned row = 0; row < 90; ++row) {
     const UnitFact& fact = unit_facts()[row];
     EXPECT_NEAR(Base::unit_table[row].factor, fact.defined, fact.tolerance()) << fact.name;
   }
 }
 
-TEST(UnitTable, PrefixesAreTheOnesWrittenDown) {
+TEST(UnitTable, PrefixesMatchTheReferenceTable) {
   ASSERT_EQ(Base::prefix_table.size(), prefix_facts().size());
   for (std::size_t prefix = 1; prefix < prefix_facts().size(); ++prefix) {
     EXPECT_EQ(std::string(1, Base::prefix_table[prefix].letter), prefix_facts()[prefix].letter);
@@ -57,8 +58,8 @@ TEST(UnitTable, PrefixesAreTheOnesWrittenDown) {
   EXPECT_EQ(Base::prefix_table[0].multiplier, 1.0);
 }
 
-// A name as a whole, or a prefix and a name where the whole is no name.
-TEST(UnitTable, EveryTextResolves) {
+// A whole name takes precedence over a prefix and a name.
+TEST(UnitTable, EveryNameResolvesWithEveryPrefix) {
   std::map<std::string, unsigned> names;
   for (unsigned row = 1; row < 90; ++row) {
     names[unit_facts()[row].name] = row;
@@ -71,13 +72,13 @@ TEST(UnitTable, EveryTextResolves) {
   for (const auto& [name, row] : names) {
     EXPECT_EQ(Base::resolve_units(name), (Units{row, 0})) << name;
     for (unsigned prefix = 1; prefix < 10; ++prefix) {
-      const std::string text = prefix_facts()[prefix].letter + name;
-      const auto whole = names.find(text);
+      const std::string spelling = prefix_facts()[prefix].letter + name;
+      const auto whole = names.find(spelling);
       if (whole == names.end()) {
-        EXPECT_EQ(Base::resolve_units(text), (Units{row, prefix})) << text;
+        EXPECT_EQ(Base::resolve_units(spelling), (Units{row, prefix})) << spelling;
       } else {
-        taken_by_whole_names.insert(text);
-        EXPECT_EQ(Base::resolve_units(text), (Units{whole->second, 0})) << text;
+        taken_by_whole_names.insert(spelling);
+        EXPECT_EQ(Base::resolve_units(spelling), (Units{whole->second, 0})) << spelling;
       }
     }
   }
@@ -87,18 +88,18 @@ TEST(UnitTable, EveryTextResolves) {
 TEST(UnitTable, NoOtherCharacterIsAPrefix) {
   const std::string letters = "GMkhdcmup";
   for (int c = 1; c < 256; ++c) {
-    const std::string text = std::string(1, static_cast<char>(c)) + "rad/m";
+    const std::string spelling = std::string(1, static_cast<char>(c)) + "rad/m";
     if (letters.find(static_cast<char>(c)) == std::string::npos) {
-      EXPECT_EQ(thrown([&] { Base::resolve_units(text); }), "Unknown units - " + text) << c;
+      EXPECT_EQ(thrown([&] { Base::resolve_units(spelling); }), "Unknown units - " + spelling) << c;
     } else {
-      EXPECT_EQ(Base::resolve_units(text).row, 87u) << c;
+      EXPECT_EQ(Base::resolve_units(spelling).row, 87u) << c;
     }
   }
   EXPECT_EQ(thrown([] { Base::resolve_units(std::string(1, '\0')); }),
             "Unknown units - " + std::string(1, '\0'));
 }
 
-TEST(UnitTable, EveryTextIsWrittenBack) {
+TEST(UnitTable, EveryNameIsWrittenWithItsPrefix) {
   for (unsigned row = 0; row < 90; ++row) {
     for (unsigned prefix = 0; prefix < 10; ++prefix) {
       EXPECT_EQ(Base::units_text({row, prefix}),
@@ -107,7 +108,7 @@ TEST(UnitTable, EveryTextIsWrittenBack) {
   }
 }
 
-TEST(UnitTable, RowsConvertWithinTheirCategoryAndFrequencyWithAngularRate) {
+TEST(UnitTable, RowsConvertWithinACategoryAndBetweenFrequencyAndAngularRate) {
   for (unsigned from = 0; from < 90; ++from) {
     for (unsigned to = 0; to < 90; ++to) {
       const unsigned a = unit_facts()[from].category;
@@ -142,7 +143,7 @@ double expected_factor(unsigned from, unsigned from_prefix, unsigned to, unsigne
          power_of(prefix_facts()[to_prefix].multiplier, plain ? 1 : b.power);
 }
 
-TEST(UnitTable, FactorsOfAllPairsAndPrefixes) {
+TEST(UnitTable, FactorsOfAllPairsAndPrefixesFollowTheDefinitions) {
   unsigned long pairs = 0;
   for (unsigned from = 1; from < 90; ++from) {
     for (unsigned to = 1; to < 90; ++to) {
@@ -159,12 +160,12 @@ TEST(UnitTable, FactorsOfAllPairsAndPrefixes) {
       }
     }
   }
-  // The squares of the categories' sizes, and the pairs of Hz with the three angular rates.
+  // The square of each category's size, plus Hz with each of the three angular rates both ways.
   EXPECT_EQ(pairs, 1u + 49 + 49 + 4 + 16 + 81 + 9 + 9 + 144 + 9 + 1 + 64 + 64 + 16 + 4 + 4 + 4 + 9 +
                        9 + 4 + 1 + 1 + 1 + 6);
 }
 
-TEST(UnitTable, FactorsToTheBaseUnit) {
+TEST(UnitTable, FactorsToTheBaseUnitFollowTheDefinitions) {
   for (unsigned row = 1; row < 90; ++row) {
     const UnitFact& fact = unit_facts()[row];
     for (unsigned prefix = 0; prefix < 10; ++prefix) {
@@ -186,7 +187,7 @@ TEST(UnitTable, FactorsToTheBaseUnit) {
   }
 }
 
-TEST(UnitTable, DefaultUnitsOfAllCategories) {
+TEST(UnitTable, EveryCategoryHasItsDefaultUnits) {
   ASSERT_EQ(default_unit_facts().size(), 23u);
   for (unsigned category = 1; category <= 23; ++category) {
     const Units units = Base::default_units(category);

@@ -7,13 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "thrown.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Base::resolve_units;
 using Base::Units;
-using Texts = std::vector<std::string>;
+using Testing::thrown;
+using Names = std::vector<std::string>;
 
 double convert(const std::string& from, const std::string& to) {
   return Base::factor(resolve_units(from), resolve_units(to));
@@ -21,9 +22,9 @@ double convert(const std::string& from, const std::string& to) {
 
 constexpr double two_pi = 2.0 * std::numbers::pi;
 
-TEST(Units, MetreIsNotMilli) { EXPECT_EQ(resolve_units("m"), (Units{8, 0})); }
+TEST(Units, ALoneMIsTheMetre) { EXPECT_EQ(resolve_units("m"), (Units{8, 0})); }
 
-TEST(Units, AWholeNameComesBeforeAPrefixedOne) {
+TEST(Units, AWholeNameTakesPrecedenceOverAPrefix) {
   EXPECT_EQ(resolve_units("ms"), (Units{60, 0}));
   EXPECT_EQ(Base::category_of(resolve_units("ms")), Base::Category::length_time);
   EXPECT_EQ(resolve_units("msec"), (Units{51, 7}));
@@ -38,33 +39,33 @@ TEST(Units, AWholeNameComesBeforeAPrefixedOne) {
   EXPECT_EQ(resolve_units("pdl"), (Units{32, 0}));
 }
 
-TEST(Units, APrefixGoesWithTheRestOfTheText) {
+TEST(Units, APrefixAppliesToTheRestOfTheName) {
   EXPECT_EQ(resolve_units("kg"), (Units{72, 3}));
   EXPECT_EQ(resolve_units("kg/m3"), (Units{86, 3}));
   EXPECT_EQ(resolve_units("kpsi"), (Units{34, 3}));
 }
 
-TEST(Units, PlainNumbers) {
+TEST(Units, AnEmptyNameIsADimensionlessNumber) {
   EXPECT_EQ(resolve_units(""), (Units{1, 0}));
   EXPECT_EQ(resolve_units("unit"), (Units{1, 0}));
   EXPECT_EQ(resolve_units("k"), (Units{1, 3}));
   EXPECT_EQ(convert("k", ""), 1000.0);
 }
 
-TEST(Units, AnUnknownTextIsNamedWhole) {
-  for (const char* text : {"xm", "kxyz", "Error", "kError", "kkm", "M m", "m ", " m", "hz", "KM",
+TEST(Units, TheMessageQuotesTheWholeUnknownName) {
+  for (const char* name : {"xm", "kxyz", "Error", "kError", "kkm", "M m", "m ", " m", "hz", "KM",
                            "x", "n", "S", "\xc2\xb5m"}) {
-    EXPECT_EQ(thrown([&] { resolve_units(text); }), std::string("Unknown units - ") + text);
+    EXPECT_EQ(thrown([&] { resolve_units(name); }), std::string("Unknown units - ") + name);
   }
 }
 
-TEST(Units, TheStreamFormIsTheText) {
+TEST(Units, AStreamWritesThePrefixAndTheName) {
   std::ostringstream out;
   out << Units{8, 6} << ' ' << Units{86, 3} << ' ' << Units{1, 0} << ' ' << Units{52, 0};
   EXPECT_EQ(out.str(), "cm kg/m3  Hz");
 }
 
-TEST(Units, CategoriesWithoutDefaultUnits) {
+TEST(Units, CategoriesWithoutDefaultUnitsAreRefused) {
   EXPECT_EQ(thrown([] { Base::default_units(0); }), "Set value 0 not supported");
   EXPECT_EQ(thrown([] { Base::default_units(24); }), "Set value 24 not supported");
   EXPECT_EQ(thrown([] { Base::factor_to_base({8, 0}, 24); }), "Set value 24 not supported");
@@ -89,7 +90,7 @@ TEST(Units, FrequencyConvertsWithAngularRate) {
                    0.10472 / two_pi);
 }
 
-TEST(Units, PrefixesTakeThePowerOfTheUnit) {
+TEST(Units, PrefixesAreRaisedToThePowerOfTheUnit) {
   EXPECT_DOUBLE_EQ(convert("km2", "m2"), 1000000.0);
   EXPECT_DOUBLE_EQ(convert("cm2", "m2"), 0.0001);
   EXPECT_DOUBLE_EQ(convert("cm2", "km2"), 1e-10);
@@ -100,12 +101,12 @@ TEST(Units, PrefixesTakeThePowerOfTheUnit) {
   EXPECT_DOUBLE_EQ(convert("L", "dm3"), 1.0);
 }
 
-TEST(Units, EqualPrefixesCancelWhateverThePowers) {
+TEST(Units, EqualPrefixesCancelEvenIfThePowersDiffer) {
   EXPECT_EQ(convert("kL", "km3"), 0.001);
   EXPECT_EQ(convert("kL/s", "km3/s"), 0.001);
 }
 
-TEST(Units, NoOtherCategoriesConvert) {
+TEST(Units, DifferentCategoriesDoNotConvert) {
   EXPECT_EQ(thrown([] { convert("ft", "s"); }), "Unable to convert from \"ft\" to \"s\"");
   EXPECT_EQ(thrown([] { convert("s", "Hz"); }), "Unable to convert from \"s\" to \"Hz\"");
   EXPECT_EQ(thrown([] { convert("kHz", "ms"); }), "Unable to convert from \"kHz\" to \"ms\"");
@@ -113,30 +114,30 @@ TEST(Units, NoOtherCategoriesConvert) {
             "Unable to convert from \"mm\" to \"Mg\"");
 }
 
-TEST(Units, MassesAndDensitiesGoToKilograms) {
+TEST(Units, MassesAndDensitiesConvertToKilograms) {
   EXPECT_DOUBLE_EQ(Base::factor_to_base(resolve_units("Mg"), Base::Category::mass), 1000.0);
   EXPECT_DOUBLE_EQ(Base::factor_to_base(resolve_units("lb"), Base::Category::mass), 0.453592);
   EXPECT_DOUBLE_EQ(Base::factor_to_base(resolve_units("Mg/m3"), Base::Category::density), 1000.0);
   EXPECT_DOUBLE_EQ(Base::factor_to_base(resolve_units("kg"), Base::Category::mass), 1.0);
 }
 
-TEST(Units, AlternativesStartWithUnitsThatAreNotAmongThem) {
-  const auto offered = [](const char* text) { return Base::alternate(resolve_units(text)); };
-  EXPECT_EQ(offered("km"), (Texts{"km", "m", "cm", "mm", "ft", "in"}));
-  EXPECT_EQ(offered("ft"), (Texts{"m", "cm", "mm", "ft", "in"}));
-  EXPECT_EQ(offered("s"), (Texts{"s", "min", "h"}));
-  EXPECT_EQ(offered("msec"), (Texts{"ms", "s", "min", "h"}));
-  EXPECT_EQ(offered("hr"), (Texts{"s", "min", "h"}));
-  EXPECT_EQ(offered("Hz"), (Texts{"Hz", "rad/s"}));
-  EXPECT_EQ(offered("rpm"), (Texts{"r/min", "Hz", "rad/s"}));
-  EXPECT_EQ(offered("deg"), (Texts{"rad", "deg"}));
-  EXPECT_EQ(offered("mrad"), (Texts{"mrad", "rad", "deg"}));
-  EXPECT_EQ(offered("N"), (Texts{"N"}));
-  EXPECT_EQ(offered(""), (Texts{""}));
+TEST(Units, AlternativesStartWithTheGivenUnitsIfTheyAreNotListed) {
+  const auto offered = [](const char* name) { return Base::alternate(resolve_units(name)); };
+  EXPECT_EQ(offered("km"), (Names{"km", "m", "cm", "mm", "ft", "in"}));
+  EXPECT_EQ(offered("ft"), (Names{"m", "cm", "mm", "ft", "in"}));
+  EXPECT_EQ(offered("s"), (Names{"s", "min", "h"}));
+  EXPECT_EQ(offered("msec"), (Names{"ms", "s", "min", "h"}));
+  EXPECT_EQ(offered("hr"), (Names{"s", "min", "h"}));
+  EXPECT_EQ(offered("Hz"), (Names{"Hz", "rad/s"}));
+  EXPECT_EQ(offered("rpm"), (Names{"r/min", "Hz", "rad/s"}));
+  EXPECT_EQ(offered("deg"), (Names{"rad", "deg"}));
+  EXPECT_EQ(offered("mrad"), (Names{"mrad", "rad", "deg"}));
+  EXPECT_EQ(offered("N"), (Names{"N"}));
+  EXPECT_EQ(offered(""), (Names{""}));
 }
 
-// Units from damaged data.
-TEST(Units, RowsAndPrefixesBeyondTheTablesConvertToNothing) {
+// A host may pass any two numbers as units.
+TEST(Units, RowsAndPrefixesOutsideTheTablesDoNotConvert) {
   EXPECT_EQ(Base::units_text({90, 0}), "Error");
   EXPECT_EQ(Base::units_text({4000000000u, 10}), "Error");
   EXPECT_EQ(Base::category_of({90, 0}), Base::Category::error);

@@ -8,13 +8,14 @@
 #include <stdexcept>
 #include <vector>
 
-#include "thrown.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Base::Cvector;
 using Base::Units;
 using Base::Vector;
+using Testing::thrown;
 using Complex = std::complex<double>;
 using Values = std::vector<double>;
 
@@ -37,7 +38,7 @@ TEST(Vector, LengthZeroIsTakenFromTheData) {
   EXPECT_EQ(Vector("a", metre, {1, 2, 3, 4, 5}).length, 5u);
 }
 
-TEST(Vector, AnyOtherLengthMustBeTheNumberOfElements) {
+TEST(Vector, ANonzeroLengthMustEqualTheNumberOfElements) {
   EXPECT_EQ(Vector("a", metre, {1, 2, 3, 4}, 4).length, 4u);
   EXPECT_EQ(thrown([] { Vector("a", metre, {1, 2, 3, 4}, 5); }), "Mismatched length");
   EXPECT_EQ(thrown([] { Vector("a", metre, {1, 2, 3, 4}, 3); }), "Mismatched length");
@@ -45,7 +46,7 @@ TEST(Vector, AnyOtherLengthMustBeTheNumberOfElements) {
             "Mismatched length");
 }
 
-TEST(Vector, StorageForSamples) {
+TEST(Vector, StorageSizeFollowsTheForm) {
   const Vector vector;
   EXPECT_EQ(vector.storage_size(0), 0u);
   EXPECT_EQ(vector.storage_size(201), 201u);
@@ -57,7 +58,7 @@ TEST(Vector, StorageForSamples) {
   EXPECT_EQ(spectrum.storage_size(201), 101u);
 }
 
-TEST(Vector, AtReachesTheElements) {
+TEST(Vector, AtReturnsTheElements) {
   Vector vector("a", metre, {1, 2, 3});
   vector.at(1) = 7.0;
   EXPECT_EQ(vector.data, (Values{1, 7, 3}));
@@ -65,11 +66,11 @@ TEST(Vector, AtReachesTheElements) {
   EXPECT_EQ(&constant.at(2), &vector.data[2]);
 }
 
-TEST(Vector, AtPassesOneBehindTheLast) {
+TEST(Vector, AtAcceptsOnePastTheEnd) {
   Vector vector("a", metre, {1, 2, 3});
   const Vector& constant = vector;
   EXPECT_NO_THROW(constant.at(3));
-  // What is written there harms none of the elements.
+  // A write there changes no element.
   vector.at(3) += 5.0;
   EXPECT_EQ(vector.data, (Values{1, 2, 3}));
   EXPECT_EQ(vector.length, 3u);
@@ -78,7 +79,7 @@ TEST(Vector, AtPassesOneBehindTheLast) {
   EXPECT_TRUE(empty.data.empty());
 }
 
-TEST(Vector, AtRefusesWhatIsFurtherBehind) {
+TEST(Vector, AtRefusesIndicesFurtherPastTheEnd) {
   Vector vector("a", metre, {1, 2, 3});
   const Vector& constant = vector;
   EXPECT_EQ(thrown([&] { vector.at(4); }), "Index 4 out of range");
@@ -90,7 +91,7 @@ TEST(Vector, AtRefusesWhatIsFurtherBehind) {
   EXPECT_EQ(thrown([&] { spectrum.at(3); }), "Index 3 out of range");
 }
 
-TEST(Vector, EraseTakesFromBothEnds) {
+TEST(Vector, EraseRemovesFromBothEnds) {
   Vector vector("a", metre, {1, 2, 3, 4, 5, 6});
   vector.erase(2, 1);
   EXPECT_EQ(vector.data, (Values{3, 4, 5}));
@@ -102,12 +103,12 @@ TEST(Vector, EraseTakesFromBothEnds) {
 
 TEST(Vector, EraseOfTooMuchIsRefused) {
   Vector vector("a", metre, {1, 2, 3});
-  const std::string text = "BaseVec erase of more elements than there are";
+  const std::string message = "BaseVec erase of more elements than there are";
   constexpr std::uint64_t huge = std::numeric_limits<std::uint64_t>::max();
-  EXPECT_EQ(thrown([&] { vector.erase(2, 2); }), text);
-  EXPECT_EQ(thrown([&] { vector.erase(4, 0); }), text);
-  EXPECT_EQ(thrown([&] { vector.erase(0, 4); }), text);
-  EXPECT_EQ(thrown([&] { vector.erase(2, huge); }), text);
+  EXPECT_EQ(thrown([&] { vector.erase(2, 2); }), message);
+  EXPECT_EQ(thrown([&] { vector.erase(4, 0); }), message);
+  EXPECT_EQ(thrown([&] { vector.erase(0, 4); }), message);
+  EXPECT_EQ(thrown([&] { vector.erase(2, huge); }), message);
   EXPECT_EQ(vector.data, (Values{1, 2, 3}));
 }
 
@@ -128,7 +129,7 @@ TEST(Vector, InsertOfTooMuchChangesNothing) {
   EXPECT_EQ(vector.data, (Values{1, 2}));
 }
 
-TEST(Vector, EditingNeedsALengthThatIsTheSize) {
+TEST(Vector, EditingNeedsALengthEqualToTheSize) {
   Vector vector("a", metre, {1, 2});
   vector.length = 3;
   EXPECT_EQ(thrown([&] { vector.erase(0, 0); }), "BaseVec length does not equal size on erase");
@@ -141,7 +142,7 @@ TEST(Vector, EditingNeedsALengthThatIsTheSize) {
   EXPECT_EQ(thrown([&] { spectrum.erase(1, 0); }), "BaseVec length does not equal size on erase");
 }
 
-TEST(Rms, IsHalfTheSumOfSquaresWithoutTheMean) {
+TEST(Rms, IsTheRootOfHalfTheSumOfSquaresWithoutTheMean) {
   const Cvector spectrum("f", metre, {{100, 100}, {3, 4}, {0, 2}, {-1, 0}});
   EXPECT_DOUBLE_EQ(Base::rms(spectrum), std::sqrt(0.5 * (25.0 + 4.0 + 1.0)));
 }
