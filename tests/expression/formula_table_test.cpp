@@ -1,4 +1,4 @@
-// Reads the cases of formulas.txt and failures.txt, which say themselves what they mean.
+// Runs the cases of formulas.txt and failures.txt; each file describes its format.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,10 +10,15 @@
 
 #include "base/params.h"
 #include "expression/function.h"
+#include "support/output.h"
+#include "support/thrown.h"
 #include "testutil.h"
 
 namespace Expression {
 namespace {
+
+using Testing::printed;
+using Testing::thrown;
 
 struct Case {
   int line;
@@ -66,7 +71,7 @@ Base::Params parameters() {
   return params;
 }
 
-// "1.5 Hz". The default where the column says that there is none.
+// Reads "1.5 Hz"; "-" stands for no variable.
 Base::Quantity variable_of(const std::string& column) {
   if (column == "-") return quantity(0.0, "");
   char* end = nullptr;
@@ -76,14 +81,14 @@ Base::Quantity variable_of(const std::string& column) {
 
 class FormulaTable : public testing::TestWithParam<Case> {};
 
-TEST_P(FormulaTable, ReadsAndEvaluates) {
+TEST_P(FormulaTable, IsReadAsListedAndHasTheListedValue) {
   const std::vector<std::string>& columns = GetParam().columns;
   ASSERT_EQ(columns.size(), 5U) << "the line needs five columns";
   const bool has_variable = columns[2] != "-";
   const double expected = std::strtod(columns[3].c_str(), nullptr);
 
   Function function(columns[0]);
-  EXPECT_EQ(printed(function), columns[1]);
+  EXPECT_EQ(written(function), columns[1]);
   EXPECT_EQ(Base::units_text(function.units()), columns[4] == "-" ? "" : columns[4]);
 
   Base::Params used;
@@ -105,17 +110,18 @@ INSTANTIATE_TEST_SUITE_P(Formulas, FormulaTable, testing::ValuesIn(cases("formul
 
 class FailureTable : public testing::TestWithParam<Case> {};
 
-TEST_P(FailureTable, FailsWithExactlyThisMessage) {
+TEST_P(FailureTable, FailsWithTheListedMessage) {
   const std::vector<std::string>& columns = GetParam().columns;
   ASSERT_EQ(columns.size(), 2U) << "the line needs two columns";
-  testing::internal::CaptureStdout();
-  const std::string message = thrown([&] {
-    Function function(columns[0]);
-    Base::Params used;
-    function.bind(parameters(), used);
-    function.evaluate(quantity(1.0, "Hz"));
+  std::string message;
+  const std::string output = printed([&] {
+    message = thrown([&] {
+      Function function(columns[0]);
+      Base::Params used;
+      function.bind(parameters(), used);
+      function.evaluate(quantity(1.0, "Hz"));
+    });
   });
-  const std::string output = testing::internal::GetCapturedStdout();
   EXPECT_EQ(message, columns[1]);
   const bool syntax = columns[1].starts_with("Error while parsing expression ::");
   EXPECT_EQ(output, syntax ? "Helpsyntax error\n" : "");
@@ -123,8 +129,8 @@ TEST_P(FailureTable, FailsWithExactlyThisMessage) {
 
 INSTANTIATE_TEST_SUITE_P(Failures, FailureTable, testing::ValuesIn(cases("failures.txt")), name_of);
 
-// An empty table would make no tests at all.
-TEST(FormulaTables, AreNotEmpty) {
+// An empty table would run no tests and pass.
+TEST(FormulaTables, HaveCases) {
   EXPECT_GT(cases("formulas.txt").size(), 80U);
   EXPECT_GT(cases("failures.txt").size(), 50U);
 }

@@ -5,10 +5,15 @@
 #include <string>
 #include <utility>
 
+#include "support/output.h"
+#include "support/thrown.h"
 #include "testutil.h"
 
 namespace Expression {
 namespace {
+
+using Testing::printed;
+using Testing::thrown;
 
 constexpr const char* Incomplete = "Evaluated incomplete function";
 constexpr const char* NotConstant = "Trying to find the constant value of a non constant function";
@@ -28,30 +33,30 @@ void expect_incomplete(Function& function) {
   EXPECT_EQ(thrown([&] { function.compatible(row("Hz")); }), Incomplete);
   EXPECT_EQ(thrown([&] { function.evaluate(quantity(1.0, "Hz")); }), Incomplete);
   EXPECT_EQ(thrown([&] { function.constant(); }), Incomplete);
-  EXPECT_EQ(thrown([&] { printed(function); }), Incomplete);
+  EXPECT_EQ(thrown([&] { written(function); }), Incomplete);
 }
 
-TEST(Function, WithoutATextIsIncomplete) {
+TEST(Function, WithoutAFormulaIsIncomplete) {
   Function function;
   expect_incomplete(function);
 }
 
-TEST(Function, WhoseFirstTextFailsIsIncomplete) {
+TEST(Function, IsIncompleteWhenItsFirstFormulaFails) {
   Function function;
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(thrown([&] { function.parse("1+@m"); }), "Error while parsing expression ::1+");
-  testing::internal::GetCapturedStdout();
+  printed([&] {
+    EXPECT_EQ(thrown([&] { function.parse("1+@m"); }), "Error while parsing expression ::1+");
+  });
   expect_incomplete(function);
 }
 
-TEST(Function, OfNumbersIsFixedByBind) {
+TEST(Function, OfNumbersIsConstantAfterBind) {
   Function function("2*3");
   EXPECT_TRUE(binds(function));
   EXPECT_TRUE(function.is_constant());
   EXPECT_EQ(function.constant().value, 6.0);
 }
 
-TEST(Function, HasTheUnitsBehindTheAt) {
+TEST(Function, HasTheUnitsAfterTheAt) {
   Function function("2*3@mm");
   EXPECT_EQ(function.units(), Base::resolve_units("mm"));
   binds(function);
@@ -63,11 +68,11 @@ TEST(Function, HasTheUnitsBehindTheAt) {
   }
 }
 
-TEST(Function, WithoutUnitsIsAPlainNumber) {
+TEST(Function, WithoutUnitsIsDimensionless) {
   EXPECT_EQ(Function("2").units(), Base::default_units(Base::Category::unit));
 }
 
-TEST(Function, OfAParameterIsFixedByBind) {
+TEST(Function, OfAParameterIsConstantAfterBind) {
   Function function("depth[m]*2");
   Base::Params source;
   source.insert("depth", 250.0, "cm");
@@ -88,19 +93,19 @@ TEST(Function, OfTheVariableIsEvaluatedForEachValue) {
   EXPECT_EQ(function.evaluate(quantity(1.0, "kHz")).value, 2000.0);
 }
 
-TEST(Function, HasNoConstantBeforeItIsAskedForOrBound) {
+TEST(Function, HasNoConstantBeforeIsConstantOrBind) {
   const Function function("2*3");
   EXPECT_EQ(thrown([&] { function.constant(); }), NotConstant);
 }
 
-TEST(Function, ThatWasOnlyAskedWhetherItIsConstantGivesItsValue) {
+TEST(Function, HasItsConstantAfterIsConstantAlone) {
   Function function("2*3@m");
   EXPECT_TRUE(function.is_constant());
   EXPECT_EQ(function.constant().value, 6.0);
   EXPECT_EQ(function.constant().units, Base::resolve_units("m"));
 }
 
-TEST(Function, WithUnboundParametersHasNoValueToGive) {
+TEST(Function, WithUnboundParametersHasNoValue) {
   Function function("depth[m]*2");
   EXPECT_TRUE(function.is_constant());
   EXPECT_EQ(thrown([&] { function.constant(); }), "Unset parameterdepth");
@@ -119,25 +124,25 @@ TEST(Function, TakesNewParametersWhenBoundAgain) {
   }
 }
 
-TEST(Function, AnswersIsConstantTheSameBeforeAndAfterBind) {
-  for (const char* text : {"2", "$[Hz]", "2*3+$[Hz]", "-x", "sin($[s])", "$[Hz]-$[Hz]", "x^y"}) {
-    SCOPED_TRACE(text);
+TEST(Function, IsConstantIsTheSameBeforeAndAfterBind) {
+  for (const char* formula : {"2", "$[Hz]", "2*3+$[Hz]", "-x", "sin($[s])", "$[Hz]-$[Hz]", "x^y"}) {
+    SCOPED_TRACE(formula);
     Base::Params source;
     Base::Params used;
     source.insert("x", 1.0, "");
     source.insert("y", 2.0, "");
-    Function before(text);
+    Function before(formula);
     const bool constant = before.is_constant();
-    EXPECT_EQ(constant, std::string(text).find('$') == std::string::npos);
+    EXPECT_EQ(constant, std::string(formula).find('$') == std::string::npos);
     EXPECT_EQ(before.bind(source, used), constant);
     EXPECT_EQ(before.is_constant(), constant);
-    Function after(text);
+    Function after(formula);
     after.bind(source, used);
     EXPECT_EQ(after.is_constant(), constant);
   }
 }
 
-TEST(Function, ParsedAgainStartsAnew) {
+TEST(Function, ParsingAgainReplacesTheFormula) {
   Function function("2*3@m");
   binds(function);
   EXPECT_EQ(function.constant().value, 6.0);
@@ -151,12 +156,12 @@ TEST(Function, ParsedAgainStartsAnew) {
   EXPECT_EQ(function.constant().value, 7.0);
 }
 
-TEST(Function, StaysAsItWasWhenANewTextFails) {
+TEST(Function, AFailedParseLeavesItUnchanged) {
   Function function("2*3@m");
   binds(function);
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(thrown([&] { function.parse("1+@s"); }), "Error while parsing expression ::1+");
-  testing::internal::GetCapturedStdout();
+  printed([&] {
+    EXPECT_EQ(thrown([&] { function.parse("1+@s"); }), "Error while parsing expression ::1+");
+  });
   EXPECT_EQ(thrown([&] { function.parse("1@rubbish"); }), "Unknown units - rubbish");
   EXPECT_EQ(function.constant().value, 6.0);
   EXPECT_EQ(function.units(), Base::resolve_units("m"));
@@ -172,7 +177,7 @@ TEST(Function, CanBeMoved) {
   EXPECT_EQ(third.units(), Base::resolve_units("m"));
 }
 
-TEST(Function, TakesAVariableThatAllItsUnitsConvertTo) {
+TEST(Function, IsCompatibleWithAVariableThatConvertsToAllItsUnits) {
   EXPECT_TRUE(Function("2").compatible(row("m")));
   EXPECT_TRUE(Function("depth[m]").compatible(row("s")));
   EXPECT_TRUE(Function("-$[Hz]").compatible(row("rad/s")));
@@ -193,7 +198,7 @@ TEST(Function, DeclaresEveryParameterOnBothSidesOfAVariable) {
   EXPECT_EQ(out.at("d").units, Base::resolve_units("Hz"));
 }
 
-TEST(Function, DeclaresAParameterOnceIfItsUnitsAgree) {
+TEST(Function, DeclaresARepeatedParameterOnce) {
   Base::Params out;
   Function("depth[m] + depth[ft]").declare(out);
   ASSERT_EQ(out.entries().size(), 1U);
@@ -205,7 +210,7 @@ TEST(Function, DeclaresAParameterOnceIfItsUnitsAgree) {
             "Incompatible units for => depth");
 }
 
-TEST(Function, FailsToBindWhatHasNoEvaluation) {
+TEST(Function, CannotBindAConstantThatFailsToEvaluate) {
   Function function("mod(5,2)");
   EXPECT_EQ(thrown([&] { binds(function); }), "Unknown binary operator in eval");
   Function variable("mod($[Hz],2)");
@@ -219,7 +224,8 @@ TEST(Function, RefusesAnEnumerationAsAParameter) {
   source.declare_enum("kind", 1);
   Base::Params used;
   Function function("kind[m]");
-  EXPECT_FALSE(thrown([&] { function.bind(source, used); }).empty());
+  // Type 1 equals the row of the plain number.
+  EXPECT_EQ(thrown([&] { function.bind(source, used); }), "Unable to convert from \"\" to \"m\"");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// A spectrum as a user writes it, against the same spectrum in C++.
+// A user's formula for the JONSWAP spectrum, compared with the published form in C++.
 //
 // Hasselmann et al., "Measurements of wind-wave growth and swell decay during the Joint North Sea
 // Wave Project (JONSWAP)", 1973.
@@ -22,7 +22,7 @@ double jonswap(double f) {
   const double g = 9.81;
   const double sigma = f <= Peak ? 0.07 : 0.09;
   const double omega = 2.0 * std::numbers::pi * f;
-  // The published form is in angular rate for the tail; one Hz has two pi of those.
+  // The published tail is per rad/s; per Hz it is 2 pi times as large.
   const double tail =
       Phillips * g * g * 2.0 * std::numbers::pi / (omega * omega * omega * omega * omega);
   const double cut = std::exp(-5.0 / 4.0 / std::pow(f / Peak, 4));
@@ -36,7 +36,7 @@ std::string formula(const std::string& sigma) {
          sigma + "*fp[Hz]))/2) @m2s";
 }
 
-TEST(Jonswap, AsAFormulaIsTheSpectrum) {
+TEST(Jonswap, TheFormulaHasThePublishedValues) {
   Function rising(formula("0.07"));
   Function falling(formula("0.09"));
   Base::Params source;

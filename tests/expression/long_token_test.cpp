@@ -1,4 +1,4 @@
-// Tokens of any length: each takes time in proportion to its length.
+// Reading time grows in proportion to the length of a token.
 
 #include <gtest/gtest.h>
 
@@ -7,30 +7,34 @@
 #include <string>
 #include <vector>
 
+#include "support/output.h"
+#include "support/thrown.h"
 #include "testutil.h"
 
 namespace Expression {
 namespace {
 
+using Testing::printed;
+using Testing::thrown;
+
 constexpr std::size_t FourMb = 4'000'000;
 constexpr std::size_t Longest = 1'048'576;
 
-// The processor's time for reading a formula, whether it succeeds or not.
+// The processor time to read a formula, whether or not it succeeds.
 double seconds(const std::string& formula) {
-  testing::internal::CaptureStdout();
-  const std::clock_t start = std::clock();
-  try {
-    Function function(formula);
-  } catch (const std::string&) {
-  }
-  const std::clock_t end = std::clock();
-  testing::internal::GetCapturedStdout();
+  std::clock_t start = 0;
+  std::clock_t end = 0;
+  printed([&] {
+    start = std::clock();
+    thrown([&] { Function{formula}; });
+    end = std::clock();
+  });
   return static_cast<double>(end - start) / CLOCKS_PER_SEC;
 }
 
 std::string filled(std::size_t length, char with) { return std::string(length, with); }
 
-// A scanner that starts a token again after each 8 KB needs many seconds for each of these.
+// A scanner that restarts a token after each 8 KB needs many seconds for each of these.
 TEST(LongToken, TakesTimeInProportionToItsLength) {
   struct Case {
     const char* what;
@@ -51,31 +55,31 @@ TEST(LongToken, TakesTimeInProportionToItsLength) {
   for (const Case& c : cases) EXPECT_LT(seconds(c.formula), 2.0) << c.what;
 }
 
-// A scanner that searches the rest of the text from each bracket needs days.
+// A scanner that searches the rest of the formula from each bracket needs days.
 TEST(LongToken, OpenBracketsTakeTimeInProportionToTheirNumber) {
   const std::string brackets = filled(FourMb, '[');
   EXPECT_LT(seconds("1" + brackets + "+2"), 2.0);
   EXPECT_EQ(evaluated("1" + brackets + "+2"), 3.0);
 }
 
-TEST(LongToken, BracketsAreUnitsUpToTheLastClosingBracket) {
-  // The units of the first bracket reach to the closing one, whatever is open inside.
+TEST(LongToken, UnitsEndAtTheFirstClosingBracket) {
+  // Opening brackets inside units belong to the units.
   EXPECT_EQ(thrown([] { Function("x[[m]+[1"); }), "Unknown units - [m");
   EXPECT_EQ(evaluated("$[m]+[[1+[2", quantity(5.0, "m")), 8.0);
 }
 
-TEST(LongToken, BlanksAreSkippedAtAnyLength) {
+TEST(LongToken, AnyNumberOfBlanksIsSkipped) {
   EXPECT_EQ(evaluated("1+" + filled(FourMb, ' ') + "2"), 3.0);
 }
 
-TEST(LongToken, OfTheGreatestLengthIsRead) {
+TEST(LongToken, ATokenOfTheGreatestLengthIsRead) {
   EXPECT_EQ(evaluated("2+" + filled(Longest - 1, '0') + "7"), 9.0);
-  EXPECT_EQ(printed(Function(filled(Longest, 'x'))), filled(Longest, 'x') + "[]");
+  EXPECT_EQ(written(Function(filled(Longest, 'x'))), filled(Longest, 'x') + "[]");
   const std::string units = filled(Longest, 'm');
   EXPECT_EQ(thrown([&] { Function("x[" + units + "]"); }), "Unknown units - " + units);
 }
 
-TEST(LongToken, BeyondTheGreatestLengthIsRefused) {
+TEST(LongToken, ALongerTokenIsRefused) {
   const auto refused = [](const std::string& beginning, const std::string& kind) {
     return "Formula \"" + beginning + "...\" has a " + kind +
            " of 1048577 characters: at most 1048576 can be read";
@@ -88,8 +92,8 @@ TEST(LongToken, BeyondTheGreatestLengthIsRefused) {
             refused("x[" + filled(58, 'm'), "unit"));
 }
 
-TEST(LongToken, RefusalOfAFormulaDoesNotCutACharacter) {
-  // An omega has two bytes, here the 60th and the 61st.
+TEST(LongToken, TheMessageDoesNotSplitACharacter) {
+  // The omega takes bytes 60 and 61, and the message quotes at most 60.
   const std::string start = "1+" + filled(57, ' ');
   const std::string message =
       thrown([&] { Function(start + "\u03A9" + filled(Longest + 1, 'x')); });

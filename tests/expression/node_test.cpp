@@ -6,14 +6,17 @@
 #include <string>
 #include <utility>
 
+#include "support/thrown.h"
 #include "testutil.h"
 
 namespace Expression {
 namespace {
 
+using Testing::thrown;
+
 const Base::Quantity Anything = quantity(1.0, "");
 
-// A leaf that tells what it is asked, and answers as it is told.
+// A leaf that counts the calls and returns the given answers.
 struct Visits {
   bool fixed = true;
   double value = 0.0;
@@ -64,7 +67,7 @@ std::unique_ptr<Node> binary(OperatorNumber op, std::unique_ptr<Node> left,
 
 std::uint32_t row(const std::string& units) { return Base::resolve_units(units).row; }
 
-TEST(Folding, AFoldedUnaryDoesNotVisitItsChild) {
+TEST(Folding, AFoldedUnaryDoesNotEvaluateItsChild) {
   Visits child{.value = 3.0};
   UnaryOp node(Unary::negate, witness(child));
   Base::Params none;
@@ -76,7 +79,7 @@ TEST(Folding, AFoldedUnaryDoesNotVisitItsChild) {
   EXPECT_EQ(child.evaluated, 1);
 }
 
-TEST(Folding, AFoldedBinaryDoesNotVisitItsChildren) {
+TEST(Folding, AFoldedBinaryDoesNotEvaluateItsChildren) {
   Visits left{.value = 3.0};
   Visits right{.value = 5.0};
   const auto node = binary(Binary::minus, witness(left), witness(right));
@@ -89,7 +92,7 @@ TEST(Folding, AFoldedBinaryDoesNotVisitItsChildren) {
   EXPECT_EQ(right.evaluated, 1);
 }
 
-TEST(Folding, AnUnboundTreeVisitsItsLeavesEachTime) {
+TEST(Folding, AnUnboundTreeEvaluatesItsLeavesEachTime) {
   Visits leaf{.value = 3.0};
   const UnaryOp node(Unary::negate, witness(leaf));
   EXPECT_EQ(node.eval(Anything), -3.0);
@@ -114,7 +117,7 @@ TEST(Folding, FoldsOneSideAndEvaluatesTheOther) {
   EXPECT_EQ(fixed.evaluated, 1);
 }
 
-// 2 + 3 + $ + 4: the chain is fixed up to the variable.
+// 2 + 3 + $ + 4: the part before the variable is constant.
 TEST(Folding, FoldsTheStartOfAChain) {
   Visits first{.value = 2.0};
   Visits second{.value = 3.0};
@@ -135,7 +138,7 @@ TEST(Folding, FoldsTheStartOfAChain) {
   EXPECT_EQ(last.evaluated, 2);
 }
 
-TEST(Folding, AFoldedChainVisitsNoneOfItsLinks) {
+TEST(Folding, AFoldedChainEvaluatesNoneOfItsLinks) {
   Visits first{.value = 2.0};
   Visits second{.value = 3.0};
   Visits third{.value = 4.0};
@@ -149,7 +152,7 @@ TEST(Folding, AFoldedChainVisitsNoneOfItsLinks) {
   EXPECT_EQ(third.evaluated, 1);
 }
 
-TEST(Folding, ANewBindFoldsTheNewValues) {
+TEST(Folding, BindingAgainFoldsTheNewValues) {
   Visits left{.value = 3.0};
   Visits right{.value = 5.0};
   UnaryOp node(Unary::negate, binary(Binary::plus, witness(left), witness(right)));
@@ -161,7 +164,7 @@ TEST(Folding, ANewBindFoldsTheNewValues) {
   EXPECT_EQ(node.eval(Anything), -15.0);
 }
 
-TEST(Folding, AFailureLeavesTheTreeAsItWas) {
+TEST(Folding, AFailedBindLeavesTheTreeUnchanged) {
   Visits argument{.value = 5.0};
   UnaryOp node(Unary::gamma, witness(argument));
   Base::Params none;
@@ -190,7 +193,7 @@ TEST(BinaryOp, BindsAndDeclaresBothSidesAlways) {
   EXPECT_TRUE(node->bind(none, none));
 }
 
-TEST(BinaryOp, AsksTheRightSideOnlyIfTheLeftAgrees) {
+TEST(BinaryOp, ChecksTheRightSideOnlyIfTheLeftPasses) {
   Visits left{.fixed = false};
   Visits right{.fixed = true};
   const auto node = binary(Binary::plus, witness(left), witness(right));
@@ -206,7 +209,7 @@ TEST(BinaryOp, AsksTheRightSideOnlyIfTheLeftAgrees) {
   EXPECT_FALSE(node->compatible(1));
 }
 
-// The message tells which side was asked first.
+// The message shows which side came first.
 TEST(BinaryOp, BindsAndEvaluatesTheLeftSideFirst) {
   const auto tree = [] {
     return binary(Binary::plus, std::make_unique<Parameter>("left", Base::Units{1, 0}),
@@ -222,7 +225,7 @@ TEST(BinaryOp, BindsAndEvaluatesTheLeftSideFirst) {
   EXPECT_EQ(thrown([&] { chain->bind(source, target); }), "left::Not found");
 }
 
-// Notes its name when it is freed.
+// Records its name when it is freed.
 class Mortal final : public Node {
  public:
   Mortal(char name, std::string& freed) : name_(name), freed_(freed) {}
@@ -259,7 +262,7 @@ TEST(UnaryOp, FreesItsChild) {
   EXPECT_EQ(freed, "a");
 }
 
-TEST(UnaryOp, AnswersAsItsChild) {
+TEST(UnaryOp, GivesTheAnswersOfItsChild) {
   for (const bool fixed : {false, true}) {
     Visits child{.fixed = fixed};
     UnaryOp node(Unary::sine, witness(child));
@@ -271,7 +274,7 @@ TEST(UnaryOp, AnswersAsItsChild) {
   }
 }
 
-TEST(Constant, IsOneNumber) {
+TEST(Constant, HasTheSameValueForAnyVariable) {
   Constant node(2.5);
   Base::Params none;
   EXPECT_TRUE(node.declare(none));
@@ -282,13 +285,13 @@ TEST(Constant, IsOneNumber) {
   EXPECT_TRUE(none.entries().empty());
 }
 
-TEST(Constant, PrintsInTheStreamsDefaultForm) {
-  EXPECT_EQ(printed(Constant(2.0)), "2");
-  EXPECT_EQ(printed(Constant(1234567.0)), "1.23457e+06");
-  EXPECT_EQ(printed(Constant(0.1 + 0.2)), "0.3");
+TEST(Constant, IsWrittenInTheDefaultFormatOfAStream) {
+  EXPECT_EQ(written(Constant(2.0)), "2");
+  EXPECT_EQ(written(Constant(1234567.0)), "1.23457e+06");
+  EXPECT_EQ(written(Constant(0.1 + 0.2)), "0.3");
 }
 
-TEST(Value, IsTheVariableInItsUnits) {
+TEST(Value, IsTheVariableConvertedToItsUnits) {
   Value node(Base::resolve_units("Hz"));
   Base::Params none;
   EXPECT_FALSE(node.declare(none));
@@ -301,10 +304,10 @@ TEST(Value, IsTheVariableInItsUnits) {
   EXPECT_EQ(node.eval(quantity(2.0, "kHz")), 2000.0);
   EXPECT_EQ(thrown([&] { node.eval(quantity(2.0, "m")); }),
             "Unable to convert from \"m\" to \"Hz\"");
-  EXPECT_EQ(printed(node), "$[Hz]");
+  EXPECT_EQ(written(node), "$[Hz]");
 }
 
-TEST(Parameter, IsAnnouncedUnsetInItsUnits) {
+TEST(Parameter, IsDeclaredWithItsUnitsAndNoValue) {
   const Parameter node("depth", Base::resolve_units("mm"));
   Base::Params out;
   EXPECT_TRUE(node.declare(out));
@@ -318,10 +321,10 @@ TEST(Parameter, IsUnsetBeforeBind) {
   EXPECT_EQ(thrown([&] { node.eval(Anything); }), "Unset parameterdepth");
   EXPECT_TRUE(node.is_constant());
   EXPECT_TRUE(node.compatible(row("s")));
-  EXPECT_EQ(printed(node), "depth[m]");
+  EXPECT_EQ(written(node), "depth[m]");
 }
 
-TEST(Parameter, IsConvertedAndListedByBind) {
+TEST(Parameter, IsConvertedAndMergedByBind) {
   Parameter node("depth", Base::resolve_units("m"));
   Base::Params source;
   source.insert("depth", 250.0, "cm");
@@ -334,7 +337,7 @@ TEST(Parameter, IsConvertedAndListedByBind) {
   EXPECT_EQ(target.at("depth").units, Base::resolve_units("cm"));
 }
 
-TEST(Parameter, IsReadFromTheSourceEvenIfTheTargetHasAnother) {
+TEST(Parameter, IsReadFromTheSourceEvenIfTheTargetHasAnotherValue) {
   Parameter node("depth", Base::resolve_units("m"));
   Base::Params source;
   source.insert("depth", 2.0, "m");
@@ -345,7 +348,7 @@ TEST(Parameter, IsReadFromTheSourceEvenIfTheTargetHasAnother) {
   EXPECT_EQ(target.at("depth").value, 9.0);
 }
 
-TEST(Parameter, MustBeInTheSource) {
+TEST(Parameter, MustBePresentInTheSource) {
   Parameter node("depth", Base::resolve_units("m"));
   const Base::Params source;
   Base::Params target;
@@ -353,7 +356,7 @@ TEST(Parameter, MustBeInTheSource) {
   EXPECT_EQ(thrown([&] { node.eval(Anything); }), "Unset parameterdepth");
 }
 
-TEST(Parameter, MustAgreeWithTheTarget) {
+TEST(Parameter, MustBeCompatibleWithTheTarget) {
   Parameter node("depth", Base::resolve_units("m"));
   Base::Params source;
   source.insert("depth", 2.0, "m");
@@ -362,7 +365,7 @@ TEST(Parameter, MustAgreeWithTheTarget) {
   EXPECT_EQ(thrown([&] { node.bind(source, target); }), "depth::Incompatible types");
 }
 
-TEST(Parameter, OfAnotherKindIsListedBeforeItFails) {
+TEST(Parameter, IsMergedBeforeItsConversionFails) {
   Parameter node("depth", Base::resolve_units("s"));
   Base::Params source;
   source.insert("depth", 2.0, "m");
@@ -372,7 +375,7 @@ TEST(Parameter, OfAnotherKindIsListedBeforeItFails) {
   EXPECT_EQ(thrown([&] { node.eval(Anything); }), "Unset parameterdepth");
 }
 
-TEST(Parameter, DeclaredAndNotFilledInPassesAsNotANumber) {
+TEST(Parameter, WithoutAValueIsReadAsNaN) {
   Parameter node("depth", Base::resolve_units("m"));
   Base::Params source;
   source.declare("depth", Base::resolve_units("m"));

@@ -1,4 +1,4 @@
-// Every operator and function of the language against the standard library's.
+// Every operator and function of the language, compared with the standard library's.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,10 +9,13 @@
 #include <vector>
 
 #include "expression/node.h"
+#include "support/thrown.h"
 #include "testutil.h"
 
 namespace Expression {
 namespace {
+
+using Testing::thrown;
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
@@ -21,7 +24,7 @@ const std::vector<double> Samples{-Infinity, -1e300, -7.25, -1.0,  -0.3,     -1e
                                   -0.0,      0.0,    1e-9,  0.125, 0.9,      1.0,
                                   1.5,       3.7,    42.0,  700.0, Infinity, NotANumber};
 
-// The same number to the last bit; every NaN is the same.
+// Equal to the last bit; any NaN equals any other.
 void expect_same(double result, double expected) {
   if (std::isnan(expected)) {
     EXPECT_TRUE(std::isnan(result)) << result;
@@ -34,7 +37,7 @@ void expect_same(double result, double expected) {
 struct UnaryCase {
   OperatorNumber op;
   const char* formula;
-  const char* printed;
+  const char* written;
   std::function<double(double)> reference;
 };
 
@@ -56,10 +59,10 @@ const std::vector<UnaryCase> UnaryCases{
     {14, "lg10($[])", "log10($[])", [](double x) { return std::log10(x); }},
 };
 
-TEST(UnaryOperators, AreThoseOfTheStandardLibrary) {
+TEST(UnaryOperators, EqualThoseOfTheStandardLibrary) {
   for (const UnaryCase& c : UnaryCases) {
     const Function function(c.formula);
-    EXPECT_EQ(printed(function), c.printed);
+    EXPECT_EQ(written(function), c.written);
     for (const double x : Samples) {
       SCOPED_TRACE(c.formula + std::string(" at ") + std::to_string(x));
       expect_same(function.evaluate(quantity(x, "")).value, c.reference(x));
@@ -72,19 +75,19 @@ TEST(UnaryOperators, AreThoseOfTheStandardLibrary) {
 TEST(UnaryOperators, GammaIsNumberFifteen) {
   const UnaryOp node(15, std::make_unique<Constant>(5.0));
   EXPECT_NEAR(node.eval(quantity(0.0, "")), 24.0, 24e-14);
-  EXPECT_EQ(printed(node), "tgamma(5)");
+  EXPECT_EQ(written(node), "tgamma(5)");
 }
 
-TEST(UnaryOperators, AnUnknownNumberIsRefusedInEval) {
+TEST(UnaryOperators, AnUnknownNumberIsRefusedByEval) {
   const UnaryOp node(16, std::make_unique<Constant>(5.0));
   EXPECT_EQ(thrown([&] { node.eval(quantity(0.0, "")); }), "Unknown unary operator in eval");
-  EXPECT_EQ(printed(node), "(5)");
+  EXPECT_EQ(written(node), "(5)");
 }
 
 struct BinaryCase {
   OperatorNumber op;
   const char* formula;
-  const char* printed;
+  const char* written;
   std::function<double(double, double)> reference;
 };
 
@@ -100,10 +103,10 @@ const std::vector<BinaryCase> BinaryCases{
     {5, "atan2($[],b)", "atan2($[], b[])", [](double x, double y) { return std::atan2(x, y); }},
 };
 
-TEST(BinaryOperators, AreThoseOfTheStandardLibrary) {
+TEST(BinaryOperators, EqualThoseOfTheStandardLibrary) {
   for (const BinaryCase& c : BinaryCases) {
     Function function(c.formula);
-    EXPECT_EQ(printed(function), c.printed);
+    EXPECT_EQ(written(function), c.written);
     for (const double y : Samples) {
       Base::Params source;
       Base::Params used;
@@ -119,16 +122,16 @@ TEST(BinaryOperators, AreThoseOfTheStandardLibrary) {
   }
 }
 
-TEST(BinaryOperators, AnUnknownNumberIsRefusedInEval) {
+TEST(BinaryOperators, AnUnknownNumberIsRefusedByEval) {
   for (const OperatorNumber op : {6U, 7U, 4000000000U}) {
     const BinaryOp node(op, std::make_unique<Constant>(5.0), std::make_unique<Constant>(2.0));
     EXPECT_EQ(thrown([&] { node.eval(quantity(0.0, "")); }), "Unknown binary operator in eval");
-    EXPECT_EQ(printed(node), "(52)");
+    EXPECT_EQ(written(node), "(52)");
   }
 }
 
-TEST(BinaryOperators, ModuloParsesAndPrintsWithoutAnOperator) {
-  EXPECT_EQ(printed(Function("mod(5,2)")), "(52)");
+TEST(BinaryOperators, ModuloIsReadAndWrittenWithoutAnOperator) {
+  EXPECT_EQ(written(Function("mod(5,2)")), "(52)");
 }
 
 }  // namespace

@@ -7,12 +7,17 @@
 #include <memory>
 #include <string>
 
+#include "support/output.h"
+#include "support/thrown.h"
 #include "testutil.h"
 
 namespace Expression {
 namespace {
 
-// Runs on a stack of 128 KB, an eighth of what a thread of a JVM has.
+using Testing::printed;
+using Testing::thrown;
+
+// Runs on a stack of 128 KB, an eighth of a usual JVM thread's.
 void on_a_small_stack(std::function<void()> work) {
   pthread_attr_t attributes;
   pthread_attr_init(&attributes);
@@ -27,48 +32,51 @@ void on_a_small_stack(std::function<void()> work) {
   pthread_attr_destroy(&attributes);
 }
 
-std::string repeated(const std::string& text, int times) {
+std::string repeated(const std::string& part, int times) {
   std::string result;
-  for (int i = 0; i < times; ++i) result += text;
+  for (int i = 0; i < times; ++i) result += part;
   return result;
 }
 
-std::string syntax_error_of(const std::string& formula, std::string* output) {
-  testing::internal::CaptureStdout();
-  const std::string message = thrown([&] { Function{formula}; });
-  *output = testing::internal::GetCapturedStdout();
-  return message;
+struct Refusal {
+  std::string message;
+  std::string output;
+};
+
+Refusal refusal(const std::string& formula) {
+  Refusal result;
+  result.output = printed([&] { result.message = thrown([&] { Function{formula}; }); });
+  return result;
 }
 
 TEST(Parser, ReportsASyntaxErrorOnStandardOutput) {
-  std::string output;
-  EXPECT_EQ(syntax_error_of("1+*2 @m", &output), "Error while parsing expression ::1+*2 ");
-  EXPECT_EQ(output, "Helpsyntax error\n");
+  const Refusal refused = refusal("1+*2 @m");
+  EXPECT_EQ(refused.message, "Error while parsing expression ::1+*2 ");
+  EXPECT_EQ(refused.output, "Helpsyntax error\n");
 }
 
-TEST(Parser, WritesNothingForUnknownUnits) {
-  std::string output;
-  EXPECT_EQ(syntax_error_of("x[rubbish]", &output), "Unknown units - rubbish");
-  EXPECT_EQ(output, "");
+TEST(Parser, PrintsNothingForUnknownUnits) {
+  const Refusal refused = refusal("x[rubbish]");
+  EXPECT_EQ(refused.message, "Unknown units - rubbish");
+  EXPECT_EQ(refused.output, "");
 }
 
 TEST(Parser, ResolvesTheUnitsOfTheResultFirst) {
-  std::string output;
-  EXPECT_EQ(syntax_error_of("1+*2[rubbish]@m@s", &output), "Unknown units - m@s");
-  EXPECT_EQ(output, "");
+  const Refusal refused = refusal("1+*2[rubbish]@m@s");
+  EXPECT_EQ(refused.message, "Unknown units - m@s");
+  EXPECT_EQ(refused.output, "");
 }
 
-// An empty formula, before and behind the @.
-TEST(Parser, RefusesAnEmptyText) {
-  std::string output;
-  for (const char* text : {"", " ", "\t", ";", "@", "@m", " @"}) {
-    const std::string formula = std::string(text).substr(0, std::string(text).find('@'));
-    EXPECT_EQ(syntax_error_of(text, &output), "Error while parsing expression ::" + formula);
-    EXPECT_EQ(output, "Helpsyntax error\n");
+TEST(Parser, RefusesAnEmptyFormulaWithOrWithoutUnits) {
+  for (const std::string formula : {"", " ", "\t", ";", "@", "@m", " @"}) {
+    const Refusal refused = refusal(formula);
+    EXPECT_EQ(refused.message,
+              "Error while parsing expression ::" + formula.substr(0, formula.find('@')));
+    EXPECT_EQ(refused.output, "Helpsyntax error\n");
   }
 }
 
-// What the stack of 200 holds easily, and what it cannot hold. Each opening takes an entry or two.
+// The stack has 200 entries; each opening takes one to four of them.
 TEST(Parser, RefusesNestingBeyondItsStack) {
   struct Nesting {
     const char* open;
@@ -82,27 +90,27 @@ TEST(Parser, RefusesNestingBeyondItsStack) {
       return repeated(n.open, depth) + "1" + repeated(n.close, depth);
     };
     EXPECT_NO_THROW(evaluated(nested(n.fits)));
-    std::string output;
     const std::string deep = nested(n.fits * 11 / 10);
-    EXPECT_EQ(syntax_error_of(deep, &output), "Error while parsing expression ::" + deep);
-    EXPECT_EQ(output, "Helpmemory exhausted\n");
+    const Refusal refused = refusal(deep);
+    EXPECT_EQ(refused.message, "Error while parsing expression ::" + deep);
+    EXPECT_EQ(refused.output, "Helpmemory exhausted\n");
     const std::string endless = nested(100000);
-    EXPECT_EQ(syntax_error_of(endless, &output), "Error while parsing expression ::" + endless);
+    EXPECT_EQ(refusal(endless).message, "Error while parsing expression ::" + endless);
   }
 }
 
-TEST(Parser, NestingUpToItsStackIsSafeOnASmallStack) {
+TEST(Parser, DeepNestingIsSafeOnASmallThreadStack) {
   on_a_small_stack([] {
     Function function(repeated("-sin(2^(1+", 20) + "$[Hz]" + repeated("))", 20));
     Base::Params none;
     EXPECT_FALSE(function.bind(none, none));
     EXPECT_NE(function.evaluate(quantity(1.0, "Hz")).value, 0.0);
-    EXPECT_FALSE(printed(function).empty());
+    EXPECT_FALSE(written(function).empty());
   });
 }
 
-// A sum does not nest: its length is bounded by memory alone.
-TEST(Parser, ChainsOfAnyLengthAreSafeOnASmallStack) {
+// A sum does not nest, so only memory bounds its length.
+TEST(Parser, LongSumsAreSafeOnASmallThreadStack) {
   constexpr int Terms = 100000;
   on_a_small_stack([] {
     Function function("$[Hz]" + repeated("+x", Terms));
@@ -116,7 +124,7 @@ TEST(Parser, ChainsOfAnyLengthAreSafeOnASmallStack) {
     source.insert("x", 2.0, "");
     EXPECT_FALSE(function.bind(source, used));
     EXPECT_EQ(function.evaluate(quantity(1.0, "Hz")).value, 1.0 + 2.0 * Terms);
-    EXPECT_EQ(printed(function), repeated("(", Terms) + "$[Hz]" + repeated(" + x[])", Terms));
+    EXPECT_EQ(written(function), repeated("(", Terms) + "$[Hz]" + repeated(" + x[])", Terms));
     function.parse("x" + repeated("*1-$[Hz]", Terms));
     EXPECT_FALSE(function.bind(source, used));
     EXPECT_EQ(function.evaluate(quantity(1.0, "Hz")).value, 2.0 - Terms);
@@ -126,34 +134,30 @@ TEST(Parser, ChainsOfAnyLengthAreSafeOnASmallStack) {
   });
 }
 
-// Cut at every place, a formula is read or refused, and leaves nothing behind: the build with the
-// leak checker would tell.
-TEST(Parser, AFormulaCutAnywhereIsReadOrRefused) {
+// The build with the leak checker also proves that no truncated formula leaks.
+TEST(Parser, ATruncatedFormulaIsReadOrRefused) {
   const std::string formula =
       "2*$[Hz]^2 + sqrt(depth[m])/pi - atan2(0x1F, -.5)**(x + exp(1.5)) @m2/Hz";
-  testing::internal::CaptureStdout();
   int read = 0;
   int refused = 0;
   for (std::size_t length = 0; length <= formula.size(); ++length) {
-    const std::string text = formula.substr(0, length);
-    try {
-      Function function(text);
-      EXPECT_FALSE(printed(function).empty());
+    const std::string truncated = formula.substr(0, length);
+    const std::string message = refusal(truncated).message;
+    if (message == Testing::nothing_thrown) {
+      EXPECT_FALSE(written(Function(truncated)).empty());
       ++read;
-    } catch (const std::string& message) {
-      const bool known = message == "Error while parsing expression ::" + text ||
+    } else {
+      const bool known = message == "Error while parsing expression ::" + truncated ||
                          message.starts_with("Unknown units - ");
       EXPECT_TRUE(known) << message;
       ++refused;
     }
   }
-  testing::internal::GetCapturedStdout();
   EXPECT_GT(read, 5);
   EXPECT_GT(refused, 30);
 }
 
-// The report itself, as a parser's owner sees it.
-TEST(Parser, CallsItsErrorOperationWithTheReport) {
+TEST(Parser, PassesTheReportToItsErrorFunction) {
   class Reporter final : public ExpressionParser {
    public:
     void error(const std::string& report) override { throw report; }

@@ -1,33 +1,33 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <bit>
 #include <cctype>
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <limits>
 #include <string>
 
+#include "support/comma_locale.h"
+#include "support/output.h"
+#include "support/thrown.h"
 #include "testutil.h"
 
 namespace Expression {
 namespace {
 
-TEST(Numbers, PiHasTheLanguagesOwnBits) {
+using Testing::printed;
+using Testing::thrown;
+
+TEST(Numbers, PiIsSlightlyBelowTheNearestDouble) {
   EXPECT_EQ(std::bit_cast<std::uint64_t>(evaluated("pi")), 0x400921FB544428F7U);
   EXPECT_EQ(evaluated("pi"), 3.1415926535893237);
   EXPECT_LT(evaluated("pi"), 4.0 * std::atan2(1.0, 1.0));
 }
 
-TEST(Numbers, EIsTheNearestDouble) { EXPECT_EQ(evaluated("e"), std::exp(1.0)); }
+TEST(Numbers, EIsTheNearestDoubleToExpOfOne) { EXPECT_EQ(evaluated("e"), std::exp(1.0)); }
 
-TEST(Numbers, RealsAreReadToTheLastBit) {
+TEST(Numbers, RealsAreTheNearestDoubles) {
   EXPECT_EQ(evaluated("0.1"), 0.1);
   EXPECT_EQ(evaluated("123456789.123456789"), 123456789.123456789);
   EXPECT_EQ(evaluated("5000000000.0"), 5e9);
@@ -45,43 +45,17 @@ TEST(Numbers, IntegersKeepTheirLow32Bits) {
   EXPECT_EQ(evaluated("0xaBcDeF09"), 2882400009.0);
 }
 
-// A decimal comma for the process while it lives, as a host's JVM may set one. Made of the C
-// library's own "C.utf8" by replacing its one point, so that no locale need be installed.
-class DecimalComma {
- public:
-  DecimalComma() {
-    std::ifstream own("/usr/lib/locale/C.utf8/LC_NUMERIC", std::ios::binary);
-    std::string content{std::istreambuf_iterator<char>(own), {}};
-    std::replace(content.begin(), content.end(), '.', ',');
-    std::filesystem::create_directories(directory_ / "comma");
-    std::ofstream(directory_ / "comma" / "LC_NUMERIC", std::ios::binary) << content;
-    setenv("LOCPATH", directory_.c_str(), 1);
-    std::setlocale(LC_NUMERIC, "comma");
-  }
-  ~DecimalComma() {
-    std::setlocale(LC_NUMERIC, "C");
-    unsetenv("LOCPATH");
-    std::filesystem::remove_all(directory_);
-  }
-
- private:
-  const std::filesystem::path directory_ =
-      testing::TempDir() + "decimal_comma_" + std::to_string(getpid());
-};
-
 TEST(Numbers, DoNotDependOnTheLocale) {
-  const DecimalComma comma;
-  if (std::strtod("2,5", nullptr) != 2.5) {
-    GTEST_SKIP() << "no decimal comma: this C library keeps its locales elsewhere";
-  }
+  const Testing::CommaLocale comma;
+  if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma can be compiled here";
+  ASSERT_EQ(std::strtod("2,5", nullptr), 2.5);
   EXPECT_EQ(evaluated("2.5"), 2.5);
   EXPECT_EQ(evaluated(".5"), 0.5);
 }
 
-TEST(Scanner, WritesNewlinesToStandardOutputAndSkipsThem) {
-  testing::internal::CaptureStdout();
-  const double value = evaluated("1 +\n\n 2\n");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "\n\n\n");
+TEST(Scanner, CopiesNewlinesToStandardOutputAndSkipsThem) {
+  double value = 0.0;
+  EXPECT_EQ(printed([&] { value = evaluated("1 +\n\n 2\n"); }), "\n\n\n");
   EXPECT_EQ(value, 3.0);
 }
 
@@ -93,40 +67,40 @@ TEST(Scanner, SkipsAnyOtherCharacterSilently) {
     text += static_cast<char>(c);
   }
   text += "+2";
-  testing::internal::CaptureStdout();
-  const double value = evaluated(text);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  double value = 0.0;
+  EXPECT_EQ(printed([&] { value = evaluated(text); }), "");
   EXPECT_EQ(value, 3.0);
   EXPECT_EQ(evaluated(std::string("1\0+2", 4)), 3.0);
 }
 
 TEST(Scanner, SkipsAnUnmatchedBracketSilently) {
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(evaluated("[1+2"), 3.0);
-  EXPECT_EQ(evaluated("1+2["), 3.0);
-  EXPECT_EQ(evaluated("1+2]"), 3.0);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  const std::string output = printed([] {
+    EXPECT_EQ(evaluated("[1+2"), 3.0);
+    EXPECT_EQ(evaluated("1+2["), 3.0);
+    EXPECT_EQ(evaluated("1+2]"), 3.0);
+  });
+  EXPECT_EQ(output, "");
 }
 
-TEST(Scanner, TakesBlanksAndTabsBetweenTokens) { EXPECT_EQ(evaluated(" \t1\t+ 2 \t"), 3.0); }
+TEST(Scanner, SkipsBlanksAndTabsBetweenTokens) { EXPECT_EQ(evaluated(" \t1\t+ 2 \t"), 3.0); }
 
-TEST(Scanner, KeepsANewlineInsideBracketsAsUnits) {
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(thrown([] { Function("x[m\n]"); }), "Unknown units - m\n");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+TEST(Scanner, KeepsANewlineInsideUnits) {
+  std::string failure;
+  EXPECT_EQ(printed([&] { failure = thrown([] { Function("x[m\n]"); }); }), "");
+  EXPECT_EQ(failure, "Unknown units - m\n");
 }
 
-TEST(Scanner, StartsNamesWithAnyLetterAndGoesOnWithLettersDigitsAndUnderscores) {
+TEST(Scanner, NamesAreALetterFollowedByLettersDigitsAndUnderscores) {
   const std::string letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
   for (const char first : letters) {
     const std::string name = first + letters + "_0123456789";
-    EXPECT_EQ(printed(Function(name)), name + "[]");
+    EXPECT_EQ(written(Function(name)), name + "[]");
   }
 }
 
-TEST(Scanner, ReadsNamesOfAnyLength) {
+TEST(Scanner, ReadsLongNames) {
   const std::string name = "a" + std::string(100000, 'b');
-  EXPECT_EQ(printed(Function(name + "[Hz]+1")), "(" + name + "[Hz] + 1)");
+  EXPECT_EQ(written(Function(name + "[Hz]+1")), "(" + name + "[Hz] + 1)");
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
-// What the tests of formulas share.
+// Helpers for the tests of formulas.
 #ifndef KELPBOX_TESTS_EXPRESSION_TESTUTIL_H_
 #define KELPBOX_TESTS_EXPRESSION_TESTUTIL_H_
-
-#include <gtest/gtest.h>
 
 #include <sstream>
 #include <string>
@@ -13,24 +11,13 @@
 
 namespace Expression {
 
-// The message that a call throws. Anything but a std::string, or nothing, is a failed test.
-template <typename Call>
-std::string thrown(Call call) {
-  try {
-    call();
-  } catch (const std::string& message) {
-    return message;
-  }
-  ADD_FAILURE() << "nothing was thrown";
-  return "";
-}
-
 inline Base::Quantity quantity(double value, const std::string& units) {
   return {value, Base::resolve_units(units), Base::ValueState{}};
 }
 
+// The formula as the library writes it back.
 template <typename Printable>
-std::string printed(const Printable& tree) {
+std::string written(const Printable& tree) {
   std::ostringstream out;
   tree.print(out);
   return out.str();

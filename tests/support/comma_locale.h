@@ -1,16 +1,18 @@
 // A locale with a decimal comma, as a host may have set one.
-#ifndef KELPBOX_TESTS_SCRIPT_COMMA_LOCALE_H_
-#define KELPBOX_TESTS_SCRIPT_COMMA_LOCALE_H_
+#ifndef KELPBOX_TESTS_SUPPORT_COMMA_LOCALE_H_
+#define KELPBOX_TESTS_SUPPORT_COMMA_LOCALE_H_
 
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
-#include "testutil.h"
+#include "support/temp_dir.h"
 
-// Holds for the process while it lives. It is compiled here, with a character map of its own: most
-// machines have neither a locale with a comma installed nor the sources of one.
+namespace Testing {
+
+// Sets the locale of the whole process until the end of the scope. The locale and its character map
+// are compiled here, because most machines have no locale with a comma installed.
 class CommaLocale {
  public:
   CommaLocale() {
@@ -25,7 +27,7 @@ class CommaLocale {
     const std::string command = "localedef -c -i '" + dir_.write("numbers", numbers) + "' -f '" +
                                 dir_.write("map", map + "END CHARMAP\n") + "' '" +
                                 dir_.file("comma") + "' >/dev/null 2>&1";
-    // It fails for want of the other categories even where it has made the one.
+    // localedef reports an error for the missing categories even if it has written this one.
     if (std::system(command.c_str()) == -1) return;
     setenv("LOCPATH", dir_.path().c_str(), 1);
     active_ = std::setlocale(LC_NUMERIC, "comma") != nullptr;
@@ -35,7 +37,7 @@ class CommaLocale {
   CommaLocale(const CommaLocale&) = delete;
   CommaLocale& operator=(const CommaLocale&) = delete;
 
-  // False where the C library cannot make one.
+  // False if the machine cannot compile a locale.
   bool active() const { return active_; }
 
  private:
@@ -43,4 +45,6 @@ class CommaLocale {
   bool active_ = false;
 };
 
-#endif  // KELPBOX_TESTS_SCRIPT_COMMA_LOCALE_H_
+}  // namespace Testing
+
+#endif  // KELPBOX_TESTS_SUPPORT_COMMA_LOCALE_H_
