@@ -7,10 +7,13 @@
 #include <limits>
 
 #include "samples.h"
-#include "testutil.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 using Script::Variable;
 using Script::VarType;
+using Testing::printed;
+using Testing::thrown;
 using TestTree::Samples;
 
 namespace {
@@ -20,7 +23,7 @@ constexpr std::int32_t greatest = std::numeric_limits<std::int32_t>::max();
 
 }  // namespace
 
-TEST(Assign, IntegerFieldTakesNumbersAndIntegerFields) {
+TEST(Assign, AnIntegerFieldTakesNumbersAndIntegerFields) {
   Samples samples;
   std::int32_t field = 0;
   for (const VarType type : {VarType::adjustable_integer, VarType::fixed_integer}) {
@@ -35,13 +38,13 @@ TEST(Assign, IntegerFieldTakesNumbersAndIntegerFields) {
     target.assign(samples.all[6]);
     EXPECT_EQ(field, 50);
     for (const std::size_t other : {0u, 3u, 4u, 7u, 8u, 9u, 10u, 11u, 12u, 13u, 14u}) {
-      EXPECT_EQ(failure([&] { target.assign(samples.all[other]); }),
-                "text: Trying to set an int value with an unexpected type");
+      EXPECT_EQ(thrown([&] { target.assign(samples.all[other]); }),
+                "plain: Trying to set an int value with an unexpected type");
     }
   }
 }
 
-TEST(Assign, RealFieldTakesNumbersAndRealFields) {
+TEST(Assign, ARealFieldTakesNumbersAndRealFields) {
   Samples samples;
   double field = 0;
   for (const VarType type : {VarType::adjustable_real, VarType::fixed_real}) {
@@ -56,13 +59,13 @@ TEST(Assign, RealFieldTakesNumbersAndRealFields) {
     target.assign(samples.all[8]);
     EXPECT_EQ(field, 70.5);
     for (const std::size_t other : {0u, 3u, 4u, 5u, 6u, 9u, 10u, 11u, 12u, 13u, 14u}) {
-      EXPECT_EQ(failure([&] { target.assign(samples.all[other]); }),
-                "text: Trying to set an int value with an unexpected type");
+      EXPECT_EQ(thrown([&] { target.assign(samples.all[other]); }),
+                "plain: Trying to set an int value with an unexpected type");
     }
   }
 }
 
-TEST(Assign, MarksOfARealFieldAreCopiedBitByBit) {
+TEST(Assign, TheUnsetMarkOfARealFieldIsCopiedBitByBit) {
   double from = Script::UnsetReal;
   double to = 0;
   Variable source(VarType::fixed_real, "a", &from);
@@ -70,7 +73,7 @@ TEST(Assign, MarksOfARealFieldAreCopiedBitByBit) {
   EXPECT_EQ(std::bit_cast<std::uint64_t>(to), Script::UnsetRealBits);
 }
 
-TEST(Assign, StringFieldTakesTheLiteralAway) {
+TEST(Assign, AStringFieldMovesTheStringOutOfALiteral) {
   Samples samples;
   std::string field;
   for (const VarType type : {VarType::adjustable_string, VarType::fixed_string}) {
@@ -86,13 +89,13 @@ TEST(Assign, StringFieldTakesTheLiteralAway) {
     target.assign(samples.all[10]);
     EXPECT_EQ(field, "ninety");
     for (const std::size_t other : {0u, 1u, 2u, 4u, 5u, 6u, 7u, 8u, 11u, 12u, 13u, 14u}) {
-      EXPECT_EQ(failure([&] { target.assign(samples.all[other]); }),
-                "text: Trying to set a string variable with an unexpected type");
+      EXPECT_EQ(thrown([&] { target.assign(samples.all[other]); }),
+                "plain: Trying to set a string variable with an unexpected type");
     }
   }
 }
 
-TEST(Assign, EnumerationTakesAMember) {
+TEST(Assign, AnEnumerationTakesAMember) {
   Samples samples;
   samples.units.number = 7;
   TestTree::Units field;
@@ -106,25 +109,25 @@ TEST(Assign, EnumerationTakesAMember) {
     target.assign(samples.all[12]);
     EXPECT_EQ(field.number, 7);
     for (const std::size_t other : {0u, 1u, 2u, 3u, 5u, 6u, 7u, 8u, 9u, 10u, 13u, 14u}) {
-      EXPECT_EQ(failure([&] { target.assign(samples.all[other]); }),
-                "text: Trying to set an enum variable with an unexpected type");
+      EXPECT_EQ(thrown([&] { target.assign(samples.all[other]); }),
+                "plain: Trying to set an enum variable with an unexpected type");
     }
   }
 }
 
-TEST(Assign, OtherTargetsFail) {
+TEST(Assign, OtherTargetsAreRefused) {
   Samples samples;
   for (const std::size_t other : {0u, 1u, 2u, 3u, 4u, 13u, 14u}) {
-    EXPECT_EQ(failure([&] { samples.all[other].assign(samples.all[1]); }),
-              "text: Trying to set an unknown variable type");
+    EXPECT_EQ(thrown([&] { samples.all[other].assign(samples.all[1]); }),
+              "plain: Trying to set an unknown variable type");
   }
 }
 
-TEST(Assign, RoundingTellsALossAboveOnePerMille) {
+TEST(Assign, RoundingWarnsOfALossAboveOnePerMille) {
   struct Row {
     double value;
     std::int32_t stored;
-    std::string told;  // the value as it is told, or nothing
+    std::string warned;  // the value in the warning, or nothing
   };
   const Row rows[] = {{2.5, 3, "2.5"},
                       {2.4, 2, "2.4"},
@@ -146,24 +149,23 @@ TEST(Assign, RoundingTellsALossAboveOnePerMille) {
   for (const Row& row : rows) {
     std::int32_t field = 99;
     Variable literal(row.value);
-    testing::internal::CaptureStdout();
-    Variable(VarType::fixed_integer, "depth", &field).assign(literal);
-    const std::string told = testing::internal::GetCapturedStdout();
+    const std::string warning =
+        printed([&] { Variable(VarType::fixed_integer, "depth", &field).assign(literal); });
     EXPECT_EQ(field, row.stored) << row.value;
-    EXPECT_EQ(told, row.told.empty() ? ""
-                                     : "Loss of resolution while rounding value " + row.told +
-                                           " for variable depth\n");
+    EXPECT_EQ(warning, row.warned.empty() ? ""
+                                          : "Loss of resolution while rounding value " +
+                                                row.warned + " for variable depth\n");
   }
 }
 
-TEST(Assign, RealsThatNoIntegerHoldsAreRefused) {
+TEST(Assign, RealsBeyondTheIntegersAreRefused) {
   for (const auto& [value, text] :
        {std::pair(2147483647.5, "2.14748e+09"), std::pair(-2147483649.0, "-2.14748e+09"),
         std::pair(HUGE_VAL, "inf"), std::pair(Script::NoReal, "nan")}) {
     std::int32_t field = 99;
     Variable literal(value);
-    EXPECT_EQ(failure([&] { Variable(VarType::fixed_integer, "depth", &field).assign(literal); }),
-              std::string("string: Value ") + text + " does not fit the integer variable depth");
+    EXPECT_EQ(thrown([&] { Variable(VarType::fixed_integer, "depth", &field).assign(literal); }),
+              std::string("Value ") + text + " does not fit the integer variable depth");
     EXPECT_EQ(field, 99);
   }
 }

@@ -1,4 +1,4 @@
-// The script language by its cases: cases/README.md tells what they are made of.
+// Runs the cases of the script language; cases/README.md describes their format.
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,13 @@
 #include <map>
 #include <optional>
 
+#include "reading.h"
+#include "support/temp_dir.h"
 #include "test_tree.h"
-#include "testutil.h"
 
 namespace {
+
+using Testing::TempDir;
 
 struct Case {
   std::string name;
@@ -34,7 +37,7 @@ void check_part(const std::string& key) {
   }
 }
 
-// A blank line at the end of a part only sets the cases apart.
+// Blank lines at the end of a part only separate the cases.
 void trim(std::string& part) {
   while (part.ends_with("\n\n") || part == "\n") part.pop_back();
 }
@@ -77,7 +80,7 @@ std::string replaced(std::string text, const std::string& from, const std::strin
   return text;
 }
 
-// Marks its lines, to tell them from the reader's own.
+// Marks its lines to distinguish them from those of the reader.
 class MarkedLog : public Script::Log {
  public:
   void message(float, const Script::LogItm& item) override { message(item); }
@@ -87,7 +90,7 @@ class MarkedLog : public Script::Log {
 
 class ScriptCase : public testing::TestWithParam<Case> {};
 
-TEST_P(ScriptCase, ReadsAsTold) {
+TEST_P(ScriptCase, HasTheListedOutcome) {
   const Case& item = GetParam();
   const TempDir dir;
   const std::string main = dir.write("main.txt", item.script);
@@ -107,23 +110,19 @@ TEST_P(ScriptCase, ReadsAsTold) {
   Script::Serialise<TestTree::Tank> reader("Tank");
   reader.attach_log(log);
   std::ostringstream report;
-  testing::internal::CaptureStdout();
-  testing::internal::CaptureStderr();
-  const std::string outcome = failure([&] { reader.read(report, main, second); });
-  const std::string errors = testing::internal::GetCapturedStderr();
-  const std::string printed = testing::internal::GetCapturedStdout();
+  const auto [failure, printed, errors] = read_files(reader, report, main, second);
 
   ASSERT_NE(item.part("gives").has_value(), item.part("fails").has_value());
   if (const auto fails = item.part("fails")) {
-    EXPECT_EQ(outcome + "\n", expand(*fails)) << errors;
+    EXPECT_EQ(failure + "\n", expand(*fails)) << errors;
   } else {
-    ASSERT_EQ(outcome, "nothing") << errors;
+    ASSERT_EQ(failure, Testing::nothing_thrown) << errors;
     ASSERT_NE(reader.object(), nullptr);
     EXPECT_EQ(reader.object()->dump(), *item.part("gives"));
   }
   if (const auto prints = item.part("prints")) {
     std::string expected = expand(*prints);
-    // Only the last line of a case always ends in a newline.
+    // Each line of a case ends in a newline, even if the last one printed does not.
     EXPECT_EQ(printed.ends_with("\n") ? printed : printed + "\n", expected);
   }
   if (const auto reports = item.part("reports")) {

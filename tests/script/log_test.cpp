@@ -6,13 +6,16 @@
 #include <type_traits>
 
 #include "script/master.h"
-#include "testutil.h"
+#include "support/thrown.h"
+#include "support/thrown_item.h"
 
 using Script::LogItm;
+using Testing::thrown;
+using Testing::thrown_item;
 
 namespace {
 
-std::string printed(const LogItm& item) {
+std::string written(const LogItm& item) {
   std::ostringstream out;
   out << item;
   return out.str();
@@ -51,22 +54,22 @@ TEST(Log, EachLevelHasItsWord) {
   const char* words[] = {"Fatal", "Error",  "Warning", "Alert",  "State",
                          "Info",  "Detail", "Unknown", "Unknown"};
   for (std::uint32_t level = 0; level < 9; ++level) {
-    EXPECT_EQ(printed(LogItm("General", level)), std::string(words[level]) + "::");
+    EXPECT_EQ(written(LogItm("General", level)), std::string(words[level]) + "::");
   }
-  EXPECT_EQ(printed(LogItm("General", 0xFFFFFFFF)), "Unknown::");
+  EXPECT_EQ(written(LogItm("General", 0xFFFFFFFF)), "Unknown::");
 }
 
-TEST(Log, NamedLevelsAreTheirNumbers) {
-  EXPECT_EQ(printed(LogItm("", Script::Level::fatal)), "Fatal::");
-  EXPECT_EQ(printed(LogItm("", Script::Level::error)), "Error::");
-  EXPECT_EQ(printed(LogItm("", Script::Level::warning)), "Warning::");
-  EXPECT_EQ(printed(LogItm("", Script::Level::alert)), "Alert::");
-  EXPECT_EQ(printed(LogItm("", Script::Level::state)), "State::");
-  EXPECT_EQ(printed(LogItm("", Script::Level::info)), "Info::");
-  EXPECT_EQ(printed(LogItm("", Script::Level::detail)), "Detail::");
+TEST(Log, TheNamedLevelsHaveTheirWords) {
+  EXPECT_EQ(written(LogItm("", Script::Level::fatal)), "Fatal::");
+  EXPECT_EQ(written(LogItm("", Script::Level::error)), "Error::");
+  EXPECT_EQ(written(LogItm("", Script::Level::warning)), "Warning::");
+  EXPECT_EQ(written(LogItm("", Script::Level::alert)), "Alert::");
+  EXPECT_EQ(written(LogItm("", Script::Level::state)), "State::");
+  EXPECT_EQ(written(LogItm("", Script::Level::info)), "Info::");
+  EXPECT_EQ(written(LogItm("", Script::Level::detail)), "Detail::");
 }
 
-TEST(Log, ItemStartsEmpty) {
+TEST(Log, AnItemStartsWithoutPathAndMessage) {
   const LogItm item("General", 3);
   EXPECT_TRUE(item.path.empty());
   EXPECT_EQ(item.name, "General");
@@ -75,7 +78,7 @@ TEST(Log, ItemStartsEmpty) {
   EXPECT_EQ(item.hex, 0u);
 }
 
-TEST(Log, ItemOfOneEntryHasItAsItsPath) {
+TEST(Log, AnItemMayStartWithAPathOfOneEntry) {
   const std::string entry = "Tank";
   const LogItm item(&entry, "General", 1);
   ASSERT_EQ(item.path.size(), 1u);
@@ -84,17 +87,17 @@ TEST(Log, ItemOfOneEntryHasItAsItsPath) {
   EXPECT_EQ(item.hex, 0u);
 }
 
-TEST(Log, PathIsPrintedOutermostFirstAndTheHeadingNotAtAll) {
+TEST(Log, APathIsWrittenOutermostFirstWithoutTheHeading) {
   const std::string tank = "Tank";
   const std::string section = "Section";
   LogItm item(&tank, "General", 1);
   item.path.push_back(&section);
   item.add("bad value");
-  EXPECT_EQ(printed(item), "Tank::Section::Error::bad value");
+  EXPECT_EQ(written(item), "Tank::Section::Error::bad value");
 }
 
-TEST(Log, EmptyPathPrintsNoLead) {
-  EXPECT_EQ(printed(LogItm("General", 2).add("text")), "Warning::text");
+TEST(Log, AnEmptyPathWritesNothing) {
+  EXPECT_EQ(written(LogItm("General", 2).add("text")), "Warning::text");
 }
 
 TEST(Log, NumbersAreDecimalOrHexadecimal) {
@@ -107,17 +110,18 @@ TEST(Log, NumbersAreDecimalOrHexadecimal) {
   EXPECT_EQ(item.text, "255 0 0xff 0xffffffff 255");
 }
 
-TEST(Log, RealsAreWrittenAsAStreamWritesThem) {
+TEST(Log, RealsHaveTheDefaultFormatOfAStream) {
   EXPECT_EQ(LogItm("General", 1).add(2.5).add(" ").add(1234567.0).text, "2.5 1.23457e+06");
 }
 
-TEST(Log, ItemsAreCopied) {
+TEST(Log, ItemsCanBeThrownByValue) {
   static_assert(std::is_copy_constructible_v<LogItm>);
   const std::string tank = "Tank";
-  EXPECT_EQ(failure([&] { throw LogItm(&tank, "General", 1).add("x"); }), "item: Tank::Error::x");
+  EXPECT_EQ(thrown_item([&] { throw LogItm(&tank, "General", 1).add("x"); }),
+            "item: General: Tank::Error::x");
 }
 
-TEST(Log, SimpleLogWritesALineAtOnce) {
+TEST(Log, SimpleLogWritesEachItemAtOnce) {
   std::ostringstream out;
   Script::SimpleLog log(out);
   log.build();
@@ -127,14 +131,14 @@ TEST(Log, SimpleLogWritesALineAtOnce) {
   EXPECT_EQ(out.str(), "Info::one\n1.5::State::two\n");
 }
 
-TEST(Log, MasterWithoutALogDropsItsItems) {
+TEST(Log, WithoutALogItemsAreDiscarded) {
   Root root;
   EXPECT_FALSE(root.has_log());
   root.message(LogItm("General", 1));
   root.message(1.0f, LogItm("General", 1));
 }
 
-TEST(Log, AttachingBuildsTheLogOnce) {
+TEST(Log, AttachingALogBuildsItOnce) {
   Root root;
   CountingLog log;
   root.attach_log(log);
@@ -147,18 +151,18 @@ TEST(Log, AttachingBuildsTheLogOnce) {
   EXPECT_EQ(log.last_time, 2.0f);
 }
 
-TEST(Log, AttachingTwiceFails) {
+TEST(Log, AttachingASecondLogIsRefused) {
   Root root;
   CountingLog log;
   CountingLog other;
   root.attach_log(log);
-  EXPECT_EQ(failure([&] { root.attach_log(log); }), "text: Trying to build log twice");
-  EXPECT_EQ(failure([&] { root.attach_log(other); }), "text: Trying to build log twice");
+  EXPECT_EQ(thrown([&] { root.attach_log(log); }), "plain: Trying to build log twice");
+  EXPECT_EQ(thrown([&] { root.attach_log(other); }), "plain: Trying to build log twice");
   EXPECT_EQ(log.built, 1);
   EXPECT_EQ(other.built, 0);
 }
 
-TEST(Log, DeclaredObjectsForwardToTheirOwner) {
+TEST(Log, DeclaredObjectsForwardItemsToTheirOwner) {
   Root root;
   CountingLog log;
   root.attach_log(log);
@@ -179,11 +183,11 @@ TEST(Log, DeclaredObjectsForwardToTheirOwner) {
   EXPECT_EQ(root.saved, 1);
 }
 
-TEST(Log, ProblemOfADeclaredObjectCarriesItsPath) {
+TEST(Log, AProblemOfADeclaredObjectHasItsPath) {
   Root root;
   Leaf leaf;
   leaf.set_path(root, "Tank::leaf");
   const LogItm item = leaf.item().add("bad");
   EXPECT_EQ(item.name, "Create");
-  EXPECT_EQ(printed(item), "Tank::leaf::Error::bad");
+  EXPECT_EQ(written(item), "Tank::leaf::Error::bad");
 }

@@ -1,4 +1,4 @@
-// Tokens of any length: each takes time in proportion to its length.
+// Reading time grows in proportion to the length of a token.
 
 #include <gtest/gtest.h>
 
@@ -6,11 +6,17 @@
 #include <sstream>
 #include <vector>
 
+#include "reading.h"
 #include "script/scan.h"
+#include "support/output.h"
+#include "support/temp_dir.h"
+#include "support/thrown.h"
 #include "test_tree.h"
-#include "testutil.h"
 
 using Script::ScriptScan;
+using Testing::nothing_thrown;
+using Testing::printed;
+using Testing::TempDir;
 using TestTree::Tank;
 
 namespace {
@@ -20,18 +26,18 @@ constexpr std::size_t longest = 1'048'576;
 
 struct Scanned {
   std::size_t tokens = 0;
-  double seconds = 0;  // of this process, whatever else the machine does
+  double seconds = 0;  // processor time of this process
 };
 
 Scanned scanned(const std::string& script) {
-  testing::internal::CaptureStdout();
   Scanned result;
-  const std::clock_t start = std::clock();
-  std::istringstream in(script);
-  ScriptScan scan(in);
-  while (scan.yylex() != 0) ++result.tokens;
-  result.seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-  testing::internal::GetCapturedStdout();
+  printed([&] {
+    const std::clock_t start = std::clock();
+    std::istringstream in(script);
+    ScriptScan scan(in);
+    while (scan.yylex() != 0) ++result.tokens;
+    result.seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+  });
   return result;
 }
 
@@ -40,18 +46,12 @@ std::string outcome_of(const TempDir& dir, const std::string& script) {
   Script::SimpleLog log(report);
   Script::Serialise<Tank> reader("Tank");
   reader.attach_log(log);
-  testing::internal::CaptureStdout();
-  testing::internal::CaptureStderr();
-  const std::string outcome =
-      failure([&] { reader.read(report, dir.write("main.txt", script), ""); });
-  testing::internal::GetCapturedStderr();
-  testing::internal::GetCapturedStdout();
-  return outcome;
+  return read_files(reader, report, dir.write("main.txt", script)).failure;
 }
 
 }  // namespace
 
-// A scanner that starts a token again after each 8 KB needs many seconds for each of these.
+// A scanner that restarts a token after each 8 KB needs many seconds for each of these.
 TEST(LongToken, TakesTimeInProportionToItsLength) {
   struct Case {
     const char* what;
@@ -81,31 +81,31 @@ TEST(LongToken, TakesTimeInProportionToItsLength) {
   }
 }
 
-TEST(LongToken, RunsOfMeaninglessCharactersTakeTimeInProportionToTheirLength) {
+TEST(LongToken, MeaninglessCharactersTakeTimeInProportionToTheirNumber) {
   const Scanned result = scanned(std::string(four_mb, '@') + "a");
   EXPECT_EQ(result.tokens, 1u);
   EXPECT_LT(result.seconds, 2.0);
 }
 
-TEST(LongToken, CommentsAndBlanksAreReadAtAnyLength) {
+TEST(LongToken, LongCommentsAndBlanksAreSkipped) {
   const TempDir dir;
   const std::string blanks(four_mb, ' ');
   EXPECT_EQ(outcome_of(dir, "#" + std::string(four_mb, 'x') + "\nTank {" + blanks + "depth = 1; }"),
-            "nothing");
+            nothing_thrown);
 }
 
-TEST(LongToken, OfTheGreatestLengthIsRead) {
+TEST(LongToken, ATokenOfTheGreatestLengthIsRead) {
   const TempDir dir;
   const std::string text(longest, 'x');
-  EXPECT_EQ(outcome_of(dir, "Tank { title = \"" + text + "\"; }"), "nothing");
-  EXPECT_EQ(outcome_of(dir, "Tank { depth = " + std::string(longest, '0') + "; }"), "nothing");
-  EXPECT_EQ(outcome_of(dir, text), "text: yydefact after YYTRANSLATE added error");
+  EXPECT_EQ(outcome_of(dir, "Tank { title = \"" + text + "\"; }"), nothing_thrown);
+  EXPECT_EQ(outcome_of(dir, "Tank { depth = " + std::string(longest, '0') + "; }"), nothing_thrown);
+  EXPECT_EQ(outcome_of(dir, text), "plain: yydefact after YYTRANSLATE added error");
 }
 
-TEST(LongToken, BeyondTheGreatestLengthIsRefusedWithItsPlace) {
+TEST(LongToken, ALongerTokenIsRefusedWithItsLine) {
   const TempDir dir;
   const auto refused = [&](const std::string& kind, int line) {
-    return "string: File \"" + dir.file("main.txt") + "\" has a " + kind +
+    return "File \"" + dir.file("main.txt") + "\" has a " + kind +
            " of 1048577 characters at line " + std::to_string(line) +
            ": at most 1048576 can be read";
   };

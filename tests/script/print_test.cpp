@@ -6,18 +6,24 @@
 #include <locale>
 #include <sstream>
 
-#include "comma_locale.h"
+#include "reading.h"
+#include "support/checksum.h"
+#include "support/comma_locale.h"
+#include "support/temp_dir.h"
+#include "support/thrown.h"
 #include "test_tree.h"
-#include "testutil.h"
 
 using Script::Checksum;
 using Script::List;
 using Script::Variable;
 using Script::VarType;
+using Testing::checksum_of;
+using Testing::TempDir;
+using Testing::thrown;
 
 namespace {
 
-std::string printed(const List& list, bool adjustable_only, unsigned indent) {
+std::string written(const List& list, bool adjustable_only, unsigned indent) {
   std::ostringstream out;
   print(list, out, adjustable_only, indent);
   return out.str();
@@ -27,17 +33,6 @@ std::uint32_t checksum(const List& list, bool fixed_only) {
   Checksum sum;
   sum.add(list, fixed_only);
   return sum.value();
-}
-
-// The sum of characters, each 2^(its place modulo 24) times, modulo 2^32.
-std::uint32_t sum_of(const std::string& text) {
-  std::int64_t sum = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    int c = static_cast<unsigned char>(text[i]);
-    if (c > 127) c -= 256;
-    sum += std::int64_t{c} * (std::int64_t{1} << (i % 24));
-  }
-  return static_cast<std::uint32_t>(sum);
 }
 
 // One field of each kind, two of them adjustable.
@@ -60,7 +55,7 @@ struct Fields {
   List list;
 };
 
-// A fixed and two adjustable fields, which stand below the root.
+// A fixed and two adjustable fields, for a level below the root.
 class Tuned : public Script::Declared {
  public:
   const char* class_name() const override { return "Tuned"; }
@@ -100,7 +95,7 @@ TEST(TextForm, EachKindHasItsFormat) {
   EXPECT_EQ(text_form(Variable(std::string("x"))), "Sting val = x");
 }
 
-TEST(TextForm, UnknownMemberIsNotFound) {
+TEST(TextForm, AnUnknownMemberIsWrittenAsNotFound) {
   Fields fields;
   fields.units.number = 1;
   EXPECT_EQ(text_form(fields.list.items()[5]), "units = Not found");
@@ -121,7 +116,7 @@ TEST(TextForm, RealsHaveSixSignificantDigits) {
   }
 }
 
-TEST(TextForm, MarksArePrintedAsTheyAre) {
+TEST(TextForm, MarksAreWrittenAsPlainNumbers) {
   double unset = Script::UnsetReal;
   double none = Script::NoReal;
   std::int32_t integer = Script::UnsetInteger;
@@ -132,12 +127,12 @@ TEST(TextForm, MarksArePrintedAsTheyAre) {
   EXPECT_EQ(text_form(Variable(VarType::fixed_integer, "i", &integer)), "i = -2147483648");
 }
 
-TEST(TextForm, LongStringsAreWhole) {
+TEST(TextForm, LongStringsAreWrittenWhole) {
   std::string text(1000, 'x');
   EXPECT_EQ(text_form(Variable(VarType::fixed_string, "s", &text)), "s = \"" + text + "\"");
 }
 
-TEST(TextForm, DecimalCommaOfTheStreamsDoesNotMatter) {
+TEST(TextForm, ADecimalCommaOfTheStreamsIsIgnored) {
   struct Comma : std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
   };
@@ -148,9 +143,9 @@ TEST(TextForm, DecimalCommaOfTheStreamsDoesNotMatter) {
   EXPECT_EQ(text, "r = 2.5");
 }
 
-TEST(TextForm, DecimalCommaOfTheHostDoesNotMatter) {
-  const CommaLocale comma;
-  if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
+TEST(TextForm, ADecimalCommaOfTheHostIsIgnored) {
+  const Testing::CommaLocale comma;
+  if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma can be compiled here";
   char c_format[8];
   std::snprintf(c_format, sizeof c_format, "%g", 2.5);
   ASSERT_STREQ(c_format, "2,5");
@@ -158,22 +153,22 @@ TEST(TextForm, DecimalCommaOfTheHostDoesNotMatter) {
   EXPECT_EQ(text_form(Variable(VarType::fixed_real, "r", &field)), "r = 2.5");
 }
 
-TEST(Print, FieldsStandInTheirOrder) {
+TEST(Print, FieldsAreWrittenInOrderOfDeclaration) {
   Fields fields;
   fields.units.number = 0;
-  EXPECT_EQ(printed(fields.list, false, 1),
+  EXPECT_EQ(written(fields.list, false, 1),
             "\tdepth = 2.5;\n\tgain = 0.1;\n\tcount = -3;\n\tlevel = 4;\n\ttitle = \"Basin 2\";\n"
             "\tunits = metric;\n");
 }
 
-TEST(Print, FlagLeavesTheAdjustableFields) {
+TEST(Print, MayWriteTheAdjustableFieldsOnly) {
   const Fields fields;
-  EXPECT_EQ(printed(fields.list, true, 2), "\t\tgain = 0.1;\n\t\tlevel = 4;\n");
+  EXPECT_EQ(written(fields.list, true, 2), "\t\tgain = 0.1;\n\t\tlevel = 4;\n");
 }
 
-TEST(Print, NoIndentMeansNoNewlines) {
+TEST(Print, WithoutAnIndentThereAreNoNewlines) {
   const Fields fields;
-  EXPECT_EQ(printed(fields.list, true, 0), "gain = 0.1;level = 4;");
+  EXPECT_EQ(written(fields.list, true, 0), "gain = 0.1;level = 4;");
 }
 
 TEST(Print, AbsentObjectsAndEmptyArraysAreSkipped) {
@@ -182,22 +177,22 @@ TEST(Print, AbsentObjectsAndEmptyArraysAreSkipped) {
   List list;
   list.object("box", box);
   list.array("Layer", layer);
-  EXPECT_EQ(printed(list, false, 1), "");
+  EXPECT_EQ(written(list, false, 1), "");
   EXPECT_EQ(printable_count(list, false), 0u);
 }
 
-TEST(Print, BlockOfOneFieldStandsOnOneLine) {
+TEST(Print, ABlockOfOneFieldIsOneLine) {
   Script::WrapObj<TestTree::Box> box;
   List list;
   list.object("box", box);
   box.build();
   box.get()->x = 1;
-  EXPECT_EQ(printed(list, false, 1), "\tbox {x = 1;}\n");
-  EXPECT_EQ(printed(list, false, 0), "box {x = 1;}");
-  EXPECT_EQ(printed(list, true, 1), "");
+  EXPECT_EQ(written(list, false, 1), "\tbox {x = 1;}\n");
+  EXPECT_EQ(written(list, false, 0), "box {x = 1;}");
+  EXPECT_EQ(written(list, true, 1), "");
 }
 
-TEST(Print, BlockOfMoreFieldsHasALineForEach) {
+TEST(Print, ABlockOfSeveralFieldsHasALineForEach) {
   Script::WrapObj<TestTree::Box> box;
   List list;
   list.object("box", box);
@@ -206,11 +201,11 @@ TEST(Print, BlockOfMoreFieldsHasALineForEach) {
   box.get()->box.build();
   box.get()->box.get()->x = 2;
   EXPECT_EQ(printable_count(list, false), 2u);
-  EXPECT_EQ(printed(list, false, 0), "box {\n\tx = 1;\n\tbox {x = 2;}\n}\n");
-  EXPECT_EQ(printed(list, false, 2), "\t\tbox {\n\t\t\tx = 1;\n\t\t\tbox {x = 2;}\n\t\t}\n");
+  EXPECT_EQ(written(list, false, 0), "box {\n\tx = 1;\n\tbox {x = 2;}\n}\n");
+  EXPECT_EQ(written(list, false, 2), "\t\tbox {\n\t\t\tx = 1;\n\t\t\tbox {x = 2;}\n\t\t}\n");
 }
 
-TEST(Print, ArrayIsDeclaredUnlessOnlyAdjustableFieldsCount) {
+TEST(Print, AnArrayIsDeclaredUnlessOnlyAdjustableFieldsAreWritten) {
   Script::WrapAry<TestTree::Section> section({});
   List list;
   list.array("Section", section);
@@ -219,50 +214,50 @@ TEST(Print, ArrayIsDeclaredUnlessOnlyAdjustableFieldsCount) {
   section[0].label = "a";
   section[1].width = 2;
   section[1].label = "b";
-  EXPECT_EQ(printed(list, false, 1),
+  EXPECT_EQ(written(list, false, 1),
             "\tSection[3..2];\n"
             "\tSection[2] {\n\t\twidth = 1;\n\t\tlabel = \"a\";\n\t}\n"
             "\tSection[3] {\n\t\twidth = 2;\n\t\tlabel = \"b\";\n\t}\n");
-  EXPECT_EQ(printed(list, true, 1), "");
+  EXPECT_EQ(written(list, true, 1), "");
   EXPECT_EQ(printable_count(list, false), 4u);
   EXPECT_EQ(printable_count(list, true), 0u);
 }
 
-TEST(Print, ElementOfOneFieldStandsOnOneLine) {
+TEST(Print, AnElementOfOneFieldIsOneLine) {
   Script::WrapAry<TestTree::Layer> layer({});
   List list;
   list.array("Layer", layer);
   layer.build(0, -1);
   layer[0].depth = 1;
   layer[1].depth = 2;
-  EXPECT_EQ(printed(list, false, 1),
+  EXPECT_EQ(written(list, false, 1),
             "\tLayer[0..-1];\n\tLayer[-1] {depth = 1;}\n\tLayer[0] {depth = 2;}\n");
-  EXPECT_EQ(printed(list, false, 0), "Layer[0..-1];\nLayer[-1] {depth = 1;}Layer[0] {depth = 2;}");
+  EXPECT_EQ(written(list, false, 0), "Layer[0..-1];\nLayer[-1] {depth = 1;}Layer[0] {depth = 2;}");
 }
 
-TEST(Print, FlagHoldsBelowTheRoot) {
+TEST(Print, MayWriteTheAdjustableFieldsOnlyAtEveryLevel) {
   const Below below;
   const std::string tuning = "\t\ttrim = 2;\n\t\tzero = 3;\n\t}\n";
   EXPECT_EQ(printable_count(below.list, true), 6u);
-  EXPECT_EQ(printed(below.list, true, 1),
+  EXPECT_EQ(written(below.list, true, 1),
             "\tone {\n" + tuning + "\tMany[7] {\n" + tuning + "\tMany[8] {\n" + tuning);
   const std::string all = "\t\tsize = 1;\n" + tuning;
   EXPECT_EQ(printable_count(below.list, false), 9u);
-  EXPECT_EQ(printed(below.list, false, 1),
+  EXPECT_EQ(written(below.list, false, 1),
             "\tone {\n" + all + "\tMany[8..7];\n\tMany[7] {\n" + all + "\tMany[8] {\n" + all);
 }
 
-TEST(Print, OtherTypesFail) {
+TEST(Print, OtherTypesAreRefused) {
   List members;
   members.member("a", 1);
-  EXPECT_EQ(failure([&] { printed(members, false, 1); }),
-            "text: No other types can be printed out");
+  EXPECT_EQ(thrown([&] { written(members, false, 1); }),
+            "plain: No other types can be printed out");
   List literal;
   literal.items().emplace_back(1);
-  EXPECT_EQ(failure([&] { printed(literal, true, 1); }), "text: No other types can be printed out");
+  EXPECT_EQ(thrown([&] { written(literal, true, 1); }), "plain: No other types can be printed out");
 }
 
-TEST(Print, OutputIsAScriptThatReadsBack) {
+TEST(Print, TheOutputIsAScriptThatReadsBack) {
   const TempDir dir;
   std::ostringstream log_text;
   Script::SimpleLog log(log_text);
@@ -285,17 +280,16 @@ TEST(Print, OutputIsAScriptThatReadsBack) {
   tank.section[0].width = 1.25;
   tank.section[1].layer.build(1, 0);
   tank.section[1].layer[1].depth = 4;
-  const std::string script = "Tank {\n" + printed(from.list(), false, 1) + "}\n";
+  const std::string script = "Tank {\n" + written(from.list(), false, 1) + "}\n";
 
   Script::Serialise<TestTree::Tank> reader("Tank");
   reader.attach_log(log);
-  testing::internal::CaptureStdout();
-  reader.read(log_text, dir.write("main.txt", script), "");
-  testing::internal::GetCapturedStdout();
+  EXPECT_EQ(read_files(reader, log_text, dir.write("main.txt", script)).failure,
+            Testing::nothing_thrown);
   EXPECT_EQ(reader.object()->dump(), tank.dump());
 }
 
-TEST(Checksum, EachCharacterIsShiftedByItsPlace) {
+TEST(Checksum, EachCharacterIsShiftedByItsPosition) {
   Checksum sum;
   sum.add_text("a");
   EXPECT_EQ(sum.value(), 97u);
@@ -305,7 +299,7 @@ TEST(Checksum, EachCharacterIsShiftedByItsPlace) {
   EXPECT_EQ(sum.value(), 97u + 2u * 98u);
 }
 
-TEST(Checksum, ShiftStartsAgainBehind24Characters) {
+TEST(Checksum, TheShiftRestartsAfter24Characters) {
   Checksum sum;
   sum.add_text(std::string(24, '\x01').c_str());
   EXPECT_EQ(sum.value(), (1u << 24) - 1);
@@ -321,30 +315,30 @@ TEST(Checksum, CharactersAbove127AreNegative) {
   EXPECT_EQ(sum.value(), 0xFFFFFFFFu - 256u);
 }
 
-TEST(Checksum, SumWraps) {
+TEST(Checksum, TheSumWrapsAt32Bits) {
   const std::string text(4000, 'z');
   Checksum sum;
   sum.add_text(text.c_str());
-  EXPECT_EQ(sum.value(), sum_of(text));
+  EXPECT_EQ(sum.value(), checksum_of(text));
 }
 
-TEST(Checksum, ListOfOneField) {
+TEST(Checksum, CoversTheNameAndTheField) {
   std::int32_t a = 5;
   List list;
   list.name("Name");
   list.fixed("a", a);
-  EXPECT_EQ(checksum(list, true), sum_of("Namea = 5"));
-  EXPECT_EQ(checksum(list, false), sum_of("Namea = 5"));
+  EXPECT_EQ(checksum(list, true), checksum_of("Namea = 5"));
+  EXPECT_EQ(checksum(list, false), checksum_of("Namea = 5"));
 }
 
-TEST(Checksum, FlagLeavesTheFixedFields) {
+TEST(Checksum, MayCoverTheFixedFieldsOnly) {
   Fields fields;
   fields.units.number = 7;
   EXPECT_EQ(checksum(fields.list, true),
-            sum_of("Tankdepth = 2.5count = -3title = \"Basin 2\"units = imperial"));
-  EXPECT_EQ(
-      checksum(fields.list, false),
-      sum_of("Tankdepth = 2.5gain = 0.1count = -3level = 4title = \"Basin 2\"units = imperial"));
+            checksum_of("Tankdepth = 2.5count = -3title = \"Basin 2\"units = imperial"));
+  EXPECT_EQ(checksum(fields.list, false),
+            checksum_of(
+                "Tankdepth = 2.5gain = 0.1count = -3level = 4title = \"Basin 2\"units = imperial"));
 }
 
 TEST(Checksum, TuningChangesOnlyTheSumOfAllFields) {
@@ -356,7 +350,7 @@ TEST(Checksum, TuningChangesOnlyTheSumOfAllFields) {
   EXPECT_NE(checksum(fields.list, false), all_before);
 }
 
-TEST(Checksum, RealsThatDifferBehindSixDigitsAreOne) {
+TEST(Checksum, RealsCountWithSixDigits) {
   Fields fields;
   fields.depth = 1.2345612;
   const std::uint32_t before = checksum(fields.list, true);
@@ -366,33 +360,33 @@ TEST(Checksum, RealsThatDifferBehindSixDigitsAreOne) {
   EXPECT_NE(checksum(fields.list, true), before);
 }
 
-TEST(Checksum, ObjectsAndElementsAddTheirNamesAndFields) {
+TEST(Checksum, ObjectsAndElementsAddTheirClassNamesAndFields) {
   Script::WrapObj<TestTree::Box> box;
   Script::WrapAry<TestTree::Layer> layer({});
   List list;
   list.name("Root");
   list.object("box", box);
   list.array("Layer", layer);
-  EXPECT_EQ(checksum(list, true), sum_of("Root"));
+  EXPECT_EQ(checksum(list, true), checksum_of("Root"));
   box.build();
   box.get()->x = 1;
   layer.build(5, 4);
   layer[0].depth = 2;
   layer[1].depth = 3;
-  EXPECT_EQ(checksum(list, true), sum_of("RootBoxx = 1Layerdepth = 2Layerdepth = 3"));
+  EXPECT_EQ(checksum(list, true), checksum_of("RootBoxx = 1Layerdepth = 2Layerdepth = 3"));
 }
 
-TEST(Checksum, FlagHoldsBelowTheRoot) {
+TEST(Checksum, MayCoverTheFixedFieldsOnlyAtEveryLevel) {
   const Below below;
-  EXPECT_EQ(checksum(below.list, true), sum_of("RootTunedsize = 1Tunedsize = 1Tunedsize = 1"));
+  EXPECT_EQ(checksum(below.list, true), checksum_of("RootTunedsize = 1Tunedsize = 1Tunedsize = 1"));
   const std::string all = "Tunedsize = 1trim = 2zero = 3";
-  EXPECT_EQ(checksum(below.list, false), sum_of("Root" + all + all + all));
+  EXPECT_EQ(checksum(below.list, false), checksum_of("Root" + all + all + all));
 }
 
-TEST(Checksum, OtherTypesFail) {
+TEST(Checksum, OtherTypesAreRefused) {
   List members;
   members.name("Members");
   members.member("a", 1);
-  EXPECT_EQ(failure([&] { checksum(members, true); }),
-            "text: No other types can form part of a checksum");
+  EXPECT_EQ(thrown([&] { checksum(members, true); }),
+            "plain: No other types can form part of a checksum");
 }

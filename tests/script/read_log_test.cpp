@@ -1,13 +1,15 @@
-// Where the reports of a read go.
+// Which log a read reports to.
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
+#include "reading.h"
 #include "script/serialise.h"
+#include "support/temp_dir.h"
 #include "test_tree.h"
-#include "testutil.h"
 
+using Testing::TempDir;
 using TestTree::Tank;
 
 namespace {
@@ -35,47 +37,37 @@ class Logged : public Script::Declared {
 
 }  // namespace
 
-TEST(ReadingWithoutALog, FailsBehindVerification) {
+TEST(ReadingWithoutALog, FailsAfterTheVerification) {
   const TempDir dir;
   Script::Serialise<Tank> reader("Tank");
   std::ostringstream report;
   const std::string incomplete = dir.write("incomplete.txt", "Tank { strict { real = 1; } }");
   const std::string complete = dir.write("complete.txt", "Tank { depth = 1; Section[1..1]; }");
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(failure([&] { reader.read(report, incomplete, ""); }),
-            "string: " + incomplete + "::Failed to verify");
+  EXPECT_EQ(read_files(reader, report, incomplete).failure, incomplete + "::Failed to verify");
   Script::Serialise<Tank> other("Tank");
-  EXPECT_EQ(failure([&] { other.read(report, complete, ""); }),
-            "string: " + complete + "::No log object found");
-  testing::internal::GetCapturedStdout();
+  EXPECT_EQ(read_files(other, report, complete).failure, complete + "::No log object found");
   EXPECT_EQ(other.object()->section[0].path(), "Tank::Section[1]");
 }
 
-TEST(ReadingWithoutALog, TakesTheLogOfTheTree) {
+TEST(ReadingWithoutALog, UsesTheLogOfTheTree) {
   const TempDir dir;
   Script::Serialise<Logged> reader("Logged");
   std::ostringstream report;
-  testing::internal::CaptureStdout();
-  const std::string outcome =
-      failure([&] { reader.read(report, dir.write("main.txt", "Logged { x = 1; }"), ""); });
-  const std::string printed = testing::internal::GetCapturedStdout();
-  EXPECT_EQ(outcome, "string: Caught log exception");
-  EXPECT_TRUE(printed.ends_with("\nException:-Logged::Error::one\n")) << printed;
+  const ReadResult result = read_files(reader, report, dir.write("main.txt", "Logged { x = 1; }"));
+  EXPECT_EQ(result.failure, "Caught log exception");
+  EXPECT_TRUE(result.printed.ends_with("\nException:-Logged::Error::one\n")) << result.printed;
   EXPECT_EQ(reader.object()->log.built, 1);
   EXPECT_EQ(reader.object()->log.last, "one");
 }
 
-TEST(ReadingWithoutALog, OwnLogComesBeforeTheTrees) {
+TEST(ReadingWithALog, PrefersItToTheLogOfTheTree) {
   const TempDir dir;
-  std::ostringstream text;
-  Script::SimpleLog log(text);
+  std::ostringstream log_text;
+  Script::SimpleLog log(log_text);
   Script::Serialise<Logged> reader("Logged");
   reader.attach_log(log);
-  testing::internal::CaptureStdout();
-  const std::string outcome =
-      failure([&] { reader.read(text, dir.write("main.txt", "Logged { x = 1; }"), ""); });
-  testing::internal::GetCapturedStdout();
-  EXPECT_EQ(outcome, "string: Caught log exception");
-  EXPECT_EQ(text.str(), "Logged::Error::one\n");
+  EXPECT_EQ(read_files(reader, log_text, dir.write("main.txt", "Logged { x = 1; }")).failure,
+            "Caught log exception");
+  EXPECT_EQ(log_text.str(), "Logged::Error::one\n");
   EXPECT_EQ(reader.object()->log.built, 0);
 }

@@ -1,4 +1,4 @@
-// One variable of every type, and what their fields hold.
+// One variable of every type, with the fields that they refer to.
 #ifndef KELPBOX_TESTS_SCRIPT_SAMPLES_H_
 #define KELPBOX_TESTS_SCRIPT_SAMPLES_H_
 
@@ -12,7 +12,7 @@
 
 namespace TestTree {
 
-// At the place of its number.
+// Each variable is at the index of its type.
 struct Samples {
   Samples() {
     all.emplace_back();

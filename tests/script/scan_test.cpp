@@ -7,11 +7,14 @@
 #include <sstream>
 #include <vector>
 
-#include "comma_locale.h"
-#include "testutil.h"
+#include "support/comma_locale.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 using Script::ScriptScan;
 using Script::VarType;
+using Testing::printed;
+using Testing::thrown;
 
 namespace {
 
@@ -45,21 +48,21 @@ double real_of(const std::string& script) {
   return field;
 }
 
-// A stream that breaks down on its first reading.
+// A stream whose first read throws.
 struct Broken : std::streambuf {
   int underflow() override { throw 1; }
 };
 
 }  // namespace
 
-TEST(Scan, RangesOfIntegersAndReals) {
+TEST(Scan, TwoPointsSeparateTheNumbersOfARange) {
   EXPECT_EQ(tokens("3..0"), (Texts{"3", "..", "0"}));
   EXPECT_EQ(tokens("3.0..0"), (Texts{"3.0", "..", "0"}));
   EXPECT_EQ(tokens("1..5e2"), (Texts{"1", "..", "5e2"}));
   EXPECT_EQ(tokens("1...5"), (Texts{"1", "..", ".5"}));
 }
 
-TEST(Scan, UnfinishedNumbersEndEarly) {
+TEST(Scan, AnIncompleteExponentOrPrefixIsASeparateToken) {
   EXPECT_EQ(tokens("1e"), (Texts{"1", "e"}));
   EXPECT_EQ(tokens("1e+"), (Texts{"1", "e", "+"}));
   EXPECT_EQ(tokens("1.5e-x"), (Texts{"1.5", "e", "-", "x"}));
@@ -68,7 +71,7 @@ TEST(Scan, UnfinishedNumbersEndEarly) {
   EXPECT_EQ(tokens("12ab"), (Texts{"12", "ab"}));
 }
 
-TEST(Scan, KindsOfNumbers) {
+TEST(Scan, APointOrAnExponentMakesAReal) {
   for (const char* real : {"1.5", "1.5e3", "1.5E-3", ".5", ".5e+3", "1e3", "0E0"}) {
     EXPECT_EQ(tokens(real), Texts{real});
     EXPECT_EQ(type_of(real), VarType::real) << real;
@@ -79,35 +82,33 @@ TEST(Scan, KindsOfNumbers) {
   }
 }
 
-TEST(Scan, SignIsNeverPartOfANumber) { EXPECT_EQ(tokens("-1+2"), (Texts{"-", "1", "+", "2"})); }
+TEST(Scan, ASignIsNotPartOfANumber) { EXPECT_EQ(tokens("-1+2"), (Texts{"-", "1", "+", "2"})); }
 
-TEST(Scan, LongestMatchWins) {
+TEST(Scan, TheLongestMatchWins) {
   EXPECT_EQ(tokens("includes include includ"), (Texts{"includes", "include", "includ"}));
   EXPECT_EQ(tokens("$abc$ $$x"), (Texts{"$abc", "$", "$", "$x"}));
   EXPECT_EQ(tokens("$include"), (Texts{"$include"}));
   EXPECT_EQ(tokens("$1"), (Texts{"$", "1"}));
 }
 
-TEST(Scan, TokensOfTheGrammar) {
+TEST(Scan, EveryPunctuationMarkIsAToken) {
   const Texts all = {"(", ")", "{", "}", "[", "]", "=", ";", "+", "-", "*", "/", "$", ".."};
   for (const std::string& token : all) EXPECT_EQ(tokens(token), Texts{token});
 }
 
-TEST(Scan, CommentsRunToTheNewline) {
+TEST(Scan, CommentsEndAtTheNewline) {
   EXPECT_EQ(tokens("a # b\nc"), (Texts{"a", "c"}));
   EXPECT_EQ(tokens("a # b"), Texts{"a"});
   EXPECT_EQ(tokens("#"), Texts{});
   EXPECT_EQ(tokens("a#\r\nb"), (Texts{"a", "b"}));
 }
 
-TEST(Scan, StrayCharactersAreCopied) {
+TEST(Scan, StrayCharactersAreCopiedToStandardOutput) {
   const std::string all = std::string("@!%&'?,:<>|\\^`~.\"\f\v\x80\xff\r") + std::string(1, '\0');
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(tokens("a" + all + "b"), (Texts{"a", "b"}));
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), all);
+  EXPECT_EQ(printed([&] { EXPECT_EQ(tokens("a" + all + "b"), (Texts{"a", "b"})); }), all);
 }
 
-TEST(Scan, StringsHoldAllButQuotes) {
+TEST(Scan, StringsMayHoldAnyCharacterExceptQuotes) {
   std::istringstream in("\"a\n#\\\t\r$\" \"\"");
   ScriptScan scan(in);
   ASSERT_NE(scan.yylex(), 0);
@@ -125,7 +126,7 @@ TEST(Scan, StringsMayBeLongerThanTheBuffer) {
   EXPECT_EQ(scan.value().as_string(), text);
 }
 
-TEST(Scan, LinesAndColumnsCountFromOne) {
+TEST(Scan, LinesAndColumnsAreCountedFromOne) {
   std::istringstream in("a  b\n# c\n \"x\ny\" d");
   ScriptScan scan(in);
   const std::pair<unsigned, unsigned> expected[] = {{1, 1}, {1, 4}, {3, 2}, {4, 4}};
@@ -136,14 +137,14 @@ TEST(Scan, LinesAndColumnsCountFromOne) {
   }
 }
 
-TEST(Scan, BrokenStreamIsAFault) {
+TEST(Scan, AFailingStreamIsReported) {
   Broken buffer;
   std::istream in(&buffer);
   ScriptScan scan(in);
-  EXPECT_EQ(failure([&] { scan.yylex(); }), "text: YY_INPUT() in flex scanner failed");
+  EXPECT_EQ(thrown([&] { scan.yylex(); }), "plain: YY_INPUT() in flex scanner failed");
 }
 
-TEST(Scan, LiteralsOfIntegers) {
+TEST(Scan, IntegersKeepTheirLow32Bits) {
   EXPECT_EQ(integer_of("0"), 0);
   EXPECT_EQ(integer_of("2147483647"), 2147483647);
   EXPECT_EQ(integer_of("2147483648"), -2147483647 - 1);
@@ -155,8 +156,8 @@ TEST(Scan, LiteralsOfIntegers) {
 }
 
 TEST(Scan, RealsAreReadTheSameInEveryLocale) {
-  const CommaLocale comma;
-  if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
+  const Testing::CommaLocale comma;
+  if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma can be compiled here";
   ASSERT_EQ(std::strtod("2,5", nullptr), 2.5);
   EXPECT_EQ(real_of("2.5"), 2.5);
 }

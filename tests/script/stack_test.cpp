@@ -3,12 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "script/parse.h"
-#include "testutil.h"
+#include "support/thrown.h"
 
 using Script::List;
 using Script::Stack;
 using Script::Variable;
 using Script::VarType;
+using Testing::thrown;
 
 namespace {
 
@@ -44,7 +45,7 @@ TEST(Stack, OnlyTheInnermostListIsInScope) {
   EXPECT_EQ(stack.find("c").type(), VarType::empty);
 }
 
-TEST(Stack, FoundEntryIsTheField) {
+TEST(Stack, FindReturnsTheFieldItself) {
   Scopes scopes;
   Stack stack;
   stack.push(scopes.outer);
@@ -52,16 +53,16 @@ TEST(Stack, FoundEntryIsTheField) {
   EXPECT_STREQ(stack.find("a").name(), "a");
 }
 
-TEST(Stack, PopAtTheRootFails) {
+TEST(Stack, PopAtTheRootIsRefused) {
   Scopes scopes;
   Stack stack;
-  EXPECT_EQ(failure([&] { stack.pop(); }), "text: Stack underflow!");
+  EXPECT_EQ(thrown([&] { stack.pop(); }), "plain: Stack underflow!");
   stack.push(scopes.outer);
-  EXPECT_EQ(failure([&] { stack.pop(); }), "text: Stack underflow!");
+  EXPECT_EQ(thrown([&] { stack.pop(); }), "plain: Stack underflow!");
   EXPECT_EQ(stack.find("a").type(), VarType::fixed_integer);
 }
 
-TEST(Stack, SameListMayBeOpenTwice) {
+TEST(Stack, TheSameListMayBeOpenTwice) {
   Scopes scopes;
   Stack stack;
   stack.push(scopes.outer);
@@ -70,11 +71,11 @@ TEST(Stack, SameListMayBeOpenTwice) {
   EXPECT_EQ(stack.find("a").type(), VarType::fixed_integer);
 }
 
-TEST(Stack, LiteralsAreNoEntriesOfAScope) {
-  EXPECT_EQ(failure([] { Script::ident_token(Variable(1)); }),
-            "text: Unexpected type for an Ident!");
-  EXPECT_EQ(failure([] { Script::ident_token(Variable(1.0)); }),
-            "text: Unexpected type for an Ident!");
-  EXPECT_EQ(failure([] { Script::ident_token(Variable(std::string("s"))); }),
-            "text: Unexpected type for an Ident!");
+TEST(IdentToken, IsRefusedForLiterals) {
+  EXPECT_EQ(thrown([] { Script::ident_token(Variable(1)); }),
+            "plain: Unexpected type for an Ident!");
+  EXPECT_EQ(thrown([] { Script::ident_token(Variable(1.0)); }),
+            "plain: Unexpected type for an Ident!");
+  EXPECT_EQ(thrown([] { Script::ident_token(Variable(std::string("s"))); }),
+            "plain: Unexpected type for an Ident!");
 }

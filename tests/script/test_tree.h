@@ -1,5 +1,5 @@
-// A small tree of declared classes for the tests to read scripts into. No field is left unset at
-// the start, so that a script need not mention it.
+// A small tree of declared classes that tests read scripts into. Every field starts with a value,
+// so a script may leave it out.
 #ifndef KELPBOX_TESTS_SCRIPT_TEST_TREE_H_
 #define KELPBOX_TESTS_SCRIPT_TEST_TREE_H_
 
@@ -19,8 +19,8 @@ inline constexpr const char* untouched_text = "untouched";
 inline const Script::Rule any_size{};
 inline const Script::Rule optional_object{Script::SizeRule::at_most, 1, 0, 0};
 
-// The keys that a script has changed, one to a line, as "Tank.Section[2].width = 7". A number set
-// to `$` is shown as that.
+// Lists the keys that a script has changed, one a line, as "Tank.Section[2].width = 7". A number
+// without a value is shown as `$`.
 class Dump {
  public:
   void number(const std::string& key, double value) {
@@ -36,7 +36,7 @@ class Dump {
   void text(const std::string& key, const std::string& value) {
     if (value != untouched_text) text_ += key + " = \"" + value + "\"\n";
   }
-  // An object or an element that is there.
+  // An object or an element that exists.
   void block(const std::string& key) { text_ += key + "\n"; }
   const std::string& result() const { return text_; }
 
@@ -82,7 +82,7 @@ void dump_array(const std::string& key, const Script::WrapAry<T>& array, Dump& o
   }
 }
 
-// A box may hold a box.
+// A box may contain a box.
 class Box : public Script::Declared {
  public:
   const char* class_name() const override { return "Box"; }
@@ -123,7 +123,7 @@ class Section : public Script::Declared {
   Script::WrapObj<Box> box{optional_object};
 };
 
-// Once opened, a script must set all of it.
+// A script that opens this block must set all of it.
 class Strict : public Script::Declared {
  public:
   Strict() { units.number = Script::UnsetInteger; }
@@ -172,7 +172,7 @@ class Tank : public Script::Declared {
     list.array("few", few);
     list.array("from_one", from_one);
   }
-  // The title can ask for a failure.
+  // The title can request a failure.
   void create() override {
     if (title == "throw item") throw problem("Create").add("bad value ").add(7u);
     if (title == "throw string") throw std::string("bad string");

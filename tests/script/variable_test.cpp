@@ -8,11 +8,13 @@
 #include <utility>
 
 #include "samples.h"
+#include "support/thrown.h"
 #include "test_tree.h"
-#include "testutil.h"
 
 using Script::Variable;
 using Script::VarType;
+using Testing::nothing_thrown;
+using Testing::thrown;
 using TestTree::Samples;
 
 namespace {
@@ -22,7 +24,7 @@ constexpr std::int32_t greatest = std::numeric_limits<std::int32_t>::max();
 
 std::uint64_t bits(double value) { return std::bit_cast<std::uint64_t>(value); }
 
-// What a literal stores in a real field.
+// The value of a real literal, read through a field.
 double real_of(Variable literal) {
   double field = 0;
   Variable(VarType::fixed_real, "r", &field).assign(literal);
@@ -38,7 +40,7 @@ TEST(Variable, TypesHaveTheirNumbers) {
   }
 }
 
-TEST(Variable, MarksAreTheirBitPatterns) {
+TEST(Variable, MarksHaveTheirBitPatterns) {
   EXPECT_EQ(bits(Script::UnsetReal), 0x7FF0000000000001u);
   EXPECT_EQ(bits(Script::NoReal), 0x7FF8000000000000u);
   EXPECT_EQ(Script::UnsetInteger, 0x7FFFFFFF);
@@ -46,7 +48,7 @@ TEST(Variable, MarksAreTheirBitPatterns) {
   EXPECT_STREQ(Script::UnsetString, "#UNDEF#");
 }
 
-TEST(Variable, OwnershipOfAStringMoves) {
+TEST(Variable, MovingAStringEmptiesTheSource) {
   Variable first(std::string("text"));
   Variable second(std::move(first));
   EXPECT_EQ(first.type(), VarType::empty);  // NOLINT(bugprone-use-after-move)
@@ -57,14 +59,14 @@ TEST(Variable, OwnershipOfAStringMoves) {
   EXPECT_EQ(third.as_string(), "text");
 }
 
-TEST(Variable, MovingOtherTypesLeavesTheSource) {
+TEST(Variable, MovingOtherTypesKeepsTheSource) {
   Variable first(7);
   const Variable second(std::move(first));
   EXPECT_EQ(first.as_integer(), 7);  // NOLINT(bugprone-use-after-move)
   EXPECT_EQ(second.as_integer(), 7);
 }
 
-TEST(Variable, ReferenceIsTheSameEntryAgain) {
+TEST(Variable, AReferenceIsTheSameEntry) {
   const Samples samples;
   for (const Variable& sample : samples.all) {
     const Variable same = sample.reference();
@@ -76,13 +78,13 @@ TEST(Variable, ReferenceIsTheSameEntryAgain) {
   EXPECT_EQ(samples.all[3].as_string(), "three");
 }
 
-TEST(Variable, EachReadingTakesItsTypeAlone) {
+TEST(Variable, EachAccessorAcceptsItsTypesOnly) {
   const Samples samples;
   const auto check = [&](auto read, std::vector<int> good, const std::string& text) {
     for (int type = 0; type < 15; ++type) {
       const Variable& sample = samples.all[static_cast<std::size_t>(type)];
       const bool fits = std::find(good.begin(), good.end(), type) != good.end();
-      EXPECT_EQ(failure([&] { read(sample); }), fits ? "nothing" : "text: " + text) << type;
+      EXPECT_EQ(thrown([&] { read(sample); }), fits ? nothing_thrown : "plain: " + text) << type;
     }
   };
   check([](const Variable& v) { v.as_integer(); }, {1}, "Wrong type 8");
@@ -96,7 +98,7 @@ TEST(Variable, EachReadingTakesItsTypeAlone) {
   check([](const Variable& v) { v.string_field(); }, {9, 10}, "Wrong type");
 }
 
-TEST(Variable, ReadingsGiveTheValue) {
+TEST(Variable, AccessorsReturnTheValue) {
   const Samples samples;
   EXPECT_EQ(samples.all[1].as_integer(), 1);
   EXPECT_EQ(samples.all[3].as_string(), "three");
@@ -110,11 +112,11 @@ TEST(Variable, ReadingsGiveTheValue) {
   EXPECT_EQ(samples.all[9].string_field(), "ninety");
 }
 
-TEST(Variable, QuotesAreStrippedFromStringsAlone) {
+TEST(Variable, QuotesAreStrippedFromStringLiteralsOnly) {
   Samples samples;
   for (std::size_t type = 0; type < 15; ++type) {
     if (type == 3) continue;
-    EXPECT_EQ(failure([&] { samples.all[type].strip_quotes(); }), "text: Wrong type") << type;
+    EXPECT_EQ(thrown([&] { samples.all[type].strip_quotes(); }), "plain: Wrong type") << type;
   }
   Variable quoted(std::string("\"a b\""));
   quoted.strip_quotes();
@@ -127,8 +129,8 @@ TEST(Variable, QuotesAreStrippedFromStringsAlone) {
 TEST(Variable, ShortStringsCannotBeStripped) {
   for (const char* text : {"", "\""}) {
     Variable literal{std::string(text)};
-    EXPECT_EQ(failure([&] { literal.strip_quotes(); }),
-              "text: Can't strip this string as its too small");
+    EXPECT_EQ(thrown([&] { literal.strip_quotes(); }),
+              "plain: Can't strip this string as its too small");
   }
 }
 
@@ -141,7 +143,7 @@ TEST(Arithmetic, IntegersStayIntegers) {
   EXPECT_EQ((-Variable(7)).as_integer(), -7);
 }
 
-TEST(Arithmetic, IntegersWrap) {
+TEST(Arithmetic, IntegersWrapAt32Bits) {
   EXPECT_EQ((Variable(greatest) + Variable(1)).as_integer(), least);
   EXPECT_EQ((Variable(least) - Variable(1)).as_integer(), greatest);
   EXPECT_EQ((Variable(greatest) * Variable(2)).as_integer(), -2);
@@ -150,7 +152,7 @@ TEST(Arithmetic, IntegersWrap) {
   EXPECT_EQ((-Variable(least)).as_integer(), least);
 }
 
-TEST(Arithmetic, ARealOnEitherSideMakesAReal) {
+TEST(Arithmetic, ARealOnEitherSideGivesAReal) {
   for (const auto& [left, right] :
        {std::pair(Variable(7).type(), VarType::real), std::pair(VarType::real, Variable(2).type()),
         std::pair(VarType::real, VarType::real)}) {
@@ -166,35 +168,35 @@ TEST(Arithmetic, ARealOnEitherSideMakesAReal) {
   EXPECT_EQ(real_of(-Variable(2.5)), -2.5);
 }
 
-TEST(Arithmetic, OtherTypesFailWithTheOperatorInTheText) {
+TEST(Arithmetic, OtherTypesAreRefusedWithTheOperatorInTheMessage) {
   const Samples samples;
   for (std::size_t type = 0; type < 15; ++type) {
     if (type == 1 || type == 2) continue;
     const Variable& bad = samples.all[type];
     const Variable good(1);
     const auto lhs = [](const char* op) {
-      return std::string("text: Unexpected type for lhs of ") + op + " operator";
+      return std::string("plain: Unexpected type for lhs of ") + op + " operator";
     };
     const auto rhs = [](const char* op) {
-      return std::string("text: Unexpected type for rhs value of ") + op + " operator";
+      return std::string("plain: Unexpected type for rhs value of ") + op + " operator";
     };
-    EXPECT_EQ(failure([&] { bad + good; }), lhs("+"));
-    EXPECT_EQ(failure([&] { bad - good; }), lhs("-"));
-    EXPECT_EQ(failure([&] { bad* good; }), lhs("*"));
-    EXPECT_EQ(failure([&] { bad / good; }), lhs("/"));
-    EXPECT_EQ(failure([&] { good + bad; }), rhs("+"));
-    EXPECT_EQ(failure([&] { good - bad; }), rhs("-"));
-    EXPECT_EQ(failure([&] { good* bad; }), rhs("*"));
-    EXPECT_EQ(failure([&] { good / bad; }), rhs("/"));
-    EXPECT_EQ(failure([&] { Variable(1.5) + bad; }), rhs("+"));
-    EXPECT_EQ(failure([&] { bad + bad; }), lhs("+"));
-    EXPECT_EQ(failure([&] { -bad; }), rhs("+"));
+    EXPECT_EQ(thrown([&] { bad + good; }), lhs("+"));
+    EXPECT_EQ(thrown([&] { bad - good; }), lhs("-"));
+    EXPECT_EQ(thrown([&] { bad* good; }), lhs("*"));
+    EXPECT_EQ(thrown([&] { bad / good; }), lhs("/"));
+    EXPECT_EQ(thrown([&] { good + bad; }), rhs("+"));
+    EXPECT_EQ(thrown([&] { good - bad; }), rhs("-"));
+    EXPECT_EQ(thrown([&] { good* bad; }), rhs("*"));
+    EXPECT_EQ(thrown([&] { good / bad; }), rhs("/"));
+    EXPECT_EQ(thrown([&] { Variable(1.5) + bad; }), rhs("+"));
+    EXPECT_EQ(thrown([&] { bad + bad; }), lhs("+"));
+    EXPECT_EQ(thrown([&] { -bad; }), rhs("+"));
   }
 }
 
 TEST(ArithmeticDeathTest, IntegerDivisionByZeroStopsTheProcess) {
   const auto divide = [] {
-    std::signal(SIGFPE, SIG_DFL);  // a sanitizer would catch it
+    std::signal(SIGFPE, SIG_DFL);  // a sanitizer installs its own handler
     return (Variable(1) / Variable(0)).as_integer();
   };
   EXPECT_EXIT(divide(), testing::KilledBySignal(SIGFPE), "");
@@ -225,10 +227,10 @@ TEST(Variable, ObjectsAndArraysAreSetOnceBuilt) {
   EXPECT_TRUE(samples.all[14].is_set());
 }
 
-TEST(Variable, LiteralsCannotBeAskedWhetherTheyAreSet) {
+TEST(Variable, IsSetIsRefusedForLiterals) {
   const Samples samples;
   for (std::size_t type = 0; type < 5; ++type) {
-    EXPECT_EQ(failure([&] { samples.all[type].is_set(); }), "text: Not a ref type!!");
+    EXPECT_EQ(thrown([&] { samples.all[type].is_set(); }), "plain: Not a ref type!!");
   }
 }
 
@@ -237,7 +239,7 @@ TEST(Variable, SimpleFieldsAreAlwaysRequired) {
   for (std::size_t type = 0; type < 13; ++type) EXPECT_TRUE(samples.all[type].is_required());
 }
 
-TEST(Variable, RuleSaysWhetherABlockIsRequired) {
+TEST(Variable, TheRuleDecidesWhetherABlockIsRequired) {
   using Script::SizeRule;
   const auto required = [](Script::Rule rule) {
     Script::WrapObj<TestTree::Layer> object(rule);
@@ -256,7 +258,7 @@ TEST(Variable, RuleSaysWhetherABlockIsRequired) {
   EXPECT_FALSE(required({SizeRule::exactly, 0, 0, 0}));
 }
 
-TEST(Variable, WrapperMayRequireWhatItsRuleDoesNot) {
+TEST(Variable, AWrapperMayRequireMoreThanItsRule) {
   struct Wanted : Script::WrapAry<TestTree::Layer> {
     using WrapAry::WrapAry;
     bool required() const override { return true; }
@@ -264,23 +266,23 @@ TEST(Variable, WrapperMayRequireWhatItsRuleDoesNot) {
   EXPECT_TRUE(Variable("a", static_cast<Script::BaseWrapAry*>(&array)).is_required());
 }
 
-TEST(Variable, NoValueIsForNumbersAlone) {
+TEST(Variable, NoValueIsAcceptedForNumberFieldsOnly) {
   Samples samples;
   for (std::size_t type = 0; type < 15; ++type) {
     samples.integer = 0;
     samples.real = 0;
-    const std::string outcome = failure([&] { samples.all[type].set_no_value(); });
+    const std::string outcome = thrown([&] { samples.all[type].set_no_value(); });
     if (type < 5 || type > 8) {
-      EXPECT_EQ(outcome, "text: Trying to set to NaN an item not of simple variable type");
+      EXPECT_EQ(outcome, "plain: Trying to set to NaN an item not of simple variable type");
       continue;
     }
-    EXPECT_EQ(outcome, "nothing");
+    EXPECT_EQ(outcome, nothing_thrown);
     EXPECT_EQ(samples.integer == least, type < 7);
     EXPECT_EQ(bits(samples.real) == 0x7FF8000000000000u, type > 6);
   }
 }
 
-TEST(SubEnum, MemberNameIsFoundByNumberNotByPosition) {
+TEST(SubEnum, MemberNamesAreFoundByNumberNotPosition) {
   TestTree::Units units;
   units.number = 7;
   EXPECT_STREQ(units.member_name(), "imperial");

@@ -5,11 +5,13 @@
 #include <sstream>
 
 #include "script/wrap.h"
+#include "support/thrown.h"
 #include "test_tree.h"
-#include "testutil.h"
 
 using Script::List;
 using Script::SizeRule;
+using Testing::nothing_thrown;
+using Testing::thrown;
 
 namespace {
 
@@ -18,7 +20,7 @@ std::vector<std::string>& finished() {
   return paths;
 }
 
-// Notes its path when it finishes itself.
+// Records its path when it is created.
 class Leaf : public Script::Declared {
  public:
   const char* class_name() const override { return "Leaf"; }
@@ -69,14 +71,14 @@ class NullLog : public Script::Log {
 
 }  // namespace
 
-TEST(Verify, MissingRootIsReported) {
+TEST(Verify, AMissingRootIsReported) {
   const Tree tree;
   bool complete = true;
   EXPECT_EQ(report_of(tree.root, complete), "Tank{}\n");
   EXPECT_FALSE(complete);
 }
 
-TEST(Verify, LinesAreReadyToPaste) {
+TEST(Verify, EachMissingKeyIsALineOfScript) {
   Tree tree;
   tree.tank.build();
   bool complete = true;
@@ -92,7 +94,7 @@ TEST(Verify, LinesAreReadyToPaste) {
   EXPECT_FALSE(complete);
 }
 
-TEST(Verify, CompleteTreeReportsNothing) {
+TEST(Verify, ACompleteTreeReportsNothing) {
   Tree tree;
   tree.tank.build();
   tree.tank.get()->n = 1;
@@ -105,7 +107,7 @@ TEST(Verify, CompleteTreeReportsNothing) {
   EXPECT_TRUE(complete);
 }
 
-TEST(Verify, OptionalObjectIsCheckedOnceItIsThere) {
+TEST(Verify, AnOptionalObjectIsCheckedOnceItIsBuilt) {
   Script::WrapObj<Leaf> spare({SizeRule::at_most, 1, 0, 0});
   List list;
   list.object("spare", spare);
@@ -117,7 +119,7 @@ TEST(Verify, OptionalObjectIsCheckedOnceItIsThere) {
   EXPECT_FALSE(complete);
 }
 
-TEST(SetPaths, KeysAndIndicesMakeThePath) {
+TEST(SetPaths, KeysAndIndicesFormThePath) {
   Tree tree;
   tree.tank.build();
   tree.tank.get()->sections.build(3, 2);
@@ -141,7 +143,7 @@ TEST(SetPaths, NegativeIndicesKeepTheirSign) {
   EXPECT_EQ(array[0].path(), "a[-1]");
 }
 
-TEST(FindLog, OwnLogComesFirst) {
+TEST(FindLog, TheOutermostLogComesFirst) {
   Tree tree;
   NullLog outer;
   NullLog inner;
@@ -153,7 +155,7 @@ TEST(FindLog, OwnLogComesFirst) {
   EXPECT_EQ(find_log(tree.root), &outer);
 }
 
-TEST(FindLog, SearchGoesDepthFirstInOrder) {
+TEST(FindLog, TheSearchIsDepthFirst) {
   Tree tree;
   NullLog section;
   NullLog lid;
@@ -166,7 +168,7 @@ TEST(FindLog, SearchGoesDepthFirstInOrder) {
   EXPECT_EQ(find_log(tree.root), &section);
 }
 
-TEST(Create, ChildrenFinishBeforeTheirParents) {
+TEST(Create, ChildrenAreCreatedBeforeTheirParents) {
   Tree tree;
   tree.tank.build();
   tree.tank.get()->n = 1;
@@ -183,25 +185,25 @@ TEST(Create, ChildrenFinishBeforeTheirParents) {
                                                   "Tank::lid", "Tank"}));
 }
 
-TEST(Create, UndefinedFieldsFail) {
+TEST(Create, UndefinedFieldsAreRefused) {
   Tree tree;
-  EXPECT_EQ(failure([&] { create(tree.root); }), "text: calling create on undefined object");
+  EXPECT_EQ(thrown([&] { create(tree.root); }), "plain: calling create on undefined object");
   tree.tank.build();
-  EXPECT_EQ(failure([&] { create(tree.root); }), "text: calling create on undefined object");
+  EXPECT_EQ(thrown([&] { create(tree.root); }), "plain: calling create on undefined object");
   List list;
   double unset = Script::UnsetReal;
   list.fixed("r", unset);
-  EXPECT_EQ(failure([&] { create(list); }), "text: calling create on undefined object");
+  EXPECT_EQ(thrown([&] { create(list); }), "plain: calling create on undefined object");
 }
 
-TEST(Create, OptionalObjectMayStayUndefined) {
+TEST(Create, AnOptionalObjectMayBeUndefined) {
   Script::WrapObj<Leaf> spare({SizeRule::at_most, 1, 0, 0});
   List list;
   list.object("spare", spare);
-  EXPECT_EQ(failure([&] { create(list); }), "nothing");
+  EXPECT_EQ(thrown([&] { create(list); }), nothing_thrown);
 }
 
-TEST(Clone, UnlikeListsFail) {
+TEST(Clone, DifferentListsAreRefused) {
   double real = 1;
   std::int32_t integer = 1;
   const auto list = [&](const char* name) {
@@ -212,21 +214,21 @@ TEST(Clone, UnlikeListsFail) {
   List one = list("One");
   List two = list("Two");
   List unnamed;
-  EXPECT_EQ(failure([&] { clone(one, two); }), "text: Trying to clone disimilar lists");
-  EXPECT_EQ(failure([&] { clone(one, unnamed); }), "text: Trying to clone disimilar lists");
-  EXPECT_EQ(failure([&] { clone(unnamed, one); }), "text: Trying to clone disimilar lists");
-  EXPECT_EQ(failure([&] { clone(unnamed, unnamed); }), "nothing");
+  EXPECT_EQ(thrown([&] { clone(one, two); }), "plain: Trying to clone disimilar lists");
+  EXPECT_EQ(thrown([&] { clone(one, unnamed); }), "plain: Trying to clone disimilar lists");
+  EXPECT_EQ(thrown([&] { clone(unnamed, one); }), "plain: Trying to clone disimilar lists");
+  EXPECT_EQ(thrown([&] { clone(unnamed, unnamed); }), nothing_thrown);
 
   const std::string same(one.name());
   List longer = list(same.c_str());
   longer.fixed("r", real);
-  EXPECT_EQ(failure([&] { clone(one, longer); }), "text: Something very wrong");
+  EXPECT_EQ(thrown([&] { clone(one, longer); }), "plain: Something very wrong");
 
   one.fixed("r", integer);
-  EXPECT_EQ(failure([&] { clone(one, longer); }), "text: Major muckup");
+  EXPECT_EQ(thrown([&] { clone(one, longer); }), "plain: Major muckup");
   List adjustable = list("One");
   adjustable.adjustable("r", real);
-  EXPECT_EQ(failure([&] { clone(adjustable, longer); }), "text: Major muckup");
+  EXPECT_EQ(thrown([&] { clone(adjustable, longer); }), "plain: Major muckup");
 }
 
 TEST(Clone, CopiesEveryKindOfField) {
