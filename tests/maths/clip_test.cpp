@@ -5,7 +5,7 @@
 #include <limits>
 #include <vector>
 
-#include "support.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -13,6 +13,7 @@ using Maths::clip_report;
 using Maths::clip_scan;
 using Maths::ClipPeak;
 using Maths::ClipStats;
+using Testing::thrown;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
@@ -23,7 +24,7 @@ Base::Vector signal(std::vector<double> data) {
   return vector;
 }
 
-// Half waves that start at 1, 5, 8 and 10; the last goes round the end. The first two pass 1.
+// Half waves start at 1, 5, 8 and 10; the last one wraps round the end. The first two exceed 1.
 const std::vector<double> four_half_waves{-0.5, 0.5,  2.0,  1.5,  0.5,   -0.5,
                                           -3.0, -0.5, 0.25, 0.25, -0.25, -0.25};
 
@@ -45,7 +46,7 @@ TEST(ClipScan, CountsHalfWavesAndTheirEnergy) {
   EXPECT_EQ(peaks[1].ratio, 1.0 / 3.0);
 }
 
-TEST(ClipScan, TotalsGrowFromSignalToSignal) {
+TEST(ClipScan, TotalsAccumulateOverSignals) {
   ClipStats stats;
   stats.limit = 1.0;
   std::vector<ClipPeak> peaks;
@@ -56,10 +57,10 @@ TEST(ClipScan, TotalsGrowFromSignalToSignal) {
   EXPECT_EQ(stats.clipped_half_waves, 4u);
   EXPECT_DOUBLE_EQ(stats.total_energy, 2 * 16.75);
   EXPECT_DOUBLE_EQ(stats.clipped_energy, 2 * clipped);
-  EXPECT_EQ(peaks.size(), 2u);  // of the last signal alone
+  EXPECT_EQ(peaks.size(), 2u);  // of the last signal only
 }
 
-TEST(ClipScan, ASignalThatNeverChangesSignIsNotCounted) {
+TEST(ClipScan, ASignalWithoutASignChangeIsNotCounted) {
   for (const auto& data : std::vector<std::vector<double>>{
            {}, {5.0}, {0.0, 0.0, 0.0}, {5.0, 3.0, 5.0}, {-5.0, 0.0, -3.0}, {nan, nan}}) {
     ClipStats stats;
@@ -72,14 +73,14 @@ TEST(ClipScan, ASignalThatNeverChangesSignIsNotCounted) {
   }
 }
 
-TEST(ClipScan, TheLimitItselfDoesNotClip) {
+TEST(ClipScan, ASampleAtTheLimitIsNotClipped) {
   ClipStats stats;
   stats.limit = 1.0;
   std::vector<ClipPeak> peaks;
   clip_scan(signal({1.0, -1.0}), stats, peaks);
   EXPECT_EQ(stats.half_waves, 2u);
   EXPECT_EQ(stats.clipped_half_waves, 0u);
-  // Once above, a sample at the limit does not end the peak.
+  // A sample at the limit does not end a peak above it.
   clip_scan(signal({-0.5, 2.0, 1.0, 3.0, 0.5, -0.5}), stats, peaks);
   ASSERT_EQ(peaks.size(), 1u);
   EXPECT_EQ(peaks[0].index, 3u);
@@ -95,7 +96,7 @@ TEST(ClipScan, ZeroIsNotPositive) {
   EXPECT_EQ(stats.half_waves, 6u);
 }
 
-TEST(ClipScan, AFlatPeakIsListedAtItsFirstSample) {
+TEST(ClipScan, AFlatPeakIsReportedAtItsFirstSample) {
   ClipStats stats;
   stats.limit = 1.0;
   std::vector<ClipPeak> peaks;
@@ -104,7 +105,7 @@ TEST(ClipScan, AFlatPeakIsListedAtItsFirstSample) {
   EXPECT_EQ(peaks[0].index, 1u);
 }
 
-TEST(ClipScan, TheLastPeakOfAHalfWaveWeighsItsEnergy) {
+TEST(ClipScan, TheLastPeakOfAHalfWaveDeterminesItsClippedEnergy) {
   ClipStats stats;
   stats.limit = 1.0;
   std::vector<ClipPeak> peaks;
@@ -116,7 +117,7 @@ TEST(ClipScan, TheLastPeakOfAHalfWaveWeighsItsEnergy) {
   EXPECT_DOUBLE_EQ(stats.clipped_energy, 0.75 * (16.0 + 0.25 + 4.0 + 0.25));
 }
 
-TEST(ClipScan, APeakAboveTheLimitAtTheEndIsNotListed) {
+TEST(ClipScan, APeakThatContinuesAtTheEndIsNotReported) {
   ClipStats stats;
   stats.limit = 1.0;
   std::vector<ClipPeak> peaks;
@@ -127,18 +128,18 @@ TEST(ClipScan, APeakAboveTheLimitAtTheEndIsNotListed) {
   EXPECT_DOUBLE_EQ(stats.total_energy, 0.25 + 50.25);
 }
 
-TEST(ClipScan, ACrossingHiddenBehindAPeakIsUnmatched) {
-  // The sample that ends the peak is already of the other sign, and the walk ends there.
+TEST(ClipScan, ACrossingDirectlyAfterAPeakIsUnmatched) {
+  // The sample that ends the peak already has the other sign, and the scan stops there.
   ClipStats stats;
   stats.limit = 1.0;
   std::vector<ClipPeak> peaks;
-  EXPECT_EQ(thrown_text([&] {
+  EXPECT_EQ(thrown([&] {
               clip_scan(signal({-0.5, 5.0}), stats, peaks);
             }),
             "Unmatched zero crossings");
 }
 
-TEST(ClipReport, GivesTheRatios) {
+TEST(ClipReport, ReportsTheRatios) {
   ClipStats stats;
   stats.limit = 1.0;
   std::vector<ClipPeak> peaks;
@@ -150,7 +151,7 @@ TEST(ClipReport, GivesTheRatios) {
   EXPECT_DOUBLE_EQ(params.get("clip_peak_ratio", ""), 0.5);
 }
 
-TEST(ClipReport, IsSilentWithoutClipping) {
+TEST(ClipReport, IsEmptyWithoutClipping) {
   ClipStats stats;
   stats.limit = 10.0;
   std::vector<ClipPeak> peaks;

@@ -9,7 +9,8 @@
 #include <vector>
 
 #include "maths/dispersion.h"
-#include "support.h"
+#include "simpson.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -18,6 +19,8 @@ using Maths::dalrymple_angles;
 using Maths::FrontSet;
 using Maths::HarmonicFront;
 using Maths::TankRun;
+using Testing::nothing_thrown;
+using Testing::thrown;
 using Complex = std::complex<double>;
 
 constexpr double pi = std::numbers::pi;
@@ -37,6 +40,7 @@ TankRun flat_tank() {
   return {tank, run};
 }
 
+// As the library has it: dispersion_test.cpp proves it.
 double wave_number(std::size_t harmonic) {
   return Maths::knum(2 * pi * static_cast<double>(harmonic) / 10.0, depth, g);
 }
@@ -48,9 +52,9 @@ FrontSet one_slot(std::size_t slot, std::vector<HarmonicFront> fronts) {
   return set;
 }
 
-// A front's share in the mode cos(m pi (y + W/2) / W) of a tank from -W/2 to W/2: the projection
-// of its crosswise form exp(i ky y), split on the two mirror images of the mode, the phase of
-// the image at +q being counted at y = 0.
+// The share of a front in the mode cos(m pi (y + W/2) / W) of a tank from -W/2 to W/2: the
+// projection of exp(i ky y), divided between the two mirror images of the mode. The phase of the
+// image at +q is that at y = 0.
 Complex projected(double ky, double width, int m) {
   const double q = m * pi / width;
   const auto inner = [&](double y) {
@@ -59,7 +63,7 @@ Complex projected(double ky, double width, int m) {
   return simpson(inner, -width / 2, width / 2, 4000) / width * std::exp(i_unit * (m * pi / 2));
 }
 
-// The crosswise slope of the surface at (0, y): its amplitude over i.
+// The amplitude of the crosswise slope of the surface at (0, y), divided by i.
 Complex slope_across(const std::vector<HarmonicFront>& fronts, double k, double y) {
   Complex sum;
   for (const HarmonicFront& front : fronts) {
@@ -86,14 +90,14 @@ TEST(DalrympleAngles, AreTheProjectionsOnTheModesOfTheWidth) {
   }
 }
 
-TEST(DalrympleAngles, AWaveAlongTheTankIsTheFirstModeAlone) {
+TEST(DalrympleAngles, AWaveAlongTheTankIsTheFirstModeOnly) {
   std::vector<double> c(4);
   dalrymple_angles(5.0, 2.0, 0.0, c);
   EXPECT_EQ(c[0], 1.0);
   for (std::size_t m = 1; m < c.size(); ++m) EXPECT_EQ(c[m], 0.0);
 }
 
-TEST(DalrympleAngles, AWaveOfAModesOwnAngleIsHalfOfItsPair) {
+TEST(DalrympleAngles, AWaveAtTheAngleOfAModeIsHalfOfItsPair) {
   const double k = 5.0;
   const double width = 2.0;
   std::vector<double> c(4);
@@ -102,18 +106,18 @@ TEST(DalrympleAngles, AWaveOfAModesOwnAngleIsHalfOfItsPair) {
     dalrymple_angles(k, width, theta, c);
     EXPECT_EQ(c[m], 0.5);
     EXPECT_NEAR(projected(k * std::sin(theta), width, static_cast<int>(m)).real(), 0.5, 1e-10);
-    // Modes that lie an even number away have no share in it.
+    // Modes at an even distance have no share.
     for (std::size_t n = m % 2; n < c.size(); n += 2) {
       EXPECT_NEAR(c[n], n == m ? 0.5 : 0.0, 1e-12) << m << " " << n;
     }
-    // The mirror image has the same half, where the projection has the sign of the pair.
+    // The mirror image also has the positive half, although its projection may be negative.
     dalrymple_angles(k, width, -theta, c);
     EXPECT_EQ(c[m], 0.5);
   }
 }
 
-TEST(DalrympleAngles, NearAModesOwnAngleTheLimitIsTaken) {
-  // One front of |ky| below 1e-6, in a width so large that the phase across it counts.
+TEST(DalrympleAngles, NearTheAngleOfAModeTheLimitIsUsed) {
+  // |ky| below 1e-6, in a tank so wide that the phase still changes across it.
   const double wide = 1e5;
   std::vector<double> first(1);
   dalrymple_angles(1.0, wide, 0.9e-6, first);
@@ -121,7 +125,7 @@ TEST(DalrympleAngles, NearAModesOwnAngleTheLimitIsTaken) {
   dalrymple_angles(1.0, wide, 1.1e-6, first);
   EXPECT_NEAR(first[0], std::sin(0.055) / 0.055, 1e-12);
 
-  // One whose ky^2 is off the mode's by less than 1e-6.
+  // ky^2 within 1e-6 of that of the mode.
   const double k = 2.0;
   const double width = 4.0;
   const double q = pi / width;
@@ -136,17 +140,17 @@ TEST(DalrympleAngles, NearAModesOwnAngleTheLimitIsTaken) {
   }
 }
 
-TEST(DalrympleAngles, RefusesModesThatCannotTravel) {
+TEST(DalrympleAngles, RefusesEvanescentModes) {
   std::vector<double> c(4);
-  EXPECT_EQ(thrown_text([&] { dalrymple_angles(5.0, 1.8, 0.3, c); }),
+  EXPECT_EQ(thrown([&] { dalrymple_angles(5.0, 1.8, 0.3, c); }),
             "Too many mode in angle set for dalrymple_angles");
-  EXPECT_EQ(thrown_text([&] { dalrymple_angles(5.0, 1.9, 0.3, c); }), "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { dalrymple_angles(5.0, 1.9, 0.3, c); }), nothing_thrown);
   std::vector<double> none;
   dalrymple_angles(5.0, 1.9, 0.3, none);
   EXPECT_TRUE(none.empty());
 }
 
-TEST(Dalrymple, AForwardFrontBecomesTheModesOfTheTank) {
+TEST(Dalrymple, AForwardFrontIsReplacedByTheModesOfTheTank) {
   const double width = 3.0;
   const std::size_t slot = 10;
   const double k = wave_number(slot);
@@ -211,7 +215,7 @@ TEST(Dalrymple, BackwardFrontsFollowTheForwardOnes) {
   }
 }
 
-TEST(Dalrymple, TheModesAreThoseOfTheWaterAtThePaddles) {
+TEST(Dalrymple, TheModesFollowTheDepthAtThePaddles) {
   Maths::TankConfig tank = flat_tank().tank();
   tank.profile = {{depth, 0.0}, {0.05, 30.0}};
   FrontSet set = one_slot(10, {{0.2, 0.6, 0.9}});
@@ -220,20 +224,20 @@ TEST(Dalrymple, TheModesAreThoseOfTheWaterAtThePaddles) {
   EXPECT_NEAR(set.slots[10][1].angle, std::asin(pi / (wave_number(10) * 3.0)), 1e-12);
 }
 
-TEST(Dalrymple, BackwardFrontsAloneStartTheList) {
+TEST(Dalrymple, BackwardFrontsMayBeTheOnlyOnes) {
   FrontSet set = one_slot(10, {{0.1, -2.5, 0.4}});
   dalrymple(set, flat_tank(), 3.0);
   ASSERT_EQ(set.slots[10].size(), 7u);
   EXPECT_NEAR(set.slots[10][0].angle, pi, 1e-15);
 }
 
-TEST(Dalrymple, ASingleFrontAlongTheTankIsLeftAlone) {
+TEST(Dalrymple, ASingleFrontAlongTheTankIsNotChanged) {
   FrontSet set = one_slot(10, {{0.1, 0.9e-6, 0.4}});
   dalrymple(set, flat_tank(), 3.0);
   ASSERT_EQ(set.slots[10].size(), 1u);
   EXPECT_EQ(set.slots[10][0].angle, 0.9e-6);
   EXPECT_TRUE(set.slots[9].empty());
-  // Just above, and two of them, are treated.
+  // A larger angle and a second front are treated.
   set = one_slot(10, {{0.1, 1.1e-6, 0.4}});
   dalrymple(set, flat_tank(), 3.0);
   EXPECT_EQ(set.slots[10].size(), 7u);
@@ -267,10 +271,10 @@ TEST(Dalrymple, ANarrowTankAdmitsOnlyTheWaveAlongIt) {
 }
 
 TEST(Dalrymple, AModeAtItsCutOffHasAnAngle) {
-  // Widths at which rounding alone carries m pi / kW above 1.
+  // At some widths only rounding takes m pi / kW above 1.
   const std::size_t slot = 20;
   const double k = wave_number(slot);
-  int met = 0;
+  int found = 0;
   for (int N = 1; N < 400; ++N) {
     double width = N * pi / k;
     for (int ulp = 0; ulp < 4; ++ulp) width = std::nextafter(width, 0.0);
@@ -278,22 +282,23 @@ TEST(Dalrymple, AModeAtItsCutOffHasAnAngle) {
       width = std::nextafter(width, 1e9);
       const double kW = k * width;
       if (std::floor(kW / pi) != N || !(N * pi / kW > 1.0) || (pi / kW) * N > 1.0) continue;
-      ++met;
+      ++found;
       FrontSet set = one_slot(slot, {{0.1, 0.5, 0.4}});
       dalrymple(set, flat_tank(), width);
       ASSERT_EQ(set.slots[slot].size(), 2u * static_cast<unsigned>(N) + 1);
       EXPECT_NEAR(set.slots[slot].back().angle, -pi / 2, 1e-7);
     }
   }
-  EXPECT_GT(met, 0);
+  EXPECT_GT(found, 0);
 }
 
-TEST(Dalrymple, RefusesAWidthWithoutAUsableNumberOfModes) {
+TEST(Dalrymple, RefusesAWidthWithAnUnusableNumberOfModes) {
   for (const double width : {1e9, -3.0, std::numeric_limits<double>::quiet_NaN()}) {
     FrontSet set = one_slot(10, {{0.1, 0.5, 0.4}});
-    const std::string text = thrown_text([&] { dalrymple(set, flat_tank(), width); });
-    EXPECT_EQ(text.rfind("Dalrymple treatment::unusable number of modes for k * width = ", 0), 0u)
-        << text;
+    const std::string message = thrown([&] { dalrymple(set, flat_tank(), width); });
+    EXPECT_TRUE(
+        message.starts_with("Dalrymple treatment::unusable number of modes for k * width = "))
+        << message;
   }
 }
 

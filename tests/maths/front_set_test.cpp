@@ -6,7 +6,8 @@
 #include <limits>
 #include <vector>
 
-#include "support.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -15,6 +16,8 @@ using Maths::FrontSet;
 using Maths::HarmonicFront;
 using Maths::reduced_length;
 using Maths::RunData;
+using Testing::printed;
+using Testing::thrown;
 
 FrontSet slots(std::uint64_t count) {
   FrontSet set;
@@ -29,7 +32,7 @@ RunData run_from(std::uint64_t low) {
   return run;
 }
 
-TEST(FrontRecords, TheFrequencyIsGivenFirst) {
+TEST(FrontRecords, HaveTheFrequencyFirst) {
   const Synthesis::Front front(0.5, 1.0, 2.0, 3.0);
   EXPECT_EQ(front.freq, 0.5);
   EXPECT_EQ(front.amp, 1.0);
@@ -42,7 +45,7 @@ TEST(FrontRecords, TheFrequencyIsGivenFirst) {
   EXPECT_EQ(shown.phase, 3.0);
 }
 
-TEST(FrontRecords, AreZeroWhenMade) {
+TEST(FrontRecords, AreZeroByDefault) {
   const Synthesis::Front front;
   EXPECT_EQ(front.amp, 0.0);
   EXPECT_EQ(front.angle, 0.0);
@@ -55,7 +58,7 @@ TEST(FrontRecords, AreZeroWhenMade) {
   EXPECT_EQ(sent.harmonic, 0u);
 }
 
-TEST(FrontSet, FilesFrontsByHarmonicInOrder) {
+TEST(FrontSet, KeepsTheFrontsOfAHarmonicInOrder) {
   FrontSet set = slots(4);
   set.add_front(3, {1.0, 0.1, 0.2});
   set.add_front(3, {-2.0, 0.3, 0.4});
@@ -67,7 +70,7 @@ TEST(FrontSet, FilesFrontsByHarmonicInOrder) {
   EXPECT_TRUE(set.slots[2].empty());
 }
 
-TEST(FrontSet, DropsAFrontOfNoAmplitude) {
+TEST(FrontSet, DiscardsAFrontOfZeroAmplitude) {
   FrontSet set = slots(2);
   set.add_front(1, {0.0, 0.1, 0.2});
   set.add_front(1, {-0.0, 0.1, 0.2});
@@ -76,14 +79,15 @@ TEST(FrontSet, DropsAFrontOfNoAmplitude) {
   EXPECT_EQ(set.slots[1].size(), 1u);
 }
 
-TEST(FrontSet, ASlotBeyondTheSetWritesALineAndThrows) {
+TEST(FrontSet, ASlotBeyondTheSetIsPrintedAndRefused) {
   FrontSet set = slots(4);
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(thrown_text([&] { set.add_front(4, {1.0, 0.0, 0.0}); }), "Help");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "front error 4 4\n");
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(thrown_text([&] { set.add_front(70, {0.0, 0.0, 0.0}); }), "Help");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "front error 70 4\n");
+  const auto refusal = [&](std::uint64_t slot, double amp) {
+    return printed([&] {
+      EXPECT_EQ(thrown([&] { set.add_front(slot, {amp, 0.0, 0.0}); }), "Help");
+    });
+  };
+  EXPECT_EQ(refusal(4, 1.0), "front error 4 4\n");
+  EXPECT_EQ(refusal(70, 0.0), "front error 70 4\n");
 }
 
 TEST(FrontSet, ResetEmptiesAllSlots) {
@@ -97,17 +101,17 @@ TEST(FrontSet, ResetEmptiesAllSlots) {
 TEST(FrontSet, RefusesMoreSlotsThanMemoryHolds) {
   FrontSet set;
   EXPECT_EQ(
-      thrown_text([&] { set.reset(std::numeric_limits<std::uint64_t>::max()); }),
+      thrown([&] { set.reset(std::numeric_limits<std::uint64_t>::max()); }),
       "Front set::18446744073709551615 harmonics are more than the 67108864 that can be held");
 }
 
-TEST(FrontSet, DisplayFrontsCarryTheirFrequency) {
+TEST(FrontSet, DisplayFrontsHaveTheirFrequency) {
   FrontSet set = slots(8);
   set.add_front(7, {3.0, 0.3, 0.6});
   set.add_front(2, {1.0, 0.1, 0.2});
   set.add_front(2, {2.0, 0.2, 0.4});
   std::vector<Synthesis::Front> out(1);
-  set.display_fronts(out, run_from(5));  // slot 2 lies below the lowest harmonic
+  set.display_fronts(out, run_from(5));  // slot 2 is below the lowest harmonic
   ASSERT_EQ(out.size(), 4u);
   EXPECT_EQ(out[1].amp, 1.0);
   EXPECT_EQ(out[1].freq, 0.2);
@@ -118,7 +122,7 @@ TEST(FrontSet, DisplayFrontsCarryTheirFrequency) {
   EXPECT_EQ(out[3].freq, 0.7);
 }
 
-TEST(FrontSet, TransferFrontsCarryTheirHarmonic) {
+TEST(FrontSet, TransferFrontsHaveTheirHarmonic) {
   FrontSet set = slots(8);
   set.add_front(7, {3.0, 0.3, 0.6});
   set.add_front(2, {1.0, 0.1, 0.2});
@@ -132,7 +136,7 @@ TEST(FrontSet, TransferFrontsCarryTheirHarmonic) {
   EXPECT_EQ(out[2].phase, 0.6);
 }
 
-TEST(CommonAngle, IsTheFirstFrontsAngle) {
+TEST(CommonAngle, IsTheAngleOfTheFirstFront) {
   FrontSet set = slots(4);
   set.add_front(1, {1.0, 0.5, 0.0});
   set.add_front(1, {1.0, 0.5, 0.0});
@@ -142,7 +146,7 @@ TEST(CommonAngle, IsTheFirstFrontsAngle) {
   EXPECT_EQ(angle, 0.5);
 }
 
-TEST(CommonAngle, AGreaterAngleIsDifferentAndASmallerOneIsNot) {
+TEST(CommonAngle, OnlyAGreaterAngleDiffers) {
   double angle = 9.0;
   FrontSet set = slots(4);
   set.add_front(1, {1.0, 0.5, 0.0});
@@ -154,7 +158,7 @@ TEST(CommonAngle, AGreaterAngleIsDifferentAndASmallerOneIsNot) {
   EXPECT_EQ(angle, 0.5);
 }
 
-TEST(CommonAngle, FromAFirstAngleOfZeroOnlyPositiveOnesDiffer) {
+TEST(CommonAngle, OnlyAPositiveAngleDiffersFromZero) {
   double angle = 9.0;
   FrontSet set = slots(2);
   set.add_front(1, {1.0, 0.0, 0.0});
@@ -166,13 +170,13 @@ TEST(CommonAngle, FromAFirstAngleOfZeroOnlyPositiveOnesDiffer) {
   EXPECT_EQ(angle, 0.0);
 }
 
-TEST(CommonAngle, WithoutFrontsTheAngleStaysAsItWas) {
+TEST(CommonAngle, WithoutFrontsTheAngleIsUnchanged) {
   double angle = 9.0;
   EXPECT_TRUE(common_angle(slots(4), angle));
   EXPECT_EQ(angle, 9.0);
 }
 
-TEST(ReducedLength, IsZeroWithoutFrontsAndWholeWithSeveral) {
+TEST(ReducedLength, IsZeroWithoutFrontsAndTheWholeLengthWithSeveral) {
   FrontSet set = slots(40);
   EXPECT_EQ(reduced_length(set, 1000, run_from(5)), 0u);
   set.add_front(10, {1.0, 0.0, 0.0});
@@ -184,15 +188,15 @@ TEST(ReducedLength, DividesByPrimesOfTheSlotPlusTheLowestHarmonic) {
   FrontSet set = slots(200);
   set.add_front(115, {1.0, 0.0, 0.0});
   set.add_front(115, {1.0, 0.5, 0.0});
-  // 115 + 5 = 2 * 2 * 2 * 3 * 5: from 1000 = 2^3 * 5^3 go 2^3 and 5.
+  // 115 + 5 = 2 * 2 * 2 * 3 * 5 removes 2^3 and 5 from 1000 = 2^3 * 5^3.
   EXPECT_EQ(reduced_length(set, 1000, run_from(5)), 25u);
   // 115 + 1 = 2 * 2 * 29.
   EXPECT_EQ(reduced_length(set, 1000, run_from(1)), 250u);
-  // 115 + 39 = 2 * 7 * 11, from 2 * 3 * 7 * 11 * 13; 13 is not among the primes.
+  // 115 + 39 = 2 * 7 * 11 removes 2, 7 and 11 from 2 * 3 * 7 * 11 * 13.
   EXPECT_EQ(reduced_length(set, 2 * 3 * 7 * 11 * 13, run_from(39)), 39u);
 }
 
-TEST(ReducedLength, EndsWithNothingToDivide) {
+TEST(ReducedLength, AcceptsALengthOrSlotOfZero) {
   FrontSet set = slots(4);
   set.add_front(0, {1.0, 0.0, 0.0});
   EXPECT_EQ(reduced_length(set, 0, RunData{}), 0u);

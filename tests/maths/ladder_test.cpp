@@ -1,4 +1,4 @@
-// The pieces of the tank between the paddle line and a point.
+// The ladder: the pieces of the tank between the paddle line and a point.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "maths/tank_run.h"
-#include "support.h"
+#include "support/thrown.h"
 #include "varied_tank.h"
 
 namespace {
 
 using Maths::TankConfig;
 using Maths::TankRun;
+using Testing::thrown;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double inf = std::numeric_limits<double>::infinity();
@@ -27,13 +28,13 @@ void expect_rungs(const TankRun& run, const std::vector<std::pair<double, double
   }
 }
 
-TEST(Ladder, AtThePaddlesHasTwoRungs) {
+TEST(Ladder, HasTwoRungsAtThePaddles) {
   TankRun run = varied_run();
   run.build_ladder(10, 0.0);
   expect_rungs(run, {{0.0, 1.0}, {0.0, 1.0}});
 }
 
-TEST(Ladder, GoesForwardThroughTheMeanDepthOfEachPiece) {
+TEST(Ladder, HasARungOfTheMeanDepthForEachPiece) {
   TankRun run = varied_run();
   run.build_ladder(10, 15.0);
   expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {6.0, 0.75}, {5.0, 0.8}, {0, 0.8}});
@@ -47,7 +48,7 @@ TEST(Ladder, GoesForwardThroughTheMeanDepthOfEachPiece) {
   expect_rungs(run, {{0, 1.0}, {4.0, 1.0}, {6.0, 0.75}, {10.0, 0.8}, {0, 0.8}});
 }
 
-TEST(Ladder, GoesBackwardInNegativeSteps) {
+TEST(Ladder, HasNegativeStepsBehindThePaddles) {
   TankRun run = varied_run();
   run.build_ladder(10, -2.5);
   expect_rungs(run, {{0, 1.0}, {-2.5, 0.85}, {0, 0.7}});
@@ -55,7 +56,7 @@ TEST(Ladder, GoesBackwardInNegativeSteps) {
   expect_rungs(run, {{0, 1.0}, {-5.0, 0.7}, {0, 0.4}});
 }
 
-TEST(Ladder, StartsWithinASectionThatHoldsThePaddles) {
+TEST(Ladder, StartsInsideTheSectionOfThePaddles) {
   TankConfig tank = varied();
   tank.profile = {{0.6, -8.0}, {0.9, -2.0}, {1.2, 4.0}, {1.2, 9.0}};
   tank.x_low = -8.0;
@@ -71,7 +72,7 @@ TEST(Ladder, StartsWithinASectionThatHoldsThePaddles) {
   expect_rungs(run, {{0, 1.0}, {-2.0, 0.95}, {-3.0, 0.825}, {0, 0.75}});
 }
 
-TEST(Ladder, PiecesAboveAMicrometreHaveARung) {
+TEST(Ladder, PiecesOfAMicrometreAndMoreHaveARung) {
   TankConfig tank = varied();
   tank.profile = {{0.8, -5.0}, {0.8, -1e-4}, {0.9, 0.0}, {1.0, 0.0},
                   {1.0, 1e-4}, {0.5, 1e-4},  {0.5, 5.0}};
@@ -82,7 +83,7 @@ TEST(Ladder, PiecesAboveAMicrometreHaveARung) {
   run.build_ladder(10, -2.0);
   expect_rungs(run, {{0, 1.0}, {-1e-4, 0.85}, {-2.0 + 1e-4, 0.8}, {0, 0.8}});
 
-  // Shorter ones are steps.
+  // Shorter pieces are steps in the bottom.
   tank.profile = {{0.8, -5.0}, {0.8, -9e-7}, {0.9, 0.0}, {1.0, 0.0}, {0.5, 9e-7}, {0.5, 5.0}};
   TankRun steps(tank, grid());
   steps.build_ladder(10, 2.0);
@@ -102,30 +103,30 @@ TEST(Ladder, ATankMayEndAtThePaddles) {
   expect_rungs(run, {{0, 1.0}, {-5.0, 0.75}, {-3.0, 0.5}, {0, 0.5}});
 }
 
-TEST(Ladder, BeyondTheProfileTheWalkEnds) {
+TEST(Ladder, PositionsOutsideTheTankAreRefused) {
   TankRun run = varied_run();
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 21.0); }), outside("21"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -6.0); }), outside("-6"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, inf); }), outside("inf"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -inf); }), outside("-inf"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, nan); }), outside("nan"));
-  EXPECT_EQ(thrown_text([&] { run.shoaling(10, nan); }), outside("nan"));
-  EXPECT_EQ(thrown_text([&] { run.phase_lag(10, 21.0, 0.0, 0.0); }), outside("21"));
+  EXPECT_EQ(thrown([&] { run.build_ladder(10, 21.0); }), outside("21"));
+  EXPECT_EQ(thrown([&] { run.build_ladder(10, -6.0); }), outside("-6"));
+  EXPECT_EQ(thrown([&] { run.build_ladder(10, inf); }), outside("inf"));
+  EXPECT_EQ(thrown([&] { run.build_ladder(10, -inf); }), outside("-inf"));
+  EXPECT_EQ(thrown([&] { run.build_ladder(10, nan); }), outside("nan"));
+  EXPECT_EQ(thrown([&] { run.shoaling(10, nan); }), outside("nan"));
+  EXPECT_EQ(thrown([&] { run.phase_lag(10, 21.0, 0.0, 0.0); }), outside("21"));
 }
 
-TEST(Ladder, AnIndexBeyondTheProfileEndsTheWalkToo) {
+TEST(Ladder, APaddleIndexBeyondTheProfileIsRefused) {
   TankConfig tank = varied();
   tank.paddle_index = 4000000000u;
   TankRun run(tank, grid());
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 1.0); }), outside("1"));
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, -1.0); }), outside("-1"));
+  EXPECT_EQ(thrown([&] { run.build_ladder(10, 1.0); }), outside("1"));
+  EXPECT_EQ(thrown([&] { run.build_ladder(10, -1.0); }), outside("-1"));
 }
 
-TEST(Ladder, AFailedBuildLeavesItAsFarAsItGot) {
+TEST(Ladder, AFailedBuildKeepsTheRungsItMade) {
   TankRun run = varied_run();
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(10, 21.0); }), outside("21"));
+  EXPECT_EQ(thrown([&] { run.build_ladder(10, 21.0); }), outside("21"));
   EXPECT_EQ(run.ladder().size(), 4u);
-  EXPECT_EQ(thrown_text([&] { run.build_ladder(41, 1.0); }), "Harmonic out of range");
+  EXPECT_EQ(thrown([&] { run.build_ladder(41, 1.0); }), "Harmonic out of range");
   EXPECT_TRUE(run.ladder().empty());
 }
 

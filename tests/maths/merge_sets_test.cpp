@@ -9,12 +9,14 @@
 #include <string>
 
 #include "base/constants.h"
-#include "support.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Maths::FrontSet;
 using Maths::merge_sets;
+using Testing::nothing_thrown;
+using Testing::thrown;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
@@ -24,7 +26,7 @@ FrontSet three_slots() {
   return set;
 }
 
-TEST(MergeSets, SumsFrontsOfEqualAngleAtOneIndex) {
+TEST(MergeSets, SumsFrontsOfEqualAngleAtTheSameIndex) {
   FrontSet a = three_slots();
   FrontSet b = three_slots();
   a.slots[1] = {{2.0, 0.3, 0.5}};
@@ -38,7 +40,7 @@ TEST(MergeSets, SumsFrontsOfEqualAngleAtOneIndex) {
   EXPECT_EQ(a.slots[1][0].angle, 0.3);
 }
 
-TEST(MergeSets, AFrontOfNoAmplitudeAddsNothingWhateverItsPhase) {
+TEST(MergeSets, AFrontOfZeroAmplitudeAddsNothing) {
   const double inf = std::numeric_limits<double>::infinity();
   for (const double phase : {nan, inf, 0.7}) {
     for (const bool first : {false, true}) {
@@ -55,7 +57,7 @@ TEST(MergeSets, AFrontOfNoAmplitudeAddsNothingWhateverItsPhase) {
   }
 }
 
-TEST(MergeSets, TwoFrontsOfNoAmplitudeAreOneOfNoAmplitudeAndNoPhase) {
+TEST(MergeSets, TwoFrontsOfZeroAmplitudeHaveAmplitudeAndPhaseZero) {
   FrontSet a = three_slots();
   FrontSet b = three_slots();
   a.slots[1] = {{0.0, 0.3, nan}};
@@ -67,7 +69,7 @@ TEST(MergeSets, TwoFrontsOfNoAmplitudeAreOneOfNoAmplitudeAndNoPhase) {
   EXPECT_EQ(a.slots[1][0].phase, 0.0);
 }
 
-TEST(MergeSets, AnAmplitudeWithoutAPhaseStaysNaN) {
+TEST(MergeSets, ANaNPhaseStaysNaN) {
   FrontSet a = three_slots();
   FrontSet b = three_slots();
   a.slots[1] = {{0.0, 0.3, nan}};
@@ -76,14 +78,14 @@ TEST(MergeSets, AnAmplitudeWithoutAPhaseStaysNaN) {
   EXPECT_TRUE(std::isnan(a.slots[1][0].amp));
 }
 
-TEST(MergeSets, AppendsFrontsOfAnyOtherAngle) {
+TEST(MergeSets, AppendsFrontsOfOtherAngles) {
   FrontSet a = three_slots();
   FrontSet b = three_slots();
   a.slots[1] = {{1.0, 0.1, 0.0}, {1.0, 0.2, 0.0}};
   b.slots[1] = {{1.0, 0.2, 0.0}, {1.0, std::nextafter(0.2, 1.0), 0.0}};
   b.slots[2] = {{4.0, 0.7, 0.1}};
   merge_sets(a, b);
-  // Equal angles at different places remain two fronts.
+  // Fronts of equal angle at different indices are not summed.
   ASSERT_EQ(a.slots[1].size(), 4u);
   EXPECT_EQ(a.slots[1][2].angle, 0.2);
   EXPECT_EQ(a.slots[1][3].angle, std::nextafter(0.2, 1.0));
@@ -92,7 +94,7 @@ TEST(MergeSets, AppendsFrontsOfAnyOtherAngle) {
   EXPECT_EQ(a.slots[2][0].phase, 0.1);
 }
 
-TEST(MergeSets, AnAppendedFrontIsThereForTheNextIndex) {
+TEST(MergeSets, AnAppendedFrontIsSummedWithTheNextIndex) {
   FrontSet a = three_slots();
   FrontSet b = three_slots();
   a.slots[1] = {{1.0, 0.1, 0.0}};
@@ -103,16 +105,16 @@ TEST(MergeSets, AnAppendedFrontIsThereForTheNextIndex) {
   EXPECT_NEAR(a.slots[1][1].amp, 3.0, 1e-15);
 }
 
-TEST(MergeSets, PositionsMustAgree) {
+TEST(MergeSets, PositionsMustBeEqual) {
   const auto refused = [](Maths::Position p, Maths::Position q) {
     FrontSet a = three_slots();
     FrontSet b = three_slots();
     a.position = p;
     b.position = q;
-    const std::string text = thrown_text([&] { merge_sets(a, b); });
-    EXPECT_TRUE(text == "(nothing thrown)" || text == "Error in position when merging fronts")
-        << text;
-    return text != "(nothing thrown)";
+    const std::string message = thrown([&] { merge_sets(a, b); });
+    if (message == nothing_thrown) return false;
+    EXPECT_EQ(message, "Error in position when merging fronts");
+    return true;
   };
   EXPECT_FALSE(refused({}, {}));
   EXPECT_FALSE(refused({2.0, -3.0, 4.0}, {2.0, -3.0, 4.0}));
@@ -126,13 +128,13 @@ TEST(MergeSets, PositionsMustAgree) {
   EXPECT_FALSE(refused({0, 0, 0}, {0, 0, 0.9e-20}));
 }
 
-TEST(MergeSets, SlotCountsMustAgreeOncePositionsDo) {
+TEST(MergeSets, SlotCountsMustBeEqualAndAreCheckedAfterPositions) {
   FrontSet a = three_slots();
   FrontSet b;
   b.reset(4);
-  EXPECT_EQ(thrown_text([&] { merge_sets(a, b); }), "Mismatched sizes in front sets");
+  EXPECT_EQ(thrown([&] { merge_sets(a, b); }), "Mismatched sizes in front sets");
   b.position.y = 1.0;
-  EXPECT_EQ(thrown_text([&] { merge_sets(a, b); }), "Error in position when merging fronts");
+  EXPECT_EQ(thrown([&] { merge_sets(a, b); }), "Error in position when merging fronts");
 }
 
 }  // namespace

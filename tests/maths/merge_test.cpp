@@ -6,29 +6,21 @@
 #include <string>
 #include <vector>
 
+#include "drawn.h"
 #include "maths/run_fronts.h"
-#include "support.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Maths::FrontSet;
 using Maths::HarmonicFront;
 using Maths::PureRandom;
-using Maths::RanGen;
 using Maths::RunFronts;
+using Testing::thrown;
 
-// A generator whose unit value is chosen.
-class Chosen final : public RanGen {
- public:
-  explicit Chosen(double unit) : RanGen(0) {
-    value_ = static_cast<std::uint32_t>(unit * 4294967295.0);
-  }
-  void init() override {}
-  std::uint32_t step() override {
-    ADD_FAILURE() << "the generator was advanced";
-    return value_;
-  }
-};
+PureRandom unit_value(double unit) {
+  return generator_of(static_cast<std::uint32_t>(unit * 4294967295.0));
+}
 
 // Harmonics 1 to 40 of 10 s.
 RunFronts sets_of(std::size_t count) {
@@ -60,7 +52,7 @@ TEST(RunFronts, ResizeMakesEmptySlotsUpToTheHighestHarmonic) {
 
 TEST(RunFronts, ResizeNeedsTheHarmonicGrid) {
   RunFronts fronts;
-  EXPECT_EQ(thrown_text([&] { fronts.resize(1); }), "Calling size when not initialised");
+  EXPECT_EQ(thrown([&] { fronts.resize(1); }), "Calling size when not initialised");
 }
 
 TEST(MergeRms, EqualCreditsGoToTheLowestSet) {
@@ -69,7 +61,7 @@ TEST(MergeRms, EqualCreditsGoToTheLowestSet) {
     for (FrontSet& set : fronts.sets) set.add_front(slot, {1.0, 0.25, 0.5});
   }
   fronts.merge_rms();
-  // Credits before the choice: 1 1, 0 2, 1 1, 0 2.
+  // Credits of the two sets before each choice: 1 1, 0 2, 1 1, 0 2.
   for (std::size_t slot = 1; slot <= 4; ++slot) {
     const std::size_t owner = slot % 2 == 1 ? 0 : 1;
     ASSERT_EQ(fronts.sets[owner].slots[slot].size(), 1u) << slot;
@@ -94,14 +86,14 @@ TEST(MergeRms, KeepsTheEnergyOfEachHarmonicAndTheShareOfEachSet) {
     EXPECT_EQ(fronts.sets[0].slots[slot].size() + fronts.sets[1].slots[slot].size(), 1u);
     if (fronts.sets[0].slots[slot].empty()) continue;
     ++of_first;
-    EXPECT_EQ(fronts.sets[0].slots[slot][0].angle, 0.1);  // its first front stays
+    EXPECT_EQ(fronts.sets[0].slots[slot][0].angle, 0.1);  // of its first front
   }
   EXPECT_EQ(of_first, 30);  // three quarters of the energy
 }
 
-TEST(MergeRms, ASetInDebtStillTakesAHarmonicOfItsOwn) {
-  // The first harmonic leaves the first set with a debt of its amplitude squared, up to a
-  // million of which it may owe.
+TEST(MergeRms, ASetInDebtStillTakesAHarmonicThatOnlyItHas) {
+  // The first harmonic leaves the first set with a debt of its amplitude squared. The debt may be
+  // at most a million.
   const auto fronts_left = [](double amp) {
     RunFronts fronts = sets_of(2);
     for (FrontSet& set : fronts.sets) set.add_front(1, {amp, 0.0, 0.0});
@@ -117,7 +109,7 @@ TEST(MergeRms, ASetInDebtStillTakesAHarmonicOfItsOwn) {
   EXPECT_EQ(fronts_left(1000.1), 2u);
 }
 
-TEST(MergeRms, OnlySetsWithFrontsTakePart) {
+TEST(MergeRms, OnlySetsWithFrontsAreMerged) {
   RunFronts fronts = sets_of(3);
   fronts.sets[1].add_front(5, {2.0, 0.0, 0.0});
   fronts.merge_rms();
@@ -130,19 +122,19 @@ TEST(MergeRms, OnlySetsWithFrontsTakePart) {
 TEST(MergeRms, WithoutSetsDoesNothing) {
   RunFronts fronts;
   fronts.merge_rms();
-  fronts.merge_random(Chosen(0.5));
+  fronts.merge_random(unit_value(0.5));
   EXPECT_TRUE(fronts.sets.empty());
 }
 
 TEST(MergeRandom, DrawsTheSetInProportionToEnergy) {
-  // Energies 1, 2 and 1: the unit values up to 1/4, 3/4 and 1.
+  // With energies 1, 2 and 1 the sets take unit values up to 1/4, 3/4 and 1.
   for (const double unit : {0.1, 0.24, 0.26, 0.5, 0.74, 0.76, 0.99}) {
     RunFronts fronts = sets_of(3);
     fronts.sets[0].add_front(3, {1.0, 0.1, 0.0});
     fronts.sets[1].add_front(3, {1.0, 0.2, 0.0});
     fronts.sets[1].add_front(3, {1.0, 0.2, 0.0});
     fronts.sets[2].add_front(3, {-1.0, 0.3, 0.0});
-    fronts.merge_random(Chosen(unit));
+    fronts.merge_random(unit_value(unit));
     const std::size_t chosen = unit < 0.25 ? 0 : unit < 0.75 ? 1 : 2;
     for (std::size_t s = 0; s < 3; ++s) {
       if (s == chosen) {
@@ -155,29 +147,28 @@ TEST(MergeRandom, DrawsTheSetInProportionToEnergy) {
   }
 }
 
-TEST(MergeRandom, OneValueDecidesEveryHarmonic) {
+TEST(MergeRandom, OneRandomValueDecidesEveryHarmonic) {
   RunFronts fronts = sets_of(2);
   for (std::size_t slot = 1; slot <= 40; ++slot) {
     fronts.sets[0].add_front(slot, {1.0, 0.1, 0.0});
     fronts.sets[1].add_front(slot, {1.0, 0.2, 0.0});
   }
-  PureRandom generator(42);
-  generator.init();
-  const std::size_t chosen = generator.unit() * 2 <= 1 ? 0 : 1;
-  const double before = generator.unit();
-  fronts.merge_random(generator);
-  EXPECT_EQ(generator.unit(), before);
+  PureRandom random = generator(42);
+  const double before = random.unit();
+  const std::size_t chosen = before * 2 <= 1 ? 0 : 1;
+  fronts.merge_random(random);
+  EXPECT_EQ(random.unit(), before);
   for (std::size_t slot = 1; slot <= 40; ++slot) {
     EXPECT_NEAR(slot_energy(fronts.sets[chosen], slot), 2.0, 1e-12);
     EXPECT_TRUE(fronts.sets[1 - chosen].slots[slot].empty());
   }
 }
 
-TEST(MergeRandom, ALaterSetThatHoldsAllTheEnergyIsChosenToo) {
+TEST(MergeRandom, ALaterSetWithAllTheEnergyIsChosenToo) {
   RunFronts fronts = sets_of(2);
   fronts.sets[0].slots[3].push_back({0.0, 0.1, 0.0});
   fronts.sets[1].add_front(3, {3.0, 0.2, 0.0});
-  fronts.merge_random(Chosen(0.0));
+  fronts.merge_random(unit_value(0.0));
   ASSERT_EQ(fronts.sets[0].slots[3].size(), 1u);
   EXPECT_EQ(fronts.sets[0].slots[3][0].amp, 3.0);
   ASSERT_EQ(fronts.sets[1].slots[3].size(), 1u);
@@ -187,7 +178,7 @@ TEST(MergeRandom, ALaterSetThatHoldsAllTheEnergyIsChosenToo) {
 TEST(MergeRandom, ASetWithoutFrontsStaysEmpty) {
   RunFronts fronts = sets_of(2);
   fronts.sets[1].add_front(3, {3.0, 0.2, 0.0});
-  fronts.merge_random(Chosen(0.0));
+  fronts.merge_random(unit_value(0.0));
   EXPECT_TRUE(fronts.sets[0].slots[3].empty());
   ASSERT_EQ(fronts.sets[1].slots[3].size(), 1u);
   EXPECT_EQ(fronts.sets[1].slots[3][0].amp, 3.0);

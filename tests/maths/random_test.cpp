@@ -5,15 +5,20 @@
 #include <cstdint>
 #include <vector>
 
-#include "support.h"
+#include "drawn.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Maths::PureRandom;
-using Maths::RanGen;
+using Testing::thrown;
 
-// The sequence x[n] = x[n - 54] + x[n - 23] written out as one growing list. The seeds come from
-// the congruential sequence, entered at its 24th number and wrapped.
+// The described roundings of 1 / (2^32 - 1) and 2 / (2^32 - 1).
+constexpr double unit_step = 2.3283064370807974e-10;
+constexpr double symmetric_step = 4.656612874161595e-10;
+
+// The sequence x[n] = x[n - 54] + x[n - 23] as one growing list. It starts with 54 numbers of the
+// congruential sequence, from the 24th on and then the first 23. The first 539 sums are discarded.
 std::vector<std::uint32_t> sequence(std::uint32_t seed, std::size_t count) {
   std::vector<std::uint64_t> lcg{seed};
   while (lcg.size() < 54) lcg.push_back((lcg.back() * 1103515245 + 12345) % 4294967296);
@@ -25,75 +30,63 @@ std::vector<std::uint32_t> sequence(std::uint32_t seed, std::size_t count) {
   return {x.begin() + 54 + 539, x.end()};
 }
 
-// Holds one number.
-class Held final : public RanGen {
- public:
-  explicit Held(std::uint32_t value) : RanGen(0) { value_ = value; }
-  void init() override {}
-  std::uint32_t step() override { return value_; }
-};
-
 TEST(Random, FirstNumbersFollowTheRecurrence) {
   for (const std::uint32_t seed : {0u, 1u, 4u, 5u, 42u, 4294967295u}) {
-    PureRandom generator(seed);
-    generator.init();
+    PureRandom random = generator(seed);
     for (const std::uint32_t expected : sequence(seed, 200)) {
-      EXPECT_EQ(generator.unit(), expected * 2.3283064370807974e-10) << seed;
-      EXPECT_EQ(generator.symmetric(), expected * 4.656612874161595e-10 - 1.0) << seed;
-      generator.advance();
+      EXPECT_EQ(random.unit(), expected * unit_step) << seed;
+      EXPECT_EQ(random.symmetric(), expected * symmetric_step - 1.0) << seed;
+      random.advance();
     }
   }
 }
 
 TEST(Random, StepReturnsTheNumberDrawn) {
-  PureRandom generator(42);
-  generator.init();
+  PureRandom random = generator(42);
   const std::vector<std::uint32_t> expected = sequence(42, 11);
-  for (std::size_t i = 1; i < expected.size(); ++i) EXPECT_EQ(generator.step(), expected[i]);
+  for (std::size_t i = 1; i < expected.size(); ++i) EXPECT_EQ(random.step(), expected[i]);
 }
 
 TEST(Random, ReadingDoesNotDraw) {
-  PureRandom generator(4);
-  generator.init();
-  const double first = generator.unit();
-  EXPECT_EQ(generator.unit(), first);
-  EXPECT_NEAR(generator.symmetric(), 2 * first - 1, 1e-15);
-  generator.advance();
-  EXPECT_NE(generator.unit(), first);
+  PureRandom random = generator(4);
+  const double first = random.unit();
+  EXPECT_EQ(random.unit(), first);
+  EXPECT_NEAR(random.symmetric(), 2 * first - 1, 1e-15);
+  random.advance();
+  EXPECT_NE(random.unit(), first);
 }
 
-TEST(Random, SeedRestartsTheSequence) {
-  PureRandom generator(1);
-  generator.init();
+TEST(Random, SeedingRestartsTheSequence) {
+  PureRandom random = generator(1);
   for (int round = 0; round < 2; ++round) {
-    generator.seed(5);
+    random.seed(5);
     for (const std::uint32_t expected : sequence(5, 10)) {
-      EXPECT_EQ(generator.unit(), expected * 2.3283064370807974e-10);
-      generator.advance();
+      EXPECT_EQ(random.unit(), expected * unit_step);
+      random.advance();
     }
   }
 }
 
 TEST(Random, RangesIncludeBothEnds) {
-  EXPECT_EQ(Held(0).unit(), 0.0);
-  EXPECT_EQ(Held(0).symmetric(), -1.0);
-  EXPECT_NEAR(Held(4294967295u).unit(), 1.0, 1e-15);
-  EXPECT_NEAR(Held(4294967295u).symmetric(), 1.0, 1e-15);
-  EXPECT_NEAR(Held(2147483648u).symmetric(), 0.0, 1e-9);
+  EXPECT_EQ(generator_of(0).unit(), 0.0);
+  EXPECT_EQ(generator_of(0).symmetric(), -1.0);
+  EXPECT_NEAR(generator_of(4294967295u).unit(), 1.0, 1e-15);
+  EXPECT_NEAR(generator_of(4294967295u).symmetric(), 1.0, 1e-15);
+  EXPECT_NEAR(generator_of(2147483648u).symmetric(), 0.0, 1e-9);
 }
 
-TEST(Random, BeforeASeedEverythingThrows) {
+TEST(Random, WithoutASeedEveryCallIsRefused) {
   PureRandom generator;
-  EXPECT_EQ(thrown_text([&] { generator.unit(); }),
+  EXPECT_EQ(thrown([&] { generator.unit(); }),
             "Unit value requested for random number generator before being initialised");
-  EXPECT_EQ(thrown_text([&] { generator.symmetric(); }),
+  EXPECT_EQ(thrown([&] { generator.symmetric(); }),
             "Unit value requested for random number generator before being initialised");
-  EXPECT_EQ(thrown_text([&] { generator.advance(); }),
+  EXPECT_EQ(thrown([&] { generator.advance(); }),
             "Advance called for random number generator before being initialised");
-  EXPECT_EQ(thrown_text([&] { generator.step(); }),
+  EXPECT_EQ(thrown([&] { generator.step(); }),
             "Pure random number generator selected before it has been initialised");
   generator.seed(1);
-  EXPECT_EQ(generator.unit(), sequence(1, 1).front() * 2.3283064370807974e-10);
+  EXPECT_EQ(generator.unit(), sequence(1, 1).front() * unit_step);
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ TEST(Rounding, TruncationGoesTowardsZero) {
   EXPECT_EQ(truncate_to_u32(2.99), 2u);
 }
 
-TEST(Rounding, TheWholeRangeIsExact) {
+TEST(Rounding, EveryRepresentableIntegerIsExact) {
   EXPECT_EQ(round_to_u32(4294967295.0), 4294967295u);
   EXPECT_EQ(round_to_i32(2147483647.0), 2147483647);
   EXPECT_EQ(round_to_i32(-2147483648.0), std::numeric_limits<std::int32_t>::min());
@@ -36,17 +36,17 @@ TEST(Rounding, TheWholeRangeIsExact) {
   EXPECT_EQ(truncate_to_i64(-9223372036854775808.0), least);
 }
 
-TEST(Rounding, UnsignedNumbersKeepTheLowBits) {
+TEST(Rounding, ConversionToUnsignedKeepsTheLowBits) {
   EXPECT_EQ(round_to_u32(4294967296.0 + 5.0), 5u);
   EXPECT_EQ(round_to_u32(-1.0), 4294967295u);
 }
 
-TEST(Rounding, ASignedNumberThatDoesNotFitIsTheLeast) {
+TEST(Rounding, AnOverflowToSignedGivesTheLeastNumber) {
   EXPECT_EQ(round_to_i32(2147483648.0), std::numeric_limits<std::int32_t>::min());
   EXPECT_EQ(round_to_i32(4294967296.0 - 7.0), std::numeric_limits<std::int32_t>::min());
 }
 
-TEST(Rounding, WhatDoesNotFitIsDefined) {
+TEST(Rounding, NumbersOutOfRangeHaveADefinedResult) {
   for (const double x : {nan, inf, -inf, 1e300, -1e300, 9223372036854775808.0}) {
     EXPECT_EQ(round_to_i64(x), least) << x;
     EXPECT_EQ(round_to_i32(x), std::numeric_limits<std::int32_t>::min()) << x;

@@ -10,7 +10,7 @@
 
 #include "maths/dispersion.h"
 #include "maths/refer_to_paddles.h"
-#include "support.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -20,6 +20,7 @@ using Maths::knum;
 using Maths::RunFronts;
 using Maths::TankConfig;
 using Maths::TankRun;
+using Testing::thrown;
 
 constexpr double pi = std::numbers::pi;
 constexpr double g = 9.81;
@@ -54,7 +55,7 @@ RunFronts with_sets(std::size_t count, bool dalrymple = false) {
 
 double omega_of(std::size_t slot) { return 2 * pi * static_cast<double>(slot) / 10.0; }
 
-// The phase at a point and time of a front that holds at the origin, in water of one depth.
+// The phase at a point and time of a front that is given at the origin, in water of constant depth.
 double phase_at(const HarmonicFront& front, std::size_t slot, double x, double y, double t) {
   const double k = knum(omega_of(slot), 1.0, g);
   return front.phase + omega_of(slot) * t -
@@ -63,7 +64,7 @@ double phase_at(const HarmonicFront& front, std::size_t slot, double x, double y
 
 double turn_between(double a, double b) { return std::remainder(a - b, 2 * pi); }
 
-TEST(BuildMerged, AWaveHoldsAtThePlaceAndTimeItWasAskedFor) {
+TEST(BuildMerged, AWaveHasItsPhaseAtTheRequestedPositionAndTime) {
   for (const double theta : {-2.8, -0.6, 0.0, 0.4, 1.2, 2.0}) {
     RunFronts fronts = with_sets(1);
     fronts.sets[0].position = {12.0, 2.5, 3.7};
@@ -81,7 +82,7 @@ TEST(BuildMerged, AWaveHoldsAtThePlaceAndTimeItWasAskedFor) {
   }
 }
 
-TEST(BuildMerged, AmplitudeAndAngleAreCarriedBackOverAStep) {
+TEST(BuildMerged, AmplitudeAndAngleAreReferredBackOverAStep) {
   RunFronts fronts = with_sets(1);
   fronts.sets[0].position = {15.0, 0.0, 0.0};
   fronts.sets[0].add_front(5, {0.1, 0.5, 0.0});
@@ -97,7 +98,7 @@ TEST(BuildMerged, AmplitudeAndAngleAreCarriedBackOverAStep) {
   EXPECT_NEAR(turn_between(front.phase, along), 0.0, 1e-10);
 }
 
-TEST(BuildMerged, SetsAreSummedAndStayAsTheyWere) {
+TEST(BuildMerged, SetsAreSummedAndNotChanged) {
   RunFronts fronts = with_sets(3);
   fronts.sets[0].add_front(10, {0.2, 0.3, 0.5});
   fronts.sets[1].position = {2.0, 1.0, 4.0};
@@ -120,7 +121,7 @@ TEST(BuildMerged, SetsAreSummedAndStayAsTheyWere) {
   EXPECT_EQ(fronts.sets[2].slots[11][0].amp, 0.4);
 }
 
-TEST(BuildMerged, WithoutSetsMergedStays) {
+TEST(BuildMerged, WithoutSetsTheMergedSetIsUnchanged) {
   RunFronts fronts;
   fronts.merged.reset(3);
   fronts.merged.add_front(1, {1.0, 0.0, 0.0});
@@ -143,7 +144,7 @@ TEST(BuildMerged, DalrympleNeedsWallsAndTheFlag) {
   EXPECT_EQ(fronts_in_slot(false, true), 1u);
 }
 
-TEST(BuildMerged, ARejectedAngleStaysAsAFrontOfNoAmplitude) {
+TEST(BuildMerged, ARejectedAngleBecomesAFrontOfZeroAmplitude) {
   TankConfig tank = flat();
   tank.min_angle = -0.5;
   tank.max_angle = 0.5;
@@ -164,12 +165,12 @@ TEST(BuildMerged, APositionOutsideTheTankIsRefused) {
   fronts.sets[0].position.x = 31.0;
   fronts.build_merged(flat());  // no fronts to refer
   fronts.sets[0].add_front(10, {0.2, 0.6, 0.0});
-  EXPECT_EQ(thrown_text([&] { fronts.build_merged(flat()); }),
+  EXPECT_EQ(thrown([&] { fronts.build_merged(flat()); }),
             "Value x=31 is outside dimensions of tank");
 }
 
-TEST(ReferToPaddles, AWaveTooSteepForThePaddlesLiesAlongThem) {
-  // The water is deeper at the paddles: k0 < k1, and sin(theta) k1 passes k0.
+TEST(ReferToPaddles, AWaveTooObliqueForThePaddlesBecomesParallelToThem) {
+  // The water is deeper at the paddles, so k0 < k1, and sin(theta) k1 exceeds k0.
   RunFronts fronts = with_sets(1);
   FrontSet& set = fronts.sets[0];
   set.position = {15.0, 0.5, 0.0};
@@ -198,7 +199,7 @@ TEST(ReferToPaddles, KeepsTheDirectionOfTravel) {
   }
 }
 
-TEST(ReferToPaddles, TakesOutTheTimeAndTheCrosswiseOffset) {
+TEST(ReferToPaddles, RemovesTheTimeAndTheCrosswiseOffset) {
   RunFronts fronts = with_sets(1);
   FrontSet& set = fronts.sets[0];
   set.position = {0.0, 2.5, 0.3};
@@ -209,7 +210,7 @@ TEST(ReferToPaddles, TakesOutTheTimeAndTheCrosswiseOffset) {
   EXPECT_EQ(set.position.y, 2.5);
 }
 
-TEST(ApplyShoaling, DividesTheAmplitudeAndAddsTheLagWithinATurn) {
+TEST(ApplyShoaling, DividesTheAmplitudeAndAddsTheWrappedLag) {
   RunFronts fronts = with_sets(1);
   FrontSet& set = fronts.sets[0];
   set.position.x = 15.0;

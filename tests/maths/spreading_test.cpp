@@ -9,17 +9,19 @@
 #include <numbers>
 
 #include "base/constants.h"
-#include "support.h"
+#include "simpson.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Maths::cos_power;
 using Maths::cos_power_integral;
 using Maths::spread_angle;
+using Testing::thrown;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-TEST(CosPower, IsThePowerAtWholePowers) {
+TEST(CosPower, IsExactAtWholePowers) {
   for (const double theta : {-2.0, -1.1, 0.0, 0.4, 1.5, 3.0}) {
     for (int n = 1; n <= 30; ++n) {
       EXPECT_NEAR(cos_power(n, theta), std::pow(std::cos(theta), n), 1e-14) << n << " " << theta;
@@ -27,18 +29,18 @@ TEST(CosPower, IsThePowerAtWholePowers) {
   }
 }
 
-TEST(CosPower, BelowTwoIsALineThroughTheFirstAndSecondPower) {
+TEST(CosPower, IsLinearInThePowerBelowTwo) {
   const double c = std::cos(0.7);
   EXPECT_NEAR(cos_power(1.25, 0.7), c + 0.25 * (c * c - c), 1e-15);
   EXPECT_NEAR(cos_power(0.0, 0.7), c - (c * c - c), 1e-15);
   EXPECT_NEAR(cos_power(-1.0, 0.7), c - 2 * (c * c - c), 1e-15);
 }
 
-TEST(CosPower, BetweenWholePowersIsTheParabolaOfEqualParity) {
+TEST(CosPower, IsAParabolaThroughPowersOfEqualParity) {
   const double c = std::cos(0.7);
   for (const double s : {2.0, 2.3, 2.5, 3.4, 3.5, 6.9, 10.1}) {
     const double n = std::floor(s + 0.5);
-    // Lagrange's form through n - 2, n, n + 2.
+    // Lagrange's polynomial through n - 2, n and n + 2.
     const double expected = std::pow(c, n - 2) * (s - n) * (s - n - 2) / 8 +
                             std::pow(c, n) * (s - n + 2) * (n + 2 - s) / 4 +
                             std::pow(c, n + 2) * (s - n) * (s - n + 2) / 8;
@@ -46,7 +48,7 @@ TEST(CosPower, BetweenWholePowersIsTheParabolaOfEqualParity) {
   }
 }
 
-TEST(CosPower, IntegralMatchesQuadrature) {
+TEST(CosPower, IntegralAgreesWithQuadrature) {
   for (const double s : {-0.5, 0.5, 1.0, 1.7, 2.0, 2.4, 2.6, 3.0, 5.5, 8.2, 25.0}) {
     for (const double theta : {-1.4, -0.3, 0.0, 0.9, 2.2}) {
       const double expected = simpson([s](double t) { return cos_power(s, t); }, 0.0, theta, 2000);
@@ -72,8 +74,9 @@ Long between(double s, Long below, Long middle, Long above) {
   return below * t * (t - 1) / 2 + middle * (1 - t * t) + above * t * (t + 1) / 2;
 }
 
-// The recurrence from the bottom, without any rounding of its own to speak of. It starts from the
-// sine and cosine as rounded, which a large power multiplies: that of a double shows at 1e-11.
+// The reduction formula from the lowest power up, in long double, so that its own rounding is
+// negligible. It starts from the sine and cosine rounded to double, as the library does: a large
+// power amplifies that rounding to 1e-11.
 Long built_up(double s, double theta) {
   const int n = static_cast<int>(std::floor(s + 0.5));
   const double c = std::cos(theta);
@@ -95,13 +98,13 @@ Long built_up(double s, double theta) {
 constexpr double large_powers[] = {998.0,   999.4,   1000.4,   1000.6,   1001.0, 1002.0,
                                    4321.37, 20000.0, 123456.7, 999999.0, 1e6};
 
-TEST(CosPower, LargePowersHaveTheIntegralOfTheRecurrence) {
+TEST(CosPower, IntegralOfALargePowerFollowsTheReductionFormula) {
   for (const double s : large_powers) {
     const auto expect_integral = [s](double theta) {
       EXPECT_LT(std::abs(cos_power_integral(s, theta) / built_up(s, theta) - 1), 1e-12L)
           << s << " " << theta;
     };
-    // In units of the law's width, and anywhere.
+    // Within some widths of the peak, and elsewhere.
     for (const double z : {1e-6, 0.5, -1.0, 3.5, 8.9, -9.0}) expect_integral(z / std::sqrt(s));
     for (const double theta : {0.7, std::numbers::pi / 2, -3.0, 4.9, -7.3}) expect_integral(theta);
     EXPECT_EQ(cos_power_integral(s, 0.0), 0.0);
@@ -109,7 +112,7 @@ TEST(CosPower, LargePowersHaveTheIntegralOfTheRecurrence) {
   }
 }
 
-TEST(CosPower, LargePowersAreThePowerAndItsQuadrature) {
+TEST(CosPower, LargePowersAgreeWithPowAndQuadrature) {
   for (const double s : large_powers) {
     const double n = std::floor(s + 0.5);
     const auto power = [&](Long t) {
@@ -125,7 +128,7 @@ TEST(CosPower, LargePowersAreThePowerAndItsQuadrature) {
   }
 }
 
-TEST(CosPower, LargePowersBeyondAQuarterTurnHaveTheSignOfTheirParity) {
+TEST(CosPower, LargePowersBeyondARightAngleHaveTheSignOfTheirParity) {
   for (const int n : {1000, 1001, 5000, 5001, 1000000}) {
     const double theta = std::numbers::pi - 0.3 / std::sqrt(n);
     const double size = std::pow(std::cos(0.3 / std::sqrt(n)), n);
@@ -133,11 +136,10 @@ TEST(CosPower, LargePowersBeyondAQuarterTurnHaveTheSignOfTheirParity) {
   }
 }
 
-TEST(CosPower, APowerBeyondReasonIsRefused) {
-  EXPECT_EQ(thrown_text([] { cos_power(2e9, 0.1); }), "Spreading power::2e+09 is out of range");
-  EXPECT_EQ(thrown_text([] { cos_power_integral(2e9, 0.1); }),
-            "Spreading power::2e+09 is out of range");
-  EXPECT_EQ(thrown_text([] { cos_power(nan, 0.1); }), "Spreading power::nan is out of range");
+TEST(CosPower, AnExcessivePowerIsRefused) {
+  EXPECT_EQ(thrown([] { cos_power(2e9, 0.1); }), "Spreading power::2e+09 is out of range");
+  EXPECT_EQ(thrown([] { cos_power_integral(2e9, 0.1); }), "Spreading power::2e+09 is out of range");
+  EXPECT_EQ(thrown([] { cos_power(nan, 0.1); }), "Spreading power::nan is out of range");
 }
 
 TEST(SpreadAngle, IsTheInverseOfTheCumulativeSpread) {
@@ -158,21 +160,21 @@ TEST(SpreadAngle, IsTheInverseOfTheCumulativeSpread) {
   }
 }
 
-TEST(SpreadAngle, TheEndsAreTheLimitsAndTheMiddleIsStraightAhead) {
+TEST(SpreadAngle, FractionsZeroAndOneGiveTheLimits) {
   EXPECT_NEAR(spread_angle(0.0, 0.8, -0.5, 2.0), -0.5, 1e-6);
   EXPECT_NEAR(spread_angle(1.0, 0.8, -0.5, 2.0), 0.8, 1e-6);
   EXPECT_NEAR(spread_angle(0.5, 0.8, -0.8, 6.0), 0.0, 1e-6);
   EXPECT_NEAR(spread_angle(0.3, 0.4, 0.4, 6.0), 0.4, 1e-6);
-  // A cosine: sin(theta) = 0.25 sin(-0.5) + 0.75 sin(0.8).
+  // For power 1: sin(theta) = 0.25 sin(-0.5) + 0.75 sin(0.8).
   EXPECT_NEAR(spread_angle(0.75, 0.8, -0.5, 1.0),
               std::asin(0.25 * std::sin(-0.5) + 0.75 * std::sin(0.8)), 1e-9);
 }
 
-TEST(SpreadAngle, LargePowersAreDrawnByTheirLaw) {
+TEST(SpreadAngle, LargePowersFollowTheirDistribution) {
   for (const double power : {1000.5, 2000.0, 30000.3, 1e6}) {
     const auto law = [&](Long t) { return std::pow(std::cos(t), Long{power}); };
     const double width = 1 / std::sqrt(power);
-    // Beyond ten widths there is nothing.
+    // Beyond ten widths the distribution is negligible.
     const Long whole = simpson(law, -10 * width, 2 * width, 4000);
     for (const double fraction : {0.001, 0.2, 0.5, 0.9, 0.999}) {
       const double theta = spread_angle(fraction, 2 * width, -1.5, power);
@@ -182,7 +184,7 @@ TEST(SpreadAngle, LargePowersAreDrawnByTheirLaw) {
   }
 }
 
-// The time of draws at a power, the best of a few tries.
+// The shortest of five times to draw 199 angles.
 double draw_time(double power) {
   double best = std::numeric_limits<double>::infinity();
   double sum = 0.0;
@@ -195,25 +197,25 @@ double draw_time(double power) {
   return best;
 }
 
-TEST(SpreadAngle, ALargePowerCostsNoMoreThanTenOfAHundred) {
+TEST(SpreadAngle, ALargePowerCostsAtMostTenTimesAsMuchAsAHundred) {
   const double time = draw_time(100.0);
   for (const double power : {1001.0, 20000.5, 1e6}) EXPECT_LT(draw_time(power), 10 * time) << power;
 }
 
-TEST(SpreadAngle, LimitsAreCheckedInOrder) {
-  const auto text = [](double high, double low) {
-    return thrown_text([&] { spread_angle(0.5, high, low, 2.0); });
+TEST(SpreadAngle, LimitsAreCheckedInAFixedOrder) {
+  const auto refusal = [](double high, double low) {
+    return thrown([&] { spread_angle(0.5, high, low, 2.0); });
   };
-  EXPECT_EQ(text(1.0, -Base::Pi), "Minimum angle too small");
-  EXPECT_EQ(text(4.0, -4.0), "Minimum angle too small");
-  EXPECT_EQ(text(Base::Pi, -1.0), "Maximum angle too big");
-  EXPECT_EQ(text(4.0, 5.0), "Maximum angle too big");
-  EXPECT_EQ(text(0.5, 0.6), "Maximum angle less than minimum angle");
+  EXPECT_EQ(refusal(1.0, -Base::Pi), "Minimum angle too small");
+  EXPECT_EQ(refusal(4.0, -4.0), "Minimum angle too small");
+  EXPECT_EQ(refusal(Base::Pi, -1.0), "Maximum angle too big");
+  EXPECT_EQ(refusal(4.0, 5.0), "Maximum angle too big");
+  EXPECT_EQ(refusal(0.5, 0.6), "Maximum angle less than minimum angle");
 }
 
 TEST(SpreadAngle, StopsAfterTwentyFivePasses) {
-  // At a right angle the square of the cosine vanishes: each pass takes off about a third of what
-  // is left, x, from the integral's value pi / 4 on.
+  // The square of the cosine vanishes at a right angle. There each pass reduces the remaining angle
+  // x by about a third. x starts at pi / 4, the value of the integral.
   const double theta = spread_angle(0.5, std::numbers::pi / 2, std::numbers::pi / 2, 2.0);
   long double x = std::numbers::pi_v<long double> / 4;
   for (int pass = 0; pass < 25; ++pass) x -= (x / 2 - sinl(2 * x) / 4) / (sinl(x) * sinl(x));
@@ -222,7 +224,8 @@ TEST(SpreadAngle, StopsAfterTwentyFivePasses) {
 }
 
 TEST(SpreadAngle, StopsAtAStepOfAMillionth) {
-  // The cosine vanishes too: each pass takes off tan(x / 2), from the integral's value 1 on.
+  // The cosine vanishes at a right angle. Each pass reduces the remaining angle x by tan(x / 2).
+  // The passes start at 1, the value of the integral.
   const double theta = spread_angle(0.5, std::numbers::pi / 2, std::numbers::pi / 2, 1.0);
   double x = std::numbers::pi / 2 - 1;
   for (double step = 1.0; step > 1e-6;) {

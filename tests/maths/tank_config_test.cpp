@@ -5,11 +5,12 @@
 #include <limits>
 #include <vector>
 
-#include "support.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Maths::TankConfig;
+using Testing::thrown;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double inf = std::numeric_limits<double>::infinity();
@@ -31,7 +32,7 @@ TEST(TankConfig, SamplesTheDepthFromEndToEnd) {
   for (std::size_t i = 0; i < out.size(); ++i) EXPECT_NEAR(out[i], expected[i], 1e-14) << i;
 }
 
-TEST(TankConfig, TheLastSampleMayLieShortOfTheEnd) {
+TEST(TankConfig, TheLastSampleMayBeBeforeTheEnd) {
   std::vector<double> out;
   sloping().profile_samples(3.0, out);  // -4, -1, 2, 5
   ASSERT_EQ(out.size(), 4u);
@@ -41,7 +42,7 @@ TEST(TankConfig, TheLastSampleMayLieShortOfTheEnd) {
   EXPECT_EQ(out, std::vector<double>{1.0});
 }
 
-TEST(TankConfig, AStepAtTheStartShowsTheDepthBeforeIt) {
+TEST(TankConfig, AStepAtTheStartGivesTheDepthBeforeIt) {
   TankConfig tank;
   tank.x_high = 2.0;
   tank.profile = {{1.0, 0.0}, {0.5, 0.0}, {0.7, 2.0}};
@@ -53,7 +54,7 @@ TEST(TankConfig, AStepAtTheStartShowsTheDepthBeforeIt) {
   EXPECT_NEAR(out[2], 0.7, 1e-14);
 }
 
-TEST(TankConfig, AStepIsAnythingShorterThanAMicrometre) {
+TEST(TankConfig, APieceShorterThanAMicrometreIsAStep) {
   TankConfig tank;
   tank.x_high = 2.0;
   std::vector<double> out;
@@ -66,7 +67,7 @@ TEST(TankConfig, AStepIsAnythingShorterThanAMicrometre) {
   EXPECT_NEAR(out[1], 0.75, 1e-9);
 }
 
-TEST(TankConfig, NeverReadsPastTheProfile) {
+TEST(TankConfig, DoesNotReadPastTheProfile) {
   TankConfig tank = sloping();
   tank.x_high = 10.0;  // beyond the last point
   std::vector<double> out;
@@ -77,29 +78,29 @@ TEST(TankConfig, NeverReadsPastTheProfile) {
 
 TEST(TankConfig, NeedsAProfile) {
   std::vector<double> out{1.0};
-  EXPECT_EQ(thrown_text([&] { TankConfig{}.profile_samples(1.0, out); }), "TankConfig not built");
+  EXPECT_EQ(thrown([&] { TankConfig{}.profile_samples(1.0, out); }), "TankConfig not built");
   EXPECT_TRUE(out.empty());
 }
 
-TEST(TankConfig, RefusesASpacingThatIsNotAboveZero) {
+TEST(TankConfig, RefusesASpacingThatIsNotPositive) {
   const TankConfig tank = sloping();
   std::vector<double> out;
-  EXPECT_EQ(thrown_text([&] { tank.profile_samples(0.0, out); }),
+  EXPECT_EQ(thrown([&] { tank.profile_samples(0.0, out); }),
             "delta_x::Sample spacing must be above 0 but is 0");
-  EXPECT_EQ(thrown_text([&] { tank.profile_samples(-0.5, out); }),
+  EXPECT_EQ(thrown([&] { tank.profile_samples(-0.5, out); }),
             "delta_x::Sample spacing must be above 0 but is -0.5");
-  EXPECT_EQ(thrown_text([&] { tank.profile_samples(nan, out); }),
+  EXPECT_EQ(thrown([&] { tank.profile_samples(nan, out); }),
             "delta_x::Sample spacing must be above 0 but is nan");
-  EXPECT_EQ(thrown_text([&] { tank.profile_samples(inf, out); }),
+  EXPECT_EQ(thrown([&] { tank.profile_samples(inf, out); }),
             "delta_x::Sample spacing must be above 0 but is inf");
 }
 
-TEST(TankConfig, RefusesASpacingFarTooSmall) {
+TEST(TankConfig, RefusesAnExcessiveNumberOfSamples) {
   const TankConfig tank = sloping();
   std::vector<double> out;
-  EXPECT_EQ(thrown_text([&] { tank.profile_samples(1e-9, out); }),
+  EXPECT_EQ(thrown([&] { tank.profile_samples(1e-9, out); }),
             "delta_x::Too many depth samples for a spacing of 1e-09");
-  EXPECT_EQ(thrown_text([&] { tank.profile_samples(1e-320, out); }),
+  EXPECT_EQ(thrown([&] { tank.profile_samples(1e-320, out); }),
             "delta_x::Too many depth samples for a spacing of 9.99989e-321");
 }
 

@@ -1,4 +1,4 @@
-// A tank of varying depth, for the tests that walk along it.
+// A tank of varying depth.
 #ifndef KELPBOX_TESTS_MATHS_VARIED_TANK_H_
 #define KELPBOX_TESTS_MATHS_VARIED_TANK_H_
 
@@ -18,8 +18,8 @@ inline Maths::RunData grid() {
   return run;
 }
 
-// A slope of 5 m behind the paddles, 1 m of water to x = 4, a slope to 0.5 m at x = 10, a step
-// down to 0.8 m.
+// From x = -5 a slope to 1 m of water at the paddles, 1 m to x = 4, a slope to 0.5 m at x = 10,
+// then a step down to 0.8 m.
 inline Maths::TankConfig varied() {
   Maths::TankConfig tank;
   tank.g = g;
@@ -34,7 +34,7 @@ inline Maths::TankConfig varied() {
 
 inline Maths::TankRun varied_run() { return {varied(), grid()}; }
 
-// The wave number of harmonic 10, of 1 Hz.
+// The wave number of harmonic 10, 1 Hz, as the library has it: dispersion_test.cpp proves it.
 inline double k_of(double depth) { return Maths::knum(2 * pi, depth, g); }
 
 inline std::string outside(const std::string& x) {

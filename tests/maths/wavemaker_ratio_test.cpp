@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "support.h"
+#include "simpson.h"
 
 namespace {
 
@@ -14,9 +14,9 @@ using Maths::obliquity_factor;
 using Maths::piston_ratio;
 using Maths::piston_ratio_angled;
 
-// Linear wavemaker theory: the height over the stroke of a paddle whose stroke at the height z
-// above the bottom is `shape(z)` is 2 sinh(kd) times the integral of shape(z) k cosh(kz) over the
-// depth, divided by cosh(kd) sinh(kd) + kd.
+// Linear wavemaker theory: the wave height per stroke is 2 sinh(kd) times the integral of
+// shape(z) k cosh(kz) over the depth, divided by cosh(kd) sinh(kd) + kd, where shape(z) is the
+// stroke at the height z above the bottom.
 template <typename Shape>
 double theory(double k, double depth, double bottom_edge, Shape&& shape) {
   const double kd = k * depth;
@@ -25,7 +25,7 @@ double theory(double k, double depth, double bottom_edge, Shape&& shape) {
   return 2 * std::sinh(kd) * moved / (std::cosh(kd) * std::sinh(kd) + kd);
 }
 
-TEST(WavemakerRatio, PistonFollowsTheTheoryForItsDraught) {
+TEST(WavemakerRatio, APistonFollowsTheTheoryForItsDraught) {
   for (const double k : {0.2, 1.0, 4.0, 12.0}) {
     for (const double e : {0.3, 0.8, 1.0}) {
       EXPECT_NEAR(piston_ratio(k, 1.0, e), theory(k, 1.0, 1.0 - e, [](double) { return 1.0; }),
@@ -35,7 +35,7 @@ TEST(WavemakerRatio, PistonFollowsTheTheoryForItsDraught) {
   }
 }
 
-TEST(WavemakerRatio, FlapFollowsTheTheoryForItsHinge) {
+TEST(WavemakerRatio, AFlapFollowsTheTheoryForItsHinge) {
   for (const double k : {0.2, 1.0, 4.0, 12.0}) {
     for (const double e : {0.3, 0.8, 1.0}) {
       // Per radian, a flap moves by its height above the hinge.
@@ -46,7 +46,7 @@ TEST(WavemakerRatio, FlapFollowsTheTheoryForItsHinge) {
   }
 }
 
-TEST(WavemakerRatio, FlapWithItsHingeBelowTheBottomStillHasTheClosedForm) {
+TEST(WavemakerRatio, AFlapHingedBelowTheBottomHasTheSameClosedForm) {
   const double k = 1.5;
   const double d = 1.0;
   const double e = 1.4;
@@ -56,7 +56,7 @@ TEST(WavemakerRatio, FlapWithItsHingeBelowTheBottomStillHasTheClosedForm) {
   EXPECT_NEAR(flap_ratio(k, d, e), expected, 1e-12);
 }
 
-TEST(WavemakerRatio, PistonLimits) {
+TEST(WavemakerRatio, APistonHasTheLimitsOfShallowAndDeepWater) {
   // The whole depth: kd in shallow water, 2 in deep.
   EXPECT_NEAR(piston_ratio(0.01, 0.5, 0.5) / (0.01 * 0.5), 1.0, 1e-4);
   EXPECT_NEAR(piston_ratio(40.0, 0.5, 0.5), 2.0, 1e-6);
@@ -64,9 +64,9 @@ TEST(WavemakerRatio, PistonLimits) {
   EXPECT_NEAR(piston_ratio(40.0, 0.5, 0.1), 2 * (1 - std::exp(-4.0)), 1e-9);
 }
 
-TEST(WavemakerRatio, FlapLimitsPerRadian) {
-  // Hinged at the bottom: kd / 2 of the stroke d at the water line, and in deep water, with
-  // x = ke, 2 (x - 1 + exp(-x)) / k, which nears 2e.
+TEST(WavemakerRatio, AFlapHasTheLimitsOfShallowAndDeepWater) {
+  // Per radian, hinged at the bottom: kd / 2 of the stroke d at the water line in shallow water. In
+  // deep water, with x = ke, 2 (x - 1 + exp(-x)) / k, which approaches 2e.
   EXPECT_NEAR(flap_ratio(0.01, 0.5, 0.5) / (0.01 * 0.5 / 2 * 0.5), 1.0, 1e-4);
   EXPECT_NEAR(flap_ratio(40.0, 0.5, 0.25), 2 * (10.0 - 1 + std::exp(-10.0)) / 40.0, 1e-9);
   EXPECT_NEAR(flap_ratio(300.0, 1.0, 1.0), 2.0, 2.0 / 300.0 + 1e-9);
@@ -74,14 +74,14 @@ TEST(WavemakerRatio, FlapLimitsPerRadian) {
   EXPECT_NEAR(flap_ratio(0.01, 0.5, 0.2) / (0.01 * 0.2 * 0.2 / 2), 1.0, 1e-4);
 }
 
-TEST(WavemakerRatio, AFlapHingedAtTheWaterLineIsNotANumber) {
+TEST(WavemakerRatio, AFlapHingedAtTheWaterLineHasANaNRatio) {
   for (const double k : {2.0, 40.0, 400.0}) {
     EXPECT_TRUE(std::isnan(flap_ratio(k, 1.0, 0.0))) << k;
     EXPECT_EQ(piston_ratio(k, 1.0, 0.0), 0.0) << k;
   }
 }
 
-// The closed forms, in a type that holds the exponentials of any of these depths.
+// The closed forms in long double, whose range covers the exponentials of these depths.
 using Long = long double;
 struct ClosedForm {
   ClosedForm(Long k, Long d, Long e)
@@ -111,19 +111,19 @@ void expect_closed_forms(double k, double depth, double e) {
 }
 
 TEST(WavemakerRatio, DeepWaterHasTheClosedFormsForAnyEdge) {
-  // Up to k depth = 2000: about 7 Hz in 10 m of water.
+  // Up to k depth = 2000, about 7 Hz in 10 m of water.
   for (const double depth : {0.3, 10.0, 30.0}) {
     for (const double kd : {20.0, 24.999, 25.001, 40.0, 200.0, 355.0, 400.0, 712.0, 2000.0}) {
       for (const double e : {0.01, 0.3, 0.999, 1.0, 1.001, 1.9, 2.1}) {
         expect_closed_forms(kd / depth, depth, e * depth);
       }
-      // An edge above the water line.
+      // The edge may be above the water line.
       expect_closed_forms(kd / depth, depth, -0.2 * depth);
     }
   }
 }
 
-TEST(WavemakerRatio, ASmallEdgeInDeepWaterHasTheFirstTermsOfItsSeries) {
+TEST(WavemakerRatio, ASmallEdgeInDeepWaterFollowsTheSeries) {
   // 2 y (1 - y / 2) and y^2 (1 - y / 3) / k, with y = k e.
   const double k = 50.0;
   const double y = 1e-6;
@@ -131,7 +131,7 @@ TEST(WavemakerRatio, ASmallEdgeInDeepWaterHasTheFirstTermsOfItsSeries) {
   EXPECT_NEAR(flap_ratio(k, 10.0, y / k) * k / (y * y * (1 - y / 3)), 1.0, 1e-9);
 }
 
-TEST(WavemakerRatio, ObliquityIsTheCosineOverTheMeanAcrossTheSegment) {
+TEST(WavemakerRatio, ObliquityIsTheCosineDividedByTheMeanOverTheSegment) {
   const double k = 6.0;
   const double w = 0.5;
   for (const double theta : {-1.2, -0.4, 0.1, 0.7, 2.5}) {
