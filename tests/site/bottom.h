@@ -1,4 +1,4 @@
-// Sites of any bottom, and their depth profiles.
+// Sites with a given bottom, and their depth profiles.
 #ifndef KELPBOX_TESTS_SITE_BOTTOM_H_
 #define KELPBOX_TESTS_SITE_BOTTOM_H_
 
@@ -15,35 +15,36 @@ struct Reach {
   std::string depth;
 };
 
-// The full script with these sections and one that ends the tank, and other steps.
+// The full script with these sections, a last one at `end`, and `steps` for the keys of the walk.
 inline std::string sections(const std::vector<Reach>& rows, const std::string& end,
                             const std::string& steps = "") {
-  std::string text = "section[" + std::to_string(rows.size() + 1) + "..1];\n";
+  std::string script = "section[" + std::to_string(rows.size() + 1) + "..1];\n";
   int index = 0;
   for (const Reach& row : rows) {
-    text += "section[" + std::to_string(++index) + "] { x = " + row.x + "; offset = " + row.offset +
-            "; depth = \"" + row.depth + "\"; }\n";
+    script += "section[" + std::to_string(++index) + "] { x = " + row.x +
+              "; offset = " + row.offset + "; depth = \"" + row.depth + "\"; }\n";
   }
-  text += "section[" + std::to_string(++index) + "] { x = " + end + "; offset = Relative; }\n";
-  text = site_with_sections(text);
-  text = changed(text, "reference_x = 1.0;", "reference_x = " + end + ";");
-  text = changed(text, "delta_depth = 0.02;", "");
-  return changed(text, "delta_x = 0.6;", steps);
+  script += "section[" + std::to_string(++index) + "] { x = " + end + "; offset = Relative; }\n";
+  script = site_with_sections(script);
+  script = changed(script, "reference_x = 1.0;", "reference_x = " + end + ";");
+  script = changed(script, "delta_depth = 0.02;", "");
+  return changed(script, "delta_x = 0.6;", steps);
 }
 
-inline Maths::TankConfig config_of(const std::string& text) {
-  Load site(text);
-  EXPECT_TRUE(site.ok()) << site.failure << site.plain_failure << site.log_text.str();
+inline Maths::TankConfig config_of(const std::string& script) {
+  Load site(script);
+  EXPECT_TRUE(site.ok()) << site.failure << site.log_text.str();
   site.context().make_ready();
   return site.context().tank_config();
 }
 
-inline std::string refusal(const std::string& text) {
-  Load site(text);
-  EXPECT_TRUE(site.ok()) << site.failure << site.plain_failure << site.log_text.str();
-  const std::string thrown = thrown_by([&] { site.context().make_ready(); });
+// What make_ready throws for a script that can be read.
+inline std::string refusal(const std::string& script) {
+  Load site(script);
+  EXPECT_TRUE(site.ok()) << site.failure << site.log_text.str();
+  const std::string message = Testing::thrown([&] { site.context().make_ready(); });
   EXPECT_FALSE(site.context().ready());
-  return thrown;
+  return message;
 }
 
 inline void expect_points(const Maths::TankConfig& config,

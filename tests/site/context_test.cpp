@@ -1,4 +1,4 @@
-// The root of a site: limit table, readiness, names, constants, checksum.
+// The root object of a site: limit table, readiness, names, constants and checksum.
 #include "site/context.h"
 
 #include <gtest/gtest.h>
@@ -6,15 +6,19 @@
 #include <cmath>
 
 #include "site_script.h"
+#include "support/thrown.h"
+#include "support/thrown_item.h"
 
 namespace {
 
 using Common::Context;
+using Testing::nothing_thrown;
+using Testing::thrown_item;
 namespace Limit = Common::Limit;
 
-TEST(Context, LimitTableHoldsBaseUnits) {
+TEST(Context, TheLimitTableIsInBaseUnits) {
   Load site(full_script());
-  ASSERT_TRUE(site.ok()) << site.failure << site.plain_failure;
+  ASSERT_TRUE(site.ok()) << site.failure;
   const Context& context = site.context();
   EXPECT_DOUBLE_EQ(context.get(0), 20.0);
   EXPECT_DOUBLE_EQ(context.get(1), 0.0);
@@ -29,22 +33,22 @@ TEST(Context, LimitTableHoldsBaseUnits) {
   EXPECT_EQ(context.geometry(), 3u);
 }
 
-TEST(Context, LimitTableIsThereBeforeTheTankIsReady) {
+TEST(Context, TheLimitTableIsAvailableBeforeMakeReady) {
   Load site(full_script());
   EXPECT_FALSE(site.context().ready());
   EXPECT_DOUBLE_EQ(site.context().get(Limit::max_x), 20.0);
 }
 
-TEST(Context, LimitTableEndsAtTen) {
+TEST(Context, TheLimitTableHasTenEntries) {
   Load site(full_script());
   const Context& context = site.context();
   EXPECT_DOUBLE_EQ(context.get(9), context.get(Limit::min_angle));
-  EXPECT_EQ(thrown_by([&] { context.get(10); }), "string: type out of range");
-  EXPECT_EQ(thrown_by([&] { context.get(0x7FFFFFFF); }), "string: type out of range");
-  EXPECT_EQ(thrown_by([&] { context.get(-1); }), "string: type out of range");
+  EXPECT_EQ(thrown_item([&] { context.get(10); }), "type out of range");
+  EXPECT_EQ(thrown_item([&] { context.get(0x7FFFFFFF); }), "type out of range");
+  EXPECT_EQ(thrown_item([&] { context.get(-1); }), "type out of range");
 }
 
-TEST(Context, TankInMillimetresHasMetresInTheTableAndRawNumbersInTheConfiguration) {
+TEST(Context, ATankInMillimetresHasMetresInTheTableAndRawNumbersInTheConfiguration) {
   std::string text = site_with("units = m;", "units = mm;");
   text = changed(text, "x = 20;", "x = 20000;");
   text = changed(text, "max_y = 4.5;", "max_y = 4500;");
@@ -62,18 +66,18 @@ TEST(Context, TankInMillimetresHasMetresInTheTableAndRawNumbersInTheConfiguratio
   EXPECT_DOUBLE_EQ(context.tank_config().paddle_depth, 0.8);
 }
 
-TEST(Context, TankInFeetHasMetresInTheTable) {
+TEST(Context, ATankInFeetHasMetresInTheTable) {
   Load site(site_with("units = m;", "units = ft;"));
   ASSERT_TRUE(site.ok()) << site.failure;
   EXPECT_DOUBLE_EQ(site.context().get(Limit::max_x), 20.0 * 0.3048);
 }
 
-TEST(Context, TankInYardsCannotBeLoaded) {
+TEST(Context, ATankInYardsCannotBeLoaded) {
   Load site(site_with("units = m;", "units = yds;"));
   EXPECT_EQ(site.failure, site.path + "::Unable to convert from \"yds\" to \"m\"");
 }
 
-TEST(Context, RateInRadiansPerSecondIsHertzInTheTable) {
+TEST(Context, ARateInRadiansPerSecondIsHertzInTheTable) {
   Load site(site_with("rate_units = Hz;", "rate_units = rad_s;"));
   ASSERT_TRUE(site.ok()) << site.failure;
   EXPECT_DOUBLE_EQ(site.context().get(Limit::base_rate), 40.0 / (2 * M_PI));
@@ -88,14 +92,14 @@ TEST(Context, FrequencyLimitsConvertFromTheirUnits) {
   EXPECT_DOUBLE_EQ(site.context().get(Limit::min_freq), 0.25 / (2 * M_PI));
 }
 
-TEST(Context, FrequencyLimitsInUnitsOfAnotherKindFailWithThePath) {
+TEST(Context, FrequencyLimitsInOtherUnitsAreRefusedWithThePath) {
   Load site(site_with("units = \"Hz\";", "units = \"s\";"));
   EXPECT_EQ(site.failure, site.path + "::Unable to convert from \"s\" to \"Hz\"");
   Load unknown(site_with("units = \"Hz\";", "units = \"Hertz\";"));
   EXPECT_EQ(unknown.failure, unknown.path + "::Unknown units - Hertz");
 }
 
-TEST(Context, ConfigurationTakesAnglesGravityAndRateFromTheTable) {
+TEST(Context, TheConfigurationHasTheAnglesGravityAndRateOfTheTable) {
   Load site(full_script());
   site.context().make_ready();
   const Maths::TankConfig& config = site.context().tank_config();
@@ -105,25 +109,25 @@ TEST(Context, ConfigurationTakesAnglesGravityAndRateFromTheTable) {
   EXPECT_DOUBLE_EQ(config.base_rate, 40.0);
 }
 
-TEST(Context, ConfigurationIsRefusedUntilReady) {
+TEST(Context, TheConfigurationIsRefusedUntilReady) {
   Load site(full_script());
   Context& context = site.context();
   const std::string refused =
       "item: General: context::Error::Attempting to access TankConfig when not made ready";
-  EXPECT_EQ(thrown_by([&] { context.tank_config(); }), refused);
+  EXPECT_EQ(thrown_item([&] { context.tank_config(); }), refused);
   context.make_ready();
   EXPECT_TRUE(context.ready());
-  EXPECT_EQ(thrown_by([&] { context.tank_config(); }), "nothing");
+  EXPECT_EQ(thrown_item([&] { context.tank_config(); }), nothing_thrown);
   context.clear_ready();
-  EXPECT_EQ(thrown_by([&] { context.tank_config(); }), refused);
+  EXPECT_EQ(thrown_item([&] { context.tank_config(); }), refused);
   context.make_ready();
   EXPECT_EQ(context.tank_config().profile.size(), 2u);
 }
 
-TEST(Context, SecondMakeReadyIsRefused) {
+TEST(Context, ASecondMakeReadyIsRefused) {
   Load site(full_script());
   site.context().make_ready();
-  EXPECT_EQ(thrown_by([&] { site.context().make_ready(); }),
+  EXPECT_EQ(thrown_item([&] { site.context().make_ready(); }),
             "item: General: context::Error::Make ready called when already ready");
   EXPECT_TRUE(site.context().ready());
 }
@@ -131,13 +135,13 @@ TEST(Context, SecondMakeReadyIsRefused) {
 TEST(Context, WithoutATankNothingIsBuilt) {
   Context context;
   Base::Params out;
-  EXPECT_EQ(thrown_by([&] { context.make_ready(); }), "plain: Object not built");
+  EXPECT_EQ(thrown_item([&] { context.make_ready(); }), "plain: Object not built");
   EXPECT_FALSE(context.ready());
-  EXPECT_EQ(thrown_by([&] { context.get_consts(out); }), "plain: Object not built");
+  EXPECT_EQ(thrown_item([&] { context.get_consts(out); }), "plain: Object not built");
   EXPECT_TRUE(out.entries().empty());
 }
 
-TEST(Context, WithoutLimitsTheTanksConstantsComeFirst) {
+TEST(Context, WithoutLimitsOnlyTheConstantsOfTheTankAreReported) {
   Context context;
   context.tank.build();
   Common::Tank& tank = *context.tank.get();
@@ -145,7 +149,7 @@ TEST(Context, WithoutLimitsTheTanksConstantsComeFirst) {
   tank.units.number = 1;
   tank.section.build(2, 1);
   Base::Params out;
-  EXPECT_EQ(thrown_by([&] { context.get_consts(out); }), "plain: Object not built");
+  EXPECT_EQ(thrown_item([&] { context.get_consts(out); }), "plain: Object not built");
   EXPECT_TRUE(out.contains("geometry"));
 }
 
@@ -153,14 +157,14 @@ TEST(Context, LimitsWithoutFrequencyOrAngleAreNotBuilt) {
   Common::FixedLimits limits;
   Base::Params out;
   out.insert("geometry", std::string("NoSides"), std::string("Geometry"));
-  EXPECT_EQ(thrown_by([&] { limits.get_consts(out); }), "plain: Object not built");
+  EXPECT_EQ(thrown_item([&] { limits.get_consts(out); }), "plain: Object not built");
   limits.frequency.build();
   limits.frequency.get()->maximum = 1;
   limits.frequency.get()->minimum = 1;
-  EXPECT_EQ(thrown_by([&] { limits.get_consts(out); }), "plain: Object not built");
+  EXPECT_EQ(thrown_item([&] { limits.get_consts(out); }), "plain: Object not built");
 }
 
-TEST(Context, ConstantsCarryTheirUnits) {
+TEST(Context, ConstantsHaveTheirUnits) {
   Load site(site_with("rate_units = Hz;", "rate_units = rad_s;"));
   Base::Params out;
   site.context().get_consts(out);
@@ -181,32 +185,31 @@ TEST(Context, ConstantsCarryTheirUnits) {
   EXPECT_DOUBLE_EQ(out.get("min_gain", "cm"), 0.5);
 }
 
-TEST(Context, ConstantsAreRefusedWhenTheyAreThereAlready) {
+TEST(Context, ConstantsThatExistAlreadyAreRefused) {
   Load site(full_script());
   Base::Params out;
   site.context().get_consts(out);
-  EXPECT_EQ(thrown_by([&] { site.context().get_consts(out); }),
-            "string: \"min_x\"::Duplicate parameter:");
+  EXPECT_EQ(thrown_item([&] { site.context().get_consts(out); }),
+            "\"min_x\"::Duplicate parameter:");
 }
 
-TEST(Context, RateInUnknownUnitsIsRefused) {
+TEST(Context, ARateInUnknownUnitsIsRefused) {
   Load site(full_script());
   for (std::int32_t number : {2, -1, Script::UnsetInteger}) {
     site.context().rate_units.number = number;
     Base::Params out;
-    EXPECT_EQ(thrown_by([&] { site.context().get_consts(out); }),
-              "string: Unsupported units for rate");
+    EXPECT_EQ(thrown_item([&] { site.context().get_consts(out); }), "Unsupported units for rate");
     EXPECT_TRUE(out.contains("max_freq"));
     EXPECT_FALSE(out.contains("base_rate"));
   }
 }
 
-TEST(Context, FullNameJoinsTankAndConfiguration) {
+TEST(Context, TheFullNameJoinsTankAndConfiguration) {
   Load site(full_script());
   EXPECT_EQ(site.context().full_name(), "Basin Spring");
 }
 
-TEST(Context, IdentityEndsInTheChecksumInHexadecimal) {
+TEST(Context, TheIdentityEndsInTheHexadecimalChecksum) {
   Load site(full_script());
   EXPECT_EQ(site.context().identity(0x1F2E3D4Cu), "Bay::Basin::Spring#0x1f2e3d4c");
   EXPECT_EQ(site.context().identity(0xFFFFFFFFu), "Bay::Basin::Spring#0xffffffff");
@@ -214,9 +217,8 @@ TEST(Context, IdentityEndsInTheChecksumInHexadecimal) {
   EXPECT_EQ(site.context().identity(0u), "Bay::Basin::Spring#0x0");
 }
 
-// A tank for the analysis of records needs neither rate nor gravity; a wave is refused by what
-// cannot be worked out without them.
-TEST(Context, RateAndGravityAreTakenAsTheyStand) {
+// The analysis of records needs neither rate nor gravity. A wave that needs them is refused later.
+TEST(Context, RateAndGravityAreNotChecked) {
   const std::pair<const char*, double> values[] = {{"0", 0.0}, {"-40", -40.0}};
   for (const auto& [text, number] : values) {
     Load rate(site_with("base_rate = 40;", std::string("base_rate = ") + text + ";"));
@@ -235,13 +237,12 @@ TEST(Context, RateAndGravityAreTakenAsTheyStand) {
   EXPECT_EQ(none.context().full_name(), "Basin Spring");
 }
 
-TEST(Context, DensityMayHaveNoValue) {
+TEST(Context, TheDensityMayHaveNoValue) {
   Load site(site_with("base_rho = 1000;", "base_rho = $;"));
   EXPECT_TRUE(site.ok()) << site.failure;
 }
 
-// The tank's own checks come before the banks', the banks' before the limits'.
-TEST(Context, InnerObjectsFailFirst) {
+TEST(Context, TheTankIsCheckedBeforeTheBanksAndTheBanksBeforeTheLimits) {
   std::string text = site_with("maximum = 2.25;", "maximum = 0.125;");
   Load limits(text);
   EXPECT_EQ(limits.caught_item(),
@@ -256,7 +257,7 @@ TEST(Context, InnerObjectsFailFirst) {
   EXPECT_EQ(tank.caught_item(), "context::tank::Error::Max Y -2 is less than Min Y -1.5\n");
 }
 
-TEST(Checksum, IgnoresTunableValuesOnly) {
+TEST(Checksum, IgnoresOnlyTunableValues) {
   const std::uint32_t plain = Load(full_script()).reader.checksum();
   EXPECT_EQ(Load(full_script()).reader.checksum(), plain);
   EXPECT_EQ(Load(site_with("value = 1.25;", "value = 1.75;")).reader.checksum(), plain);
@@ -283,7 +284,7 @@ TEST(Checksum, IgnoresTunableValuesOnly) {
   }
 }
 
-TEST(Checksum, StaysWhenTheHostTunesTheTank) {
+TEST(Checksum, IsUnchangedWhenTheHostTunesTheTank) {
   Load site(full_script());
   const std::uint32_t before = site.reader.checksum();
   Base::Params in;

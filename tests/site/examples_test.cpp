@@ -1,22 +1,27 @@
-// The example sites: each loads, and is the tank that its comment describes.
+// The example sites: each can be read, and matches the description in its comment.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
 #include "site_script.h"
+#include "support/thrown.h"
+#include "support/thrown_item.h"
 
 namespace {
 
+using Testing::nothing_thrown;
+using Testing::thrown_item;
+
 namespace Limit = Common::Limit;
 
-struct Site : Load {
-  explicit Site(const std::string& name) : Load(File{TEST_ROOT "/../examples/" + name}) {
-    EXPECT_TRUE(ok()) << failure << plain_failure << report.str() << log_text.str();
+struct ExampleSite : Load {
+  explicit ExampleSite(const std::string& name) : Load(File{TEST_ROOT "/../examples/" + name}) {
+    EXPECT_TRUE(ok()) << failure << report.str() << log_text.str();
     EXPECT_EQ(output.find("UNFOUND"), std::string::npos) << output;
     context().make_ready();
-    EXPECT_EQ(thrown_by([&] { context().get_consts(consts); }), "nothing");
-    EXPECT_EQ(thrown_by([&] { context().tank.get()->query(tunable); }), "nothing");
+    EXPECT_EQ(thrown_item([&] { context().get_consts(consts); }), nothing_thrown);
+    EXPECT_EQ(thrown_item([&] { context().tank.get()->query(tunable); }), nothing_thrown);
   }
   const Maths::TankConfig& config() { return context().tank_config(); }
   double depth(double x) {
@@ -33,8 +38,8 @@ struct Site : Load {
   Base::Params tunable;
 };
 
-TEST(Examples, Flume) {
-  Site site("flume.site");
+TEST(Examples, TheFlumeMatchesItsDescription) {
+  ExampleSite site("flume.site");
   Common::Context& context = site.context();
   EXPECT_EQ(context.full_name(), "Flume 1 beach 1:10");
   EXPECT_EQ(context.get(Limit::max_x), 25.0);
@@ -52,7 +57,7 @@ TEST(Examples, Flume) {
   EXPECT_NEAR(site.depth(20), 0.7 - 0.15, 1e-9);
   EXPECT_NEAR(site.depth(24), 0.7 - 0.55, 1e-9);
   EXPECT_EQ(config.profile.back().x, 25.0);
-  // The last step is taken as long enough within 25 mm of the end.
+  // The walk ends within 25 mm of the end.
   EXPECT_NEAR(config.profile.back().depth, 0.05, 0.0025);
 
   ASSERT_EQ(context.wavemaker_bank.size(), 1u);
@@ -64,8 +69,8 @@ TEST(Examples, Flume) {
   EXPECT_DOUBLE_EQ(site.consts.get("max_still_water_correction", "m"), 0.02);
 }
 
-TEST(Examples, Basin) {
-  Site site("basin.site");
+TEST(Examples, TheBasinMatchesItsDescription) {
+  ExampleSite site("basin.site");
   Common::Context& context = site.context();
   EXPECT_EQ(context.full_name(), "Wave basin ridge");
   const Maths::TankConfig& config = site.config();
@@ -100,8 +105,8 @@ TEST(Examples, Basin) {
   EXPECT_DOUBLE_EQ(limits.get("rod_length", "m"), 0.65);
 }
 
-TEST(Examples, LShapedBasin) {
-  Site site("l_basin.site");
+TEST(Examples, TheLShapedBasinMatchesItsDescription) {
+  ExampleSite site("l_basin.site");
   Common::Context& context = site.context();
   EXPECT_EQ(context.full_name(), "L basin crossed seas");
   EXPECT_NEAR(context.get(Limit::base_rate), 32.0, 1e-9);
@@ -138,10 +143,10 @@ TEST(Examples, LShapedBasin) {
   EXPECT_TRUE(site.tunable.entries().empty());
 }
 
-TEST(Examples, HaveIdentitiesOfTheirOwn) {
-  Site flume("flume.site");
-  Site basin("basin.site");
-  Site l_basin("l_basin.site");
+TEST(Examples, HaveDifferentIdentities) {
+  ExampleSite flume("flume.site");
+  ExampleSite basin("basin.site");
+  ExampleSite l_basin("l_basin.site");
   EXPECT_NE(flume.reader.checksum(), basin.reader.checksum());
   EXPECT_NE(basin.reader.checksum(), l_basin.reader.checksum());
   EXPECT_EQ(flume.context().identity(flume.reader.checksum()).substr(0, 42),

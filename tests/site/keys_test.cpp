@@ -1,4 +1,4 @@
-// The keys of each class, in the order in which they are printed and summed.
+// The keys of each class, in the order of printing and of the checksum.
 #include <gtest/gtest.h>
 
 #include <utility>
@@ -39,7 +39,7 @@ constexpr VarType choice = VarType::fixed_enum;
 constexpr VarType object = VarType::object;
 constexpr VarType array = VarType::array;
 
-TEST(Keys, OfTheRoot) {
+TEST(Keys, TheRootHasItsKeysInOrder) {
   EXPECT_EQ(keys_of<Common::Context>(), (Keys{{"site_name", text},
                                               {"tank_name", text},
                                               {"config_name", text},
@@ -52,13 +52,13 @@ TEST(Keys, OfTheRoot) {
                                               {"base_rho", real}}));
 }
 
-TEST(Keys, OfTheLimits) {
+TEST(Keys, TheLimitsHaveTheirKeysInOrder) {
   EXPECT_EQ(keys_of<Common::FixedLimits>(), (Keys{{"frequency", object}, {"angle", object}}));
   EXPECT_EQ(keys_of<Common::FixedLimit>(),
             (Keys{{"units", text}, {"maximum", real}, {"minimum", real}}));
 }
 
-TEST(Keys, OfTheTank) {
+TEST(Keys, TheTankHasItsKeysInOrder) {
   EXPECT_EQ(keys_of<Common::Tank>(), (Keys{{"geometry", choice},
                                            {"units", choice},
                                            {"max_y", real},
@@ -80,13 +80,13 @@ TEST(Keys, OnlyTheValueOfATunableIsAdjustable) {
                                             {"units", text}}));
 }
 
-TEST(Keys, OfABank) {
+TEST(Keys, ABankHasItsKeysInOrder) {
   EXPECT_EQ(keys_of<Common::Paddles>(),
             (Keys{{"name", text}, {"pad_pos", array}, {"flap", object}, {"piston", object}}));
   EXPECT_EQ(keys_of<Common::PadPos>(), (Keys{{"x", real}, {"y", real}, {"angle", real}}));
 }
 
-TEST(Keys, OfAMachine) {
+TEST(Keys, AMachineHasItsKeysInOrder) {
   const Keys machine = {{"paddle_width", real},
                         {"critical_dimension", real},
                         {"dimension_type", choice},

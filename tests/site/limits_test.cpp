@@ -4,8 +4,11 @@
 #include <cmath>
 
 #include "site_script.h"
+#include "support/thrown_item.h"
 
 namespace {
+
+using Testing::thrown_item;
 
 namespace Limit = Common::Limit;
 
@@ -28,19 +31,19 @@ TEST(Limits, DegreesAreConvertedInFullPrecision) {
   EXPECT_NEAR(angles.min, -M_PI / 2, 1e-15);
 }
 
-TEST(Limits, RadiansStayAsTheyAre) {
+TEST(Limits, RadiansAreKeptUnchanged) {
   const Angles angles = angles_of("rad", "0.75", "-0.5");
   EXPECT_EQ(angles.max, 0.75);
   EXPECT_EQ(angles.min, -0.5);
 }
 
-TEST(Limits, AnglesAreBroughtIntoOneTurn) {
+TEST(Limits, AnglesAreReducedToOneTurn) {
   const Angles angles = angles_of("rad", "7", "-4");
   EXPECT_NEAR(angles.max, 7 - 2 * M_PI, 1e-15);
   EXPECT_NEAR(angles.min, -4 + 2 * M_PI, 1e-15);
 }
 
-TEST(Limits, AWholeTurnIsOneAngle) {
+TEST(Limits, AWholeTurnIsASingleAngle) {
   const Angles turn = angles_of("deg", "360", "0");
   EXPECT_EQ(turn.max, turn.min);
   EXPECT_EQ(turn.min, 0.0);
@@ -49,13 +52,13 @@ TEST(Limits, AWholeTurnIsOneAngle) {
   EXPECT_NEAR(shifted.min, M_PI / 18, 1e-15);
 }
 
-TEST(Limits, HalfATurnEachWayStaysApart) {
+TEST(Limits, HalfATurnEachWayIsKeptApart) {
   const Angles angles = angles_of("deg", "180", "-180");
   EXPECT_DOUBLE_EQ(angles.max, M_PI);
   EXPECT_DOUBLE_EQ(angles.min, -M_PI);
 }
 
-TEST(Limits, AnglesCloserThanAMilliradianAreOne) {
+TEST(Limits, AnglesWithinAMilliradianBecomeEqual) {
   const Angles close = angles_of("rad", "0.5009", "0.5");
   EXPECT_EQ(close.max, 0.5);
   const Angles below = angles_of("rad", "0.4991", "0.5");
@@ -70,7 +73,7 @@ TEST(Limits, UnknownAngleUnitsAreRefused) {
             "context::limits::Error::Unknown angle units grad in fixed limits\n");
 }
 
-TEST(Limits, EqualFrequenciesPass) {
+TEST(Limits, EqualFrequenciesAreAccepted) {
   Load site(site_with("maximum = 2.25;", "maximum = 0.25;"));
   ASSERT_TRUE(site.ok()) << site.failure;
   EXPECT_EQ(site.context().get(Limit::max_freq), 0.25);
@@ -83,21 +86,21 @@ TEST(Limits, InvertedFrequenciesAreRefusedBeforeAngleUnits) {
             "context::limits::Error::Error that max freq 0.2 is less than min freq 0.25\n");
 }
 
-TEST(Limits, HeadingIsCreate) {
+TEST(Limits, ItemsHaveTheHeadingCreate) {
   Load site(full_script());
   Common::FixedLimits& limits = *site.context().limits.get();
   limits.angle.get()->units = "turns";
   Base::Params out;
   out.insert("geometry", std::string("NoSides"), std::string("Geometry"));
-  EXPECT_EQ(thrown_by([&] { limits.get_consts(out); }),
+  EXPECT_EQ(thrown_item([&] { limits.get_consts(out); }),
             "item: Create: context::limits::Error::Unknown angle units turns in fixed limits");
 }
 
-TEST(Limits, NeedTheTanksGeometry) {
+TEST(Limits, NeedTheGeometryOfTheTank) {
   Load site(full_script());
   Base::Params out;
-  EXPECT_EQ(thrown_by([&] { site.context().limits.get()->get_consts(out); }),
-            "string: geometry::Not found");
+  EXPECT_EQ(thrown_item([&] { site.context().limits.get()->get_consts(out); }),
+            "geometry::Not found");
 }
 
 TEST(Limits, MayHaveNoValue) {
@@ -117,19 +120,19 @@ TEST(Limits, MayHaveNoValue) {
   EXPECT_TRUE(std::isnan(high.min));
 }
 
-TEST(Limits, FrequenciesMayBeOpenAbove) {
+TEST(Limits, TheMaximumFrequencyMayBeInfinite) {
   Load site(site_with("maximum = 2.25;", "maximum = 1e999;"));
   ASSERT_TRUE(site.ok()) << site.failure;
   EXPECT_TRUE(std::isinf(site.context().get(Limit::max_freq)));
 }
 
-TEST(Limits, ManyTurnsAreTakenBack) {
+TEST(Limits, ManyTurnsAreRemoved) {
   const Angles angles = angles_of("deg", "3600000060.0", "-3599999955.0");
   EXPECT_NEAR(angles.max, M_PI / 3, 1e-6);
   EXPECT_NEAR(angles.min, M_PI / 4, 1e-6);
 }
 
-TEST(Limits, AnglesThatNoTurnBringsBackAreRefused) {
+TEST(Limits, AnglesTooLargeToReduceAreRefused) {
   for (const char* value : {"1e300", "-1e17", "1e999"}) {
     for (const char* key : {"maximum = 60;", "minimum = -45;"}) {
       Load site(site_with(key, std::string(key, 7) + " = " + value + ";"));

@@ -1,4 +1,4 @@
-// Machines and paddles: one machine for each bank, its limits, its transfer.
+// Machines and paddles: one machine for each bank, its limits and its transfer function.
 #include "site/machine.h"
 
 #include <gtest/gtest.h>
@@ -6,12 +6,14 @@
 #include <cmath>
 
 #include "site_script.h"
+#include "support/thrown_item.h"
 
 namespace {
 
 using Common::Flap;
 using Common::Machine;
 using Common::Piston;
+using Testing::thrown_item;
 
 const char* piston_text = R"(piston {
       paddle_width = 0.5; critical_dimension = 0; dimension_type = ToBottom;
@@ -30,20 +32,20 @@ TEST(Bank, NeedsAMachine) {
             "are 0\n");
 }
 
-TEST(Bank, HasNoMoreThanOneMachine) {
+TEST(Bank, RefusesASecondMachine) {
   EXPECT_EQ(Load(site_with("flap {", piston_text)).caught_item(),
             "context::wavemaker_bank[1]::Error::There should be one machine exactly but there "
             "are 2\n");
 }
 
-TEST(Bank, MessageIsHeadedGeneral) {
+TEST(Bank, ItemsHaveTheHeadingGeneral) {
   Common::Paddles bank;
-  EXPECT_EQ(thrown_by([&] { bank.create(); }),
+  EXPECT_EQ(thrown_item([&] { bank.create(); }),
             "item: General: ::Error::There should be one machine exactly but there are 0");
 }
 
-// All three banks have the flap of the whole block.
-TEST(Bank, FirstBankAtFaultIsNamed) {
+// The block of the array gives every bank a flap.
+TEST(Bank, TheFirstFaultyBankIsReported) {
   const std::string bank =
       "wavemaker_bank[2] { piston { paddle_width = 0.5; critical_dimension = 0; "
       "dimension_type = ToBottom; paddle_motion { clip_limit = 1; maximum = 1; minimum = -1; "
@@ -57,7 +59,7 @@ TEST(Bank, FirstBankAtFaultIsNamed) {
 
 TEST(Bank, ReadsItsPaddles) {
   Load site(changed(full_script(), "    flap {", "    pad_pos[2] { y = 0.85; }\n    flap {"));
-  ASSERT_TRUE(site.ok()) << site.failure << site.plain_failure;
+  ASSERT_TRUE(site.ok()) << site.failure;
   const Common::Paddles& bank = site.context().wavemaker_bank[0];
   EXPECT_EQ(bank.name, "north");
   ASSERT_EQ(bank.pad_pos.size(), 2u);
@@ -70,7 +72,7 @@ TEST(Bank, ReadsItsPaddles) {
   EXPECT_EQ(bank.machines.size(), 1u);
 }
 
-TEST(Bank, MachineIsAFlapOrAPiston) {
+TEST(Bank, TheMachineIsAFlapOrAPiston) {
   Load flap(full_script());
   EXPECT_EQ(flap.context().wavemaker_bank[0].machine().type(), 0u);
   const std::string text = without_flap();
@@ -88,7 +90,7 @@ TEST(Bank, MachineIsAFlapOrAPiston) {
   EXPECT_EQ(machine.constant.size(), 0u);
 }
 
-TEST(Bank, ClassNamesAreThoseOfTheChecksum) {
+TEST(Bank, ClassesHaveTheNamesOfTheChecksum) {
   EXPECT_STREQ(Common::Paddles().class_name(), "Paddles");
   EXPECT_STREQ(Common::PadPos().class_name(), "Paddle");
   EXPECT_STREQ(Flap().class_name(), "Flap");
@@ -104,7 +106,7 @@ TEST(Bank, ClassNamesAreThoseOfTheChecksum) {
   EXPECT_STREQ(Common::Param().class_name(), "Param");
 }
 
-TEST(Machine, ForwardsReportsToTheLogOfItsReader) {
+TEST(Machine, ForwardsItemsToTheLogOfItsReader) {
   Load site(full_script());
   Script::LogItm item("General", Script::Level::info);
   item.add("running");
@@ -126,39 +128,38 @@ TEST(Machine, LimitsConvertFromTheirUnits) {
   EXPECT_EQ(Base::units_text(machine.units()), "mrad");
 }
 
-TEST(Machine, LimitsAreThree) {
+TEST(Machine, HasThreeLimits) {
   Load site(full_script());
   const Machine& machine = site.context().wavemaker_bank[0].machine();
   const Base::Units rad = Base::resolve_units("rad");
   for (std::uint32_t which : {3u, 0xFFFFFFFFu}) {
-    EXPECT_EQ(thrown_by([&] { machine.get(which, rad); }),
-              "string: Unknown value type in machine::get");
+    EXPECT_EQ(thrown_item([&] { machine.get(which, rad); }), "Unknown value type in machine::get");
   }
-  // The kind of limit is looked at before the conversion.
-  EXPECT_EQ(thrown_by([&] { machine.get(3, Base::resolve_units("s")); }),
-            "string: Unknown value type in machine::get");
-  EXPECT_EQ(thrown_by([&] { machine.get(1, Base::resolve_units("s")); }),
-            "string: Unable to convert from \"mrad\" to \"s\"");
+  // The kind of limit is checked before the units.
+  EXPECT_EQ(thrown_item([&] { machine.get(3, Base::resolve_units("s")); }),
+            "Unknown value type in machine::get");
+  EXPECT_EQ(thrown_item([&] { machine.get(1, Base::resolve_units("s")); }),
+            "Unable to convert from \"mrad\" to \"s\"");
 }
 
 TEST(Machine, WithoutMotionIsNotBuilt) {
   Flap flap;
   Base::Params out;
-  EXPECT_EQ(thrown_by([&] { flap.units(); }), "plain: Object not built");
-  EXPECT_EQ(thrown_by([&] { flap.get(3, Base::Units{8, 0}); }), "plain: Object not built");
-  EXPECT_EQ(thrown_by([&] { flap.get_limits(out); }), "plain: Object not built");
+  EXPECT_EQ(thrown_item([&] { flap.units(); }), "plain: Object not built");
+  EXPECT_EQ(thrown_item([&] { flap.get(3, Base::Units{8, 0}); }), "plain: Object not built");
+  EXPECT_EQ(thrown_item([&] { flap.get_limits(out); }), "plain: Object not built");
   EXPECT_TRUE(out.entries().empty());
 }
 
-TEST(Machine, UnknownUnitsFailAtTheFirstUse) {
+TEST(Machine, UnknownUnitsAreRefusedAtTheFirstUse) {
   Load site(site_with("units = \"mrad\";", "units = \"turns\";"));
   ASSERT_TRUE(site.ok()) << site.failure;
   const Machine& machine = site.context().wavemaker_bank[0].machine();
   Base::Params out;
-  EXPECT_EQ(thrown_by([&] { machine.units(); }), "string: Unknown units - turns");
-  EXPECT_EQ(thrown_by([&] { machine.get_limits(out); }), "string: Unknown units - turns");
-  // Units come before the kind of limit.
-  EXPECT_EQ(thrown_by([&] { machine.get(3, Base::Units{8, 0}); }), "string: Unknown units - turns");
+  EXPECT_EQ(thrown_item([&] { machine.units(); }), "Unknown units - turns");
+  EXPECT_EQ(thrown_item([&] { machine.get_limits(out); }), "Unknown units - turns");
+  // The units of the machine are resolved before the kind of limit is checked.
+  EXPECT_EQ(thrown_item([&] { machine.get(3, Base::Units{8, 0}); }), "Unknown units - turns");
 }
 
 TEST(Machine, ReportsLimitsAndConstants) {
@@ -176,7 +177,7 @@ TEST(Machine, ReportsLimitsAndConstants) {
   EXPECT_EQ(Base::units_text(out.at("ratio").units), "mm");
 }
 
-TEST(Machine, LimitsAreReportedAsTheyStand) {
+TEST(Machine, LimitsAreReportedUnchecked) {
   std::string text = site_with("maximum = 12;", "maximum = -20;");
   Load site(changed(text, "clip_limit = 11;", "clip_limit = 99;"));
   ASSERT_TRUE(site.ok()) << site.failure;
@@ -186,19 +187,20 @@ TEST(Machine, LimitsAreReportedAsTheyStand) {
   EXPECT_EQ(out.at("max_paddle_motion").value, -20.0);
 }
 
-TEST(Machine, ConstantsOfOneNameAreRefused) {
+TEST(Machine, ConstantsOfEqualNameAreRefused) {
   Load site(changed(full_script(), "constant[1..1]", "constant[2..1]"));
   Base::Params out;
-  EXPECT_EQ(thrown_by([&] { site.context().wavemaker_bank[0].machine().get_limits(out); }),
-            "string: \"ratio\"::Duplicate parameter:");
+  EXPECT_EQ(thrown_item([&] { site.context().wavemaker_bank[0].machine().get_limits(out); }),
+            "\"ratio\"::Duplicate parameter:");
 }
 
-// Transfer, from linear wavemaker theory.
+// Transfer functions by linear wavemaker theory.
 
 constexpr double depth = 1.2;
 constexpr double wave_numbers[] = {0.05, 0.7, 2.5, 9.0};
 
-// What a segment of width w loses at an angle.
+// The obliquity of a wave at an angle from a segment of width w: the cosine over the mean of the
+// phase factor along the segment.
 double obliquity(double k, double w, double angle) {
   const double half_phase = 0.5 * k * w * std::sin(angle);
   const double sinc = half_phase == 0.0 ? 1.0 : std::sin(half_phase) / half_phase;
@@ -222,7 +224,7 @@ void set_up(Machine& machine, std::int32_t dimension_type, double dimension) {
   machine.critical_dimension = dimension;
 }
 
-TEST(Transfer, OfAFlap) {
+TEST(Transfer, OfAFlapFollowsTheory) {
   for (double k : wave_numbers) {
     for (double angle : {0.0, 0.3, -0.3, 1.1}) {
       Flap surface;
@@ -241,7 +243,7 @@ TEST(Transfer, OfAFlap) {
   }
 }
 
-TEST(Transfer, OfAPiston) {
+TEST(Transfer, OfAPistonFollowsTheory) {
   for (double k : wave_numbers) {
     for (double angle : {0.0, 0.3, -0.3, 1.1}) {
       Piston surface;
@@ -260,7 +262,7 @@ TEST(Transfer, OfAPiston) {
   }
 }
 
-TEST(Transfer, OfAFullDepthPiston) {
+TEST(Transfer, OfAFullDepthPistonFollowsTheory) {
   Piston piston;
   set_up(piston, 0, 0.0);
   for (double k : wave_numbers) {
@@ -270,7 +272,7 @@ TEST(Transfer, OfAFullDepthPiston) {
   }
 }
 
-TEST(Transfer, OfAFlapHingedAtTheBed) {
+TEST(Transfer, OfAFlapHingedAtTheBedFollowsTheory) {
   Flap flap;
   set_up(flap, 0, 0.0);
   for (double k : wave_numbers) {
@@ -282,13 +284,13 @@ TEST(Transfer, OfAFlapHingedAtTheBed) {
   }
 }
 
-TEST(Transfer, OfAFlapHingedAtTheWaterLineIsNoNumber) {
+TEST(Transfer, OfAFlapHingedAtTheWaterLineIsNaN) {
   Flap flap;
   set_up(flap, 1, 0.0);
   EXPECT_TRUE(std::isnan(flap.transfer(1.0, depth, 0.0)));
 }
 
-TEST(Transfer, TakesEveryOtherDimensionAsToBottom) {
+TEST(Transfer, ReadsUnknownDimensionTypesAsToBottom) {
   Flap flap;
   set_up(flap, 0, 0.4);
   const double expected = flap.transfer(1.5, depth, 0.2);

@@ -1,4 +1,4 @@
-// What the walk along a tank's bottom follows, and what it refuses.
+// Which bottoms the walk along a tank accepts, and which it refuses.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,7 +10,7 @@ namespace {
 using Maths::ProfilePoint;
 using Maths::TankConfig;
 
-TEST(ProfileLimits, DryGroundOfOneHeightIsKept) {
+TEST(ProfileLimits, DryGroundOfConstantHeightIsAccepted) {
   const TankConfig config = config_of(sections(
       {{"-9", "Relative", "0"}, {"-5", "Relative", "1"}, {"8", "Relative", "-0.25"}}, "9"));
   expect_points(config, {{0, -9}, {0, -5}, {1, -5}, {1, 8}, {-0.25, 8}, {-0.25, 9}});
@@ -18,16 +18,16 @@ TEST(ProfileLimits, DryGroundOfOneHeightIsKept) {
   EXPECT_DOUBLE_EQ(config.paddle_depth, 1.0);
 }
 
-// Above the water the change is a negative part of the depth: each candidate lies behind the point
-// and is turned forward again, whatever the longest step.
-TEST(ProfileLimits, DryBeachIsWalked) {
+// Above the water the change relative to the depth is negative. Each candidate is then behind the
+// point and its step is reversed, without regard to the longest step.
+TEST(ProfileLimits, ADryBeachIsAccepted) {
   const TankConfig config =
       config_of(sections({{"0", "Relative", "1"}, {"90", "Relative", "0 - 0.5 - $[m]/20"}}, "100"));
   const auto& points = config.profile;
   ASSERT_GT(points.size(), 50u);
   EXPECT_EQ(points[2].x, 90.0);
   EXPECT_EQ(points[3].x, 90.5);
-  // Behind the first step, which is the longest, all change the depth by 1 per cent.
+  // The first step is the longest one. All others change the depth by 1 per cent.
   for (std::size_t i = 4; i + 1 < points.size(); ++i) {
     EXPECT_NEAR(points[i].depth, -0.5 - (points[i].x - 90) / 20, 1e-9) << i;
     EXPECT_NEAR(points[i].depth / points[i - 1].depth, 1.01, 1e-9) << i;
@@ -35,7 +35,7 @@ TEST(ProfileLimits, DryBeachIsWalked) {
   EXPECT_EQ(points.back().x, 100.0);
 }
 
-TEST(ProfileLimits, ConstantDepthIsTakenAsItIs) {
+TEST(ProfileLimits, AConstantDepthMayBeNaN) {
   const TankConfig config =
       config_of(sections({{"0", "Relative", "1"}, {"5", "Relative", "sqrt(0-1)"}}, "9"));
   ASSERT_EQ(config.profile.size(), 4u);
@@ -43,43 +43,44 @@ TEST(ProfileLimits, ConstantDepthIsTakenAsItIs) {
   EXPECT_TRUE(std::isnan(config.profile[3].depth));
 }
 
-TEST(ProfileLimits, WalkIsRefusedFromTheWaterLine) {
+TEST(ProfileLimits, ASlopeFromTheWaterLineIsRefused) {
   for (const char* depth : {"$[m]", "0 - $[m]"}) {
     EXPECT_EQ(refusal(sections({{"0", "Relative", depth}}, "20")),
-              "string: Section[1]::depth profile does not get beyond x = 0")
+              "Section[1]::depth profile does not get beyond x = 0")
         << depth;
   }
 }
 
-TEST(ProfileLimits, WalkIsRefusedWhereTheDepthIsNoNumber) {
+TEST(ProfileLimits, ASlopeWithAnUndefinedDepthIsRefused) {
   EXPECT_EQ(refusal(sections({{"0", "Relative", "1/$[m]"}}, "20")),
-            "string: Section[1]::depth inf at x = 0 is not a number");
+            "Section[1]::depth inf at x = 0 is not a number");
   for (const char* depth : {"sqrt($[m] - 1)", "1 + 0*sqrt(0.25 - $[m])"}) {
-    const std::string thrown = refusal(sections({{"0", "Relative", depth}}, "20"));
-    EXPECT_NE(thrown.find("string: Section[1]::depth "), std::string::npos) << thrown;
-    EXPECT_NE(thrown.find("nan at x = "), std::string::npos) << thrown;
+    const std::string message = refusal(sections({{"0", "Relative", depth}}, "20"));
+    EXPECT_TRUE(message.starts_with("Section[1]::depth ")) << message;
+    EXPECT_NE(message.find("nan at x = "), std::string::npos) << message;
   }
 }
 
-TEST(ProfileLimits, EndlessFormulaIsRefused) {
+TEST(ProfileLimits, AnEndlessWalkIsRefused) {
   const std::string pole = refusal(sections({{"0", "Relative", "1/(5 - $[m])"}}, "20"));
-  EXPECT_EQ(pole, "string: Section[1]::depth profile does not get beyond x = 5");
+  EXPECT_EQ(pole, "Section[1]::depth profile does not get beyond x = 5");
   const std::string creep =
       refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20", "delta_x = 0.000000001;"));
-  EXPECT_EQ(creep.substr(0, 76),
-            "string: Section[1]::depth profile does not come to an end, stopped at x = 0.");
+  EXPECT_TRUE(
+      creep.starts_with("Section[1]::depth profile does not come to an end, stopped at x = 0."))
+      << creep;
 }
 
-TEST(ProfileLimits, StepsMustBePositiveNumbersWhereTheyAreUsed) {
+TEST(ProfileLimits, StepsMustBePositiveIfTheyAreUsed) {
   for (const char* value : {"0", "-0.01"}) {
     EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
                                std::string("delta_depth = ") + value + ";")),
-              "string: Tank::delta_depth is not a positive number");
+              "Tank::delta_depth is not a positive number");
   }
   for (const char* value : {"0", "-0.5"}) {
     EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
                                std::string("delta_x = ") + value + ";")),
-              "string: Tank::delta_x is not a positive number");
+              "Tank::delta_x is not a positive number");
   }
   EXPECT_EQ(config_of(sections({{"0", "Relative", "1"}}, "20", "delta_x = 0; delta_depth = $;"))
                 .profile.size(),
@@ -87,8 +88,8 @@ TEST(ProfileLimits, StepsMustBePositiveNumbersWhereTheyAreUsed) {
 }
 
 TEST(ProfileLimits, StepsMayBeUnbounded) {
-  // 1 per cent of the depth a step, whatever its length: the first step and each further one, made
-  // as long as the one before it should have been.
+  // The first step changes the depth by 1 per cent. Each further step has the length with which the
+  // step before it would have done so.
   for (const char* value : {"$", "1e999"}) {
     const TankConfig config = config_of(sections({{"0", "Relative", "1 - $[m]/200"}}, "20",
                                                  std::string("delta_x = ") + value + ";"));
@@ -108,7 +109,7 @@ TEST(ProfileLimits, StepsMayBeUnbounded) {
                 {{1, 0}, {0.5, 20}});
 }
 
-TEST(ProfileLimits, TankMayBeOpenAtItsEnd) {
+TEST(ProfileLimits, TheEndOfTheTankMayBeInfiniteOrWithoutAValue) {
   for (const char* end : {"$", "1e999"}) {
     const TankConfig config =
         config_of(sections({{"0", "Relative", "1"}, {"5", "Relative", "0.5"}}, end));
@@ -124,9 +125,9 @@ TEST(ProfileLimits, TankMayBeOpenAtItsEnd) {
 
 TEST(ProfileLimits, SlopesWithoutAPositionAreRefused) {
   EXPECT_EQ(refusal(sections({{"$", "Relative", "1 - $[m]/40"}}, "20")),
-            "string: Section[1]::start or end is not a number");
+            "Section[1]::start or end is not a number");
   EXPECT_EQ(refusal(sections({{"0", "Relative", "1"}, {"2", "Relative", "1 - $[m]/40"}}, "1e999")),
-            "string: Section[2]::start or end is not a number");
+            "Section[2]::start or end is not a number");
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 using Maths::ProfilePoint;
 using Maths::TankConfig;
 
-TEST(Profile, ConstantDepthHasTwoPoints) {
+TEST(Profile, AConstantDepthHasTwoPoints) {
   const TankConfig config = config_of(sections({{"0", "Relative", "0.8"}}, "20"));
   expect_points(config, {{0.8, 0}, {0.8, 20}});
   EXPECT_EQ(config.paddle_index, 0u);
@@ -21,7 +21,7 @@ TEST(Profile, ConstantDepthHasTwoPoints) {
   EXPECT_EQ(config.x_high, 20.0);
 }
 
-TEST(Profile, TankThatEndsAtThePaddlesHasThemAtTheLastPoint) {
+TEST(Profile, PaddlesAtTheEndOfTheTankAreAtTheLastPoint) {
   const TankConfig config =
       config_of(sections({{"-20", "Relative", "0.8"}, {"-10", "Relative", "1.2"}}, "0"));
   expect_points(config, {{0.8, -20}, {0.8, -10}, {1.2, -10}, {1.2, 0}});
@@ -36,20 +36,20 @@ TEST(Profile, PaddlesBelongToTheSectionThatBeginsThere) {
   EXPECT_DOUBLE_EQ(config.paddle_depth, 1.2);
 }
 
-TEST(Profile, PaddlesMayStandInsideASection) {
+TEST(Profile, PaddlesMayBeInsideASection) {
   const TankConfig config =
       config_of(sections({{"-5", "Relative", "0.8"}, {"-2", "Relative", "1.2"}}, "9"));
   EXPECT_EQ(config.paddle_index, 2u);
   EXPECT_DOUBLE_EQ(config.paddle_depth, 1.2);
 }
 
-TEST(Profile, StepInTheBottomIsKept) {
+TEST(Profile, AStepInTheBottomIsKept) {
   const TankConfig config = config_of(sections(
       {{"0", "Relative", "1"}, {"5", "Relative", "0.75"}, {"5", "Relative", "0.5"}}, "20"));
   expect_points(config, {{1, 0}, {1, 5}, {0.75, 5}, {0.75, 5}, {0.5, 5}, {0.5, 20}});
 }
 
-TEST(Profile, DepthsAreMetresWhateverTheirUnits) {
+TEST(Profile, DepthsAreConvertedToMetres) {
   const TankConfig config = config_of(sections({{"0", "Relative", "80 @cm"},
                                                 {"1", "Relative", "2.5 @ft"},
                                                 {"2", "Relative", "1/2 + 0.25"},
@@ -63,21 +63,19 @@ TEST(Profile, DepthsAreMetresWhateverTheirUnits) {
   }
 }
 
-TEST(Profile, DepthInUnitsOfAnotherKindIsRefused) {
+TEST(Profile, ADepthInOtherUnitsIsRefused) {
   EXPECT_EQ(refusal(sections({{"0", "Relative", "0.8 @s"}}, "20")),
-            "string: Unable to convert from \"s\" to \"m\"");
+            "Unable to convert from \"s\" to \"m\"");
   EXPECT_EQ(refusal(sections({{"0", "Relative", "0.8 + 0*$[Hz]"}}, "20")),
-            "string: Unable to convert from \"m\" to \"Hz\"");
+            "Unable to convert from \"m\" to \"Hz\"");
 }
 
-TEST(Profile, DepthWithAParameterIsRefused) {
-  EXPECT_EQ(refusal(sections({{"0", "Relative", "level[m]"}}, "20")),
-            "string: Unset parameterlevel");
-  EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - slope*$[m]"}}, "20")),
-            "string: Unset parameterslope");
+TEST(Profile, ADepthWithAParameterIsRefused) {
+  EXPECT_EQ(refusal(sections({{"0", "Relative", "level[m]"}}, "20")), "Unset parameterlevel");
+  EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - slope*$[m]"}}, "20")), "Unset parameterslope");
 }
 
-TEST(Profile, OffsetSaysWhatTheVariableMeans) {
+TEST(Profile, TheOffsetSetsTheOriginOfTheVariable) {
   const TankConfig relative =
       config_of(sections({{"0", "Relative", "1"}, {"4", "Relative", "1 - $[m]/20"}}, "14"));
   const TankConfig absolute =
@@ -91,35 +89,40 @@ TEST(Profile, OffsetSaysWhatTheVariableMeans) {
   EXPECT_DOUBLE_EQ(relative.profile.back().depth, 0.5);
 }
 
-TEST(Profile, VariableIsReadInItsUnits) {
+TEST(Profile, TheVariableIsConvertedToItsUnits) {
   const TankConfig config = config_of(sections({{"0", "Relative", "100 - $[cm]/20 @cm"}}, "10"));
   EXPECT_DOUBLE_EQ(config.profile.front().depth, 1.0);
   EXPECT_DOUBLE_EQ(config.profile.back().depth, 0.5);
 }
 
-// On a plane slope s the first step is tol d(0) / s, and each further one is as long as the one
-// before it should have been: tol d / s at the start of that one.
-TEST(Profile, PlaneSlopeHasStepsInProportionToTheDepth) {
+// On a plane slope the first step changes the depth d by the tolerance, d[1] = d[0] (1 - tol), and
+// each further one has the length that was right at the start of the one before: d[n+1] = d[n] -
+// tol d[n-1]. The solution is a sum of two geometric sequences.
+TEST(Profile, APlaneSlopeHasStepsInProportionToTheDepth) {
   const double tol = 0.02;
   const double slope = 0.05;
   const TankConfig config = config_of(
       sections({{"0", "Relative", "1 - $[m]*0.05"}}, "10", "delta_depth = 0.02; delta_x = 20;"));
-  std::vector<double> x = {0.0, tol / slope};
-  while (true) {
-    const double next = x.back() + tol * (1 - slope * x[x.size() - 2]) / slope;
-    if (next > 10 || std::abs(next / 10 - 1) < 0.001) break;
-    x.push_back(next);
+  const double larger = (1 + std::sqrt(1 - 4 * tol)) / 2;
+  const double smaller = 1 - larger;
+  const double share = (1 - tol - smaller) / (larger - smaller);
+  const auto depth = [&](std::size_t n) {
+    const auto power = static_cast<double>(n);
+    return share * std::pow(larger, power) + (1 - share) * std::pow(smaller, power);
+  };
+  const std::size_t last = config.profile.size() - 1;
+  for (std::size_t i = 0; i < last; ++i) {
+    EXPECT_NEAR(config.profile[i].depth, depth(i), 1e-9) << i;
+    EXPECT_NEAR(config.profile[i].x, (1 - depth(i)) / slope, 1e-9) << i;
   }
-  x.push_back(10);
-  ASSERT_EQ(config.profile.size(), x.size());
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    EXPECT_NEAR(config.profile[i].x, x[i], 1e-9) << i;
-    EXPECT_NEAR(config.profile[i].depth, 1 - slope * x[i], 1e-9) << i;
-  }
+  EXPECT_GT(depth(last - 1), 0.5);
+  EXPECT_LT(depth(last), 0.5);
+  EXPECT_EQ(config.profile.back().x, 10.0);
+  EXPECT_NEAR(config.profile.back().depth, 0.5, 1e-9);
 }
 
 struct Bottom {
-  const char* text;
+  const char* formula;
   std::function<double(double)> depth;
   double begin;
   double end;
@@ -137,10 +140,10 @@ const Bottom bottoms[] = {
 TEST(Profile, StepsChangeTheDepthByTheTolerance) {
   for (const Bottom& bottom : bottoms) {
     for (double tol : {0.005, 0.01, 0.05}) {
-      SCOPED_TRACE(std::string(bottom.text) + " in steps of " + std::to_string(tol));
+      SCOPED_TRACE(std::string(bottom.formula) + " in steps of " + std::to_string(tol));
       const double longest = 0.75;
       const TankConfig config = config_of(sections(
-          {{std::to_string(bottom.begin), "Absolute", bottom.text}}, std::to_string(bottom.end),
+          {{std::to_string(bottom.begin), "Absolute", bottom.formula}}, std::to_string(bottom.end),
           "delta_x = 0.75; delta_depth = " + std::to_string(tol) + ";"));
       const auto& points = config.profile;
       ASSERT_GT(points.size(), 3u);
@@ -152,19 +155,19 @@ TEST(Profile, StepsChangeTheDepthByTheTolerance) {
         const double ratio = std::abs(points[i + 1].depth - points[i].depth) / points[i].depth;
         EXPECT_GT(step, 0.0) << i;
         EXPECT_LE(ratio, 1.2 * tol * (1 + 1e-9)) << i;
-        // Only the longest step and the last one may change the depth by less.
+        // Only the last step and one of the greatest length may change the depth by less.
         const bool bounded = step > longest * (1 - 1e-9) || i + 2 == points.size();
         if (!bounded) {
           EXPECT_GE(ratio, 0.8 * tol * (1 - 1e-9)) << i;
         }
       }
-      // The end is taken as reached within a thousandth of its position.
+      // The walk ends within a thousandth of the position of the end.
       EXPECT_NEAR(points.back().depth, bottom.depth(bottom.end), 0.002 * bottom.end);
     }
   }
 }
 
-TEST(Profile, OneInTwentySlopeHasOnePerCentSteps) {
+TEST(Profile, TheDefaultStepsChangeTheDepthByOnePerCent) {
   const TankConfig config = config_of(sections({{"0", "Relative", "1 - $[m]/20"}}, "10"));
   for (std::size_t i = 0; i + 2 < config.profile.size(); ++i) {
     const double d = config.profile[i].depth;
@@ -174,9 +177,9 @@ TEST(Profile, OneInTwentySlopeHasOnePerCentSteps) {
   EXPECT_DOUBLE_EQ(config.profile.back().depth, 0.5);
 }
 
-// A slope of 0.05 that eases to 0.005 at x = 0.2. The step from 0.205 is stretched to where that
-// slope has changed the depth by 1 per cent, far behind the end, and the last one comes back.
-TEST(Profile, StretchedStepMayPassTheEndAndComesBack) {
+// The slope is 0.05 and from x = 0.2 on 0.005. The step from 0.205 is lengthened until the depth
+// has changed by 1 per cent, far beyond the end; the last step returns to the end.
+TEST(Profile, ALengthenedStepMayPassTheEnd) {
   const TankConfig config = config_of(
       sections({{"0", "Relative", "1 - 0.0275*$[m] + 0.0225*(sqrt(square($[m] - 0.2)) - 0.2)"}},
                "1", "delta_x = 0.205;"));
@@ -189,15 +192,15 @@ TEST(Profile, StretchedStepMayPassTheEndAndComesBack) {
   }
 }
 
-// A slope of 0.05 that eases to 0.035 at x = 0.2. The second candidate would change the depth by
-// three quarters of 1 per cent, and is stretched to where the change is whole.
-TEST(Profile, StepBelowFourFifthsOfTheToleranceIsStretched) {
+// The slope is 0.05 and from x = 0.2 on 0.035. The second candidate would change the depth by three
+// quarters of 1 per cent, and is lengthened until the change is 1 per cent.
+TEST(Profile, AStepBelowFourFifthsOfTheToleranceIsLengthened) {
   const TankConfig config = config_of(sections(
       {{"0", "Relative", "1 - 0.0425*$[m] + 0.0075*(sqrt(square($[m] - 0.2)) - 0.2)"}}, "1"));
   const double x1 = 0.5 * 0.01 / (0.01 + 0.035 * 0.3);
   const double d1 = 0.99 - 0.035 * (x1 - 0.2);
   const double x2 = x1 + 0.01 * d1 / 0.035;
-  // The next one is as long, and changes the depth by a hundredth more than 1 per cent.
+  // The next step has the same length and changes the depth by slightly more than 1 per cent.
   const double x3 = x2 + (x2 - x1);
   const std::vector<double> x = {0, x1, x2, x3, 1};
   ASSERT_EQ(config.profile.size(), x.size());
@@ -207,20 +210,20 @@ TEST(Profile, StepBelowFourFifthsOfTheToleranceIsStretched) {
   }
 }
 
-TEST(Profile, EndAtThePaddlesIsReachedExactly) {
+TEST(Profile, AnEndAtThePaddlesIsReachedExactly) {
   const TankConfig config =
       config_of(sections({{"-1.00048828125", "Relative", "0.75 + 0*$[m]"}}, "0", "delta_x = 0.5;"));
   expect_points(
       config, {{0.75, -1.00048828125}, {0.75, -0.50048828125}, {0.75, -0.00048828125}, {0.75, 0}});
 }
 
-TEST(Profile, TankThatEndsJustBehindThePaddlesHasThemAtItsSection) {
+TEST(Profile, PaddlesJustBeforeTheEndAreAtTheStartOfTheSection) {
   const TankConfig config = config_of(sections({{"-20", "Relative", "0.8"}}, "0.000000001"));
   EXPECT_EQ(config.paddle_index, 0u);
   EXPECT_DOUBLE_EQ(config.paddle_depth, 0.8);
 }
 
-TEST(Profile, PaddlesInsideASlopeAreAtThePointBeforeThem) {
+TEST(Profile, PaddlesInsideASlopeAreAtThePrecedingPoint) {
   const TankConfig config = config_of(sections({{"-4", "Absolute", "1.2 - $[m]/30"}}, "15"));
   ASSERT_LT(config.paddle_index + 1, config.profile.size());
   EXPECT_LE(config.profile[config.paddle_index].x, 0.0);
@@ -236,7 +239,7 @@ TEST(Profile, PaddlesAtTheEndOfASlopeAreAtTheLastPoint) {
   EXPECT_DOUBLE_EQ(config.paddle_depth, 0.5);
 }
 
-TEST(Profile, PaddlesAtTheStartOfASlope) {
+TEST(Profile, PaddlesAtTheStartOfASlopeAreAtItsFirstPoint) {
   const TankConfig config =
       config_of(sections({{"-3", "Relative", "1"}, {"0", "Relative", "1 - $[m]/20"}}, "10"));
   EXPECT_EQ(config.paddle_index, 2u);
@@ -244,43 +247,43 @@ TEST(Profile, PaddlesAtTheStartOfASlope) {
   EXPECT_DOUBLE_EQ(config.paddle_depth, 1.0);
 }
 
-TEST(Profile, TankAwayFromThePaddlesHasNone) {
+TEST(Profile, ATankAwayFromTheOriginHasNoPaddles) {
   const TankConfig config = config_of(sections({{"5", "Relative", "1"}}, "10"));
   EXPECT_EQ(config.paddle_index, 0u);
   EXPECT_EQ(config.paddle_depth, 0.0);
 }
 
-TEST(Profile, FlatFormulaHasTheLongestSteps) {
+TEST(Profile, AFormulaOfConstantDepthHasTheLongestSteps) {
   const TankConfig config =
       config_of(sections({{"0", "Relative", "0.75 + 0*$[m]"}}, "2", "delta_x = 0.5;"));
   expect_points(config, {{0.75, 0}, {0.75, 0.5}, {0.75, 1}, {0.75, 1.5}, {0.75, 2}});
 }
 
-TEST(Profile, ShortFlatFormulaHasItsTwoEnds) {
+TEST(Profile, AShortFormulaOfConstantDepthHasTwoPoints) {
   const TankConfig config =
       config_of(sections({{"0", "Relative", "0.75 + 0*$[m]"}}, "0.25", "delta_x = 0.5;"));
   expect_points(config, {{0.75, 0}, {0.75, 0.25}});
 }
 
-TEST(Profile, FormulaOnASectionWithoutLengthHasItsTwoEnds) {
+TEST(Profile, AFormulaOnASectionOfZeroLengthHasTwoPoints) {
   const TankConfig config = config_of(sections(
       {{"0", "Relative", "1"}, {"3", "Relative", "0.75 - $[m]/10"}, {"3", "Relative", "2"}}, "5"));
   expect_points(config, {{1, 0}, {1, 3}, {0.75, 3}, {0.75, 3}, {2, 3}, {2, 5}});
 }
 
-TEST(Profile, BeachThatEndsAtTheWaterLineIsWalkedToItsEnd) {
+TEST(Profile, ABeachMayEndAtTheWaterLine) {
   const TankConfig config = config_of(sections({{"0", "Relative", "1 - $[m]/20"}}, "20"));
   EXPECT_EQ(config.profile.back().x, 20.0);
   EXPECT_GT(config.profile.back().depth, 0.0);
   EXPECT_LT(config.profile.back().depth, 0.0015);
 }
 
-TEST(Profile, BeachThatLeavesTheWaterIsRefused) {
+TEST(Profile, ABeachBeyondTheWaterLineIsRefused) {
   EXPECT_EQ(refusal(sections({{"0", "Relative", "1"}, {"4", "Relative", "1 - $[m]/10"}}, "20")),
-            "string: Section[2]::depth profile does not get beyond x = 14");
+            "Section[2]::depth profile does not get beyond x = 14");
 }
 
-TEST(Profile, IsMadeAnewEachTime) {
+TEST(Profile, IsRebuiltByEachMakeReady) {
   Load site(sections({{"0", "Relative", "1 - $[m]/40"}}, "20"));
   site.context().make_ready();
   const std::size_t size = site.context().tank_config().profile.size();

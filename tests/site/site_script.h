@@ -1,18 +1,21 @@
-// Site scripts for tests: a small one whose parts a test replaces, and its loading.
+// A site script with every key, parts of which tests replace, and the reading of scripts. Tests of
+// runs write their sites with support/test_site.h.
 #ifndef KELPBOX_TESTS_SITE_SITE_SCRIPT_H_
 #define KELPBOX_TESTS_SITE_SITE_SCRIPT_H_
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 #include "site/context.h"
+#include "support/output.h"
+#include "support/temp_dir.h"
+#include "support/thrown.h"
 
-// A site with every key: a tank of constant depth, one tunable value, one flap bank of two paddles
-// with one constant. Each assignment's text occurs once.
+// A site with every key: a tank of constant depth, one tunable value, and one flap bank of two
+// paddles with one constant. No assignment occurs twice.
 inline const char* full_script() {
   return R"(context {
   site_name = "Bay";
@@ -66,21 +69,21 @@ inline const char* full_script() {
 )";
 }
 
-// The text with its only `from` replaced.
-inline std::string changed(std::string text, const std::string& from, const std::string& to) {
-  const std::size_t place = text.find(from);
-  if (place == std::string::npos || text.find(from, place + 1) != std::string::npos) {
+// The script with `from`, which must occur exactly once, replaced.
+inline std::string changed(std::string script, const std::string& from, const std::string& to) {
+  const std::size_t place = script.find(from);
+  if (place == std::string::npos || script.find(from, place + 1) != std::string::npos) {
     ADD_FAILURE() << "not in the script exactly once: " << from;
-    return text;
+    return script;
   }
-  return text.replace(place, from.size(), to);
+  return script.replace(place, from.size(), to);
 }
 
 inline std::string site_with(const std::string& from, const std::string& to) {
   return changed(full_script(), from, to);
 }
 
-// The full script with other sections; `sections` holds everything from the array's declaration.
+// The full script with other sections: `sections` starts with the declaration of the array.
 inline std::string site_with_sections(const std::string& sections) {
   return site_with(R"(section[2..1];
     section[1] { x = 0; offset = Relative; depth = "0.8"; }
@@ -88,20 +91,13 @@ inline std::string site_with_sections(const std::string& sections) {
                    sections);
 }
 
-// One read of a script, whatever came of it.
+// The result of reading a script, whether or not it succeeded.
 class Load {
  public:
-  // Writes the text to a file of its own.
-  explicit Load(const std::string& text) {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    const std::filesystem::path directory =
-        std::filesystem::path(testing::TempDir()) /
-        (std::string("site_") + test->test_suite_name() + "_" + test->name());
-    std::filesystem::create_directories(directory);
-    path = (directory / "test.site").string();
-    std::ofstream(path) << text;
+  explicit Load(const std::string& script) {
+    const Testing::TempDir dir;
+    path = dir.write("test.site", script);
     read();
-    std::filesystem::remove_all(directory);
   }
   struct File {
     std::string path;
@@ -109,13 +105,14 @@ class Load {
   explicit Load(const File& file) : path(file.path) { read(); }
 
   Common::Context& context() {
-    if (!reader.object()) throw std::runtime_error("no context: " + failure + plain_failure);
+    if (!reader.object()) throw std::runtime_error("no context: " + failure);
     return *reader.object();
   }
-  bool ok() const { return failure.empty() && plain_failure.empty(); }
-  // The log's only line, where a check failed; checks all that the outside sees of it.
+  bool ok() const { return failure == Testing::nothing_thrown; }
+  // The only line of the log after a failed check. Also tests everything else that a host sees of
+  // it.
   std::string caught_item() const {
-    EXPECT_EQ(failure, "Caught log exception") << plain_failure;
+    EXPECT_EQ(failure, "Caught log exception");
     const std::string line = log_text.str();
     EXPECT_EQ(output, "Opened file  \"" + path + "\" for input\nLeaving file \"" + path +
                           "\"\nException:-" + line);
@@ -123,9 +120,8 @@ class Load {
   }
 
   std::string path;
-  std::string failure;        // a std::string
-  std::string plain_failure;  // a plain text
-  std::string output;         // on the standard output stream
+  std::string failure;        // nothing_thrown after a success
+  std::string output;         // on standard output
   std::ostringstream report;  // of the verification
   std::ostringstream log_text;
   Script::SimpleLog log{log_text};
@@ -133,34 +129,10 @@ class Load {
 
  private:
   void read() {
-    testing::internal::CaptureStdout();
-    try {
-      reader.attach_log(log);
-      reader.read(report, path, "");
-    } catch (const std::string& text) {
-      failure = text;
-    } catch (const char* text) {
-      plain_failure = text;
-    }
-    output = testing::internal::GetCapturedStdout();
+    reader.attach_log(log);
+    output = Testing::printed(
+        [&] { failure = Testing::thrown([&] { reader.read(report, path, ""); }); });
   }
 };
-
-// What a call throws, as "string: ...", "plain: ..." or "item: <name>: <as it prints>".
-template <typename Call>
-std::string thrown_by(Call call) {
-  try {
-    call();
-  } catch (const std::string& text) {
-    return "string: " + text;
-  } catch (const char* text) {
-    return std::string("plain: ") + text;
-  } catch (const Script::LogItm& item) {
-    std::ostringstream out;
-    out << "item: " << item.name << ": " << item;
-    return out.str();
-  }
-  return "nothing";
-}
 
 #endif  // KELPBOX_TESTS_SITE_SITE_SCRIPT_H_

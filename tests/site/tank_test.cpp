@@ -4,10 +4,14 @@
 #include <gtest/gtest.h>
 
 #include "site_script.h"
+#include "support/thrown.h"
+#include "support/thrown_item.h"
 
 namespace {
 
 using Common::Tank;
+using Testing::nothing_thrown;
+using Testing::thrown_item;
 
 std::string three_sections(const std::string& first, const std::string& second,
                            const std::string& third) {
@@ -15,34 +19,34 @@ std::string three_sections(const std::string& first, const std::string& second,
                             "}\nsection[2] {" + second + "}\nsection[3] {" + third + "}\n");
 }
 
-// The log's line for a script, without the tank's path and the level.
-std::string refusal(const std::string& text) {
-  Load site(text);
+// The line of the log for a refused script, without the path of the tank and the level.
+std::string refusal(const std::string& script) {
+  Load site(script);
   const std::string line = site.caught_item();
   const std::string lead = "context::tank::Error::";
   EXPECT_EQ(line.substr(0, lead.size()), lead);
   return line.substr(std::min(lead.size(), line.size()));
 }
 
-TEST(TankChecks, OneSectionIsNotEnough) {
+TEST(TankChecks, OneSectionIsRefused) {
   EXPECT_EQ(
       refusal(site_with_sections("section[1..1] { x = 0; offset = Relative; depth = \"1\"; }")),
       "Insufficient sections 1 in context\n");
 }
 
-TEST(TankChecks, LastSectionHasNoDepth) {
+TEST(TankChecks, ADepthInTheLastSectionIsRefused) {
   EXPECT_EQ(refusal(site_with("x = 20;", "x = 20; depth = \"0.5 @m\";")),
             "Depth should not be specified for last section but is 0.5 @m\n");
 }
 
-TEST(TankChecks, DepthMayBeWrittenOutAsNone) {
+TEST(TankChecks, TheLastDepthMayBeWrittenAsNull) {
   Load site(site_with("x = 20;", "x = 20; depth = \"NULL\";"));
   EXPECT_TRUE(site.ok()) << site.failure;
   EXPECT_EQ(refusal(site_with("x = 20;", "x = 20; depth = \" NULL\";")),
             "Depth should not be specified for last section but is  NULL\n");
 }
 
-TEST(TankChecks, ReferenceLiesInTheTank) {
+TEST(TankChecks, TheReferenceMustBeInTheTank) {
   EXPECT_EQ(refusal(site_with("reference_x = 1.0;", "reference_x = 20.5;")),
             "Tank limits - 0:20 does not include reference postion 20.5\n");
   EXPECT_EQ(refusal(site_with("reference_x = 1.0;", "reference_x = -0.25;")),
@@ -51,43 +55,43 @@ TEST(TankChecks, ReferenceLiesInTheTank) {
   EXPECT_TRUE(Load(site_with("reference_x = 1.0;", "reference_x = 20;")).ok());
 }
 
-TEST(TankChecks, ReferenceIsTheOriginWhenLeftOut) {
+TEST(TankChecks, TheReferenceIsTheOriginByDefault) {
   EXPECT_EQ(refusal(changed(site_with("reference_x = 1.0;", ""), "x = 0;", "x = 5.5;")),
             "Tank limits - 5.5:20 does not include reference postion 0\n");
 }
 
-TEST(TankChecks, CrosswiseLimitsAreInOrder) {
+TEST(TankChecks, CrosswiseLimitsMustBeInOrder) {
   EXPECT_EQ(refusal(site_with("max_y = 4.5;", "max_y = -1.75;")),
             "Max Y -1.75 is less than Min Y -1.5\n");
   EXPECT_TRUE(Load(site_with("max_y = 4.5;", "max_y = -1.5;")).ok());
 }
 
-TEST(TankChecks, OnlyTheLastSectionHasNoDepth) {
+TEST(TankChecks, OtherSectionsMustHaveADepth) {
   EXPECT_EQ(refusal(three_sections("x = 0;", "x = 8; depth = \"1\";", "x = 20;")),
             "Section[1] depth undefined\n");
   EXPECT_EQ(refusal(three_sections("x = 0; depth = \"1\";", "x = 8; depth = \"NULL\";", "x = 20;")),
             "Section[2] depth undefined\n");
 }
 
-TEST(TankChecks, SectionsGoForward) {
+TEST(TankChecks, SectionsMustBeInOrder) {
   EXPECT_EQ(refusal(site_with_sections(R"(section[4..1] { offset = Relative; depth = "1"; }
       section[1] { x = 0; } section[2] { x = 8.5; } section[3] { x = 8.25; }
       section[4] { x = 20; depth = "NULL"; })")),
             "Section[3] 8.25 in tank not sequential\n");
 }
 
-TEST(TankChecks, SectionsEndWithTheLast) {
+TEST(TankChecks, SectionsMustNotPassTheLast) {
   EXPECT_EQ(
       refusal(three_sections("x = 0; depth = \"1\";", "x = 20.75; depth = \"1\";", "x = 20;")),
       "Section[2] 20.75  out of range\n");
 }
 
-TEST(TankChecks, FirstSectionBeyondTheLastMeetsTheReferenceFirst) {
+TEST(TankChecks, AFirstSectionBeyondTheLastFailsAtTheReference) {
   EXPECT_EQ(refusal(site_with("x = 0;", "x = 30;")),
             "Tank limits - 30:20 does not include reference postion 1\n");
 }
 
-TEST(TankChecks, FirstSectionBeyondTheLastIsOutOfRangeWithoutAReference) {
+TEST(TankChecks, AFirstSectionBeyondTheLastIsOutOfRangeWithoutAReference) {
   EXPECT_EQ(
       refusal(changed(site_with("x = 0;", "x = 30;"), "reference_x = 1.0;", "reference_x = $;")),
       "Section[1] 30  out of range\n");
@@ -102,8 +106,8 @@ TEST(TankChecks, SectionsAreNumberedAsInTheScript) {
             "Section[-1] depth undefined\n");
 }
 
-// Each script has the problem of its row and of all rows behind it.
-TEST(TankChecks, FirstFailureEndsTheChecks) {
+// Each script also has the problems that the following ones test.
+TEST(TankChecks, OnlyTheFirstProblemIsReported) {
   const std::string bad_y = site_with("max_y = 4.5;", "max_y = -7;");
   const std::string bad_reference = changed(bad_y, "reference_x = 1.0;", "reference_x = 99;");
   const std::string no_first_depth = changed(bad_reference, "depth = \"0.8\";", "");
@@ -115,22 +119,22 @@ TEST(TankChecks, FirstFailureEndsTheChecks) {
             "Section[2] depth undefined\n");
 }
 
-TEST(TankChecks, AreHeadedCreate) {
+TEST(TankChecks, ItemsHaveTheHeadingCreate) {
   Load site(full_script());
   Tank& tank = *site.context().tank.get();
   tank.section[0].depth = "NULL";
-  EXPECT_EQ(thrown_by([&] { tank.create(); }),
+  EXPECT_EQ(thrown_item([&] { tank.create(); }),
             "item: Create: context::tank::Error::Section[1] depth undefined");
 }
 
-TEST(TankChecks, TwoSectionsAtOnePlacePass) {
+TEST(TankChecks, TwoSectionsMayBeAtOnePosition) {
   Load site(three_sections("x = 0; depth = \"1\";", "x = 0; depth = \"0.5\";", "x = 20;"));
   EXPECT_TRUE(site.ok()) << site.failure << site.log_text.str();
   Load end(three_sections("x = 0; depth = \"1\";", "x = 20; depth = \"0.5\";", "x = 20;"));
   EXPECT_TRUE(end.ok()) << end.failure << end.log_text.str();
 }
 
-TEST(TankChecks, DepthThatIsNoFormulaFailsTheRead) {
+TEST(TankChecks, ADepthThatIsNotAFormulaIsRefused) {
   Load site(site_with("depth = \"0.8\";", "depth = \"0.8 +\";"));
   EXPECT_EQ(site.failure, site.path + "::Error while parsing expression ::0.8 +");
   Load units(site_with("depth = \"0.8\";", "depth = \"0.8 @fathom\";"));
@@ -143,20 +147,20 @@ TEST(TankChecks, FormulasAreParsedBeforeTheTankIsChecked) {
   EXPECT_EQ(site.failure, site.path + "::Error while parsing expression ::(1");
 }
 
-TEST(Tank, ArraysRefuseElementsTheyDoNotHave) {
+TEST(Tank, ArraysRefuseIndicesOutOfRange) {
   Load site(full_script());
   Common::Context& context = site.context();
-  const std::string text = "item: General: Error::Array element 5 is out of bounds";
-  // An array has no path of its own.
+  const std::string refused = "item: General: Error::Array element 5 is out of bounds";
+  // The message of an array has no path.
   const Tank& tank = *context.tank.get();
-  EXPECT_EQ(thrown_by([&] { tank.section[5]; }), text);
-  EXPECT_EQ(thrown_by([&] { tank.param[5]; }), text);
-  EXPECT_EQ(thrown_by([&] { context.wavemaker_bank[5]; }), text);
-  EXPECT_EQ(thrown_by([&] { context.wavemaker_bank[0].pad_pos[5]; }), text);
-  EXPECT_EQ(thrown_by([&] { context.wavemaker_bank[0].machine().constant[5]; }), text);
-  EXPECT_EQ(thrown_by([&] { tank.section[2]; }),
+  EXPECT_EQ(thrown_item([&] { tank.section[5]; }), refused);
+  EXPECT_EQ(thrown_item([&] { tank.param[5]; }), refused);
+  EXPECT_EQ(thrown_item([&] { context.wavemaker_bank[5]; }), refused);
+  EXPECT_EQ(thrown_item([&] { context.wavemaker_bank[0].pad_pos[5]; }), refused);
+  EXPECT_EQ(thrown_item([&] { context.wavemaker_bank[0].machine().constant[5]; }), refused);
+  EXPECT_EQ(thrown_item([&] { tank.section[2]; }),
             "item: General: Error::Array element 2 is out of bounds");
-  EXPECT_EQ(thrown_by([&] { tank.section[1]; }), "nothing");
+  EXPECT_EQ(thrown_item([&] { tank.section[1]; }), nothing_thrown);
 }
 
 TEST(Tank, WallsFollowTheGeometry) {
@@ -184,36 +188,35 @@ TEST(Tank, WallsFollowTheGeometry) {
   }
 }
 
-TEST(Tank, UnknownMembersAreRefused) {
+TEST(Tank, UnknownEnumerationMembersAreRefused) {
   Load site(full_script());
   Tank& tank = *site.context().tank.get();
   Maths::TankConfig config;
   for (std::int32_t number : {5, -1, Script::UnsetInteger}) {
     tank.geometry.number = number;
     Base::Params out;
-    EXPECT_EQ(thrown_by([&] { tank.get_consts(out); }),
-              "string: Unexpected type for Tank::Geometry");
+    EXPECT_EQ(thrown_item([&] { tank.get_consts(out); }), "Unexpected type for Tank::Geometry");
     EXPECT_TRUE(out.contains("min_y"));
-    EXPECT_EQ(thrown_by([&] { tank.make_config(config); }), "string: Unexpected type in Geometry");
+    EXPECT_EQ(thrown_item([&] { tank.make_config(config); }), "Unexpected type in Geometry");
   }
   for (std::int32_t number : {4, -1, Script::UnsetInteger}) {
     tank.units.number = number;
     Base::Params out;
-    EXPECT_EQ(thrown_by([&] { tank.get_consts(out); }), "string: Unexpected angle units");
+    EXPECT_EQ(thrown_item([&] { tank.get_consts(out); }), "Unexpected angle units");
     EXPECT_TRUE(out.entries().empty());
   }
 }
 
-TEST(Tank, FailedConfigurationLeavesTheSiteNotReady) {
+TEST(Tank, AFailedConfigurationLeavesTheSiteNotReady) {
   Load site(full_script());
   site.context().tank.get()->geometry.number = 7;
-  EXPECT_EQ(thrown_by([&] { site.context().make_ready(); }), "string: Unexpected type in Geometry");
+  EXPECT_EQ(thrown_item([&] { site.context().make_ready(); }), "Unexpected type in Geometry");
   EXPECT_FALSE(site.context().ready());
 }
 
-// Without a reference position no wave has a phase. A single wall needs the tank's other side for
-// cross-tank modes only.
-TEST(Tank, CrosswiseLimitsWithoutValueAreRefusedWhereWavesStartFromThem) {
+// A wave gets its phase from the crosswise reference. A single wall needs the limit on the other
+// side for cross-tank modes only.
+TEST(Tank, CrosswiseLimitsWithoutAValueAreRefusedIfTheyAreTheReference) {
   struct Row {
     const char* geometry;
     const char* key;
@@ -229,8 +232,8 @@ TEST(Tank, CrosswiseLimitsWithoutValueAreRefusedWhereWavesStartFromThem) {
     Load site(
         changed(site_with("BothSides", row.geometry), row.key, std::string(row.key, 5) + " = $;"));
     ASSERT_TRUE(site.ok()) << site.failure;
-    EXPECT_EQ(thrown_by([&] { site.context().make_ready(); }),
-              row.refused ? "string: Tank::max_y or min_y is not a number" : "nothing")
+    EXPECT_EQ(thrown_item([&] { site.context().make_ready(); }),
+              row.refused ? "Tank::max_y or min_y is not a number" : nothing_thrown)
         << row.geometry << " " << row.key;
   }
 }
@@ -249,7 +252,7 @@ std::string with_two_params() {
 
 TEST(TunableValues, AreReportedInTheirUnits) {
   Load site(with_two_params());
-  ASSERT_TRUE(site.ok()) << site.failure << site.plain_failure;
+  ASSERT_TRUE(site.ok()) << site.failure;
   Base::Params out;
   site.context().tank.get()->query(out);
   EXPECT_EQ(out.entries().size(), 2u);
@@ -257,11 +260,11 @@ TEST(TunableValues, AreReportedInTheirUnits) {
   EXPECT_EQ(Base::units_text(out.at("b").units), "mm");
   EXPECT_EQ(out.at("a").value, 0.5);
   EXPECT_EQ(Base::units_text(out.at("a").units), "deg");
-  EXPECT_EQ(thrown_by([&] { site.context().tank.get()->query(out); }),
-            "string: \"b\"::Duplicate parameter:");
+  EXPECT_EQ(thrown_item([&] { site.context().tank.get()->query(out); }),
+            "\"b\"::Duplicate parameter:");
 }
 
-TEST(TunableValues, AreSetFromAnyUnitsOfTheirKind) {
+TEST(TunableValues, AreSetFromAnyCompatibleUnits) {
   Load site(with_two_params());
   Tank& tank = *site.context().tank.get();
   Base::Params in;
@@ -276,7 +279,7 @@ TEST(TunableValues, AreSetFromAnyUnitsOfTheirKind) {
   EXPECT_DOUBLE_EQ(out.get("b", "cm"), 25.0);
 }
 
-TEST(TunableValues, OutsideTheirLimitsAreStored) {
+TEST(TunableValues, AreStoredEvenOutsideTheirLimits) {
   Load site(with_two_params());
   Tank& tank = *site.context().tank.get();
   Base::Params in;
@@ -291,13 +294,13 @@ TEST(TunableValues, MustAllBeGiven) {
   Load site(with_two_params());
   Tank& tank = *site.context().tank.get();
   Base::Params in;
-  EXPECT_EQ(thrown_by([&] { tank.set(in); }), "string: b::Not found");
+  EXPECT_EQ(thrown_item([&] { tank.set(in); }), "b::Not found");
   in.insert("b", 1.0, "s");
-  EXPECT_EQ(thrown_by([&] { tank.set(in); }), "string: Unable to convert from \"s\" to \"mm\"");
+  EXPECT_EQ(thrown_item([&] { tank.set(in); }), "Unable to convert from \"s\" to \"mm\"");
   EXPECT_EQ(tank.param[0].value, 3.0);
 }
 
-TEST(TunableValues, LeaveLimitsAndConfigurationAsTheyAre) {
+TEST(TunableValues, DoNotChangeLimitsOrConfiguration) {
   Load site(with_two_params());
   Common::Context& context = site.context();
   context.make_ready();
