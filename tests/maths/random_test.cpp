@@ -13,9 +13,8 @@ namespace {
 using Maths::PureRandom;
 using Testing::thrown;
 
-// The described roundings of 1 / (2^32 - 1) and 2 / (2^32 - 1).
-constexpr double unit_step = 2.3283064370807974e-10;
-constexpr double symmetric_step = 4.656612874161595e-10;
+constexpr double unit_step = 1.0 / 4294967295.0;
+constexpr double symmetric_step = 2.0 / 4294967295.0;
 
 // The sequence x[n] = x[n - 54] + x[n - 23] as one growing list. It starts with 54 numbers of the
 // congruential sequence, from the 24th on and then the first 23. The first 539 sums are discarded.

@@ -1,12 +1,7 @@
 #include "support/test_site.h"
 
-#include <unistd.h>
-
-#include <atomic>
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <limits>
+#include "maths/dispersion.h"
+#include "support/temp_dir.h"
 
 namespace Testing {
 namespace {
@@ -67,20 +62,10 @@ std::string script(const SiteText& site) {
 }
 
 Site::Site(const SiteText& text, bool ready) {
-  static std::atomic<unsigned> count{0};
-  const std::filesystem::path path =
-      std::filesystem::temp_directory_path() /
-      ("site_" + std::to_string(getpid()) + "_" + std::to_string(count++) + ".txt");
-  std::ofstream(path) << script(text);
+  const TempDir dir;
   std::ostringstream report;
   reader_.attach_log(log_);
-  try {
-    reader_.read(report, path.string(), "");
-  } catch (...) {
-    std::filesystem::remove(path);
-    throw;
-  }
-  std::filesystem::remove(path);
+  reader_.read(report, dir.write("test.site", script(text)), "");
   if (ready) context().make_ready();
 }
 
@@ -114,13 +99,6 @@ Base::Params rate_params(double rate) {
   return params;
 }
 
-double wave_number(double omega, double depth, double g) {
-  const double deep = omega * omega / g;
-  const double guess = deep * std::pow(1.0 - std::exp(-std::pow(deep * depth, 1.25)), -0.4);
-  const double t = std::tanh(guess * depth);
-  const double c = std::cosh(guess * depth);
-  const double residual = omega * omega - g * guess * t;
-  return guess + residual / (g * t + g * guess * depth / (c * c));
-}
+double wave_number(double omega, double depth, double g) { return Maths::knum(omega, depth, g); }
 
 }  // namespace Testing

@@ -112,7 +112,8 @@ Base::Params run_params(double repeat, const std::string& wave_merge = "Null",
 // The parameters of the paddle motion, in Hz.
 Base::Params rate_params(double rate);
 
-// The wave number as the library's solver finds it: an explicit estimate and one Newton step.
+// The library's own wave number, which tests/maths compares with the exact one. What is built on it
+// can then be tested to rounding.
 double wave_number(double omega, double depth, double g = 9.81);
 
 }  // namespace Testing
