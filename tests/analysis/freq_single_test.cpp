@@ -1,4 +1,4 @@
-// What the separation of several records reads, prints, refuses and tells.
+// The separation of several records: parameters, output, checks and results.
 #include "analysis/freq_single.h"
 
 #include <gtest/gtest.h>
@@ -12,12 +12,17 @@
 #include <utility>
 #include <vector>
 
+#include "support/output.h"
+#include "support/thrown.h"
 #include "trains.h"
 
 namespace {
 
 using Analysis::FreqSingle;
 using Analysis::Series;
+using Testing::nothing_thrown;
+using Testing::printed;
+using Testing::thrown;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -28,19 +33,19 @@ std::vector<Series> sea_under(const std::vector<double>& positions) {
   return measure(Sea().trains(0.7), row(positions));
 }
 
-void expect_failure(const Separation& found, const std::string& text, const std::string& lines) {
-  EXPECT_EQ(found.failure, text);
+void expect_failure(const Separation& found, const std::string& message, const std::string& lines) {
+  EXPECT_EQ(found.failure, message);
   EXPECT_EQ(found.lines, lines);
   EXPECT_TRUE(found.out.entries().empty());
 }
 
-TEST(FreqSingle, TellsItsProgress) {
+TEST(FreqSingle, PrintsItsProgress) {
   const auto found = separate(sea_under(layout), flat_tank(0.7));
   EXPECT_EQ(found.lines, "FreqSingle\nDA\nDB\nDC\nDD\nDE\nDF\nDG\nDH\nDI\n");
-  EXPECT_EQ(found.failure, "(nothing thrown)");
+  EXPECT_EQ(found.failure, nothing_thrown);
 }
 
-TEST(FreqSingle, NamesSixMagnitudesWithoutUnits) {
+TEST(FreqSingle, HasSixResultsWithoutUnits) {
   const auto found = separate(sea_under(layout), flat_tank(0.7));
   ASSERT_EQ(found.out.entries().size(), 6u);
   for (const char* name :
@@ -69,7 +74,7 @@ TEST(FreqSingle, AddsItsResultsInOrder) {
   });
 }
 
-TEST(FreqSingle, NeedsAFrequencyWhoseValueChangesNothing) {
+TEST(FreqSingle, NeedsAFrequencyButIgnoresItsValue) {
   const auto series = sea_under(layout);
   Base::Params params;
   expect_failure(separate(series, flat_tank(0.7), params), "freq::Not found", marks('A'));
@@ -101,41 +106,41 @@ TEST(FreqSingle, NeedsAnAngle) {
 }
 
 TEST(FreqSingle, NeedsTwoRecords) {
-  const char* const text = "At least two data sets must be provided for frequency analysis";
-  expect_failure(separate(std::vector<Series>(), flat_tank(0.7)), text, marks('A'));
-  expect_failure(separate(sea_under({3.0}), flat_tank(0.7)), text, marks('A'));
-  // The settings are read first.
+  const char* const message = "At least two data sets must be provided for frequency analysis";
+  expect_failure(separate(std::vector<Series>(), flat_tank(0.7)), message, marks('A'));
+  expect_failure(separate(sea_under({3.0}), flat_tank(0.7)), message, marks('A'));
+  // The settings are checked first.
   expect_failure(separate(sea_under({3.0}), flat_tank(0.7), {}), "freq::Not found", marks('A'));
 }
 
-TEST(FreqSingle, TwoRecordsAreTooFewAllTheSame) {
+TEST(FreqSingle, TwoIndependentProbesAreTooFew) {
   expect_failure(separate(sea_under({3.0, 3.4}), flat_tank(0.7)),
                  "Too few independant probes to process", marks('G'));
 }
 
-TEST(FreqSingle, ProbesInOnePlaceAreOneProbe) {
-  const char* const text = "Too few independant probes to process";
-  expect_failure(separate(sea_under({3.0, 3.0, 3.0, 3.0}), flat_tank(0.7)), text, marks('G'));
-  // 0.8 Hz in 0.7 m of water: a tenth of a radian is 3.7 cm.
-  expect_failure(separate(sea_under({3.0, 3.01, 3.02, 3.03}), flat_tank(0.7)), text, marks('G'));
-  expect_failure(separate(sea_under({3.0, 3.3, 3.31, 3.32}), flat_tank(0.7)), text, marks('G'));
-  // A row across the direction.
+TEST(FreqSingle, ProbesCloserThanATenthOfARadianAreOneProbe) {
+  const char* const message = "Too few independant probes to process";
+  expect_failure(separate(sea_under({3.0, 3.0, 3.0, 3.0}), flat_tank(0.7)), message, marks('G'));
+  // At 0.8 Hz in 0.7 m of water a tenth of a radian is 3.7 cm.
+  expect_failure(separate(sea_under({3.0, 3.01, 3.02, 3.03}), flat_tank(0.7)), message, marks('G'));
+  expect_failure(separate(sea_under({3.0, 3.3, 3.31, 3.32}), flat_tank(0.7)), message, marks('G'));
+  // A row across the wave direction.
   expect_failure(separate(sea_under(layout), flat_tank(0.7), settings(std::numbers::pi / 2.0)),
-                 text, marks('G'));
-  expect_failure(separate(sea_under(layout), flat_tank(0.7), settings(nan)), text, marks('G'));
+                 message, marks('G'));
+  expect_failure(separate(sea_under(layout), flat_tank(0.7), settings(nan)), message, marks('G'));
 }
 
-TEST(FreqSingle, RecordsMustBeOfOneLength) {
-  const char* const text = "Inconsistent sizes of data sets";
+TEST(FreqSingle, RecordsMustHaveEqualLengths) {
+  const char* const message = "Inconsistent sizes of data sets";
   for (const std::size_t odd : {0u, 1u, 3u}) {
     auto series = sea_under(layout);
     series[odd].samples.pop_back();
-    expect_failure(separate(series, flat_tank(0.7)), text, marks('A'));
+    expect_failure(separate(series, flat_tank(0.7)), message, marks('A'));
   }
-  // 400 and 401 samples have as many elements.
+  // 400 and 401 samples have the same number of elements.
   auto longer = sea_under(layout);
   longer[2].samples.push_back(0.0);
-  expect_failure(separate(longer, flat_tank(0.7)), text, marks('A'));
+  expect_failure(separate(longer, flat_tank(0.7)), message, marks('A'));
 }
 
 TEST(FreqSingle, RecordsMustBeElevations) {
@@ -146,7 +151,8 @@ TEST(FreqSingle, RecordsMustBeElevations) {
                           at_rate(20.0));
     expect_failure(separate(records.set(), flat_tank(0.7)), "Units not of distance", marks('B'));
   }
-  // The first record's units count, and any length will do: results have its numbers.
+  // Only the units of the first record are checked. Any length is accepted, and nothing is
+  // converted.
   Records records(sea_under(layout));
   auto& sets = records.set().data;
   for (std::size_t n = 0; n < sets.size(); ++n) {
@@ -157,12 +163,12 @@ TEST(FreqSingle, RecordsMustBeElevations) {
   expect_sea(separate(records.set(), flat_tank(0.7)), Sea(), 1e-9);
 }
 
-TEST(FreqSingle, ProbesMustHaveAPlace) {
+TEST(FreqSingle, ProbesMustHaveAPosition) {
   auto series = sea_under(layout);
-  const auto failure = [&](const Base::Params& params, const std::string& text) {
+  const auto failure = [&](const Base::Params& params, const std::string& message) {
     auto changed = series;
     changed[2].params = params;
-    expect_failure(separate(changed, flat_tank(0.7)), text, marks('D'));
+    expect_failure(separate(changed, flat_tank(0.7)), message, marks('D'));
   };
   Base::Params params = at_rate(20.0);
   failure(params, "x::Not found");
@@ -175,7 +181,7 @@ TEST(FreqSingle, ProbesMustHaveAPlace) {
   failure(unset, "Invalid value");
 }
 
-TEST(FreqSingle, TheMeanPlaceMustBeInTheTank) {
+TEST(FreqSingle, TheMeanPositionMustBeInTheTank) {
   expect_failure(separate(sea_under({3.0, 3.25, 3.62, 230.13}), flat_tank(0.7)),
                  "Value x=60 is outside dimensions of tank", marks('F'));
   expect_failure(separate(sea_under({3.0, nan, 3.62, 4.1}), flat_tank(0.7)),
@@ -184,18 +190,18 @@ TEST(FreqSingle, TheMeanPlaceMustBeInTheTank) {
                  marks('F'));
 }
 
-TEST(FreqSingle, AWaveNumberThatIsNotFoundPassesThrough) {
+TEST(FreqSingle, AFailureToFindAWaveNumberIsPassedOn) {
   const auto found = separate(sea_under(layout), flat_tank(0.0));
-  EXPECT_EQ(found.failure.substr(0, 34), "Knum calculation failed for omega=");
+  EXPECT_TRUE(found.failure.starts_with("Knum calculation failed for omega=")) << found.failure;
   EXPECT_EQ(found.lines, marks('F'));
 }
 
-TEST(FreqSingle, TheLowestPeakOfTheRecordsIsTheFundamental) {
-  // One probe of four sees more of the second harmonic than of the fundamental.
+TEST(FreqSingle, TheFundamentalIsTheLowestPeakOfTheRecords) {
+  // The second harmonic exceeds the fundamental at one probe of four.
   const Sea sea;
   for (std::size_t odd = 0; odd < 4; ++odd) {
     auto series = measure(sea.trains(0.7), row(layout));
-    // 1 m of a wave at harmonic 32 that is left out of the others: the fundamental stays.
+    // 1 m at harmonic 32 at this probe only: the fundamental is still found.
     const auto extra = surface({{32, 0.0, 1.0}}, 0.0, {});
     for (std::size_t j = 0; j < extra.size(); ++j) series[odd].samples[j] += extra[j];
     const Results found = separate(series, flat_tank(0.7)).results();
@@ -205,7 +211,7 @@ TEST(FreqSingle, TheLowestPeakOfTheRecordsIsTheFundamental) {
   }
 }
 
-// A lone train at an element of 40 samples under four probes.
+// A single fundamental at this element, in 40 samples of each probe.
 Separation lone(std::size_t bin, const std::vector<double>& positions) {
   const Reading reading{40, 10.0};
   const Sea sea;
@@ -217,10 +223,11 @@ Separation lone(std::size_t bin, const std::vector<double>& positions) {
                   flat_tank(0.7));
 }
 
-TEST(FreqSingle, HarmonicsMayEndJustBehindTheSpectrum) {
-  // 21 elements. At 5 the fourth harmonic is the last element, at 7 the third is just behind it.
+TEST(FreqSingle, HarmonicsBeyondTheSpectrumAreRefused) {
+  // There are 21 elements. The fourth harmonic of element 5 is the last one, the third harmonic of
+  // element 7 is just beyond.
   const std::vector<double> apart = {0.3, 0.8, 1.7, 2.5};
-  EXPECT_EQ(lone(5, apart).failure, "(nothing thrown)");
+  EXPECT_EQ(lone(5, apart).failure, nothing_thrown);
   expect_failure(lone(6, apart), "Index 24 out of range", marks('H'));
   expect_failure(lone(7, apart), "Index 28 out of range", marks('H'));
   expect_failure(lone(8, apart), "Index 24 out of range", marks('H'));
@@ -228,80 +235,80 @@ TEST(FreqSingle, HarmonicsMayEndJustBehindTheSpectrum) {
   expect_failure(lone(11, apart), "Index 22 out of range", marks('H'));
 }
 
-TEST(FreqSingle, WithThreeProbesTheResultsAreTheFirstToMissTheSecondHarmonic) {
+TEST(FreqSingle, WithThreeProbesOnlyTheResultsNeedTheSecondHarmonic) {
   const std::vector<double> three = {0.3, 0.8, 1.7};
   const Sea sea;
   for (const std::size_t bin : {10u, 11u}) {
     const auto found = lone(bin, three);
     EXPECT_EQ(found.lines, marks('I'));
     EXPECT_NEAR(found.out.get("Forward free fundamental", ""), std::abs(sea.forward), 1e-10);
-    EXPECT_EQ(found.failure, bin == 10 ? "(nothing thrown)" : "Index 22 out of range");
+    EXPECT_EQ(found.failure, bin == 10 ? nothing_thrown : "Index 22 out of range");
   }
 }
 
-TEST(FreqSingle, AnElementJustBehindTheSpectrumCountsAsZero) {
-  // 42 samples are 22 elements; the second harmonic of 11 is just behind them, the third beyond.
+TEST(FreqSingle, TheElementAfterTheSpectrumCountsAsZero) {
+  // 42 samples have 22 elements. The second harmonic of element 11 is the one after them.
   const Reading reading{42, 10.0};
   const double k = Maths::knum(reading.omega(11), 0.7, 9.81);
   const auto series = measure({{11, k, 1.0}}, row({0.3 / k, 0.8 / k, 1.7 / k}), reading);
   const auto found = separate(series, flat_tank(0.7));
-  ASSERT_EQ(found.failure, "(nothing thrown)");
+  ASSERT_EQ(found.failure, nothing_thrown);
   EXPECT_NEAR(found.results().forward_free, 1.0, 1e-10);
   EXPECT_EQ(found.results().forward_bound2, 0.0);
 }
 
-TEST(FreqSingle, RecordsWithoutWavesHaveNone) {
-  const Reading reading{400, 2.0};  // of the first element, 5 mHz, a tenth of a radian is 8 m
+TEST(FreqSingle, StillWaterHasZeroResults) {
+  const Reading reading{400, 2.0};  // at element 1, 5 mHz, a tenth of a radian is 8 m
   const auto series = measure({}, row({3.0, 60.0, 150.0, 190.0}), reading);
   Maths::TankConfig tank = flat_tank(0.7);
   tank.x_high = 500.0;
   tank.profile.back().x = 500.0;
   const auto found = separate(series, tank);
-  ASSERT_EQ(found.failure, "(nothing thrown)");
+  ASSERT_EQ(found.failure, nothing_thrown);
   EXPECT_EQ(found.results().forward_free, 0.0);
   EXPECT_EQ(found.results().backward_free2, 0.0);
 }
 
-TEST(FreqSingle, RecordsOfAFewSamplesEndInAFailure) {
+TEST(FreqSingle, RecordsOfFewerThanSixSamplesAreRefused) {
   const auto failure = [](std::size_t samples) {
     const Reading reading{samples, 1.0};
     return separate(measure({}, row({0.1, 1.0, 2.0, 4.0}), reading), flat_tank(0.7)).failure;
   };
-  EXPECT_EQ(failure(0).substr(0, 37), "Knum calculation failed for omega=inf");
-  // The fundamental is element 1 whether it is there or not.
+  EXPECT_TRUE(failure(0).starts_with("Knum calculation failed for omega=inf")) << failure(0);
+  // Element 1 is taken as the fundamental even if it does not exist.
   EXPECT_EQ(failure(1), "Index 2 out of range");
   EXPECT_EQ(failure(2), "Index 3 out of range");
   EXPECT_EQ(failure(3), "Index 3 out of range");
   EXPECT_EQ(failure(4), "Index 4 out of range");
-  EXPECT_EQ(failure(6), "(nothing thrown)");
+  EXPECT_EQ(failure(6), nothing_thrown);
 }
 
-TEST(FreqSingle, SamplesThatAreNoNumbersGiveResultsThatAreNone) {
+TEST(FreqSingle, NonFiniteSamplesGiveNaNResults) {
   for (const double bad : {nan, infinity}) {
     auto series = measure({}, row({3.0, 4.0, 7.0, 9.0}), {40, 10.0});
     for (auto& one : series) one.samples[7] = bad;
     const auto found = separate(series, flat_tank(0.7));
-    ASSERT_EQ(found.failure, "(nothing thrown)");
+    ASSERT_EQ(found.failure, nothing_thrown);
     EXPECT_TRUE(std::isnan(found.results().forward_free));
     EXPECT_TRUE(std::isnan(found.results().backward_bound2));
   }
 }
 
-TEST(FreqSingle, OneSampleThatIsNoNumberMakesTheFirstElementTheFundamental) {
+TEST(FreqSingle, OneNaNSampleMakesTheFirstElementTheFundamental) {
   auto series = sea_under(layout);
   series[2].samples[100] = nan;
-  // A tenth of a radian of 0.05 Hz is 0.8 m.
+  // At 0.05 Hz a tenth of a radian is 0.8 m.
   expect_failure(separate(series, flat_tank(0.7)), "Too few independant probes to process",
                  marks('G'));
   auto apart = sea_under({3.0, 4.0, 5.0, 6.0});
   apart[2].samples[100] = nan;
   const auto found = separate(apart, flat_tank(0.7));
-  ASSERT_EQ(found.failure, "(nothing thrown)");
+  ASSERT_EQ(found.failure, nothing_thrown);
   EXPECT_TRUE(std::isnan(found.results().forward_free));
   EXPECT_TRUE(std::isnan(found.results().forward_bound2));
 }
 
-TEST(FreqSingle, EachRoundStartsAnew) {
+TEST(FreqSingle, EachRoundDiscardsThePreviousOne) {
   Records records(sea_under(layout));
   const Maths::TankConfig tank = flat_tank(0.7);
   printed([&] {
@@ -314,16 +321,15 @@ TEST(FreqSingle, EachRoundStartsAnew) {
       });
       expect_sea(found, Sea(), 1e-9);
     }
-    // Across the direction there is nothing, and nothing is left of the last round.
-    EXPECT_NE(thrown([&] { process.process(settings(std::numbers::pi / 2.0)); }),
-              "(nothing thrown)");
+    // A failed round also discards the results of the previous one.
+    EXPECT_NE(thrown([&] { process.process(settings(std::numbers::pi / 2.0)); }), nothing_thrown);
     Base::Params out;
     process.results(out);
     EXPECT_EQ(out.get("Forward free fundamental", ""), 0.0);
   });
 }
 
-TEST(FreqSingle, ResultsWithoutProcessAreZero) {
+TEST(FreqSingle, ResultsBeforeProcessAreZero) {
   Records records(sea_under(layout));
   const Maths::TankConfig tank = flat_tank(0.7);
   Base::Params out;
@@ -332,7 +338,7 @@ TEST(FreqSingle, ResultsWithoutProcessAreZero) {
   for (const auto& [name, quantity] : out.entries()) EXPECT_EQ(quantity.value, 0.0) << name;
 }
 
-TEST(FreqSingle, HasNoDataButChecksWhatItIsAskedWith) {
+TEST(FreqSingle, HasNoDataButChecksTheParametersOfARequest) {
   Records records(sea_under(layout));
   const Maths::TankConfig tank = flat_tank(0.7);
   printed([&] {

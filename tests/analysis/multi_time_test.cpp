@@ -10,20 +10,25 @@
 
 #include "analysis/multi_freq.h"
 #include "records.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Analysis::MultiTime;
 using Analysis::Series;
+using Testing::nothing_thrown;
+using Testing::printed;
+using Testing::thrown;
 
 const char* const too_few_crossings = "Insufficient zero crossings in time series";
 
 struct Shape {
   double height;
-  int samples;  // a multiple of 4, so that crest and trough are samples; at 10 Hz
+  int samples;  // at 10 Hz; a multiple of 4, so that crest and trough are samples
 };
 
-// Whole waves, each one a sine from zero, and the crossing that closes the last.
+// Whole waves, each a sine that starts at zero, and the crossing that ends the last one.
 std::vector<double> waves_of(const std::vector<Shape>& shapes) {
   std::vector<double> samples;
   for (const Shape& shape : shapes) {
@@ -36,7 +41,7 @@ std::vector<double> waves_of(const std::vector<Shape>& shapes) {
   return samples;
 }
 
-// Heights 0.1 to 0.1 * count, the periods all of 2 s.
+// Heights 0.1 to 0.1 * count, all periods 2 s.
 std::vector<double> regular(int count, double scale = 1.0) {
   std::vector<Shape> shapes;
   for (int i = 1; i <= count; ++i) shapes.push_back({0.1 * scale * i, 20});
@@ -57,7 +62,7 @@ Records probes(const std::vector<std::vector<double>>& records) {
   return Records(series);
 }
 
-// What a process gives in one round.
+// The results of one round of a process.
 struct Answer {
   Base::Params out;
   std::vector<double> data;
@@ -82,7 +87,7 @@ std::string failure(const std::vector<std::vector<double>>& records) {
   return thrown([&] { answer(records); });
 }
 
-TEST(MultiTime, RegularProbesGiveTheMeanPeriodAndAHeightEach) {
+TEST(MultiTime, RegularProbesHaveAMeanPeriodAndAHeightEach) {
   const Answer given = answer({regular(7), regular(8, 2.0)});
   ASSERT_EQ(given.out.entries().size(), 1u);
   EXPECT_NEAR(given.out.get("reg_t", "s"), 2.0, 1e-12);
@@ -92,13 +97,13 @@ TEST(MultiTime, RegularProbesGiveTheMeanPeriodAndAHeightEach) {
   EXPECT_NEAR(given.data[1], 2.0 * 0.5, 1e-12);
 }
 
-TEST(MultiTime, TheMeanPeriodIsOverProbes) {
+TEST(MultiTime, ThePeriodIsTheMeanOverProbes) {
   std::vector<Shape> longer(6, {0.3, 40});
   EXPECT_NEAR(answer({regular(6), waves_of(longer)}).out.get("reg_t", "s"), 3.0, 1e-12);
 }
 
-TEST(MultiTime, IrregularProbesGiveTheMeansOfTheirSignificantWaves) {
-  // Of 9 the seventh: 0.7 m and 4.4 s. Of 6 the fifth at twice the height: 1.0 m and 3.6 s.
+TEST(MultiTime, IrregularProbesHaveTheMeanOfTheirSignificantWaves) {
+  // The seventh of 9 waves: 0.7 m and 4.4 s. The fifth of 6 at twice the height: 1.0 m and 3.6 s.
   const Answer given = answer({irregular(9), irregular(6, 2.0)});
   ASSERT_EQ(given.out.entries().size(), 2u);
   EXPECT_NEAR(given.out.get("sig_h", "m"), 0.85, 1e-12);
@@ -108,31 +113,31 @@ TEST(MultiTime, IrregularProbesGiveTheMeansOfTheirSignificantWaves) {
   EXPECT_TRUE(given.data.empty());
 }
 
-TEST(MultiTime, HalfOfTheProbesMakeARegularSet) {
+TEST(MultiTime, HalfOfTheProbesBeingRegularMakesTheSetRegular) {
   const Answer given = answer({irregular(7), regular(7)});
   ASSERT_EQ(given.out.entries().size(), 1u);
-  // The fourth of seven periods: 3.2 s, and 2 s.
+  // The fourth of seven periods, 3.2 s, and 2 s.
   EXPECT_NEAR(given.out.get("reg_t", "s"), 2.6, 1e-12);
   ASSERT_EQ(given.data.size(), 2u);
   EXPECT_NEAR(given.data[0], 0.4, 1e-12);
 }
 
-TEST(MultiTime, FewerThanHalfOfTheProbesMakeAnIrregularOne) {
+TEST(MultiTime, FewerThanHalfOfTheProbesBeingRegularMakesTheSetIrregular) {
   const Answer given = answer({irregular(7), regular(7), irregular(7)});
   EXPECT_TRUE(given.out.contains("sig_h"));
   EXPECT_FALSE(given.out.contains("reg_t"));
 }
 
-TEST(MultiTime, OneProbeWithTooFewWavesFailsForAll) {
+TEST(MultiTime, OneProbeWithTooFewWavesIsRefused) {
   EXPECT_EQ(failure({regular(7), regular(5)}), too_few_crossings);
   EXPECT_EQ(failure({irregular(7), irregular(5)}), too_few_crossings);
   EXPECT_EQ(failure({std::vector<double>(100, -1.0)}), too_few_crossings);
   EXPECT_EQ(failure({{}}), too_few_crossings);
-  EXPECT_EQ(failure({regular(6)}), "(nothing thrown)");
-  EXPECT_EQ(failure({irregular(6)}), "(nothing thrown)");
+  EXPECT_EQ(failure({regular(6)}), nothing_thrown);
+  EXPECT_EQ(failure({irregular(6)}), nothing_thrown);
 }
 
-TEST(MultiTime, ResultsWithoutProcessHaveNoWaves) {
+TEST(MultiTime, ResultsAreRefusedBeforeProcess) {
   Records set = probes({regular(7)});
   const Maths::TankConfig tank;
   MultiTime process(tank, set.set());
@@ -141,16 +146,16 @@ TEST(MultiTime, ResultsWithoutProcessHaveNoWaves) {
   EXPECT_TRUE(process.data({}).empty());
 }
 
-TEST(MultiTime, TheEndsOfARecordAreNotJoined) {
-  // Six waves between seven crossings; the ends would make a seventh of 1.2 m.
+TEST(MultiTime, TheEndsOfARecordDoNotFormAWave) {
+  // Six waves lie between seven crossings. Joined, the ends would be a seventh wave of 1.2 m.
   std::vector<double> samples = irregular(6);
   samples.insert(samples.end(), {0.6, -0.6});
   const Answer given = answer({samples});
   EXPECT_NEAR(given.out.get("sig_h", "m"), 0.5, 1e-12);
 }
 
-TEST(MultiTime, ASecondRoundDoublesTheLists) {
-  // Four waves are too few, eight are enough: 0.1 0.1 0.2 0.2 0.3 0.3 0.4 0.4, the sixth.
+TEST(MultiTime, ASecondRoundAddsTheWavesAgain) {
+  // Four waves are too few, eight are enough. The sixth of 0.1 0.1 0.2 0.2 0.3 0.3 0.4 0.4 counts.
   Records set = probes({irregular(4)});
   const Maths::TankConfig tank;
   MultiTime process(tank, set.set());
@@ -172,8 +177,8 @@ TEST(MultiTime, DoubledListsHaveTheSameSignificantWave) {
   }
 }
 
-TEST(MultiTime, LongestAndShortestOfADoubledListCount) {
-  // One long wave among equal ones is left out; its double is not.
+TEST(MultiTime, ASecondRoundMayMakeTheWavesIrregular) {
+  // One longest wave is ignored; after the second round there are two.
   std::vector<Shape> shapes(8, {0.2, 20});
   shapes[3].samples = 40;
   Records set = probes({waves_of(shapes)});
@@ -185,7 +190,7 @@ TEST(MultiTime, LongestAndShortestOfADoubledListCount) {
   EXPECT_TRUE(process.data({}).empty());
 }
 
-TEST(MultiTime, HeightsOfTheLastRoundAreNotKept) {
+TEST(MultiTime, HeightsOfThePreviousRoundAreDiscarded) {
   Records set = probes({regular(7), regular(7)});
   const Maths::TankConfig tank;
   MultiTime process(tank, set.set());
@@ -193,7 +198,7 @@ TEST(MultiTime, HeightsOfTheLastRoundAreNotKept) {
   EXPECT_EQ(answer(process).data.size(), 2u);
 }
 
-TEST(MultiTime, AResultThatIsThereAlreadyIsADuplicate) {
+TEST(MultiTime, AnExistingResultIsRefused) {
   const Maths::TankConfig tank;
   const auto with = [](const char* name) {
     Base::Params out;
@@ -205,7 +210,7 @@ TEST(MultiTime, AResultThatIsThereAlreadyIsADuplicate) {
   process.process({});
   Base::Params out = with("reg_t");
   EXPECT_EQ(thrown([&] { process.results(out); }), "\"reg_t\"::Duplicate parameter:");
-  // The heights are taken first.
+  // The heights are stored before the results.
   EXPECT_EQ(process.data({}).size(), 1u);
 
   Records uneven = probes({irregular(9)});
@@ -214,13 +219,13 @@ TEST(MultiTime, AResultThatIsThereAlreadyIsADuplicate) {
   out = with("sig_t");
   EXPECT_EQ(thrown([&] { other.results(out); }), "\"sig_t\"::Duplicate parameter:");
   EXPECT_EQ(out.entries().size(), 1u);
-  // The period goes before the height, and stays.
+  // The period is added before the height and kept.
   out = with("sig_h");
   EXPECT_EQ(thrown([&] { other.results(out); }), "\"sig_h\"::Duplicate parameter:");
   EXPECT_NEAR(out.get("sig_t", "s"), 4.4, 1e-12);
 }
 
-TEST(MultiTime, ASetThatHasChangedIsRefused) {
+TEST(MultiTime, ASetOfAnotherSizeIsRefused) {
   Records set = probes({regular(7), regular(7)});
   const Maths::TankConfig tank;
   MultiTime process(tank, set.set());
@@ -228,7 +233,7 @@ TEST(MultiTime, ASetThatHasChangedIsRefused) {
   EXPECT_EQ(thrown([&] { process.process({}); }), "Mismatched sizes");
 }
 
-TEST(MultiTime, ASetWithoutRecordsIsRegularAndItsPeriodNoNumber) {
+TEST(MultiTime, ASetWithoutRecordsIsRegularWithANaNPeriod) {
   const Answer given = answer(std::vector<std::vector<double>>{});
   EXPECT_TRUE(std::isnan(given.out.get("reg_t", "s")));
   EXPECT_TRUE(given.data.empty());
@@ -238,18 +243,18 @@ TEST(MultiTime, PrintsNothing) {
   EXPECT_EQ(printed([] { answer({regular(7)}); }), "");
 }
 
-TEST(MultiFreq, AddsNothingAndHasNoData) {
+TEST(MultiFreq, HasNoResultsAndNoData) {
   Records set = probes({regular(7)});
   const Maths::TankConfig tank;
   Base::Params out;
-  const std::string text = printed([&] {
+  const std::string output = printed([&] {
     Analysis::MultiFreq process(tank, set.set());
     process.process({});
     process.results(out);
     EXPECT_TRUE(process.data({}).empty());
   });
   EXPECT_TRUE(out.entries().empty());
-  EXPECT_EQ(text, "");
+  EXPECT_EQ(output, "");
 }
 
 }  // namespace

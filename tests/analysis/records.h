@@ -1,8 +1,6 @@
-// Records, sets and tanks for the tests of analysis, and what they ask of a call.
+// Records, sets and tanks for the tests of analysis.
 #ifndef KELPBOX_TESTS_ANALYSIS_RECORDS_H_
 #define KELPBOX_TESTS_ANALYSIS_RECORDS_H_
-
-#include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
@@ -13,25 +11,6 @@
 #include "base/params.h"
 #include "base/units.h"
 #include "maths/tank_config.h"
-
-// The text that a call throws, or a mark that it threw none.
-template <typename Call>
-std::string thrown(Call&& call) {
-  try {
-    call();
-  } catch (const std::string& text) {
-    return text;
-  }
-  return "(nothing thrown)";
-}
-
-// What a call prints.
-template <typename Call>
-std::string printed(Call&& call) {
-  testing::internal::CaptureStdout();
-  call();
-  return testing::internal::GetCapturedStdout();
-}
 
 inline Base::Params at_rate(double hertz) {
   Base::Params params;
@@ -52,7 +31,7 @@ inline Base::Params window(double start, double stop) {
   return params;
 }
 
-// A set of whole records, made without the lines of the windows.
+// A set of whole records, built without windows and their output.
 class Records {
  public:
   explicit Records(std::vector<Analysis::Series> series)
@@ -71,7 +50,7 @@ class Records {
   Analysis::Set set_;
 };
 
-// Water of one depth from 50 m behind the paddles to 50 m before them.
+// Water of constant depth from 50 m behind the paddles to 50 m in front of them.
 inline Maths::TankConfig flat_tank(double depth) {
   Maths::TankConfig tank;
   tank.g = 9.81;

@@ -1,4 +1,4 @@
-// Wave trains taken apart by linear equations over the probes.
+// Wave trains separated by linear equations over the probes.
 #include "analysis/separation.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +13,7 @@
 
 #include "records.h"
 #include "solve.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -21,6 +22,8 @@ using Analysis::invert;
 using Analysis::ProbeRecord;
 using Analysis::separate_fundamental;
 using Analysis::separate_harmonic;
+using Testing::nothing_thrown;
+using Testing::thrown;
 
 constexpr double pi = std::numbers::pi;
 constexpr Complex i{0.0, 1.0};
@@ -59,8 +62,8 @@ void expect_near(const Complex& found, const Complex& expected, double tolerance
   EXPECT_NEAR(std::abs(found - expected), 0.0, tolerance) << found << " " << expected;
 }
 
-TEST(Separation, InvertsAMatrixKnownInFractions) {
-  // [[2, 1], [i, 3]], of determinant 6 - i.
+TEST(Separation, InvertsAMatrixWithAKnownInverse) {
+  // [[2, 1], [i, 3]] has the determinant 6 - i.
   Cmatrix two = matrix({{2.0, 1.0}, {i, 3.0}});
   EXPECT_TRUE(invert(two));
   const Complex d = 6.0 - i;
@@ -74,7 +77,7 @@ TEST(Separation, InvertsAMatrixKnownInFractions) {
   EXPECT_TRUE(invert(none));
 }
 
-TEST(Separation, InvertsRandomMatricesOfAllItsSizes) {
+TEST(Separation, InvertsRandomMatricesOfAllSizes) {
   std::mt19937 generator(7);
   const auto draw = [&] { return generator() / 2147483648.0 - 1.0; };
   for (std::size_t dim = 1; dim <= 6; ++dim) {
@@ -94,7 +97,7 @@ TEST(Separation, InvertsRandomMatricesOfAllItsSizes) {
   }
 }
 
-TEST(Separation, ASmallFirstPivotLeavesTheMatrixAsItIs) {
+TEST(Separation, ASmallFirstPivotLeavesTheMatrixUnchanged) {
   const Rows rows = {{9e-7, 1.0}, {2.0, 3.0}};
   Cmatrix found = matrix(rows);
   EXPECT_FALSE(invert(found));
@@ -106,7 +109,7 @@ TEST(Separation, RowsAreNotExchangedForALargerPivot) {
   EXPECT_FALSE(invert(found));
 }
 
-TEST(Separation, TheBoundOfAPivotIsAMillionthInMagnitude) {
+TEST(Separation, TheSmallestPivotIsAMillionth) {
   Cmatrix below = matrix({{0.999999e-6 * i}});
   EXPECT_FALSE(invert(below));
   Cmatrix at = matrix({{-1e-6}});
@@ -115,9 +118,9 @@ TEST(Separation, TheBoundOfAPivotIsAMillionthInMagnitude) {
   EXPECT_TRUE(invert(apart));
 }
 
-TEST(Separation, ASmallLaterPivotLeavesTheMatrixPartReduced) {
-  // After the first pivot of 2: row 0 divided to the right of it, 3 * row 0 and 1 * row 0 taken
-  // from the others to the right of the first column, which stays. The second pivot is 9 - 3 * 3.
+TEST(Separation, ASmallLaterPivotLeavesTheMatrixPartlyReduced) {
+  // The first pivot is 2. To the right of it, row 0 is divided by 2, and 3 times and once row 0 are
+  // subtracted from the other rows. The first column is kept. The second pivot is 9 - 3 * 3.
   Cmatrix found = matrix({{2.0, 6.0, 4.0}, {3.0, 9.0, 1.0}, {1.0, 5.0, 7.0}});
   EXPECT_FALSE(invert(found));
   expect_rows(found, {{2.0, 3.0, 2.0}, {3.0, 0.0, -5.0}, {1.0, 2.0, 5.0}}, 0.0);
@@ -135,7 +138,7 @@ TEST(Separation, TwoProbesDetermineTwoTrains) {
   }
 }
 
-TEST(Separation, MoreProbesThanTrainsThatAgreeAreExactToo) {
+TEST(Separation, ConsistentProbesInExcessGiveTheExactTrains) {
   const std::vector<Complex> amplitudes = {{0.3, -0.4}, {-0.05, 0.02}};
   for (const std::vector<double>& positions :
        {std::vector<double>{0.0, 0.3, 0.5}, {-2.0, -1.9, -1.3, 0.2}, {5.0, 5.2, 5.77, 6.1, 6.2}}) {
@@ -145,7 +148,7 @@ TEST(Separation, MoreProbesThanTrainsThatAgreeAreExactToo) {
   }
 }
 
-// The trains that miss the values least, by the conjugate transpose.
+// The least squares solution, by the conjugate transpose.
 std::vector<Complex> least_squares(const Rows& rows, const std::vector<Complex>& values) {
   Rows conjugate = transpose(rows);
   for (auto& row : conjugate) {
@@ -156,9 +159,9 @@ std::vector<Complex> least_squares(const Rows& rows, const std::vector<Complex>&
   return solve(hermitian, product(conjugate, values));
 }
 
-TEST(Separation, OfProbesThatDisagreeTheLeastSquaresCount) {
-  // The conjugate of one train's coefficient is its opposite's: the plain transpose makes the same
-  // equations in another order.
+TEST(Separation, InconsistentProbesGiveTheLeastSquaresSolution) {
+  // The coefficients of opposite trains are conjugate, so the plain transpose of the library gives
+  // the same equations in another order.
   const std::vector<double> positions = {0.0, 0.3, 0.5, 1.3};
   const std::vector<Complex> values = {{1.0, 0.5}, {-0.3, 0.2}, {0.1, -0.7}, {0.4, 0.4}};
   const std::vector<Complex> expected = least_squares(trains_at(positions, {2.0, -2.0}), values);
@@ -167,10 +170,10 @@ TEST(Separation, OfProbesThatDisagreeTheLeastSquaresCount) {
   expect_near(found.backward, expected[1], 1e-13);
 }
 
-TEST(Separation, ProbesASixthOfAWaveApartFailInSilence) {
-  // k s of 0, 1/3 and 2/3 of pi: both squares sum to 0, the products to 3/4. With rows exchanged
-  // that would be no trouble; so the matrix stays [[0, 3/4], [3/4, 0]] and is multiplied out:
-  // forward is 1/2 * 3/4 times the sum of V b, which is 1/2 * 3 F; 9/16 F in all.
+TEST(Separation, ProbesASixthOfAWaveApartGiveNineSixteenthsOfTheTrains) {
+  // With k s of 0, 1/3 and 2/3 of pi both squares sum to 0 and the products to 3/4. The matrix
+  // [[0, 3/4], [3/4, 0]] has no first pivot, so it is used in place of its inverse. Forward is 1/2
+  // * 3/4 times the sum of V b, which is 1/2 * 3 F: 9/16 F in total.
   const Complex forward{0.3, -0.4};
   const Complex backward{-0.05, 0.02};
   const auto found = separate_fundamental(
@@ -179,9 +182,9 @@ TEST(Separation, ProbesASixthOfAWaveApartFailInSilence) {
   expect_near(found.backward, 9.0 / 16.0 * backward, 1e-14);
 }
 
-TEST(Separation, ProbesHalfAWaveApartFailAtTheSecondPivot) {
-  // The matrix is 3/4 all over and is left as [[3/4, 1], [3/4, 0]]; both right sides are
-  // 3/2 (F + B).
+TEST(Separation, ProbesHalfAWaveApartGiveAMixtureOfTheTrains) {
+  // Every element of the matrix is 3/4. It has no second pivot and is left as [[3/4, 1], [3/4, 0]].
+  // Both right sides are 3/2 (F + B).
   const Complex forward{0.3, -0.4};
   const Complex backward{-0.05, 0.02};
   const auto found =
@@ -190,15 +193,15 @@ TEST(Separation, ProbesHalfAWaveApartFailAtTheSecondPivot) {
   expect_near(found.backward, 0.5 * 0.75 * 1.5 * (forward + backward), 1e-14);
 }
 
-TEST(Separation, TwoProbesNearAQuarterOfAWaveApartFailBelowTheBoundOnly) {
-  // 2 k s of 0 and pi + e: the first pivot is e / 4 in magnitude. The second diagonal element is
-  // its conjugate, the other two are 1/2.
+TEST(Separation, TwoProbesNearAQuarterOfAWaveApartFailBelowTheSmallestPivotOnly) {
+  // With 2 k s of 0 and pi + e the first pivot has the magnitude e / 4. The second diagonal element
+  // is its conjugate, the other elements are 1/2.
   const std::vector<Complex> amplitudes = {{0.3, -0.4}, {-0.05, 0.02}};
   for (const double e : {3.99e-6, 4.01e-6}) {
     const auto found =
         separate_fundamental(records({0.0, 0.5 * (pi + e)}, {1.0, -1.0}, amplitudes), 1.0);
     if (e < 4e-6) {
-      // 1/2 * 1/2 * (sum of V b), with V b summing to F up to e.
+      // 1/2 * 1/2 times the sum of V b, which is F up to e.
       expect_near(found.forward, 0.25 * amplitudes[0], 1e-5);
       expect_near(found.backward, 0.25 * amplitudes[1], 1e-5);
     } else {
@@ -208,8 +211,8 @@ TEST(Separation, TwoProbesNearAQuarterOfAWaveApartFailBelowTheBoundOnly) {
   }
 }
 
-TEST(Separation, FourProbesAreFourEquations) {
-  // Collocation: the four trains that give each probe its value, whatever the values are.
+TEST(Separation, FourProbesDetermineFourTrains) {
+  // Collocation: four trains give each of four probes any value.
   std::mt19937 generator(3);
   const auto draw = [&] { return generator() / 2147483648.0 - 1.0; };
   for (const std::vector<double>& positions :
@@ -230,7 +233,7 @@ TEST(Separation, FourProbesAreFourEquations) {
   }
 }
 
-TEST(Separation, OfMoreThanFourProbesThatDisagreeTheLeastSquaresCount) {
+TEST(Separation, MoreThanFourInconsistentProbesGiveTheLeastSquaresSolution) {
   const std::vector<double> positions = {0.0, 0.25, 0.62, 1.1, 1.9, 2.05};
   const std::vector<Complex> values = {{1.0, 0.5}, {-0.3, 0.2}, {0.1, -0.7},
                                        {0.4, 0.4}, {0.9, -0.1}, {-0.6, -0.2}};
@@ -243,14 +246,14 @@ TEST(Separation, OfMoreThanFourProbesThatDisagreeTheLeastSquaresCount) {
   expect_near(found.free.backward, expected[3], 1e-11);
 }
 
-TEST(Separation, FourTrainsFailInSilenceToo) {
-  // Bound phases of 0, pi/4, pi/2, 3/4 pi: their doubles sum to 0 at the first pivot, so that the
-  // matrix itself is multiplied out.
+TEST(Separation, FourTrainsWithoutAFirstPivotAreMixed) {
+  // With bound phases of 0, pi/4, pi/2 and 3/4 pi the first pivot sums to 0, so the matrix is used
+  // in place of its inverse.
   const std::vector<double> positions = {0.0, pi / 4.0, pi / 2.0, 3.0 * pi / 4.0};
   const std::vector<Complex> values = {{1.0, 0.5}, {-0.3, 0.2}, {0.1, -0.7}, {0.4, 0.4}};
   const Rows rows = trains_at(positions, {1.0, -1.0, 1.7, -1.7});
   const std::vector<Complex> right = product(transpose(rows), values);
-  // The matrix has a quarter, the right side a half, the result another half.
+  // The matrix has the factor 1/4, the right side 1/2 and the result another 1/2.
   const std::vector<Complex> expected = product(normal(rows), right);
   const auto found = separate_harmonic(records(positions, values), 1.0, 1.7);
   expect_near(found.bound.forward, expected[0] / 16.0, 1e-13);
@@ -265,12 +268,12 @@ TEST(Separation, TooFewProbesAreRefused) {
     EXPECT_EQ(thrown([&] { separate_fundamental(some(count), 1.0); }),
               "Minimum of 2 probes required for fundamental wave analysis");
   }
-  EXPECT_EQ(thrown([&] { separate_fundamental(some(2), 1.0); }), "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { separate_fundamental(some(2), 1.0); }), nothing_thrown);
   for (std::size_t count = 0; count < 4; ++count) {
     EXPECT_EQ(thrown([&] { separate_harmonic(some(count), 1.0, 2.0); }),
               "Minimum of 4 probes required for harmonic wave analysis");
   }
-  EXPECT_EQ(thrown([&] { separate_harmonic(some(4), 1.0, 2.0); }), "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { separate_harmonic(some(4), 1.0, 2.0); }), nothing_thrown);
 }
 
 }  // namespace

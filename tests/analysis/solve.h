@@ -1,5 +1,4 @@
-// Linear equations solved for comparison: Gaussian elimination with row exchanges, independent of
-// the one that is tested.
+// An independent solution of linear equations: Gaussian elimination with row exchanges.
 #ifndef KELPBOX_TESTS_ANALYSIS_SOLVE_H_
 #define KELPBOX_TESTS_ANALYSIS_SOLVE_H_
 
@@ -37,8 +36,8 @@ inline std::vector<Complex> solve(Rows rows, std::vector<Complex> right) {
   return right;
 }
 
-// A row for each position, a column exp(-i k s) for each wave number: a train that comes back has
-// a negative one.
+// A row for each position, a column exp(-i k s) for each wave number. A returning train has a
+// negative wave number.
 inline Rows trains_at(const std::vector<double>& positions, const std::vector<double>& ks) {
   Rows rows;
   for (const double s : positions) {
@@ -81,8 +80,8 @@ inline Rows normal(const Rows& rows) {
   return out;
 }
 
-// The matrix that takes values at the probes to amplitudes: the inverse of the normal matrix times
-// the transpose, a row for each train.
+// The matrix from values at the probes to amplitudes: the inverse of the normal matrix times the
+// transpose, with a row for each train.
 inline Rows estimator(const Rows& rows) {
   Rows columns;
   for (const auto& row : rows) columns.push_back(solve(normal(rows), row));

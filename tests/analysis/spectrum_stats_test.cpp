@@ -10,10 +10,12 @@
 #include <vector>
 
 #include "records.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Analysis::SpectrumStats;
+using Testing::thrown;
 
 Base::Params report(Base::DataSet set) {
   Base::Params out;
@@ -21,7 +23,7 @@ Base::Params report(Base::DataSet set) {
   return out;
 }
 
-// An amplitude at one harmonic on a mean, in 200 samples at 20 Hz.
+// A sinusoid at one harmonic and a mean, in 200 samples at 20 Hz.
 Base::DataSet sinusoid(double amplitude, int harmonic, double mean = 0.0) {
   std::vector<double> samples;
   samples.reserve(200);
@@ -32,7 +34,7 @@ Base::DataSet sinusoid(double amplitude, int harmonic, double mean = 0.0) {
   return record(samples, 20.0);
 }
 
-TEST(SpectrumStats, ASinusoidHasItsOwnHeightAndPeriod) {
+TEST(SpectrumStats, ASinusoidHasItsHeightAndPeriod) {
   for (const int harmonic : {1, 2, 7, 50, 99}) {
     const Base::Params out = report(sinusoid(0.3, harmonic));
     EXPECT_NEAR(out.get("Hs", "m"), 2.0 * std::numbers::sqrt2 * 0.3, 1e-12) << harmonic;
@@ -41,15 +43,15 @@ TEST(SpectrumStats, ASinusoidHasItsOwnHeightAndPeriod) {
   }
 }
 
-TEST(SpectrumStats, TheMeanTakesNoPart) {
+TEST(SpectrumStats, TheMeanIsIgnored) {
   const Base::Params out = report(sinusoid(0.3, 5, 40.0));
   EXPECT_NEAR(out.get("Hs", "m"), 2.0 * std::numbers::sqrt2 * 0.3, 1e-9);
   EXPECT_NEAR(out.get("Ts", "s"), 2.0, 1e-9);
   EXPECT_NEAR(out.get("Var", ""), std::pow(0.3 * 0.3 / 2.0, 0.25), 1e-9);
 }
 
-TEST(SpectrumStats, TheElementOfTheHalfRateCountsLikeAnyOther) {
-  // Samples of +-a are one element of magnitude a.
+TEST(SpectrumStats, TheNyquistElementCountsLikeAnyOther) {
+  // Alternating samples of a and -a have one element of magnitude a.
   const std::vector<double> samples = {0.2, -0.2, 0.2, -0.2, 0.2, -0.2, 0.2, -0.2, 0.2, -0.2};
   const Base::Params out = report(record(samples, 5.0));
   EXPECT_NEAR(out.get("Hs", "m"), 4.0 * std::sqrt(0.2 * 0.2 / 2.0), 1e-12);
@@ -88,7 +90,7 @@ TEST(SpectrumStats, StillWaterHasNoPeriod) {
   }
 }
 
-TEST(SpectrumStats, WhatIsThereAlreadyIsADuplicate) {
+TEST(SpectrumStats, AnExistingResultIsRefused) {
   Base::DataSet set = sinusoid(1.0, 3);
   Base::Params out;
   out.insert("Ts", 1.0, "s");

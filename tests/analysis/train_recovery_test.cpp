@@ -1,4 +1,4 @@
-// Wave trains recovered from records that were made of them.
+// Wave trains recovered from records that were synthesised from them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,10 +9,14 @@
 #include <utility>
 #include <vector>
 
-#include "../maths/support.h"
+#include "support/thrown.h"
+#include "support/wave_number.h"
 #include "trains.h"
 
 namespace {
+
+using Testing::exact_wave_number;
+using Testing::nothing_thrown;
 
 constexpr double pi = std::numbers::pi;
 
@@ -24,7 +28,7 @@ const std::vector<std::vector<double>> layouts = {
     {-4.0, -3.7, -3.1, -2.8, -2.45, -1.9},
 };
 
-TEST(TrainRecovery, AllTrainsOverLayoutsAndDepths) {
+TEST(TrainRecovery, FindsAllTrainsForEveryLayoutAndDepth) {
   for (const double depth : {0.4, 0.7, 1.0, 2.0}) {
     for (const std::vector<double>& layout : layouts) {
       const Sea sea;
@@ -35,7 +39,7 @@ TEST(TrainRecovery, AllTrainsOverLayoutsAndDepths) {
   }
 }
 
-TEST(TrainRecovery, AllTrainsOverFrequenciesAndRates) {
+TEST(TrainRecovery, FindsAllTrainsForEveryFrequencyAndRate) {
   for (const std::size_t bin : {12u, 16u, 21u}) {
     for (const double rate : {20.0, 23.0}) {
       for (const std::size_t samples : {400u, 401u}) {
@@ -50,7 +54,7 @@ TEST(TrainRecovery, AllTrainsOverFrequenciesAndRates) {
   }
 }
 
-TEST(TrainRecovery, TwoTrainsFromThreeProbes) {
+TEST(TrainRecovery, FindsTheFundamentalFromThreeProbes) {
   const Sea sea;
   for (const std::vector<double>& layout :
        {std::vector<double>{3.0, 3.25, 3.62}, {-0.4, -0.1, 0.3}, {-7.0, -6.0, -5.85}}) {
@@ -66,7 +70,7 @@ TEST(TrainRecovery, TwoTrainsFromThreeProbes) {
   }
 }
 
-TEST(TrainRecovery, FourProbesOfWhichThreeAreIndependentGiveTheFundamentalAlone) {
+TEST(TrainRecovery, FindsTheFundamentalFromThreeIndependentProbesOfFour) {
   // The second and the third are 1 mm apart.
   const Sea sea;
   const auto found =
@@ -79,7 +83,7 @@ TEST(TrainRecovery, FourProbesOfWhichThreeAreIndependentGiveTheFundamentalAlone)
   EXPECT_EQ(results.backward_free2, 0.0);
 }
 
-TEST(TrainRecovery, OrderOfProbesDoesNotMatter) {
+TEST(TrainRecovery, TheOrderOfProbesDoesNotMatter) {
   const Sea sea;
   std::vector<double> layout = layouts[0];
   std::sort(layout.begin(), layout.end());
@@ -88,10 +92,10 @@ TEST(TrainRecovery, OrderOfProbesDoesNotMatter) {
   } while (std::next_permutation(layout.begin(), layout.end()));
 }
 
-TEST(TrainRecovery, TrainsRunAlongTheAngle) {
+TEST(TrainRecovery, TrainsTravelAlongTheAngle) {
   const Sea sea;
   for (const double angle : {0.3, -0.8, 0.5 * pi, 2.5, -pi}) {
-    // A row along the direction, off the origin, and one across the basin.
+    // A row along the direction, beside the origin.
     std::vector<Probe> along;
     for (const double s : layouts[0]) {
       along.push_back({s * std::cos(angle) - 2.0 * std::sin(angle),
@@ -106,7 +110,7 @@ TEST(TrainRecovery, TrainsRunAlongTheAngle) {
              sea, 1e-9);
 }
 
-TEST(TrainRecovery, TheOppositeAngleExchangesForwardAndBackward) {
+TEST(TrainRecovery, TheOppositeAngleSwapsForwardAndBackward) {
   Sea turned;
   const auto found =
       separate(measure(turned.trains(0.7), row(layouts[0])), flat_tank(0.7), settings(pi));
@@ -116,8 +120,8 @@ TEST(TrainRecovery, TheOppositeAngleExchangesForwardAndBackward) {
   expect_sea(found, turned, 1e-9);
 }
 
-TEST(TrainRecovery, AnglesAndPlacesComeInAnyUnits) {
-  // A degree has six figures in the table of units.
+TEST(TrainRecovery, AnglesAndPositionsMayHaveAnyUnits) {
+  // The table of units gives a degree six digits.
   const Sea sea;
   auto series = measure(sea.trains(0.7), row(layouts[0]), {}, 30.0 * 0.0174533);
   const char* const units[] = {"cm", "ft", "mm", "in"};
@@ -133,7 +137,7 @@ TEST(TrainRecovery, AnglesAndPlacesComeInAnyUnits) {
   expect_sea(separate(series, flat_tank(0.7), params), sea, 1e-9);
 }
 
-TEST(TrainRecovery, AMeanTakesNoPart) {
+TEST(TrainRecovery, AMeanIsIgnored) {
   const Sea sea;
   auto series = measure(sea.trains(0.7), row(layouts[0]));
   for (auto& one : series) {
@@ -142,8 +146,9 @@ TEST(TrainRecovery, AMeanTakesNoPart) {
   expect_sea(separate(series, flat_tank(0.7)), sea, 1e-9);
 }
 
-TEST(TrainRecovery, TheDepthIsThatAtTheMeanX) {
-  // A slope from 0.4 m at x = 0 to 1.4 m at x = 10; the probes' mean is 3.4925, not their middle.
+TEST(TrainRecovery, UsesTheDepthAtTheMeanX) {
+  // A slope from 0.4 m at x = 0 to 1.4 m at x = 10. The mean of the probes, 3.4925, is not the
+  // middle.
   Maths::TankConfig slope = flat_tank(0.4);
   slope.profile = {{0.4, -50.0}, {0.4, 0.0}, {1.4, 10.0}, {1.4, 50.0}};
   const Sea sea;
@@ -151,13 +156,13 @@ TEST(TrainRecovery, TheDepthIsThatAtTheMeanX) {
   const auto series = measure(sea.trains(0.4 + 0.1 * mean), row(layouts[0]));
   expect_sea(separate(series, slope), sea, 1e-9);
 
-  // At a mean of exactly 0 the profile's first depth counts.
+  // At a mean of exactly 0 the first depth of the profile is used.
   slope.profile.front().depth = 0.9;
   expect_sea(separate(measure(sea.trains(0.9), row({-0.75, -0.25, 0.125, 0.875})), slope), sea,
              1e-9);
 }
 
-TEST(TrainRecovery, TheTanksGravityCounts) {
+TEST(TrainRecovery, UsesTheGravityOfTheTank) {
   Maths::TankConfig moon = flat_tank(0.7);
   moon.g = 1.62;
   Sea sea;
@@ -169,18 +174,18 @@ TEST(TrainRecovery, TheTanksGravityCounts) {
   expect_sea(separate(series, moon), sea, 1e-9);
 }
 
-// How far results may be off when the trains have other wave numbers than the analysis takes: the
-// estimator times the change of the trains' values, |s| |dk| |A| each.
-double bound_of(const std::vector<double>& layout, const std::vector<double>& taken,
+// A bound of the error of the results when the trains have other wave numbers than those assumed:
+// the estimator times the change of the values of the trains, |s| |dk| |A| each.
+double bound_of(const std::vector<double>& layout, const std::vector<double>& assumed,
                 const std::vector<double>& exact, const std::vector<Complex>& amplitudes) {
   double change = 0.0;
-  for (std::size_t n = 0; n < taken.size(); ++n) {
-    change += std::abs(taken[n] - exact[n]) * std::abs(amplitudes[n]);
+  for (std::size_t n = 0; n < assumed.size(); ++n) {
+    change += std::abs(assumed[n] - exact[n]) * std::abs(amplitudes[n]);
   }
   double reach = 0.0;
   for (const double s : layout) reach = std::max(reach, std::abs(s));
   double norm = 0.0;
-  for (const auto& estimate : estimator(trains_at(layout, taken))) {
+  for (const auto& estimate : estimator(trains_at(layout, assumed))) {
     double sum = 0.0;
     for (const Complex& element : estimate) sum += std::abs(element);
     norm = std::max(norm, sum);
@@ -188,7 +193,7 @@ double bound_of(const std::vector<double>& layout, const std::vector<double>& ta
   return norm * reach * change;
 }
 
-TEST(TrainRecovery, ExactDispersionIsOffByTheErrorOfTheWaveNumbers) {
+TEST(TrainRecovery, TrainsOfExactDispersionAreFoundWithinTheErrorOfTheWaveNumbers) {
   const double depth = 0.7;
   for (const std::vector<double>& layout : layouts) {
     const Sea sea;
@@ -196,16 +201,16 @@ TEST(TrainRecovery, ExactDispersionIsOffByTheErrorOfTheWaveNumbers) {
     const auto exact = [&](std::size_t h) {
       return exact_wave_number(reading.omega(h * sea.bin), depth, 9.81);
     };
-    const auto taken = [&](std::size_t h) {
+    const auto assumed = [&](std::size_t h) {
       return Maths::knum(reading.omega(h * sea.bin), depth, 9.81);
     };
-    const double first =
-        bound_of(layout, {taken(1), -taken(1)}, {exact(1), -exact(1)}, {sea.forward, sea.backward});
+    const double first = bound_of(layout, {assumed(1), -assumed(1)}, {exact(1), -exact(1)},
+                                  {sea.forward, sea.backward});
     const double second =
-        bound_of(layout, {2 * taken(1), -2 * taken(1), taken(2), -taken(2)},
+        bound_of(layout, {2 * assumed(1), -2 * assumed(1), assumed(2), -assumed(2)},
                  {2 * exact(1), -2 * exact(1), exact(2), -exact(2)},
                  {sea.forward_bound, sea.backward_bound, sea.forward_free, sea.backward_free});
-    // Small against the smallest train, else the bound would say nothing.
+    // A bound that is not small compared with the smallest train would prove nothing.
     ASSERT_LT(first, 0.01 * std::abs(sea.backward));
     ASSERT_LT(second, 0.3 * std::abs(sea.backward_free));
     const Results found =
@@ -219,9 +224,9 @@ TEST(TrainRecovery, ExactDispersionIsOffByTheErrorOfTheWaveNumbers) {
   }
 }
 
-TEST(TrainRecovery, NoiseGoesThroughTheEstimator) {
-  // White noise of deviation d in n samples has, in one element, parts of variance 2 d^2 / n. A
-  // magnitude takes the part of an amplitude's error along the amplitude.
+TEST(TrainRecovery, NoiseHasTheVarianceOfTheEstimator) {
+  // White noise of deviation d in n samples gives the parts of an element the variance 2 d^2 / n.
+  // Only the part of the error along an amplitude changes its magnitude.
   const Sea sea;
   const Reading reading;
   const double depth = 0.7;
@@ -259,14 +264,15 @@ TEST(TrainRecovery, NoiseGoesThroughTheEstimator) {
   }
 }
 
-TEST(TrainRecovery, ProbesASixthOfAWaveApartFailInSilence) {
-  // Their matrix is [[0, 3/4], [3/4, 0]], has no first pivot and is multiplied out: 9/16 of each.
+TEST(TrainRecovery, ProbesASixthOfAWaveApartGiveNineSixteenthsOfTheTrains) {
+  // Their matrix [[0, 3/4], [3/4, 0]] has no first pivot and is used in place of its inverse, which
+  // gives 9/16 of each train.
   const Sea sea;
   const Reading reading;
   const double k = Maths::knum(reading.omega(sea.bin), 0.7, 9.81);
   const std::vector<double> layout = {0.0, pi / (3.0 * k), 2.0 * pi / (3.0 * k)};
   const auto found = separate(measure(sea.trains(0.7), row(layout)), flat_tank(0.7));
-  EXPECT_EQ(found.failure, "(nothing thrown)");
+  EXPECT_EQ(found.failure, nothing_thrown);
   EXPECT_EQ(found.lines, marks('I'));
   EXPECT_NEAR(found.results().forward_free, 9.0 / 16.0 * std::abs(sea.forward), 1e-12);
   EXPECT_NEAR(found.results().backward_free, 9.0 / 16.0 * std::abs(sea.backward), 1e-12);

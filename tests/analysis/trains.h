@@ -1,6 +1,8 @@
-// Records under several probes, made of wave trains that are known.
+// Records of several probes, synthesised from known wave trains.
 #ifndef KELPBOX_TESTS_ANALYSIS_TRAINS_H_
 #define KELPBOX_TESTS_ANALYSIS_TRAINS_H_
+
+#include <gtest/gtest.h>
 
 #include <cmath>
 #include <complex>
@@ -13,21 +15,23 @@
 #include "maths/dispersion.h"
 #include "records.h"
 #include "solve.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 struct Probe {
   double x;  // metres
   double y;
 };
 
-// One train: element of the spectrum, wave number (negative when it comes back), amplitude at the
-// origin.
+// One train: element of the spectrum, wave number (negative for a returning train), amplitude at
+// the origin.
 struct Train {
   std::size_t bin;
   double k;
   Complex amplitude;
 };
 
-// How long and how fast probes are read.
+// The number of samples of each probe and their rate.
 struct Reading {
   std::size_t samples = 400;
   double rate = 20.0;
@@ -38,7 +42,7 @@ struct Reading {
   }
 };
 
-// The results of a separation, as they are named.
+// The results of a separation.
 struct Results {
   double forward_free, backward_free, forward_bound2, backward_bound2, forward_free2,
       backward_free2;
@@ -51,7 +55,7 @@ inline Base::Params at_point(const Reading& reading, const Probe& probe) {
   return params;
 }
 
-// The surface under a probe that stands at s along the wave direction.
+// The surface at a probe, which is at s along the wave direction.
 inline std::vector<double> surface(const std::vector<Train>& trains, double s,
                                    const Reading& reading) {
   std::vector<double> out(reading.samples);
@@ -91,7 +95,7 @@ inline Base::Params settings(double angle = 0.0) {
   return params;
 }
 
-// What a separation prints, how it fails, and what it finds.
+// The output, failure and results of a separation.
 struct Separation {
   std::string lines;
   std::string failure;
@@ -107,9 +111,9 @@ struct Separation {
 inline Separation separate(Analysis::Set& set, const Maths::TankConfig& tank,
                            const Base::Params& params = settings()) {
   Separation found;
-  found.lines = printed([&] {
+  found.lines = Testing::printed([&] {
     Analysis::FreqSingle process(tank, set);
-    found.failure = thrown([&] {
+    found.failure = Testing::thrown([&] {
       process.process(params);
       process.results(found.out);
     });
@@ -123,25 +127,26 @@ inline Separation separate(const std::vector<Analysis::Series>& series,
   return separate(records.set(), tank, params);
 }
 
-// What a separation prints up to a mark.
+// The output of a separation up to a mark.
 inline std::string marks(char last) {
   std::string lines = "FreqSingle\n";
   for (char mark = 'A'; mark <= last; ++mark) lines += std::string("D") + mark + "\n";
   return lines;
 }
 
-// A fundamental that runs and comes back, with the free and bound trains of its harmonics.
+// A fundamental in both directions, with the free and bound trains of its harmonics.
 struct Sea {
   std::size_t bin = 16;
   Complex forward{0.04, -0.03};
   Complex backward{-0.006, 0.008};
-  // Of the second harmonic; the third and fourth are a half and a third of it, turned.
+  // Second harmonic; the third and fourth have a half and a third of its amplitude and other
+  // phases.
   Complex forward_bound{0.003, 0.004};
   Complex backward_bound{-0.0005, 0.0012};
   Complex forward_free{0.002, -0.0015};
   Complex backward_free{0.0004, 0.0003};
 
-  // With wave numbers k(h) for harmonic h of the fundamental.
+  // k(h) is the wave number of harmonic h of the fundamental.
   template <typename WaveNumber>
   std::vector<Train> trains(WaveNumber&& k) const {
     std::vector<Train> out = {{bin, k(1), forward}, {bin, -k(1), backward}};
@@ -156,14 +161,14 @@ struct Sea {
     return out;
   }
 
-  // With the library's own wave numbers in water of a depth.
+  // With the wave numbers that the separation assumes: the tests of maths prove them.
   std::vector<Train> trains(double depth, const Reading& reading = {}) const {
     return trains([&](std::size_t h) { return Maths::knum(reading.omega(h * bin), depth, 9.81); });
   }
 };
 
 inline void expect_sea(const Separation& found, const Sea& sea, double tolerance) {
-  ASSERT_EQ(found.failure, "(nothing thrown)");
+  ASSERT_EQ(found.failure, Testing::nothing_thrown);
   const Results results = found.results();
   EXPECT_NEAR(results.forward_free, std::abs(sea.forward), tolerance);
   EXPECT_NEAR(results.backward_free, std::abs(sea.backward), tolerance);

@@ -1,4 +1,4 @@
-// Waves cut from records whose waves are known.
+// Waves found in records of known waves.
 #include "analysis/wave_list.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ TEST(WaveList, ASampleOfZeroBeforeARiseIsTheCrossing) {
 }
 
 TEST(WaveList, ACrossingIsInterpolatedBetweenTwoSamples) {
-  // From -1 to 3: a quarter of the way. From -2 to 0.5: four fifths of it.
+  // A quarter of the way from -1 to 3, and four fifths of the way from -2 to 0.5.
   const auto found = waves({-1.0, 3.0, 1.0, -2.0, 0.5, -0.5}, 4.0, false);
   ASSERT_EQ(found.size(), 1u);
   expect_wave(found[0], 0.25 / 4.0, 3.8 / 4.0, 3.0, -2.0);
@@ -57,54 +57,55 @@ TEST(WaveList, ARecordThatStartsAboveZeroHasNoCrossingThere) {
   EXPECT_TRUE(waves({2.0, 1.0, -1.0, 1.0, -1.0}, 1.0, false).empty());
 }
 
-TEST(WaveList, OfSeveralZerosTheLastIsTheCrossing) {
+TEST(WaveList, TheLastOfSeveralZerosIsTheCrossing) {
   const auto found = waves({0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 2.0}, 1.0, false);
   ASSERT_EQ(found.size(), 1u);
   expect_wave(found[0], 2.0, 5.0, 1.0, 0.0);
 }
 
-TEST(WaveList, TouchingZeroFromBelowIsNoCrossing) {
+TEST(WaveList, TouchingZeroFromBelowIsNotACrossing) {
   const auto found = waves({-1.0, 1.0, -2.0, 0.0, -3.0, 3.0}, 1.0, false);
   ASSERT_EQ(found.size(), 1u);
   expect_wave(found[0], 0.5, 4.5, 1.0, -3.0);
 }
 
-TEST(WaveList, TouchingZeroFromAboveIsOne) {
+TEST(WaveList, TouchingZeroFromAboveIsACrossing) {
   const auto found = waves({-2.0, 2.0, 0.0, 3.0, -1.0}, 1.0, false);
   ASSERT_EQ(found.size(), 1u);
   expect_wave(found[0], 0.5, 2.0, 2.0, 0.0);
 }
 
-TEST(WaveList, BothEndsAreDroppedWithoutWrap) {
-  // Higher crests and deeper troughs before the first crossing and after the last.
+TEST(WaveList, WithoutWrapBothEndsAreIgnored) {
+  // The ends have higher crests and deeper troughs than the wave between the crossings.
   const auto found = waves({0.0, -9.0, 1.0, -1.0, 1.0, 9.0, -9.0}, 1.0, false);
   ASSERT_EQ(found.size(), 1u);
   expect_wave(found[0], 1.9, 3.5, 1.0, -1.0);
 }
 
-TEST(WaveList, BothEndsJoinWithWrap) {
-  // Sorted by height: the whole wave, then the joined one, of the head's trough and the tail's
-  // crest. It ends one record length after the first crossing.
+TEST(WaveList, WithWrapBothEndsFormAWave) {
+  // In order of height: the inner wave, then the joined one with the trough of the start and the
+  // crest of the end of the record. It ends one record length after the first crossing.
   const auto found = waves({0.0, -9.0, 1.0, -1.0, 1.0, 7.0, -8.0}, 1.0, true);
   ASSERT_EQ(found.size(), 2u);
   expect_wave(found[0], 1.9, 3.5, 1.0, -1.0);
   expect_wave(found[1], 3.5, 7.0 + 1.9, 7.0, -9.0);
 }
 
-TEST(WaveList, TheHigherCrestAndTheDeeperTroughOfTheTwoEndsCount) {
-  // The head has the crest, after the first sample, which no wave looks at; the tail the trough.
+TEST(WaveList, AJoinedWaveHasTheHighestCrestAndDeepestTroughOfBothEnds) {
+  // The first sample belongs to no wave. The crest is at the start of the record, the trough at the
+  // end.
   const auto found = waves({9.0, 5.0, -2.0, 1.0, -3.0}, 1.0, true);
   ASSERT_EQ(found.size(), 1u);
   expect_wave(found[0], 2.0 + 2.0 / 3.0, 5.0 + 2.0 + 2.0 / 3.0, 5.0, -3.0);
 }
 
-TEST(WaveList, TheWrappedWaveEndsOneRecordLaterInSecondsNotInSamples) {
+TEST(WaveList, AJoinedWaveEndsOneRecordLaterInSeconds) {
   const auto found = waves({-1.0, 1.0, 1.0, -1.0}, 10.0, true);
   ASSERT_EQ(found.size(), 1u);
   expect_wave(found[0], 0.05, 0.45, 1.0, -1.0);
 }
 
-TEST(WaveList, CrossingsGiveOneWaveLessWithoutWrapAndAsManyWithIt) {
+TEST(WaveList, EachCrossingStartsAWaveExceptTheLastWithoutWrap) {
   for (std::size_t crossings = 1; crossings <= 9; ++crossings) {
     std::vector<double> samples;
     for (std::size_t i = 0; i < crossings; ++i) samples.insert(samples.end(), {-1.0, 1.0});
@@ -113,7 +114,7 @@ TEST(WaveList, CrossingsGiveOneWaveLessWithoutWrapAndAsManyWithIt) {
   }
 }
 
-TEST(WaveList, ARecordThatNeverRisesThroughZeroHasNoWaves) {
+TEST(WaveList, ARecordWithoutAnUpCrossingHasNoWaves) {
   const std::vector<std::vector<double>> records = {
       {}, {1.0}, {0.0}, {1.0, 2.0, 0.5}, {-1.0, -0.5, 0.0}, {3.0, 1.0, -1.0}, {0.0, 0.0, 0.0}};
   for (const std::vector<double>& samples : records) {
@@ -122,8 +123,8 @@ TEST(WaveList, ARecordThatNeverRisesThroughZeroHasNoWaves) {
   }
 }
 
-TEST(WaveList, WavesStandByRisingHeight) {
-  // Heights 5, 2, 4, 3 in time.
+TEST(WaveList, WavesAreSortedByHeight) {
+  // The heights are 5, 2, 4 and 3 in order of time.
   const auto found =
       waves({-1.0, 3.0, -2.0, 1.0, -1.0, 1.0, -3.0, 2.0, -1.0, 1.0, -1.0}, 1.0, false);
   ASSERT_EQ(found.size(), 4u);
@@ -132,7 +133,7 @@ TEST(WaveList, WavesStandByRisingHeight) {
   }
 }
 
-TEST(WaveList, ASecondRecordJoinsTheListAndTheOrder) {
+TEST(WaveList, WavesOfASecondRecordAreSortedIntoTheList) {
   Base::DataSet low = record({-1.0, 1.0, -1.0, 1.0}, 1.0);
   Base::DataSet high = record({-1.0, 0.5, -0.5, 1.0, -4.0, 1.0}, 1.0);
   WaveList list(low, false);
@@ -143,8 +144,8 @@ TEST(WaveList, ASecondRecordJoinsTheListAndTheOrder) {
   EXPECT_DOUBLE_EQ(list.waves[2].height(), 5.0);
 }
 
-TEST(WaveList, ASpectrumIsReadAsTheRecordThatItStandsFor) {
-  // Harmonic 4 of 64 samples, a sine of 0.3 m that starts at zero.
+TEST(WaveList, ASpectrumIsReadAsItsTimeForm) {
+  // Harmonic 4 of 64 samples: a sine of amplitude 0.3 m that starts at zero.
   std::vector<std::complex<double>> elements(33);
   elements[4] = {0.0, -0.3};
   Base::DataSet set(Base::Cvector("", Base::default_units(Base::Category::length), elements),
@@ -158,7 +159,7 @@ TEST(WaveList, ASpectrumIsReadAsTheRecordThatItStandsFor) {
   }
 }
 
-TEST(WaveList, TheRateMayBeAnAngularOne) {
+TEST(WaveList, TheRateMayBeAngular) {
   Base::Params params;
   params.insert("rate", 4.0 * std::numbers::pi, "rad/s");
   Base::DataSet set(Base::Vector("", {}, {0.0, 1.0, 0.0, 1.0}), params);
@@ -167,13 +168,13 @@ TEST(WaveList, TheRateMayBeAnAngularOne) {
   EXPECT_DOUBLE_EQ(list.waves[0].period(), 1.0);
 }
 
-TEST(WaveList, SamplesThatAreNoNumbersMakeNoCrossing) {
+TEST(WaveList, NaNSamplesMakeNoCrossing) {
   const auto found = waves({-1.0, nan, 1.0, -1.0, 1.0, nan, -1.0, 1.0}, 1.0, false);
   ASSERT_EQ(found.size(), 1u);
   expect_wave(found[0], 3.5, 6.5, 1.0, -1.0);
 }
 
-TEST(WaveList, EndlessSamplesAndNumbersThatAreNoneCanBeSorted) {
+TEST(WaveList, NonFiniteSamplesCanBeSorted) {
   std::vector<double> samples;
   for (int i = 0; i < 60; ++i) {
     samples.insert(samples.end(), {-1.0 - i, i % 3 == 0 ? infinity : 1.0, i % 7 == 0 ? nan : 0.5,

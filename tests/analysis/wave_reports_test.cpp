@@ -1,4 +1,4 @@
-// What is told of a list of waves: regular or not, medians, the significant wave.
+// The report of a list of waves: regular or not, medians, the significant wave.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -8,15 +8,17 @@
 
 #include "analysis/wave_list.h"
 #include "records.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Analysis::WaveList;
+using Testing::thrown;
 
 const char* const too_few_crossings = "Insufficient zero crossings in time series";
 const char* const too_few_points = "Insufficient points for irregular wave analysis";
 
-// A list of waves in the order given, each of one period and one height, a third of it trough.
+// Waves in the given order with these periods and heights. The trough is a third of the height.
 WaveList list_of(const std::vector<double>& periods, const std::vector<double>& heights) {
   WaveList list;
   double start = 0.0;
@@ -39,7 +41,7 @@ std::vector<std::string> names(const Base::Params& params) {
   return all;
 }
 
-TEST(WaveReports, FewerThanSixWavesCannotBeCalledRegularOrNot) {
+TEST(WaveReports, FewerThanSixWavesCannotBeClassified) {
   for (std::size_t count = 0; count < 6; ++count) {
     WaveList list = equal_waves(count);
     EXPECT_EQ(thrown([&] { Analysis::is_regular(list); }), too_few_crossings) << count;
@@ -48,20 +50,20 @@ TEST(WaveReports, FewerThanSixWavesCannotBeCalledRegularOrNot) {
   EXPECT_TRUE(Analysis::is_regular(list));
 }
 
-TEST(WaveReports, TheLongestAndTheShortestPeriodDoNotCount) {
+TEST(WaveReports, TheLongestAndTheShortestPeriodAreIgnored) {
   WaveList list = of_periods({2.0, 9.0, 2.0, 0.1, 2.0, 2.0});
   EXPECT_TRUE(Analysis::is_regular(list));
 }
 
-TEST(WaveReports, TwoLongPeriodsAreIrregularAndSoAreTwoShortOnes) {
+TEST(WaveReports, TwoLongOrTwoShortPeriodsAreIrregular) {
   WaveList longer = of_periods({2.0, 9.0, 2.0, 9.0, 2.0, 2.0, 2.0});
   EXPECT_FALSE(Analysis::is_regular(longer));
   WaveList shorter = of_periods({2.0, 0.1, 2.0, 0.1, 2.0, 2.0, 2.0});
   EXPECT_FALSE(Analysis::is_regular(shorter));
 }
 
-TEST(WaveReports, OnePerCentOfTheMedianIsTheBound) {
-  // Periods 1, 2, 100, 100, s, 200: the median of six is the fourth.
+TEST(WaveReports, ASpreadBelowOnePerCentOfTheMedianIsRegular) {
+  // The median of six periods is the fourth.
   for (const auto& [spread, regular] : {std::pair{0.99, true}, {1.01, false}}) {
     WaveList list = of_periods({1.0, 100.0, 100.0, 100.0, 100.0 + spread, 200.0});
     EXPECT_EQ(Analysis::is_regular(list), regular) << spread;
@@ -77,8 +79,8 @@ TEST(WaveReports, ASpreadOfExactlyOnePerCentIsIrregular) {
   EXPECT_FALSE(Analysis::is_regular(list));
 }
 
-TEST(WaveReports, OfAnEvenNumberTheUpperMedianCounts) {
-  // The hundredth of 101.005 is above the spread, that of 100 would be below it.
+TEST(WaveReports, TheUpperMedianOfAnEvenNumberIsUsed) {
+  // The spread is below a hundredth of 101.005 and above a hundredth of 100.
   WaveList list = of_periods({0.1, 100.0, 100.0, 101.005, 101.005, 900.0});
   EXPECT_TRUE(Analysis::is_regular(list));
 }
@@ -103,7 +105,7 @@ TEST(WaveReports, RegularWavesHaveTheMedianPeriodAndTheMedianHeight) {
   EXPECT_EQ(Base::units_text(out.at("reg_h").units), "m");
 }
 
-TEST(WaveReports, OfSixWavesTheFourthIsTheMedian) {
+TEST(WaveReports, TheFourthOfSixWavesIsTheMedian) {
   WaveList list = list_of({1.0, 2.0, 3.0, 4.0, 5.0, 6.0}, {6.0, 5.0, 4.0, 3.0, 2.0, 1.0});
   Base::Params out;
   Analysis::report_regular(list, out);
@@ -124,9 +126,9 @@ TEST(WaveReports, FewerThanSixWavesHaveNoMedians) {
   EXPECT_EQ(thrown([&] { Analysis::regular_height(list); }), too_few_crossings);
 }
 
-TEST(WaveReports, TheSignificantWaveIsTheOneAtTwoThirdsOfTheList) {
+TEST(WaveReports, TheSignificantWaveIsAtTwoThirdsOfTheList) {
   for (std::size_t count = 6; count <= 30; ++count) {
-    // Heights 1 to count in a scrambled order, each wave's period 100 more than its height.
+    // Heights 1 to count in a permuted order; each period is the height plus 100.
     std::vector<double> heights;
     std::vector<double> periods;
     const std::size_t stride = count % 7 == 0 ? 11 : 7;
@@ -145,7 +147,7 @@ TEST(WaveReports, TheSignificantWaveIsTheOneAtTwoThirdsOfTheList) {
   }
 }
 
-TEST(WaveReports, OfSixWavesTheFifthLowestIsSignificant) {
+TEST(WaveReports, TheFifthLowestOfSixWavesIsSignificant) {
   WaveList list = list_of({1.0, 2.0, 3.0, 4.0, 5.0, 6.0}, {0.3, 0.5, 0.1, 0.6, 0.2, 0.4});
   Base::Params out;
   Analysis::report_irregular(list, out);
@@ -158,7 +160,7 @@ TEST(WaveReports, OfSixWavesTheFifthLowestIsSignificant) {
   EXPECT_EQ(Base::units_text(out.at("max_amp").units), "m");
 }
 
-TEST(WaveReports, FewerThanSixWavesHaveNoSignificantOne) {
+TEST(WaveReports, FewerThanSixWavesHaveNoSignificantWave) {
   for (std::size_t count = 0; count < 6; ++count) {
     WaveList list = equal_waves(count);
     Base::Params out;
@@ -167,8 +169,7 @@ TEST(WaveReports, FewerThanSixWavesHaveNoSignificantOne) {
   }
 }
 
-TEST(WaveReports, AResultThatIsThereAlreadyIsADuplicate) {
-  // In the order in which they are added.
+TEST(WaveReports, AnExistingResultIsRefusedInOrderOfAdding) {
   WaveList list = equal_waves(9);
   const auto with = [](const char* name) {
     Base::Params out;
