@@ -263,7 +263,7 @@ TEST(FftPlan, GivesTheSameResultFromASpectrumItMayOverwrite) {
   }
 }
 
-TEST(Fft, MemoryBesideTheSamplesGrowsWithAGreatPrime) {
+TEST(Fft, TheEstimatedMemoryGrowsWithTheLargestPrime) {
   EXPECT_EQ(Base::transform_memory(0), 0U);
   EXPECT_EQ(Base::transform_memory(1 << 20), 6U << 20);
   // 2 * 3 * 174763, and a prime.

@@ -1,7 +1,6 @@
 #include "base/system_memory.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <filesystem>
@@ -9,26 +8,21 @@
 #include <limits>
 #include <string>
 
+#include "support/temp_dir.h"
+
 namespace {
 
 using Base::system_memory;
-namespace fs = std::filesystem;
 
 constexpr std::uint64_t unlimited = std::numeric_limits<std::uint64_t>::max();
 
-// The files of a system, put together by hand.
+// A directory with the files of a system.
 class SystemMemory : public testing::Test {
  protected:
-  SystemMemory()
-      : root_(fs::path(testing::TempDir()) /
-              ("kelpbox_system_" + std::to_string(getpid()) + "_" +
-               testing::UnitTest::GetInstance()->current_test_info()->name())) {}
-  ~SystemMemory() override { fs::remove_all(root_); }
-
-  void write(const std::string& path, const std::string& text) const {
-    const fs::path file = root_.string() + path;
-    fs::create_directories(file.parent_path());
-    std::ofstream(file) << text;
+  void write(const std::string& path, const std::string& contents) const {
+    const std::filesystem::path file = root_.path() + path;
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << contents;
   }
   // 1000 kB free, 3000 kB available, 500 kB of swap.
   void write_machine() const {
@@ -37,24 +31,24 @@ class SystemMemory : public testing::Test {
           "SwapTotal:        800 kB\nSwapFree:         500 kB\n"
           "CommitLimit:     5000 kB\nCommitted_AS:    4200 kB\nHugePages_Total:       0\n");
   }
-  std::uint64_t room() const { return system_memory(root_.string()); }
+  std::uint64_t room() const { return system_memory(root_.path()); }
 
  private:
-  fs::path root_;
+  Testing::TempDir root_;
 };
 
-TEST_F(SystemMemory, IsWhatTheMachineHasAvailableAndItsSwap) {
+TEST_F(SystemMemory, IsTheAvailableMemoryAndTheFreeSwap) {
   write_machine();
   EXPECT_EQ(room(), (3000U + 500U) * 1024U);
 }
 
-TEST_F(SystemMemory, IsWithoutLimitWhereNothingIsReported) {
+TEST_F(SystemMemory, IsUnlimitedIfTheSystemReportsNothing) {
   EXPECT_EQ(room(), unlimited);
   write("/proc/meminfo", "MemTotal: 9000 kB\n");
   EXPECT_EQ(room(), unlimited);
 }
 
-TEST_F(SystemMemory, ControlGroupsCountTheirCachesAsFree) {
+TEST_F(SystemMemory, TheCachesOfAControlGroupCountAsFree) {
   write_machine();
   write("/proc/self/cgroup", "0::/jobs/one\n");
   write("/sys/fs/cgroup/jobs/one/memory.max", "1048576\n");
@@ -66,7 +60,7 @@ TEST_F(SystemMemory, ControlGroupsCountTheirCachesAsFree) {
   EXPECT_EQ(room(), 500U * 1024U);
 }
 
-TEST_F(SystemMemory, OuterControlGroupsLimitToo) {
+TEST_F(SystemMemory, OuterControlGroupsAlsoLimitTheMemory) {
   write_machine();
   write("/proc/self/cgroup", "0::/jobs/one\n");
   write("/sys/fs/cgroup/jobs/one/memory.max", "max\n");
@@ -77,7 +71,7 @@ TEST_F(SystemMemory, OuterControlGroupsLimitToo) {
   EXPECT_EQ(room(), 3000U + 500U * 1024U);
 }
 
-TEST_F(SystemMemory, AContainerShowsItsLimitAtTheMount) {
+TEST_F(SystemMemory, TheLimitOfAContainerIsFoundAtTheMount) {
   write_machine();
   write("/proc/self/cgroup", "0::/out/of/sight\n");
   write("/sys/fs/cgroup/memory.max", "7000\n");
@@ -85,7 +79,7 @@ TEST_F(SystemMemory, AContainerShowsItsLimitAtTheMount) {
   EXPECT_EQ(room(), 1000U + 500U * 1024U);
 }
 
-TEST_F(SystemMemory, KnowsTheFirstVersionOfControlGroups) {
+TEST_F(SystemMemory, TheFirstVersionOfControlGroupsIsSupported) {
   write_machine();
   write("/proc/self/cgroup", "5:cpu,cpuacct:/a\n4:hugetlb,memory:/a\n");
   write("/sys/fs/cgroup/memory/a/memory.limit_in_bytes", "9000\n");
@@ -94,7 +88,7 @@ TEST_F(SystemMemory, KnowsTheFirstVersionOfControlGroups) {
   EXPECT_EQ(room(), 1030U + 500U * 1024U);
 }
 
-TEST_F(SystemMemory, StrictOvercommitLimitsWhatMayBePromised) {
+TEST_F(SystemMemory, StrictOvercommitLimitsTheMemory) {
   write_machine();
   write("/proc/sys/vm/overcommit_memory", "1\n");
   EXPECT_EQ(room(), 3500U * 1024U);
@@ -102,7 +96,7 @@ TEST_F(SystemMemory, StrictOvercommitLimitsWhatMayBePromised) {
   EXPECT_EQ(room(), 800U * 1024U);
 }
 
-TEST_F(SystemMemory, OfThisMachineIsLessThanItHas) {
+TEST_F(SystemMemory, OfThisMachineIsBelowItsTotal) {
   std::uint64_t total_kb = 0;
   std::ifstream meminfo("/proc/meminfo");
   for (std::string name, rest; meminfo >> name;) {

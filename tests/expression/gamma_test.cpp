@@ -6,7 +6,6 @@
 #include <limits>
 
 #include "support/thrown.h"
-#include "testutil.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-// What the sets of a run, and merging them, may take of the machine's memory.
+// The memory of the sets of a run and of merging them.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "maths/run_fronts.h"
-#include "support.h"
 #include "support/own_process.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -15,6 +15,7 @@ using Maths::FrontSet;
 using Maths::HarmonicFront;
 using Maths::RunFronts;
 using Maths::TankConfig;
+using Testing::thrown;
 
 // Water that is less deep at the low end of the tank than at the paddles, and changes behind them.
 TankConfig uneven() {
@@ -31,7 +32,7 @@ TankConfig uneven() {
   return tank;
 }
 
-// Three sets at places of their own, up to three fronts to a slot, and slots without any.
+// Three sets at different positions, with up to three fronts in a slot.
 RunFronts three_sets(bool dalrymple) {
   RunFronts fronts;
   fronts.run.init(60.0, 100.0, 0.1, 0.6, dalrymple);
@@ -47,7 +48,8 @@ RunFronts three_sets(bool dalrymple) {
       const auto count = static_cast<int>(4.0 * next());
       for (int i = 0; i < count; ++i) set.add_front(slot, {next(), next() - 0.5, 6.0 * next()});
     }
-    // The last slot of all sets is filled: what one leaves of the tank may show in the next.
+    // The last slot of every set has a front, so that a state left by one set would show in the
+    // next.
     set.slots.back() = {{0.1, 0.3, 0.2}};
   }
   return fronts;
@@ -65,7 +67,7 @@ void expect_same(const FrontSet& a, const FrontSet& b) {
   }
 }
 
-TEST(MergeMemory, CopiesOfAnySizeGiveTheSameSum) {
+TEST(MergeMemory, TheSumDoesNotDependOnTheSizeOfTheCopies) {
   for (const bool dalrymple : {false, true}) {
     RunFronts whole = three_sets(dalrymple);
     whole.build_merged(uneven());
@@ -81,7 +83,7 @@ TEST(MergeMemory, CopiesOfAnySizeGiveTheSameSum) {
   }
 }
 
-TEST(MergeMemory, CopiesOfAPartTakeLessThanASet) {
+TEST(MergeMemory, CopiesOfPartsTakeLessMemoryThanASet) {
   if (Testing::sanitized) GTEST_SKIP() << "the sanitizer's own memory is counted too";
   EXPECT_TRUE(Testing::good_alone([] {
     RunFronts fronts;
@@ -93,25 +95,24 @@ TEST(MergeMemory, CopiesOfAPartTakeLessThanASet) {
     const double before = Testing::peak_memory();
     fronts.build_merged(uneven(), 1 << 14);
     const double growth = Testing::peak_memory() - before;
-    // The sum has a million slots of a front each, the copy as many slots and few fronts.
+    // The sum has a million slots with one front each; the copy has as many slots and few fronts.
     const double slots = 1e6 * sizeof(fronts.merged.slots[0]);
     return fronts.merged.front_count() == 1000000 && growth < 2 * slots + 1e6 * 32 + 8e6;
   }));
 }
 
-TEST(MergeMemory, SetsThatTheMachineCannotHoldAreRefused) {
+TEST(MergeMemory, SetsBeyondTheMemoryAreRefused) {
   RunFronts fronts;
   fronts.run.init(67108863.0, 10.0, 0.1, 1.0, false);
   const double before = Testing::peak_memory();
-  const std::string text = thrown_text([&] { fronts.resize(1 << 16); });
-  EXPECT_EQ(
-      text.rfind("Front set::67108864 harmonics in 65536 sets need 98304.00 GiB of memory, ", 0),
-      0U)
-      << text;
+  const std::string message = thrown([&] { fronts.resize(1 << 16); });
+  EXPECT_TRUE(message.starts_with(
+      "Front set::67108864 harmonics in 65536 sets need 98304.00 GiB of memory, "))
+      << message;
   EXPECT_LT(Testing::peak_memory() - before, 5e7);
 }
 
-TEST(MergeMemory, AMergedSetThatTheMachineCannotHoldIsRefused) {
+TEST(MergeMemory, AMergedSetBeyondTheMemoryIsRefused) {
   if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
   EXPECT_TRUE(Testing::good_alone([] {
     RunFronts fronts;
@@ -120,23 +121,23 @@ TEST(MergeMemory, AMergedSetThatTheMachineCannotHoldIsRefused) {
     fronts.sets[0].add_front(7, {0.1, 0.2, 0.3});
     fronts.build_merged(uneven());
     Testing::leave_room(5e7);
-    const std::string text = thrown_text([&] { fronts.build_merged(uneven()); });
-    // 96 MB of slots, and the last sum stays.
-    return text.rfind("Front set::the merged fronts need 0.09 GiB of memory, 0.0", 0) == 0 &&
+    const std::string message = thrown([&] { fronts.build_merged(uneven()); });
+    // The slots need 96 MB. The previous sum is kept.
+    return message.starts_with("Front set::the merged fronts need 0.09 GiB of memory, 0.0") &&
            fronts.merged.slots.size() == 4000001 && fronts.merged.slots[7].size() == 1;
   }));
 }
 
-TEST(MergeMemory, FrontsBeyondTheMemoryAreRefusedBeforeItIsGone) {
+TEST(MergeMemory, FrontsBeyondTheMemoryAreRefused) {
   if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
   EXPECT_TRUE(Testing::good_alone([] {
     FrontSet set;
     set.reset(10);
     Testing::leave_room(2.5e8);
-    const std::string text = thrown_text([&] {
+    const std::string message = thrown([&] {
       for (std::uint64_t i = 0;; ++i) set.add_front(1 + i % 8, {0.1, 0.2, 0.3});
     });
-    return text.rfind("Front set::more fronts need 0.06 GiB of memory, 0.0", 0) == 0 &&
+    return message.starts_with("Front set::more fronts need 0.06 GiB of memory, 0.0") &&
            set.front_count() > 1000000;
   }));
 }

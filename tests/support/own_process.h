@@ -1,4 +1,4 @@
-// Work in a process of its own, whose memory and limits are not those of other tests.
+// Work in a separate process, so that its memory and limits do not affect other tests.
 #ifndef KELPBOX_TESTS_SUPPORT_OWN_PROCESS_H_
 #define KELPBOX_TESTS_SUPPORT_OWN_PROCESS_H_
 
@@ -11,7 +11,7 @@
 
 namespace Testing {
 
-// A sanitizer counts its own memory among the process's, and needs more addresses than a limit
+// A sanitizer adds its own memory to that of the process, and needs more addresses than a limit
 // leaves.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool sanitized = true;
@@ -19,7 +19,7 @@ constexpr bool sanitized = true;
 constexpr bool sanitized = false;
 #endif
 
-// Whether the work returns true.
+// Whether the work, in a child process, returns true.
 template <typename Work>
 bool good_alone(Work work) {
   const pid_t child = fork();
@@ -36,14 +36,14 @@ bool good_alone(Work work) {
          WEXITSTATUS(status) == 0;
 }
 
-// The most memory that the process has had so far, in bytes.
+// The peak memory of the process so far, in bytes.
 inline double peak_memory() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
   return 1024.0 * static_cast<double>(usage.ru_maxrss);
 }
 
-// What the process has now, in bytes.
+// The present memory of the process, in bytes.
 struct Held {
   double addresses = 0.0;
   double memory = 0.0;
@@ -56,7 +56,7 @@ inline Held held_memory() {
   return {held.addresses * page, held.memory * page};
 }
 
-// Leaves the process so many bytes of addresses beside those that it has.
+// Limits the addresses of the process to this many bytes more than it has.
 inline void leave_room(double bytes) {
   const auto limit = static_cast<rlim_t>(held_memory().addresses + bytes);
   const rlimit both{limit, limit};
