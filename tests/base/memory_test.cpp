@@ -46,10 +46,10 @@ TEST(Memory, ARefusalReportsTheNeededAndTheAvailableMemory) {
 TEST(Memory, TheLimitOnAddressesIsRespected) {
   if (sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
   EXPECT_TRUE(good_alone([] {
-    leave_room(100.0 * (1 << 20));
+    leave_room(120.0 * (1 << 20));  // the heap may take some of it on the way
     const std::string message = thrown([] { require_memory(256_MiB, "Samples"); });
     return message.starts_with("Samples need 0.25 GiB of memory, 0.1") && memory_fits(64_MiB) &&
-           !memory_fits(101_MiB) && available_memory() <= 100_MiB;
+           !memory_fits(121_MiB) && available_memory() <= 120_MiB;
   }));
 }
 
