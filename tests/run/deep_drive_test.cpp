@@ -60,7 +60,7 @@ void expect_deep_drive(const std::string& machine, double depth, double edge) {
   }
 }
 
-TEST(DeepDrive, ShortWavesInDeepTanksHaveTheSignalsOfDeepWater) {
+TEST(DeepDrive, ShortWavesHaveTheSignalsOfDeepWater) {
   for (const char* machine : {"piston", "flap"}) {
     for (const double depth : {10.0, 15.0, 30.0}) {
       expect_deep_drive(machine, depth, 1.5);

@@ -10,6 +10,7 @@
 #include "base/enumerations.h"
 #include "base/units.h"
 #include "support/test_run.h"
+#include "support/thrown.h"
 #include "support/thrown_item.h"
 
 namespace {
@@ -18,6 +19,7 @@ using Synthesis::Definition;
 using Synthesis::Messages;
 using Synthesis::Specification;
 using Testing::at;
+using Testing::nothing_thrown;
 using Testing::Part;
 using Testing::run_params;
 using Testing::set;
@@ -43,7 +45,7 @@ TEST(Definition, QueryDeclaresInOrder) {
   const Definition definition("run", site.context());
   const std::vector<std::string> order = {"repeat", "dalrymple", "wave_merge", "ran_gen", "seed"};
   for (std::size_t stop = 0; stop < order.size(); ++stop) {
-    // An entry that cannot be what is declared stops the query there.
+    // An entry of other units or another enumeration stops the query there.
     Base::Params out;
     const bool numeric = order[stop] == "repeat" || order[stop] == "seed";
     if (numeric) {
@@ -71,7 +73,7 @@ TEST(Definition, RepeatIsFittedToWholeSamplesAndWrittenBackInTheHostsUnits) {
   EXPECT_EQ(in.comment_size(), 0u);
 }
 
-TEST(Definition, ARepeatThatMovesFarIsCalledAPoorMatch) {
+TEST(Definition, ARepeatThatChangesMuchIsAPoorMatch) {
   Site site;
   Definition definition("run", site.context());
   Base::Params in = run_params(0.524);  // 10.48 samples
@@ -81,7 +83,7 @@ TEST(Definition, ARepeatThatMovesFarIsCalledAPoorMatch) {
   EXPECT_EQ(in.comment(0), "Warning::Poor match");
 }
 
-TEST(Definition, AMatchIsPoorFromOnePerCentOfTheFittedRepeat) {
+TEST(Definition, AChangeOfOnePerCentIsAPoorMatch) {
   Site site;
   Definition definition("run", site.context());
   for (const double share : {0.0097, -0.0097, 0.0103, -0.0103}) {
@@ -99,7 +101,7 @@ TEST(Definition, GridFollowsTheSitesLimits) {
   Site site(text);
   Definition definition("run", site.context());
   set(definition, run_params(10.0));
-  EXPECT_EQ(definition.repeat().min_harmonic(), 1u);  // 0.2 rounds to 0, the mean is never made
+  EXPECT_EQ(definition.repeat().min_harmonic(), 1u);  // 0.2 rounds to 0, but the mean is never made
   EXPECT_EQ(definition.repeat().max_harmonic(), 13u);
   EXPECT_EQ(definition.repeat().size(), 14u);
   set(definition, run_params(100.0));
@@ -110,7 +112,7 @@ TEST(Definition, GridFollowsTheSitesLimits) {
   EXPECT_TRUE(definition.repeat().dalrymple());
 }
 
-TEST(Definition, RepeatIsAReferenceIntoTheRun) {
+TEST(Definition, RepeatReturnsTheSameGridAtEachCall) {
   Site site;
   Definition definition("run", site.context());
   const Maths::RunData& run = definition.repeat();
@@ -118,7 +120,7 @@ TEST(Definition, RepeatIsAReferenceIntoTheRun) {
   EXPECT_EQ(run.value(), 10.0);
 }
 
-TEST(Definition, SetNamesWhatIsMissingInOrder) {
+TEST(Definition, SetReportsMissingParametersInOrder) {
   Site site;
   Definition definition("run", site.context());
   Base::Params in;
@@ -129,10 +131,10 @@ TEST(Definition, SetNamesWhatIsMissingInOrder) {
   EXPECT_EQ(thrown([&] { definition.set(in); }), "wave_merge::Not found");
   EXPECT_EQ(thrown([&] { definition.run_build(); }), "Evaluate before setting state");
   in.insert("wave_merge", "RMS", "WaveMerge");
-  EXPECT_EQ(thrown([&] { definition.set(in); }), "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { definition.set(in); }), nothing_thrown);
 }
 
-TEST(Definition, SetRefusesParametersOfTheWrongKind) {
+TEST(Definition, SetRefusesParametersOfOtherUnits) {
   Site site;
   Definition definition("run", site.context());
   Base::Params length = run_params(10.0);
@@ -146,7 +148,7 @@ TEST(Definition, SetRefusesParametersOfTheWrongKind) {
   EXPECT_EQ(thrown([&] { definition.set(unset); }), "Invalid value");
 }
 
-TEST(Definition, RandomGeneratorAndSeedAreNotNeeded) {
+TEST(Definition, RandomGeneratorAndSeedAreOptional) {
   Site site;
   Definition definition("run", site.context());
   Base::Params in = run_params(10.0);
@@ -172,7 +174,7 @@ TEST(Definition, AFailedSetKeepsTheOldGridAndReadiness) {
   EXPECT_EQ(in.get("repeat", "s"), 2.0);
   EXPECT_EQ(definition.repeat().value(), 100.0);
   EXPECT_EQ(definition.repeat().max_harmonic(), 20u);
-  EXPECT_EQ(thrown([&] { definition.run_build(); }), "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { definition.run_build(); }), nothing_thrown);
 }
 
 TEST(Definition, RunBuildBeforeSetIsRefused) {
@@ -181,11 +183,11 @@ TEST(Definition, RunBuildBeforeSetIsRefused) {
   EXPECT_EQ(thrown([&] { definition.run_build(); }), "Evaluate before setting state");
 }
 
-TEST(Definition, WithoutSpecificationsARunIsEmptyAndMergedStays) {
+TEST(Definition, WithoutSpecificationsARunIsEmptyAndKeepsTheMergedSet) {
   Site site({}, false);
   Definition definition("run", site.context());
   set(definition, run_params(10.0));
-  // Not even the tank is looked at.
+  // The tank is not needed either.
   definition.run_build();
   EXPECT_EQ(definition.run_size(), 0u);
   EXPECT_TRUE(definition.fronts(true).empty());
@@ -228,7 +230,7 @@ TEST(Definition, ASpecificationWithoutComponentsGivesAnEmptyMergedSet) {
   EXPECT_TRUE(definition.fronts(0u).empty());
 }
 
-TEST(Definition, FrontsBeforeAnyBuildAreNone) {
+TEST(Definition, BeforeABuildThereAreNoFronts) {
   Site site;
   Definition definition("run", site.context());
   EXPECT_TRUE(definition.fronts(true).empty());
@@ -272,7 +274,7 @@ TEST(Definition, FrontsAreRefilledAtEachCall) {
     EXPECT_EQ(all[0].freq, 0.5);
     EXPECT_EQ(all[1].freq, 0.4);
     EXPECT_EQ(all[2].freq, 0.7);
-    // Merged, by slot alone.
+    // Merged: slot by slot.
     const std::vector<Synthesis::Front>& merged = definition.fronts(true);
     ASSERT_EQ(merged.size(), 3u);
     EXPECT_EQ(merged[0].freq, 0.4);
@@ -328,7 +330,7 @@ TEST(Definition, MessagesAreThoseOfTheLastBuild) {
   EXPECT_EQ(definition.messages(), Messages{"first"});
 }
 
-TEST(Definition, AFailureOnTheWayLeavesEarlierSetsAndTheMergedSet) {
+TEST(Definition, AFailureKeepsTheSetsBeforeItAndTheOldMergedSet) {
   Site site;
   Definition definition("run", site.context());
   Part first({{5, {0.1, 0.0, 0.0}}}, at(0, 0, 0));
@@ -351,7 +353,7 @@ TEST(Definition, AFailureOnTheWayLeavesEarlierSetsAndTheMergedSet) {
   EXPECT_EQ(definition.fronts(true)[0].amp, 0.1);
 }
 
-TEST(Definition, ChangesWaitForTheNextBuild) {
+TEST(Definition, ChangesTakeEffectAtTheNextBuild) {
   Site site;
   Definition definition("run", site.context());
   Part part({{5, {0.1, 0.0, 0.0}}}, at(0, 0, 0));
@@ -383,7 +385,7 @@ TEST(Definition, DalrympleReplacesAnObliqueFrontByTheModesOfTheWidth) {
   EXPECT_EQ(definition.fronts(true).size(), 2 * modes + 1);
 }
 
-TEST(Definition, AnAngleThatTheTankCannotMakeKeepsItsPlaceWithoutAmplitude) {
+TEST(Definition, AnAngleThatTheTankCannotMakeGetsAmplitudeZero) {
   SiteText text;
   text.min_angle = -30.0;
   text.max_angle = 30.0;

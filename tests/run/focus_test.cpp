@@ -1,11 +1,10 @@
-// A group whose phases are all zero at a specification's place and time has its crest there: the
-// whole chain of signs, checked by summing the merged fronts at points of the tank.
+// A group whose phases are all 0 at the place and time of its specification has its crest there.
+// The sum of the merged fronts at points of the tank checks every sign on the way.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <utility>
 #include <vector>
 
 #include "run/definition.h"
@@ -15,18 +14,20 @@
 namespace {
 
 using Testing::at;
+using Testing::Given;
 using Testing::GivenFronts;
 using Testing::group_factor;
 using Testing::Site;
 using Testing::SiteText;
+using Testing::sloping_depth;
+using Testing::sloping_site;
 using Testing::surface;
 using Testing::wave_number;
 
 constexpr double two_pi = 2.0 * std::numbers::pi;
 
-std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> group(std::uint64_t from,
-                                                                  std::uint64_t to) {
-  std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> fronts;
+Given group(std::uint64_t from, std::uint64_t to) {
+  Given fronts;
   for (std::uint64_t h = from; h <= to; ++h) {
     const double s = static_cast<double>(h);
     fronts.push_back({h, {0.001 * (1.0 + std::sin(s)), 0.6 * std::sin(0.7 * s), 0.0}});
@@ -34,7 +35,7 @@ std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> group(std::uint64_t 
   return fronts;
 }
 
-double amplitudes(const std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>>& fronts) {
+double amplitudes(const Given& fronts) {
   double sum = 0.0;
   for (const auto& [slot, front] : fronts) sum += front.amp;
   return sum;
@@ -83,22 +84,14 @@ TEST(Focus, CrestIsAtThePlaceAndTimeOverAFlatBottom) {
                                     k * 2.0 * std::sin(front.angle) + front.phase);
     }
     EXPECT_NEAR(plain, crest, 1e-9 * crest) << geometry;
-    // And nowhere else nearby.
+    // Nowhere else nearby is the surface as high.
     EXPECT_LT(run.eta(13.5, 2.0, 33.0), 0.5 * crest);
     EXPECT_LT(run.eta(12.5, 2.0, 33.6), 0.5 * crest);
   }
 }
 
-SiteText sloping() {
-  SiteText text;
-  text.x_high = 30.0;
-  text.breaks = {5.0};
-  text.depths = {"1@m", "1-($[m]-5)*0.02@m"};
-  return text;
-}
-
 TEST(Focus, CrestIsAtThePlaceAndTimeOverASlope) {
-  Tank run(sloping());
+  Tank run(sloping_site());
   GivenFronts component(group(10, 100));
   Synthesis::Specification specification;
   run.add(component, specification, 20.0, -1.5, 41.0);
@@ -109,7 +102,7 @@ TEST(Focus, CrestIsAtThePlaceAndTimeOverASlope) {
 }
 
 TEST(Focus, StepsOfTheProfileAreFineEnoughForTheSlope) {
-  Tank run(sloping());
+  Tank run(sloping_site());
   GivenFronts component(group(10, 100));
   Synthesis::Specification specification;
   run.add(component, specification, 20.0, 0.0, 41.0);
@@ -125,7 +118,7 @@ TEST(Focus, StepsOfTheProfileAreFineEnoughForTheSlope) {
     double along = 0.0;
     for (int i = 0; i < steps; ++i) {
       const double x = (i + 0.5) * 20.0 / steps;
-      const double k = wave_number(omega, x < 5.0 ? 1.0 : 1.0 - (x - 5.0) * 0.02);
+      const double k = wave_number(omega, sloping_depth(x));
       along += std::sqrt(k * k - ky * ky) * 20.0 / steps;
     }
     const double k1 = wave_number(omega, 0.7);
@@ -136,7 +129,7 @@ TEST(Focus, StepsOfTheProfileAreFineEnoughForTheSlope) {
 }
 
 TEST(Focus, EachSpecificationHasItsOwnCrest) {
-  Tank run(sloping());
+  Tank run(sloping_site());
   GivenFronts low(group(10, 50));
   GivenFronts high(group(51, 100));
   Synthesis::Specification first;

@@ -7,12 +7,14 @@
 #include <vector>
 
 #include "support/test_run.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Complex = std::complex<double>;
 using Testing::BankText;
 using Testing::BuiltRun;
+using Testing::nothing_thrown;
 using Testing::rate_params;
 using Testing::SiteText;
 using Testing::theory_ratio;
@@ -32,7 +34,7 @@ Complex amplitude(const std::vector<double>& signal, std::uint64_t h) {
   return sum * 2.0 / n;
 }
 
-// A normal wave of amplitude a, harmonic h and phase: a / ratio cos(omega t + phase - k x - pi/2).
+// Expects the signals a / ratio cos(omega t + phase - k x - pi/2) of a wave along the normal.
 void expect_normal_wave(const BankText& bank, double edge) {
   const double a = 0.04;
   const double phase = 0.7;
@@ -91,7 +93,7 @@ TEST(PaddleMotion, AnObliqueWaveLagsFromPaddleToPaddle) {
   EXPECT_NEAR(std::arg(amplitude(run.signal(0, 1), 8) / first), -k * 0.5 * std::sin(theta), 1e-10);
   EXPECT_NEAR(std::arg(amplitude(run.signal(0, 2), 8) / first),
               -k * (std::sin(theta) + 0.1 * std::cos(theta)), 1e-10);
-  // A segment of finite width loses sin(v)/v of its own width, and gains by not facing the wave.
+  // A paddle of finite width moves v / sin(v) more, v being half its width in crosswise phase.
   const double v = std::sin(theta) * k * 0.25;
   EXPECT_NEAR(std::abs(first),
               0.05 / theory_ratio(k, 1.0, 1.0, false) * std::cos(theta) * v / std::sin(v), 1e-10);
@@ -124,7 +126,7 @@ TEST(PaddleMotion, WavesTooShortForThePaddlesPassOnlyNearTheNormal) {
   for (const bool above : {false, true}) {
     BankText bank;
     bank.paddle_width = pi / k * (above ? 1.001 : 0.999);
-    // The arcsine is 1.526 just above.
+    // Just above, the largest angle is 1.526 rad.
     BuiltRun run(with_bank(bank), {{15, {0.05, 1.55, 0.0}}, {16, {0.05, 0.0, 0.0}}});
     run.definition.paddle_motion_build(rate_params(40.0));
     const double oblique = std::abs(amplitude(run.signal(), 15));
@@ -173,8 +175,7 @@ TEST(PaddleMotion, TheRateNeedNotBeTheBaseRate) {
   run.definition.paddle_motion_build(in);
   ASSERT_EQ(run.signal().size(), 400u);
   for (std::size_t j = 0; j < 200; ++j) EXPECT_NEAR(run.signal()[2 * j], base[j], 1e-12);
-  // Not a whole number of samples in a repeat: the nearest is taken, and the harmonic still
-  // closes on itself.
+  // 123.4 samples in the repeat time are rounded to 123, and the harmonic still fits them.
   run.definition.paddle_motion_build(rate_params(12.34));
   ASSERT_EQ(run.signal().size(), 123u);
   EXPECT_NEAR(std::abs(amplitude(run.signal(), 8)), std::abs(amplitude(base, 8)), 1e-12);
@@ -182,11 +183,12 @@ TEST(PaddleMotion, TheRateNeedNotBeTheBaseRate) {
   EXPECT_EQ(run.signal().size(), 124u);
 }
 
-TEST(PaddleMotion, HarmonicsAboveHalfTheSamplesLeaveNoTrace) {
+TEST(PaddleMotion, HarmonicsAboveHalfTheSamplesAreIgnored) {
   BuiltRun low(SiteText{}, {{5, {0.04, 0.0, 0.3}}});
   BuiltRun both(SiteText{}, {{5, {0.04, 0.0, 0.3}}, {12, {0.05, 0.0, 0.1}}, {20, {0.1, 0.0, 0.0}}});
   low.definition.paddle_motion_build(rate_params(2.0));
-  both.definition.paddle_motion_build(rate_params(2.0));  // 20 samples; 20 is the last one let by
+  both.definition.paddle_motion_build(
+      rate_params(2.0));  // 20 samples, and 20 is the highest harmonic accepted
   ASSERT_EQ(both.signal().size(), 20u);
   EXPECT_EQ(both.signal(), low.signal());
 }
@@ -203,12 +205,11 @@ TEST(PaddleMotion, AHarmonicBeyondTheSamplesIsRefused) {
             "Index 5 out of range");
 }
 
-TEST(PaddleMotion, AHarmonicBeyondTheSamplesThatNoPaddleMakesIsNotMissed) {
+TEST(PaddleMotion, AHarmonicBeyondTheSamplesThatNoPaddleMakesIsAccepted) {
   BankText bank;
   bank.paddle_width = 3.0;
   BuiltRun run(with_bank(bank), {{20, {0.1, 1.2, 0.0}}});
-  EXPECT_EQ(thrown([&] { run.definition.paddle_motion_build(rate_params(1.0)); }),
-            "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { run.definition.paddle_motion_build(rate_params(1.0)); }), nothing_thrown);
   EXPECT_EQ(run.signal(), std::vector<double>(10, 0.0));
 }
 

@@ -1,4 +1,4 @@
-// What a host learns of signals beside their samples: clipping, huge strokes, failures.
+// What is reported about signals besides their samples: clipping, huge strokes, failures.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,12 +11,16 @@
 #include <vector>
 
 #include "base/units.h"
+#include "support/output.h"
 #include "support/test_run.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Testing::BankText;
 using Testing::BuiltRun;
+using Testing::nothing_thrown;
+using Testing::printed;
 using Testing::rate_params;
 using Testing::Site;
 using Testing::SiteText;
@@ -47,10 +51,10 @@ TEST(PaddleReports, ClippingIsCountedAndLeftInTheSignal) {
   run.definition.paddle_motion_stats(0, stats);
   EXPECT_EQ(stats.comment_size(), 0u);
   ASSERT_EQ(stats.entries().size(), 2u);
-  EXPECT_EQ(stats.at("clip_peak_ratio").value, 1.0);  // each of its half waves
+  EXPECT_EQ(stats.at("clip_peak_ratio").value, 1.0);  // every half wave is clipped
   EXPECT_NEAR(stats.at("clip_power_ratio").value, 1.0 - limit * limit / (peak * peak), 1e-3);
 
-  // The same signal comes from a machine that it does not clip, and there is nothing to tell.
+  // A machine of larger stroke has the same signal and nothing to report.
   bank.clip_limit = 90.0;
   BuiltRun free(with_bank(bank), {{8, {0.04, 0.0, 0.0}}});
   free.definition.paddle_motion_build(rate_params(200.0));
@@ -59,7 +63,7 @@ TEST(PaddleReports, ClippingIsCountedAndLeftInTheSignal) {
   EXPECT_TRUE(stats.entries().empty());
 }
 
-TEST(PaddleReports, ClippingIsOneAccountForAllPaddlesOfABankAndIsRestartedByABuild) {
+TEST(PaddleReports, ClippingIsCountedOverAllPaddlesOfABankAndRestartedByEachBuild) {
   BankText bank;
   bank.clip_limit = 30.0;
   bank.units = "mm";
@@ -83,7 +87,7 @@ TEST(PaddleReports, ClippingIsOneAccountForAllPaddlesOfABankAndIsRestartedByABui
   EXPECT_TRUE(stats.entries().empty());
 }
 
-TEST(PaddleReports, ADepthOfEdgeOfZeroGoesThroughAsNotANumber) {
+TEST(PaddleReports, AnEdgeAtTheSurfaceGivesNanSignals) {
   BankText bank;
   bank.machine = "flap";
   bank.units = "rad";
@@ -98,12 +102,11 @@ TEST(PaddleReports, ADepthOfEdgeOfZeroGoesThroughAsNotANumber) {
   EXPECT_TRUE(stats.entries().empty());
 }
 
-TEST(PaddleReports, HugeAmplitudesAreWrittenAndCarriedOn) {
+TEST(PaddleReports, HugeAmplitudesAreWrittenAndTheSignalIsMade) {
   SiteText text;
   BuiltRun run(text, {{8, {1e12, 0.0, 0.0}}});
-  testing::internal::CaptureStdout();
-  run.definition.paddle_motion_build(rate_params(20.0));
-  const std::string report = testing::internal::GetCapturedStdout();
+  const std::string report =
+      printed([&] { run.definition.paddle_motion_build(rate_params(20.0)); });
   EXPECT_EQ(report.front(), '(');
   EXPECT_EQ(report.substr(report.size() - 2), "):");
   EXPECT_EQ(report.find('\n'), std::string::npos);
@@ -130,7 +133,7 @@ TEST(PaddleReports, APaddleOutOfRangeIsRefused) {
             "Paddle out of range in paddle_motion_data::bank 0 has no signal of paddle 1");
 }
 
-TEST(PaddleReports, TheRateMustBeAFrequencyThatHasBeenGiven) {
+TEST(PaddleReports, TheRateMustBeAFrequencyWithAValue) {
   BuiltRun run(SiteText{}, {});
   const auto build = [&](const Base::Params& in) {
     return thrown([&] { run.definition.paddle_motion_build(in); });
@@ -160,7 +163,7 @@ TEST(PaddleReports, ARateWithoutAUsableNumberOfSamplesIsRefused) {
 TEST(PaddleReports, BeforeAnySetThereIsNoRepeatTime) {
   Site site;
   Synthesis::Definition definition("run", site.context());
-  // The repeat is looked at before the rate.
+  // The repeat time is checked before the rate.
   EXPECT_EQ(thrown([&] { definition.paddle_motion_build(Base::Params()); }),
             "Repeat time zero or less");
 }
@@ -178,7 +181,7 @@ TEST(PaddleReports, SignalsStayUntilTheyAreBuiltAgain) {
   }
 }
 
-TEST(PaddleReports, AFailingBankLeavesTheBanksBeforeItComplete) {
+TEST(PaddleReports, BanksBeforeAFailingOneAreComplete) {
   SiteText text;
   text.banks = {BankText{}, BankText{}, BankText{}};
   BuiltRun run(text, {{8, {0.04, 0.0, 0.0}}});
@@ -193,7 +196,7 @@ TEST(PaddleReports, AFailingBankLeavesTheBanksBeforeItComplete) {
   }
 }
 
-TEST(PaddleReports, AFailingBankLeavesTheBanksBehindItAsTheyWere) {
+TEST(PaddleReports, BanksAfterAFailingOneKeepTheirSignals) {
   SiteText text;
   text.banks = {BankText{}, BankText{}, BankText{}};
   BuiltRun run(text, {{8, {0.04, 0.0, 0.0}}});
@@ -202,7 +205,7 @@ TEST(PaddleReports, AFailingBankLeavesTheBanksBehindItAsTheyWere) {
   EXPECT_EQ(thrown([&] { run.definition.paddle_motion_build(rate_params(40.0)); }),
             "Unsupported critical dimension type found");
   EXPECT_EQ(run.signal(0, 0).size(), 400u);
-  EXPECT_NE(thrown([&] { run.signal(1, 0); }), "(nothing thrown)");
+  EXPECT_NE(thrown([&] { run.signal(1, 0); }), nothing_thrown);
   EXPECT_EQ(run.signal(2, 0).size(), 200u);
 }
 

@@ -8,7 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "testing_modifiers.h"
+#include "support/draws.h"
+#include "support/modifiers.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -17,14 +19,15 @@ using Testing::comments;
 using Testing::degree;
 using Testing::Draws;
 using Testing::Filled;
+using Testing::nothing_thrown;
 using Testing::pi;
 using Testing::Sea;
 using Testing::set;
-using Testing::thrown_by;
+using Testing::thrown;
 
 using Strings = std::vector<std::string>;
 
-// What CosS and Cos2S can reach, in degrees: just short of their zeros.
+// The limits of CosS and Cos2S in degrees, just short of their zeros.
 const double quarter = (pi / 2 - 0.0001) / degree;
 const double half = (pi - 0.0001) / degree;
 const double turn = 2 * pi / degree;
@@ -38,12 +41,12 @@ Filled spread(const char* function, double angle, double lo, double hi, const ch
       .member("ran_gen", "Default", "RanGen");
 }
 
-// What a set of these angles writes back, and its comments.
+// The angles that `set` writes back, and its comments.
 struct Asked {
   Asked(const char* function, double angle, double lo, double hi, const char* units = "deg") {
     Filled params = spread(function, angle, lo, hi, units);
     AngleSpreadModifier modifier("1");
-    failure = thrown_by([&] { modifier.set(params); });
+    failure = thrown([&] { modifier.set(params); });
     low = params.get("min_angle", units);
     high = params.get("max_angle", units);
     remarks = comments(params);
@@ -54,13 +57,13 @@ struct Asked {
   Strings remarks;
 };
 
-TEST(AngleSpread, IsAModifierOfAngleByAPowerOfFrequency) {
+TEST(AngleSpread, IsAnAngleModifierWithAPowerOfFrequency) {
   AngleSpreadModifier modifier("10*$[Hz]#1@Hz#5");
   EXPECT_EQ(modifier.name(), "AngleSpreadModifier");
   EXPECT_EQ(modifier.slot(), Synthesis::Modifier::angle);
-  EXPECT_EQ(thrown_by([] { AngleSpreadModifier("1@deg"); }),
+  EXPECT_EQ(thrown([] { AngleSpreadModifier("1@deg"); }),
             "Incorrect output units in expression 0 deg, 1");
-  EXPECT_EQ(thrown_by([] { AngleSpreadModifier("1#1@deg#1"); }),
+  EXPECT_EQ(thrown([] { AngleSpreadModifier("1#1@deg#1"); }),
             "Incorrect limit units in expression deg, 11");
 }
 
@@ -76,11 +79,11 @@ TEST(AngleSpread, DeclaresItsParameters) {
   EXPECT_EQ(Base::category_of(out.at("seed").units), Base::Category::unit);
 }
 
-TEST(AngleSpread, ParametersAreLookedForInOrder) {
+TEST(AngleSpread, ParametersAreReadInOrder) {
   Filled params;
   const auto failure = [&] {
     AngleSpreadModifier modifier("1");
-    return thrown_by([&] { modifier.set(params); });
+    return thrown([&] { modifier.set(params); });
   };
   EXPECT_EQ(failure(), "function::Not found");
   params.member("function", "CosS", "SpreadFunc");
@@ -94,10 +97,10 @@ TEST(AngleSpread, ParametersAreLookedForInOrder) {
   params.with("max_angle", 10, "deg");
   EXPECT_EQ(failure(), "min_angle::Not found");
   params.with("min_angle", -10, "deg");
-  EXPECT_EQ(failure(), "(nothing thrown)");
+  EXPECT_EQ(failure(), nothing_thrown);
 }
 
-TEST(AngleSpread, AFunctionOfAnotherKindIsRefused) {
+TEST(AngleSpread, AMemberOfAnotherEnumerationIsRefused) {
   Filled params;
   params.member("function", "True", "Bool")
       .with("angle", 0, "deg")
@@ -105,19 +108,19 @@ TEST(AngleSpread, AFunctionOfAnotherKindIsRefused) {
       .with("max_angle", 1, "deg")
       .member("ran_gen", "Default", "RanGen");
   AngleSpreadModifier modifier("1");
-  EXPECT_EQ(thrown_by([&] { modifier.set(params); }), "function::wrong enum type");
+  EXPECT_EQ(thrown([&] { modifier.set(params); }), "function::wrong enum type");
 }
 
-TEST(AngleSpread, EvaluationWithoutASetNamesWhatIsMissing) {
+TEST(AngleSpread, EvaluationBeforeSetNamesTheMissingParameter) {
   AngleSpreadModifier modifier("1");
   Sea sea;
-  EXPECT_EQ(thrown_by([&] { sea.modify(modifier); }), "function::Not found");
+  EXPECT_EQ(thrown([&] { sea.modify(modifier); }), "function::Not found");
 }
 
-TEST(AngleSpread, ARangeWithinReachStaysAsItIs) {
+TEST(AngleSpread, ARangeWithinTheLimitsIsUnchanged) {
   for (const char* function : {"CosS", "Cos2S"}) {
     const Asked asked(function, 10, -40, 70);
-    EXPECT_EQ(asked.failure, "(nothing thrown)");
+    EXPECT_EQ(asked.failure, nothing_thrown);
     EXPECT_NEAR(asked.low, -40, 1e-12);
     EXPECT_NEAR(asked.high, 70, 1e-12);
     EXPECT_EQ(asked.remarks, Strings{});
@@ -139,12 +142,12 @@ TEST(AngleSpread, Cos2SIsNarrowedToAHalfTurnEachSide) {
   const Asked asked("Cos2S", 0, -180, 180);
   EXPECT_NEAR(asked.low, -half, 1e-12);
   EXPECT_NEAR(asked.high, half, 1e-12);
-  // A ten-thousandth is no poor match.
+  // A change of 0.0001 rad is not a poor match.
   EXPECT_EQ(asked.remarks, Strings{});
   EXPECT_NEAR(Asked("Cos2S", 0, -120, 120).high, 120, 1e-12);
 }
 
-TEST(AngleSpread, TheResultIsOnTheSideOfTheWrapThatWasAskedFor) {
+TEST(AngleSpread, LimitsBeyondPiAreReturnedBeyondPi) {
   const Asked through("Cos2S", 170, 120, 220);
   EXPECT_NEAR(through.low, 120, 1e-12);
   EXPECT_NEAR(through.high, 220, 1e-12);
@@ -152,11 +155,11 @@ TEST(AngleSpread, TheResultIsOnTheSideOfTheWrapThatWasAskedFor) {
   const Asked negative("Cos2S", -170, -220, -120);
   EXPECT_NEAR(negative.low, -220, 1e-12);
   EXPECT_NEAR(negative.high, -120, 1e-12);
-  // Narrowed, and still asked for beyond pi.
+  // Narrowed, and still beyond pi.
   const Asked narrowed("Cos2S", 1.58, -1.55, 2 * pi - 1.56, "rad");
   EXPECT_NEAR(narrowed.low, -1.55, 1e-12);
   EXPECT_NEAR(narrowed.high, 1.58 + pi - 0.0001, 1e-12);
-  // An angle of exactly 0 counts as one below.
+  // Wrapped to exactly 0, it still comes back as 2 pi.
   const Asked full("CosS", -1, -1.2, 2 * pi, "rad");
   EXPECT_NEAR(full.high, 2 * pi, 1e-12);
   EXPECT_EQ(full.remarks, Strings{});
@@ -186,18 +189,18 @@ TEST(AngleSpread, AMeanOutsideOfTheRangeIsRefused) {
   }
   EXPECT_NEAR(Asked("CosS", 70, -40, 70).high, 70, 1e-12);
   EXPECT_NEAR(Asked("CosS", -40, -40, 70).low, -40, 1e-12);
-  EXPECT_EQ(Asked("CosS", 380, -40, 70).failure, "(nothing thrown)");
+  EXPECT_EQ(Asked("CosS", 380, -40, 70).failure, nothing_thrown);
 }
 
 TEST(AngleSpread, ARangeThroughPiIsNotChecked) {
   const Asked asked("CosS", 0, 150, -150);
-  EXPECT_EQ(asked.failure, "(nothing thrown)");
+  EXPECT_EQ(asked.failure, nothing_thrown);
   EXPECT_NEAR(asked.high, quarter - turn, 1e-12);
   EXPECT_NEAR(asked.low, -quarter + turn, 1e-12);
   EXPECT_EQ(asked.remarks, (Strings{"Warning::Poor match", "Warning::Poor match"}));
-  // Nor is a range of no width.
+  // A range of zero width is not checked either.
   const Asked empty("CosS", 10, 40, 40);
-  EXPECT_EQ(empty.failure, "(nothing thrown)");
+  EXPECT_EQ(empty.failure, nothing_thrown);
   EXPECT_NEAR(empty.high, 40, 1e-12);
   EXPECT_NEAR(empty.low, 10 - quarter, 1e-12);
 }
@@ -215,13 +218,13 @@ TEST(AngleSpread, TheRangeKeepsTheHostsUnits) {
   EXPECT_NEAR(params.at("max_angle").value, quarter, 1e-12);
 }
 
-// A power of 1 can be drawn in closed form: the sine of the angle is even between those of the
+// A draw for a power of 1 in closed form: the sine of the angle is uniform between the sines of the
 // ends.
 double cosine_draw(double u, double lo, double hi) {
   return std::asin((1 - u) * std::sin(lo) + u * std::sin(hi));
 }
 
-TEST(AngleSpread, EachFrontGetsADrawOfItsOwnInRisingHarmonicsAndThenInOrder) {
+TEST(AngleSpread, EachFrontTakesTheNextDrawInOrderOfHarmonicAndList) {
   AngleSpreadModifier modifier("1");
   Sea sea;
   for (std::size_t h : {7U, 3U, 7U, 4U, 7U, 0U}) sea.at(h).push_back({0.1, 5.0, 0.3});
@@ -310,13 +313,13 @@ TEST(AngleSpread, ASecondSetKeepsTheFirstRange) {
   EXPECT_NEAR(sea.at(4)[0].angle, cosine_draw(Draws(1).unit(), -50 * degree, 50 * degree), 1e-9);
 }
 
-TEST(AngleSpread, APowerThatIsNoneIsRefused) {
+TEST(AngleSpread, APowerOutOfRangeIsRefused) {
   const auto failure = [](const std::string& power) {
     AngleSpreadModifier modifier(power);
     Sea sea;
     sea.at(4) = {{0.1, 0.0, 0.0}};
     set(modifier, spread("CosS", 0, -50, 50));
-    return thrown_by([&] { sea.modify(modifier); });
+    return thrown([&] { sea.modify(modifier); });
   };
   EXPECT_EQ(failure("2000000"), "Spreading power::2e+06 is out of range");
   EXPECT_EQ(failure("1/0"), "Spreading power::inf is out of range");
@@ -324,13 +327,13 @@ TEST(AngleSpread, APowerThatIsNoneIsRefused) {
   EXPECT_EQ(failure("0-1/0"), "AngleSpreadModifier::no direction can be drawn for a power of -inf");
 }
 
-TEST(AngleSpread, ARangeThatIsNoNumberHasNoDirections) {
+TEST(AngleSpread, ANanRangeHasNoDirections) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   AngleSpreadModifier modifier("2");
   Sea sea;
   sea.at(4) = {{0.1, 0.0, 0.0}};
   set(modifier, spread("CosS", nan, -50, 50));
-  EXPECT_EQ(thrown_by([&] { sea.modify(modifier); }),
+  EXPECT_EQ(thrown([&] { sea.modify(modifier); }),
             "AngleSpreadModifier::no direction can be drawn for a power of 2");
 }
 
@@ -339,7 +342,7 @@ TEST(AngleSpread, WithoutAnExpressionThereIsNoPower) {
   Sea sea;
   sea.at(4) = {{0.1, 0.0, 0.0}};
   set(modifier, spread("CosS", 0, -50, 50));
-  EXPECT_EQ(thrown_by([&] { sea.modify(modifier); }),
+  EXPECT_EQ(thrown([&] { sea.modify(modifier); }),
             "AngleSpreadModifier::evaluate::there is no expression");
 }
 

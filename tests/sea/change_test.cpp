@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "testing_modifiers.h"
+#include "support/modifiers.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -20,11 +21,11 @@ using Testing::Filled;
 using Testing::pi;
 using Testing::Sea;
 using Testing::set;
-using Testing::thrown_by;
+using Testing::thrown;
 
 Filled with_set(const char* member) { return Filled().member("set", member, "Bool"); }
 
-TEST(Change, NamesAndSlotsAreAsHostsKnowThem) {
+TEST(Change, HaveTheNamesAndSlotsThatHostsExpect) {
   EXPECT_EQ(GainChangeModifier("1").name(), "Gain");
   EXPECT_EQ(GainChangeModifier("1").slot(), Modifier::gain);
   EXPECT_EQ(AngleChangeModifier("1@deg").name(), "AngleChangModifier");
@@ -33,20 +34,20 @@ TEST(Change, NamesAndSlotsAreAsHostsKnowThem) {
   EXPECT_EQ(PhaseChangeModifier("1@deg").slot(), Modifier::phase);
 }
 
-TEST(Change, UnitsAreThoseOfWhatIsChanged) {
-  EXPECT_EQ(thrown_by([] { GainChangeModifier("1@deg"); }),
+TEST(Change, OutputUnitsAreThoseOfTheChangedQuantity) {
+  EXPECT_EQ(thrown([] { GainChangeModifier("1@deg"); }),
             "Incorrect output units in expression 0 deg, 1");
-  EXPECT_EQ(thrown_by([] { AngleChangeModifier("1@m"); }),
+  EXPECT_EQ(thrown([] { AngleChangeModifier("1@m"); }),
             "Incorrect output units in expression 0 m, 17");
-  EXPECT_EQ(thrown_by([] { PhaseChangeModifier("1@m"); }),
+  EXPECT_EQ(thrown([] { PhaseChangeModifier("1@m"); }),
             "Incorrect output units in expression 0 m, 17");
   for (const char* text : {"1@rad#1@m#1@rad", "1@rad#1@m#1@deg"}) {
-    EXPECT_EQ(thrown_by([&] { AngleChangeModifier{text}; }),
+    EXPECT_EQ(thrown([&] { AngleChangeModifier{text}; }),
               "Incorrect limit units in expression m, 11");
-    EXPECT_EQ(thrown_by([&] { PhaseChangeModifier{text}; }),
+    EXPECT_EQ(thrown([&] { PhaseChangeModifier{text}; }),
               "Incorrect limit units in expression m, 11");
   }
-  EXPECT_EQ(thrown_by([] { GainChangeModifier("1#1@m#1"); }),
+  EXPECT_EQ(thrown([] { GainChangeModifier("1#1@m#1"); }),
             "Incorrect limit units in expression m, 11");
 }
 
@@ -67,15 +68,15 @@ TEST(Change, DirectionAndPhaseDeclareWhetherToSet) {
   }
 }
 
-TEST(Change, SetHasToBeGivenAndToBeABool) {
+TEST(Change, SetIsRequiredAndMustBeABool) {
   AngleChangeModifier angle("1@deg");
   PhaseChangeModifier phase("1@deg");
   for (Modifier* modifier : {static_cast<Modifier*>(&angle), static_cast<Modifier*>(&phase)}) {
     Sea sea;
-    EXPECT_EQ(thrown_by([&] { sea.modify(*modifier); }), "set::Not found");
-    EXPECT_EQ(thrown_by([&] { set(*modifier); }), "set::Not found");
+    EXPECT_EQ(thrown([&] { sea.modify(*modifier); }), "set::Not found");
+    EXPECT_EQ(thrown([&] { set(*modifier); }), "set::Not found");
     set(*modifier, Filled().member("set", "Null", "WaveMerge"));
-    EXPECT_EQ(thrown_by([&] { sea.modify(*modifier); }), "set::wrong enum type");
+    EXPECT_EQ(thrown([&] { sea.modify(*modifier); }), "set::wrong enum type");
   }
 }
 
@@ -111,7 +112,7 @@ TEST(Change, AboveTheLastLimitTheLastGainHolds) {
   EXPECT_DOUBLE_EQ(sea.at(20)[0].amp, 0.4);
 }
 
-TEST(Change, AGainOfZeroLeavesFrontsOfNoAmplitude) {
+TEST(Change, AGainOfZeroLeavesFrontsOfZeroAmplitude) {
   GainChangeModifier gain("0");
   Sea sea;
   sea.at(4) = {{0.1, 0.2, 0.3}, {0.2, 0.0, 0.0}};
@@ -122,7 +123,7 @@ TEST(Change, AGainOfZeroLeavesFrontsOfNoAmplitude) {
 }
 
 TEST(Change, SlotsWithoutFrontsAreNotEvaluated) {
-  // tgamma refuses what is not above 0, so a value below 0.5 Hz would fail.
+  // tgamma refuses arguments of 0 and below, so a value below 0.45 Hz would fail.
   GainChangeModifier gain("tgamma($[Hz]-0.45)");
   Sea sea;
   sea.at(8) = {{0.1, 0.0, 0.0}};
@@ -130,7 +131,7 @@ TEST(Change, SlotsWithoutFrontsAreNotEvaluated) {
   sea.modify(gain);
   EXPECT_NEAR(sea.at(8)[0].amp, 0.1 * std::tgamma(0.35), 1e-12);
   sea.at(4) = {{0.1, 0.0, 0.0}};
-  EXPECT_EQ(thrown_by([&] { sea.modify(gain); }).substr(0, 29), "tgamma: Invalid input argumen");
+  EXPECT_EQ(thrown([&] { sea.modify(gain); }).substr(0, 29), "tgamma: Invalid input argumen");
 }
 
 TEST(Change, AnAngleIsAddedToTheDirection) {
@@ -145,7 +146,7 @@ TEST(Change, AnAngleIsAddedToTheDirection) {
   EXPECT_EQ(sea.at(4)[0].phase, 0.3);
 }
 
-TEST(Change, AnAngleTakesThePlaceOfTheDirection) {
+TEST(Change, AnAngleReplacesTheDirection) {
   AngleChangeModifier change("100*$[Hz]@deg");
   Sea sea;
   sea.at(4) = {{0.1, 0.2, 0.3}, {0.1, -0.5, 0.3}};
@@ -169,7 +170,7 @@ TEST(Change, DirectionsAreWrapped) {
   EXPECT_NEAR(sea.at(4)[0].angle, 350 * degree - 2 * pi, 1e-14);
 }
 
-TEST(Change, APhaseIsAddedOrPutInPlaceAndNotWrapped) {
+TEST(Change, APhaseIsAddedOrReplacedAndNotWrapped) {
   PhaseChangeModifier change("1000*$[Hz]@deg");
   Sea sea;
   sea.at(4) = {{0.1, 0.2, 3.0}, {0.1, 0.2, -1.0}};

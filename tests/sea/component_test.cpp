@@ -6,52 +6,58 @@
 #include <string>
 #include <vector>
 
+#include "components.h"
 #include "sea/piecewise.h"
-#include "testing_components.h"
+#include "sea/spectrum.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 namespace {
 
-using Testing::thrown_by;
+using Testing::evaluate;
+using Testing::nothing_thrown;
+using Testing::printed;
+using Testing::run_of;
+using Testing::thrown;
 namespace Category = Base::Category;
+using Strings = std::vector<std::string>;
 
-// A component that shows its fields and records what reaches it.
+// A component that records what it is given.
 class Probe : public Synthesis::Component {
  public:
   explicit Probe(const std::string& text) : Component("probe", text) {}
   Probe() : Component("plain") {}
 
-  using Component::enabled_;
-  using Component::evaluated_;
-  using Component::functions_;
-  using Component::input_units_;
-  using Component::limit_units_;
-  using Component::limits_;
-  using Component::output_units_;
-  using Component::params_;
-  using Component::ready_;
+  void disable() { enabled_ = false; }
 
+  int sets = 0;
   int evaluations = 0;
   bool fails = false;
-  std::size_t limits_at_set = 0;
 
  protected:
   void on_query(Base::Params& out) override {
     out.declare("own", Base::default_units(Category::length));
   }
   void on_set(Base::Params& in, Base::Params& stored) override {
-    limits_at_set = limits_.size();
     stored.merge(*in.find("own"));
+    ++sets;
   }
+  // Reports each stored parameter.
   void on_evaluate(const Base::Params& stored, Maths::FrontSet&, const Maths::RunData&,
                    Synthesis::Messages& messages) override {
     ++evaluations;
     if (fails) throw std::string("no sea today");
-    messages.push_back(stored.contains("own") ? "stored" : "not stored");
+    for (const auto& [name, quantity] : stored.entries()) {
+      std::ostringstream message;
+      message << name << " = " << quantity.value << " " << Base::units_text(quantity.units);
+      messages.push_back(message.str());
+    }
   }
 };
 
+// The message of a refused text.
 std::string refusal(const std::string& text) {
-  return thrown_by([&] { Probe probe(text); });
+  return thrown([&] { Probe probe(text); });
 }
 
 Base::Params own_params() {
@@ -60,88 +66,101 @@ Base::Params own_params() {
   return params;
 }
 
+Maths::RunData run8() { return run_of(8.0, 0.25, 2.0); }
+
 TEST(PiecewiseText, SplitsAtEveryHashAndKeepsBlanksAndEmptyPieces) {
-  using Pieces = std::vector<std::string>;
-  EXPECT_EQ(Synthesis::split_pieces(""), Pieces{""});
-  EXPECT_EQ(Synthesis::split_pieces(" a # b"), (Pieces{" a ", " b"}));
-  EXPECT_EQ(Synthesis::split_pieces("#a##"), (Pieces{"", "a", "", ""}));
+  EXPECT_EQ(Synthesis::split_pieces(""), Strings{""});
+  EXPECT_EQ(Synthesis::split_pieces(" a # b"), (Strings{" a ", " b"}));
+  EXPECT_EQ(Synthesis::split_pieces("#a##"), (Strings{"", "a", "", ""}));
 }
 
-TEST(PiecewiseText, WithoutHashIsTooFewPieces) {
+TEST(PiecewiseText, TextWithoutHashHasTooFewPieces) {
   EXPECT_EQ(refusal("1@Hz"), "There must be at least 2  sub expressions");
   EXPECT_EQ(refusal(""), "There must be at least 2  sub expressions");
 }
 
-TEST(PiecewiseText, OneLimitAndOneFunctionIsAnEvenNumber) {
+TEST(PiecewiseText, EvenNumberOfPiecesIsRefused) {
   EXPECT_EQ(refusal("1@Hz#1@m"), "There must be an odd number of sub expressions");
   EXPECT_EQ(refusal("1@Hz#1@m#2@Hz#"), "There must be an odd number of sub expressions");
 }
 
-TEST(PiecewiseText, CountIsJudgedBeforeAnyPieceIsParsed) {
+TEST(PiecewiseText, PiecesAreCountedBeforeAnyIsParsed) {
   EXPECT_EQ(refusal("("), "There must be at least 2  sub expressions");
   EXPECT_EQ(refusal("(#("), "There must be an odd number of sub expressions");
 }
 
-TEST(PiecewiseText, EmptyLastPieceIsJudgedByTheParser) {
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(refusal("1@Hz#1@m#"), "Error while parsing expression ::");
-  testing::internal::GetCapturedStdout();
+TEST(PiecewiseText, EmptyLastPieceIsRefusedByTheParser) {
+  std::string message;
+  printed([&] { message = refusal("1@Hz#1@m#"); });
+  EXPECT_EQ(message, "Error while parsing expression ::");
 }
 
-TEST(PiecewiseText, PiecesAreParsedBeforeUnitsAreJudged) {
+TEST(PiecewiseText, PiecesAreParsedBeforeTheirUnitsAreChecked) {
   EXPECT_EQ(refusal("1@kg#1@m#2@furlong"), "Unknown units - furlong");
 }
 
-TEST(PiecewiseText, BlankBehindUnitsBelongsToTheUnitText) {
+TEST(PiecewiseText, BlankAfterUnitsIsPartOfTheUnits) {
   EXPECT_EQ(refusal("1@Hz #1@m#2@Hz"), "Unknown units - Hz ");
-  EXPECT_EQ(refusal("  1@Hz#  1 @m#  2 @Hz"), "(nothing thrown)");
+  EXPECT_EQ(refusal("  1@Hz#  1 @m#  2 @Hz"), nothing_thrown);
 }
 
 TEST(PiecewiseText, LimitsAreFrequenciesOrTimes) {
-  EXPECT_EQ(Probe("1@Hz#1@m#2@Hz").limit_units_, Category::frequency);
-  EXPECT_EQ(Probe("1@rad/s#1@m#2@Hz").limit_units_, Category::frequency);
-  EXPECT_EQ(Probe("1@min#1@m#2@s").limit_units_, Category::time);
+  for (const char* text : {"1@Hz#1@m#2@Hz", "1@rad/s#1@m#2@Hz", "1@min#1@m#2@s"}) {
+    EXPECT_EQ(refusal(text), nothing_thrown) << text;
+  }
   EXPECT_EQ(refusal("1@m#1@m#2@m"), "Unsupported limit units");
   EXPECT_EQ(refusal("1#1@m#2"), "Unsupported limit units");
 }
 
 TEST(PiecewiseText, LaterLimitsAgreeWithTheFirst) {
   EXPECT_EQ(refusal("1@Hz#1@m#2@s"), "Inconsistent limit units");
+  EXPECT_EQ(refusal("1@rad/s#1@m#2@s"), "Inconsistent limit units");
   EXPECT_EQ(refusal("1@s#1@m#2@s#1@m#3@Hz"), "Inconsistent limit units");
+  EXPECT_EQ(refusal("1@min#1@m#2@s#1@m#3@Hz"), "Inconsistent limit units");
 }
 
 TEST(PiecewiseText, FunctionsReturnVarianceAmplitudeDensityOrLength) {
-  EXPECT_EQ(Probe("1@Hz#1@ft2s#2@Hz").output_units_, Category::variance);
-  EXPECT_EQ(Probe("1@Hz#1@m/Hz#2@Hz").output_units_, Category::length_time);
-  EXPECT_EQ(Probe("1@Hz#1@mm#2@Hz").output_units_, Category::length);
+  for (const char* text : {"1@Hz#1@ft2s#2@Hz", "1@Hz#1@m/Hz#2@Hz", "1@Hz#1@mm#2@Hz"}) {
+    EXPECT_EQ(refusal(text), nothing_thrown) << text;
+  }
   EXPECT_EQ(refusal("1@Hz#1@s#2@Hz"), "Unsupported output units");
   EXPECT_EQ(refusal("1@Hz#1#2@Hz"), "Unsupported output units");
 }
 
 TEST(PiecewiseText, LaterFunctionsReturnTheSame) {
-  EXPECT_EQ(refusal("1@Hz#1@m#2@Hz#1@m2s#3@Hz"), "Inconsistent output units");
-  EXPECT_EQ(refusal("1@Hz#1@m#2@Hz#1@ft#3@Hz"), "(nothing thrown)");
+  const Strings kinds = {"1@ft2s", "1@m/Hz", "1@mm"};
+  for (const std::string& first : kinds) {
+    for (const std::string& second : kinds) {
+      EXPECT_EQ(refusal("1@Hz#" + first + "#2@Hz#" + second + "#3@Hz"),
+                first == second ? nothing_thrown : "Inconsistent output units")
+          << first << " " << second;
+    }
+  }
+  EXPECT_EQ(refusal("1@Hz#1@m#2@Hz#1@ft#3@Hz"), nothing_thrown);
 }
 
 TEST(PiecewiseText, FunctionsTakeFrequencyOrTime) {
-  EXPECT_EQ(Probe("1@Hz#$[Hz]@m#2@Hz").input_units_, Category::frequency);
-  EXPECT_EQ(Probe("1@Hz#$[rad/s]@m#2@Hz").input_units_, Category::frequency);
-  EXPECT_EQ(Probe("1@Hz#$[s]@m#2@Hz").input_units_, Category::time);
+  for (const char* text : {"1@Hz#$[Hz]@m#2@Hz", "1@Hz#$[rad/s]@m#2@Hz", "1@Hz#$[s]@m#2@Hz"}) {
+    EXPECT_EQ(refusal(text), nothing_thrown) << text;
+  }
   EXPECT_EQ(refusal("1@Hz#$[m]@m#2@Hz"), "Unsupported input units");
   EXPECT_EQ(refusal("1@Hz#$[s]*$[Hz]@m#2@Hz"), "Unsupported input units");
 }
 
-TEST(PiecewiseText, LaterFunctionsTakeTheSameAndConstantsTakeAnything) {
+TEST(PiecewiseText, LaterFunctionsTakeTheSame) {
+  EXPECT_EQ(refusal("1@Hz#$[Hz]@m#2@Hz#$[rad/s]@m#3@Hz"), nothing_thrown);
   EXPECT_EQ(refusal("1@Hz#$[Hz]@m#2@Hz#$[s]@m#3@Hz"), "Inconsistent input units");
+  EXPECT_EQ(refusal("1@Hz#$[rad/s]@m#2@Hz#$[s]@m#3@Hz"), "Inconsistent input units");
   EXPECT_EQ(refusal("1@Hz#$[s]@m#2@Hz#$[Hz]@m#3@Hz"), "Inconsistent input units");
   EXPECT_EQ(refusal("1@Hz#$[Hz]@m#2@Hz#$[m]@m#3@Hz"), "Inconsistent input units");
-  EXPECT_EQ(Probe("1@Hz#4@m#2@Hz#$[Hz]@m#3@Hz").input_units_, Category::frequency);
-  EXPECT_EQ(Probe("1@Hz#$[s]@m#2@Hz#4@m#3@Hz").input_units_, Category::time);
 }
 
-TEST(PiecewiseText, ConstantFunctionsTakeTimeEvenBetweenFrequencies) {
-  EXPECT_EQ(Probe("1@Hz#1@m2s#2@Hz").input_units_, Category::time);
-  EXPECT_EQ(Probe("1@Hz#top[m]@m#2@Hz").input_units_, Category::time);
+TEST(PiecewiseText, ConstantFunctionsGoWithAnyInput) {
+  for (const char* text : {"1@Hz#1@m2s#2@Hz", "1@Hz#top[m]@m#2@Hz", "1@Hz#4@m#2@Hz#$[Hz]@m#3@Hz",
+                           "1@Hz#4@m#2@Hz#$[s]@m#3@Hz", "1@Hz#$[s]@m#2@Hz#4@m#3@Hz"}) {
+    EXPECT_EQ(refusal(text), nothing_thrown) << text;
+  }
+  EXPECT_EQ(refusal("1@Hz#$[Hz]@m#2@Hz#4@m#3@Hz#$[s]@m#4@Hz"), "Inconsistent input units");
 }
 
 TEST(PiecewiseText, LimitsHaveNoVariable) {
@@ -149,8 +168,8 @@ TEST(PiecewiseText, LimitsHaveNoVariable) {
   EXPECT_EQ(refusal("1@Hz#1@m#2@Hz#1@m#2*$[Hz]@Hz"), "Non constant separator function");
 }
 
-TEST(PiecewiseText, ChecksComeInOrder) {
-  // Each text fails every later check too.
+TEST(PiecewiseText, UnitsAreCheckedInOrder) {
+  // Each text fails all later checks as well.
   EXPECT_EQ(refusal("1@m#$[m]@s#$[Hz]@s#1@m#3@Hz"), "Unsupported limit units");
   EXPECT_EQ(refusal("1@Hz#$[m]@s#$[Hz]@s#1@m#3@Hz"), "Inconsistent limit units");
   EXPECT_EQ(refusal("1@Hz#$[m]@s#$[Hz]@Hz#$[s]@m#3@Hz"), "Unsupported output units");
@@ -160,17 +179,15 @@ TEST(PiecewiseText, ChecksComeInOrder) {
   EXPECT_EQ(refusal("1@Hz#$[Hz]@m#$[Hz]@Hz#$[Hz]@m#3@Hz"), "Non constant separator function");
 }
 
-TEST(Component, WithoutTextHasNoFunctionsAndNoUnits) {
+TEST(Component, WithoutTextHasOnlyTheClasssParameters) {
   Probe probe;
   EXPECT_EQ(probe.name(), "plain");
-  EXPECT_TRUE(probe.functions_.empty());
-  EXPECT_TRUE(probe.limits_.empty());
-  EXPECT_EQ(probe.input_units_, 0U);
-  EXPECT_EQ(probe.output_units_, 0U);
-  EXPECT_EQ(probe.limit_units_, 0U);
-  EXPECT_TRUE(probe.enabled_);
-  EXPECT_FALSE(probe.ready_);
-  EXPECT_FALSE(probe.evaluated_);
+  Base::Params out;
+  probe.query(out);
+  EXPECT_EQ(out.entries().size(), 1U);
+  Base::Params in = own_params();
+  probe.set(in);
+  EXPECT_EQ(evaluate(probe, run8()).messages, Strings{"own = 1 m"});
 }
 
 TEST(Component, QueryDeclaresTheParametersOfTextAndClass) {
@@ -189,35 +206,34 @@ TEST(Component, QueryDeclaresTheParametersOfTextAndClass) {
 TEST(Component, FormulasDeclareBeforeTheClass) {
   Probe probe("0@Hz#own[s]*$[Hz]@m#1@Hz");
   Base::Params out;
-  EXPECT_EQ(thrown_by([&] { probe.query(out); }), "Incompatible units for => own");
+  EXPECT_EQ(thrown([&] { probe.query(out); }), "Incompatible units for => own");
   EXPECT_EQ(Base::units_text(out.at("own").units), "s");
 }
 
-TEST(Component, SetReadsLimitsInTheirBaseUnits) {
-  Probe probe("low[Hz]@Hz#1@m#2@kHz#1@m#19000@rad/s");
-  Base::Params in = own_params();
+TEST(Component, LimitsAreReadInTheirOwnUnits) {
+  // 14.32 Hz, 20.5 Hz and 30.24 Hz on a grid of 1 Hz.
+  Synthesis::Spectrum spectrum("sea", "low[Hz]@Hz#1@ms#0.0205@kHz#2@ms#190@rad/s");
+  Base::Params in;
   in.insert("low", 90.0, "rad/s");
-  probe.set(in);
-  ASSERT_EQ(probe.limits_.size(), 3U);
-  EXPECT_DOUBLE_EQ(probe.limits_[0], 90.0 / (2 * Testing::pi));
-  EXPECT_DOUBLE_EQ(probe.limits_[1], 2000.0);
-  EXPECT_DOUBLE_EQ(probe.limits_[2], 19000.0 / (2 * Testing::pi));
-  EXPECT_TRUE(probe.ready_);
-  EXPECT_EQ(probe.limits_at_set, 3U);
+  spectrum.set(in);
+  const Testing::Evaluated result = evaluate(spectrum, run_of(1.0, 1.0, 40.0));
+  EXPECT_EQ(result.used().front(), 14U);
+  EXPECT_EQ(result.used().back(), 30U);
+  EXPECT_NEAR(result.amp(20), 1.0, 1e-14);
+  EXPECT_NEAR(result.amp(22), 2.0, 1e-14);
 }
 
-TEST(Component, SetKeepsACopyOfWhatItUsedAlone) {
+TEST(Component, SetStoresOnlyTheParametersThatAreUsed) {
   Probe probe("low[Hz]@Hz#1@m#2@Hz");
   Base::Params in = own_params();
   in.insert("low", 1.0, "Hz");
   in.insert("foreign", 1.0, "Hz");
   probe.set(in);
-  EXPECT_EQ(probe.params_.entries().size(), 2U);
-  EXPECT_TRUE(probe.params_.contains("low"));
-  EXPECT_TRUE(probe.params_.contains("own"));
+  in.clear();
+  EXPECT_EQ(evaluate(probe, run8()).messages, (Strings{"low = 1 Hz", "own = 1 m"}));
 }
 
-TEST(Component, SetRebuildsParametersAndLimits) {
+TEST(Component, ASecondSetReplacesParametersAndLimits) {
   Probe probe("low[Hz]@Hz#1@m#2@Hz");
   Base::Params first = own_params();
   first.insert("low", 0.5, "Hz");
@@ -225,8 +241,7 @@ TEST(Component, SetRebuildsParametersAndLimits) {
   Base::Params second = own_params();
   second.insert("low", 1.5, "Hz");
   probe.set(second);
-  EXPECT_EQ(probe.limits_, (std::vector<double>{1.5, 2.0}));
-  EXPECT_EQ(probe.params_.get("low", "Hz"), 1.5);
+  EXPECT_EQ(evaluate(probe, run8()).messages, (Strings{"low = 1.5 Hz", "own = 1 m"}));
 }
 
 TEST(Component, LimitsHaveToRise) {
@@ -234,78 +249,71 @@ TEST(Component, LimitsHaveToRise) {
                            "0/0@Hz#1@m#2@Hz", "1@Hz#1@m#0/0@Hz"}) {
     Probe probe(text);
     Base::Params in = own_params();
-    EXPECT_EQ(thrown_by([&] { probe.set(in); }), "Limit values do not increase in size") << text;
-    EXPECT_FALSE(probe.ready_) << text;
-    EXPECT_TRUE(probe.params_.contains("own")) << "the class's own set comes first";
+    EXPECT_EQ(thrown([&] { probe.set(in); }), "Limit values do not increase in size") << text;
+    EXPECT_EQ(probe.sets, 1) << "the class's own set comes first";
+    EXPECT_EQ(thrown([&] { evaluate(probe, run8()); }), "probe::evaluate::when not ready") << text;
   }
 }
 
-TEST(Component, FailingSecondSetLeavesItReady) {
+TEST(Component, AFailedSecondSetLeavesItReady) {
   Probe probe("low[Hz]@Hz#1@m#2@Hz");
   Base::Params good = own_params();
   good.insert("low", 1.0, "Hz");
   probe.set(good);
   Base::Params bad = own_params();
   bad.insert("low", 3.0, "Hz");
-  EXPECT_EQ(thrown_by([&] { probe.set(bad); }), "Limit values do not increase in size");
-  EXPECT_TRUE(probe.ready_);
+  EXPECT_EQ(thrown([&] { probe.set(bad); }), "Limit values do not increase in size");
+  EXPECT_EQ(thrown([&] { evaluate(probe, run8()); }), nothing_thrown);
 }
 
-TEST(Component, MissingParametersAreNamedInTextOrder) {
+TEST(Component, MissingParametersAreReportedInTextOrder) {
   Probe probe("low[Hz]@Hz#1@m#high[Hz]@Hz");
   Base::Params in;
-  EXPECT_EQ(thrown_by([&] { probe.set(in); }), "low::Not found");
+  EXPECT_EQ(thrown([&] { probe.set(in); }), "low::Not found");
   in.insert("low", 1.0, "Hz");
-  EXPECT_EQ(thrown_by([&] { probe.set(in); }), "high::Not found");
-  EXPECT_EQ(probe.limits_.size(), 1U);
+  EXPECT_EQ(thrown([&] { probe.set(in); }), "high::Not found");
   in.insert("high", 2.0, "Hz");
-  EXPECT_EQ(thrown_by([&] { probe.set(in); }), "own::Not found");
-  EXPECT_FALSE(probe.ready_);
+  EXPECT_EQ(thrown([&] { probe.set(in); }), "own::Not found");
+  EXPECT_EQ(thrown([&] { evaluate(probe, run8()); }), "probe::evaluate::when not ready");
 }
 
 TEST(Component, EvaluateBeforeSetThrowsItsName) {
-  const Maths::RunData run = Testing::run_of(8.0, 0.25, 2.0);
   Probe probe("1@Hz#1@m#2@Hz");
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(probe, run); }), "probe::evaluate::when not ready");
-  EXPECT_FALSE(probe.evaluated_);
+  EXPECT_EQ(thrown([&] { evaluate(probe, run8()); }), "probe::evaluate::when not ready");
   EXPECT_EQ(probe.evaluations, 0);
 }
 
-TEST(Component, EvaluatesWithStoredParametersAsOftenAsAsked) {
-  const Maths::RunData run = Testing::run_of(8.0, 0.25, 2.0);
+TEST(Component, EvaluatesWithTheStoredParametersEachTime) {
   Probe probe("1@Hz#1@m#2@Hz");
   Base::Params in = own_params();
   probe.set(in);
-  EXPECT_FALSE(probe.evaluated_);
-  EXPECT_EQ(Testing::evaluate(probe, run).messages, Synthesis::Messages{"stored"});
-  EXPECT_TRUE(probe.evaluated_);
-  EXPECT_EQ(Testing::evaluate(probe, run).messages, Synthesis::Messages{"stored"});
+  EXPECT_EQ(evaluate(probe, run8()).messages, Strings{"own = 1 m"});
+  EXPECT_EQ(evaluate(probe, run8()).messages, Strings{"own = 1 m"});
   EXPECT_EQ(probe.evaluations, 2);
-  probe.set(in);
-  EXPECT_FALSE(probe.evaluated_);
 }
 
-TEST(Component, FailingEvaluationDoesNotCountAsEvaluated) {
-  const Maths::RunData run = Testing::run_of(8.0, 0.25, 2.0);
+TEST(Component, AFailedEvaluationMayBeRepeated) {
   Probe probe("1@Hz#1@m#2@Hz");
   Base::Params in = own_params();
   probe.set(in);
   probe.fails = true;
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(probe, run); }), "no sea today");
-  EXPECT_FALSE(probe.evaluated_);
+  EXPECT_EQ(thrown([&] { evaluate(probe, run8()); }), "no sea today");
+  probe.fails = false;
+  EXPECT_EQ(evaluate(probe, run8()).messages, Strings{"own = 1 m"});
 }
 
-TEST(Component, DisabledCountsAsEvaluatedAndMakesNothing) {
-  const Maths::RunData run = Testing::run_of(8.0, 0.25, 2.0);
+// Only a class of component can disable itself.
+TEST(Component, ADisabledComponentIsNotEvaluated) {
   Probe probe("1@Hz#1@m#2@Hz");
+  probe.disable();
+  EXPECT_EQ(thrown([&] { evaluate(probe, run8()); }), "probe::evaluate::when not ready");
   Base::Params in = own_params();
   probe.set(in);
-  probe.enabled_ = false;
-  EXPECT_TRUE(Testing::evaluate(probe, run).messages.empty());
-  EXPECT_TRUE(probe.evaluated_);
+  EXPECT_TRUE(evaluate(probe, run8()).messages.empty());
+  EXPECT_EQ(probe.evaluations, 0);
 }
 
-TEST(Component, WritesNoFrequenciesOfItsOwn) {
+TEST(Component, WritesNoFrequenciesUnlessItsClassDoes) {
   std::ostringstream out;
   Probe().write_frequencies(out, "f = ");
   EXPECT_EQ(out.str(), "");

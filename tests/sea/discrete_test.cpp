@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "components.h"
 #include "sea/set_fronts.h"
 #include "sea/single.h"
-#include "testing_components.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -19,8 +21,9 @@ using Synthesis::Single;
 using Testing::evaluate;
 using Testing::Evaluated;
 using Testing::pi;
+using Testing::printed;
 using Testing::run_of;
-using Testing::thrown_by;
+using Testing::thrown;
 
 Base::Params wave(double f, double a, double angle, double phase) {
   Base::Params in;
@@ -51,20 +54,20 @@ TEST(Single, DeclaresItsFourParameters) {
   EXPECT_EQ(out.at("f").state.state, 0U);
 }
 
-TEST(Single, ParametersHaveToBeThereAndSet) {
+TEST(Single, ParametersMustBePresentAndSet) {
   Single component;
   Base::Params in;
-  EXPECT_EQ(thrown_by([&] { component.set(in); }), "f::Not found");
+  EXPECT_EQ(thrown([&] { component.set(in); }), "f::Not found");
   component.query(in);
-  EXPECT_EQ(thrown_by([&] { component.set(in); }), "Invalid value");
-  EXPECT_EQ(thrown_by([&] { evaluate(component, run_of(8.0, 0.25, 2.0)); }),
+  EXPECT_EQ(thrown([&] { component.set(in); }), "Invalid value");
+  EXPECT_EQ(thrown([&] { evaluate(component, run_of(8.0, 0.25, 2.0)); }),
             "Single::evaluate::when not ready");
   Base::Params wrong = wave(1.0, 1.0, 0.0, 0.0);
   wrong.at("a").units = Base::resolve_units("s");
-  EXPECT_EQ(thrown_by([&] { component.set(wrong); }), "a::not convertable");
+  EXPECT_EQ(thrown([&] { component.set(wrong); }), "a::not convertable");
 }
 
-TEST(Single, OnAHarmonicIsOneFrontWithoutRemark) {
+TEST(Single, OnAHarmonicItMakesOneFrontWithoutAMessage) {
   const Evaluated result = single(0.5, run_of(8.0, 0.25, 2.0));
   ASSERT_EQ(result.used(), std::vector<std::size_t>{4});
   EXPECT_EQ(result.fronts.slots[4][0].amp, 0.05);
@@ -74,7 +77,7 @@ TEST(Single, OnAHarmonicIsOneFrontWithoutRemark) {
   EXPECT_EQ(result.output, "");
 }
 
-TEST(Single, ReadsUnitsAndWrapsItsAngleButNotItsPhase) {
+TEST(Single, UnitsAreReadAndTheAngleIsWrappedButNotThePhase) {
   Single component;
   Base::Params in;
   in.insert("f", 2 * pi, "rad/s");
@@ -89,7 +92,7 @@ TEST(Single, ReadsUnitsAndWrapsItsAngleButNotItsPhase) {
   EXPECT_DOUBLE_EQ(result.fronts.slots[8][0].phase, 400 * 0.0174533);
 }
 
-TEST(Single, MovesToTheNearestHarmonicAndSaysSo) {
+TEST(Single, MovesToTheNearestHarmonicWithAMessage) {
   const Evaluated result = single(0.52, run_of(8.0, 0.25, 2.0));
   EXPECT_EQ(result.used(), std::vector<std::size_t>{4});
   EXPECT_EQ(result.messages,
@@ -97,7 +100,7 @@ TEST(Single, MovesToTheNearestHarmonicAndSaysSo) {
   EXPECT_EQ(result.amp(4), 0.05);
 }
 
-TEST(Single, AThousandthPassesInSilence) {
+TEST(Single, AChangeUpToAThousandthHasNoMessage) {
   const Maths::RunData run = run_of(2.0, 0.5, 4.0);
   for (double f : {0.4995, 0.50049, 0.4996, 0.999, 0.9995}) {
     const Evaluated result = single(f, run);
@@ -110,7 +113,7 @@ TEST(Single, AThousandthPassesInSilence) {
             Synthesis::Messages{"Single frequency 0.50051Hz altered to 0.5Hz to fit repeat time"});
 }
 
-TEST(Single, OutOfRangeIsDroppedWithAMessage) {
+TEST(Single, OutOfRangeIsDiscardedWithAMessage) {
   const Maths::RunData run = run_of(8.0, 0.25, 2.0);
   for (double f : {2.0626, 0.18, 0.0, -1.0, 1e30, std::numeric_limits<double>::infinity()}) {
     const Evaluated result = single(f, run);
@@ -172,17 +175,17 @@ TEST(SetFronts, FittedRepeatOfEvenStepsIsTheirInverse) {
   EXPECT_EQ(repeat_of({1.0, 0.5, 1.25, 0.75}), 4.0) << "in any order";
 }
 
-TEST(SetFronts, FittedRepeatTakesALargerStepForAMultiple) {
+TEST(SetFronts, FittedRepeatCountsALargerStepAsAMultiple) {
   // One step of 0.25, then 0.5, which is twice the mean: 1 * 2 + 1 steps in 0.75 Hz.
   EXPECT_EQ(repeat_of({0.5, 0.75, 1.25}), 4.0);
-  // Two steps of 0.25, then 0.5: 2 * 2 + 1 steps in 1 Hz, the count that hosts know.
+  // Two steps of 0.25, then 0.5: counted as 2 * 2 + 1 steps in 1 Hz. Hosts rely on this count.
   EXPECT_EQ(repeat_of({0.5, 0.75, 1.0, 1.5}), 5.0);
   // The multiple is the nearest one: 0.45 is 1.8 steps of 0.25, and counts as two.
   EXPECT_NEAR(repeat_of({0.5, 0.75, 1.2}), 3 / 0.7, 1e-12);
   EXPECT_NEAR(repeat_of({0.5, 0.75, 1.1}), 2 / 0.6, 1e-12);
 }
 
-TEST(SetFronts, FittedRepeatTakesASmallerStepForTheFinerOne) {
+TEST(SetFronts, FittedRepeatCountsASmallerStepAsTheGrid) {
   // One step of 0.5, then 0.25, half of it: 0 + 2 + 1 steps in 0.75 Hz.
   EXPECT_EQ(repeat_of({0.5, 1.0, 1.25}), 4.0);
   // Two steps of 0.5, then 0.25: 1 + 2 + 1 steps in 1.25 Hz.
@@ -219,7 +222,7 @@ TEST(SetFronts, QueryReportsRepeatTimeAndErrorInPerCent) {
   EXPECT_EQ(comment_on(at({0.25, 0.5, 0.761})), "Detail::Repeat time = 3.91389s with error = 0.8%");
 }
 
-TEST(SetFronts, SetAddsTheSameReport) {
+TEST(SetFronts, SetReportsTheSame) {
   SetFronts component(at({0.25, 0.5, 0.75}));
   EXPECT_EQ(component.name(), "Set of fronts");
   Base::Params in;
@@ -228,20 +231,20 @@ TEST(SetFronts, SetAddsTheSameReport) {
   EXPECT_EQ(in.comment(0), "Detail::Repeat time = 4s with error = 0%");
 }
 
-TEST(SetFronts, QueryWithoutARepeatTimeIsStillAReport) {
+TEST(SetFronts, QueryReportsARepeatTimeThatIsNan) {
   for (const std::vector<double>& frequencies : {std::vector<double>{}, {0.5}}) {
     const std::string text = comment_on(at(frequencies));
     EXPECT_TRUE(text.rfind("Detail::Repeat time = nans with error = ", 0) == 0 ||
                 text.rfind("Detail::Repeat time = -nans with error = ", 0) == 0)
         << text;
-    // Not a number as a 32-bit count is the least one, -2147483648, and here tenths of it.
+    // NaN as a 32-bit integer is -2147483648, here in tenths.
     EXPECT_TRUE(text.ends_with(" = -2.14748e+08%")) << text;
   }
 }
 
-TEST(SetFronts, EvaluateNeedsASet) {
+TEST(SetFronts, EvaluateBeforeSetIsRefused) {
   SetFronts component(at({0.5, 0.75}));
-  EXPECT_EQ(thrown_by([&] { evaluate(component, run_of(4.0, 0.25, 2.0)); }),
+  EXPECT_EQ(thrown([&] { evaluate(component, run_of(4.0, 0.25, 2.0)); }),
             "Set of fronts::evaluate::when not ready");
 }
 
@@ -260,20 +263,20 @@ TEST(SetFronts, PutsEachFrontIntoItsSlotWithItsAngleWrapped) {
   EXPECT_TRUE(result.messages.empty());
 }
 
-TEST(SetFronts, SaysWhenTheRunRepeatsTheWave) {
+TEST(SetFronts, ReportsARunOfSeveralRepeatTimes) {
   EXPECT_EQ(evaluated(at({0.5, 0.75, 1.0}), run_of(8.0, 0.25, 2.0)).messages,
             Synthesis::Messages{"Repeat time 8s is 2 times the repeat time of the wave"});
 }
 
-TEST(SetFronts, SaysWhenTheRunDoesNotFitTheWave) {
+TEST(SetFronts, ReportsARunThatDoesNotFitTheWave) {
   EXPECT_EQ(evaluated(at({0.5, 0.75, 1.0}), run_of(10.0, 0.25, 2.0)).messages,
             Synthesis::Messages{"Repeat time 10 does not match synthetic wave 4"});
-  // A wave of which the run is less than half.
+  // The run is less than half of the wave's repeat time.
   EXPECT_EQ(evaluated(at({1.0, 1.05}), run_of(1.0, 1.0, 2.0)).messages,
             Synthesis::Messages{"Repeat time 1 does not match synthetic wave 20"});
 }
 
-TEST(SetFronts, TimesWithinAMillionthAreEqual) {
+TEST(SetFronts, RepeatTimesWithinAMillionthAreEqual) {
   const double step = 0.25 * (1 + 5e-7);
   EXPECT_TRUE(evaluated(at({step, 2 * step, 3 * step}), run_of(4.0, 0.25, 2.0)).messages.empty());
   const double off = 0.25 * (1 + 2e-6);
@@ -286,20 +289,20 @@ TEST(SetFronts, TimesWithinAMillionthAreEqual) {
             Synthesis::Messages{"Repeat time 12s is 3 times the repeat time of the wave"});
 }
 
-TEST(SetFronts, FrequencyErrorIsReportedAsAHundredthBehindTheRepeatTime) {
+TEST(SetFronts, FrequencyErrorIsReportedAsAHundredthAfterTheRepeatTime) {
   const Evaluated result = evaluated(at({0.75, 1.25}), run_of(1.0, 1.0, 2.0));
   EXPECT_EQ(result.messages, (Synthesis::Messages{"Repeat time 1 does not match synthetic wave 2",
                                                   "Frequency mismath of 0.0025%"}));
   EXPECT_EQ(result.fronts.slots[1].size(), 2U);
-  // The distance is that from the run's grid, 0.15 Hz; from the wave's own it is 0.05 Hz.
+  // The distance from the run's grid counts, 0.15 Hz, not that from the wave's own, 0.05 Hz.
   EXPECT_EQ(evaluated(at({0.85, 1.15}), run_of(1.0, 1.0, 2.0)).messages,
             (Synthesis::Messages{"Repeat time 1 does not match synthetic wave 3.33333",
                                  "Frequency mismath of 0.0015%"}));
-  // An error of 0.1 or less has no report.
+  // An error of 0.1 Hz or less is not reported.
   EXPECT_EQ(evaluated(at({0.91, 1.09}), run_of(1.0, 1.0, 2.0)).messages.size(), 1U);
 }
 
-TEST(SetFronts, SingleFrontIsReportedAndStillMade) {
+TEST(SetFronts, ASingleFrontIsMadeThoughItHasNoRepeatTime) {
   const Evaluated result = evaluated(at({0.5}), run_of(4.0, 0.25, 2.0));
   EXPECT_EQ(result.used(), std::vector<std::size_t>{2});
   ASSERT_EQ(result.messages.size(), 1U);
@@ -315,7 +318,7 @@ TEST(SetFronts, ZeroAndNegativeFrequenciesAreSkipped) {
   EXPECT_TRUE(result.messages.empty());
 }
 
-TEST(SetFronts, FrequenciesThatAreNoNumbersAreSortedLastAndSkipped) {
+TEST(SetFronts, NanFrequenciesAreSortedLastAndSkipped) {
   const DispFronts fronts = at({0.75, std::nan(""), 0.5, std::nan(""), 0.25});
   EXPECT_EQ(evaluated(fronts, run_of(4.0, 0.25, 2.0)).used(), (std::vector<std::size_t>{1, 2, 3}));
   SetFronts component(fronts);
@@ -329,14 +332,9 @@ TEST(SetFronts, PositiveFrequencyOutOfRangeIsRefused) {
   SetFronts component(at({0.5, 0.75, 2.5}));
   Base::Params in;
   component.set(in);
-  const Maths::RunData run = run_of(4.0, 0.25, 2.0);
-  Maths::FrontSet fronts = Testing::empty_set(run);
-  Synthesis::Messages messages;
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(thrown_by([&] { component.evaluate(fronts, run, messages); }),
-            "Wave number out of range");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
-            "wave number out of range 10 must be between 1 and 8\n");
+  const Testing::Refused failure = Testing::refused(component, run_of(4.0, 0.25, 2.0));
+  EXPECT_EQ(failure.message, "Wave number out of range");
+  EXPECT_EQ(failure.output, "wave number out of range 10 must be between 1 and 8\n");
 }
 
 TEST(SetFronts, AFrontSetTooSmallForTheRunIsRefused) {
@@ -346,13 +344,15 @@ TEST(SetFronts, AFrontSetTooSmallForTheRunIsRefused) {
   Maths::FrontSet fronts;
   fronts.reset(4);
   Synthesis::Messages messages;
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(thrown_by([&] { component.evaluate(fronts, run_of(4.0, 0.25, 2.0), messages); }),
-            "Help");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "front error 4 4\n");
+  std::string message;
+  const std::string line = printed([&] {
+    message = thrown([&] { component.evaluate(fronts, run_of(4.0, 0.25, 2.0), messages); });
+  });
+  EXPECT_EQ(message, "Help");
+  EXPECT_EQ(line, "front error 4 4\n");
 }
 
-TEST(SetFronts, WritesAFrequencyALine) {
+TEST(SetFronts, WritesOneFrequencyPerLine) {
   SetFronts component(at({0.75, 0.5}));
   std::ostringstream unsorted;
   component.write_frequencies(unsorted, "f = ");

@@ -1,4 +1,4 @@
-// What all modifiers share: the text, the parameters, the choice of a function.
+// What all modifiers share: the text, the parameters, and which function holds.
 #include "sea/modifier.h"
 
 #include <gtest/gtest.h>
@@ -9,21 +9,25 @@
 #include <vector>
 
 #include "sea/change.h"
-#include "testing_modifiers.h"
+#include "support/modifiers.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Testing::degree;
 using Testing::Filled;
+using Testing::nothing_thrown;
 using Testing::pi;
+using Testing::printed;
 using Testing::Sea;
 using Testing::set;
-using Testing::thrown_by;
+using Testing::thrown;
 namespace Category = Base::Category;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-// A modifier that records what reaches it.
+// A modifier that records what it is given.
 class Probe : public Synthesis::Modifier {
  public:
   explicit Probe(const std::string& text, Base::UnitCategory limit_units = Category::frequency,
@@ -51,24 +55,23 @@ class Probe : public Synthesis::Modifier {
 // A function of angle for which limits are angles.
 Probe of_angle(const std::string& text) { return Probe(text, Category::angle); }
 
-// With the parser's own line caught.
+// The message of a refused text. The parser also prints a line.
 std::string refusal(const std::string& text, Base::UnitCategory limit_units = Category::frequency,
                     Base::UnitCategory output_units = Category::unit) {
-  testing::internal::CaptureStdout();
-  const std::string thrown = thrown_by([&] { Probe(text, limit_units, output_units); });
-  testing::internal::GetCapturedStdout();
-  return thrown;
+  std::string message;
+  printed([&] { message = thrown([&] { Probe(text, limit_units, output_units); }); });
+  return message;
 }
 
 std::string set_refusal(Synthesis::Modifier& modifier, Base::Params params = {}) {
-  return thrown_by([&] { modifier.set(params); });
+  return thrown([&] { modifier.set(params); });
 }
 
-TEST(ModifierText, AnEmptyTextIsTaken) {
-  EXPECT_EQ(refusal(""), "(nothing thrown)");
+TEST(ModifierText, AnEmptyTextIsAccepted) {
+  EXPECT_EQ(refusal(""), nothing_thrown);
   Probe probe("");
   set(probe);
-  EXPECT_EQ(thrown_by([&] { probe.value(1.0); }), "Probe::evaluate::there is no expression");
+  EXPECT_EQ(thrown([&] { probe.value(1.0); }), "Probe::evaluate::there is no expression");
 }
 
 TEST(ModifierText, OnlyAValueNeedsTheExpression) {
@@ -76,7 +79,7 @@ TEST(ModifierText, OnlyAValueNeedsTheExpression) {
   Sea sea;
   sea.modify(gain);
   sea.at(5) = {{0.1, 0.0, 0.0}};
-  EXPECT_EQ(thrown_by([&] { sea.modify(gain); }), "Gain::evaluate::there is no expression");
+  EXPECT_EQ(thrown([&] { sea.modify(gain); }), "Gain::evaluate::there is no expression");
 }
 
 TEST(ModifierText, ATrailingHashAddsNothing) {
@@ -107,7 +110,7 @@ TEST(ModifierText, TheCountIsCheckedBeforeTheUnits) {
   EXPECT_EQ(refusal("1@m#0.5@s"), "Even number of functions in modifier expression");
 }
 
-TEST(ModifierText, AFunctionOfTheWrongUnitsIsToldWithItsPlaceAndItsUnits) {
+TEST(ModifierText, WrongOutputUnitsAreReportedWithTheirPlace) {
   EXPECT_EQ(refusal("1@m"), "Incorrect output units in expression 0 m, 1");
   EXPECT_EQ(refusal("1#0.5@Hz#1@mm"), "Incorrect output units in expression 2 mm, 1");
   EXPECT_EQ(refusal("1", Category::frequency, Category::angle),
@@ -115,7 +118,7 @@ TEST(ModifierText, AFunctionOfTheWrongUnitsIsToldWithItsPlaceAndItsUnits) {
                 Base::units_text(Base::default_units(Category::unit)) + ", 17");
 }
 
-TEST(ModifierText, ALimitOfTheWrongUnitsIsToldWithoutItsPlace) {
+TEST(ModifierText, WrongLimitUnitsAreReportedWithoutTheirPlace) {
   EXPECT_EQ(refusal("1#0.5@s#1"), "Incorrect limit units in expression s, 11");
   EXPECT_EQ(refusal("1#0.5@Hz#1#0.6@cm#1"), "Incorrect limit units in expression cm, 11");
   EXPECT_EQ(refusal("1#0.5@Hz#1", Category::angle), "Incorrect limit units in expression Hz, 17");
@@ -126,8 +129,8 @@ TEST(ModifierText, AllFunctionsAreCheckedBeforeTheLimits) {
 }
 
 TEST(ModifierText, UnitsThatConvertPass) {
-  EXPECT_EQ(refusal("1#3@rad/s#1"), "(nothing thrown)");
-  EXPECT_EQ(refusal("10@deg", Category::frequency, Category::angle), "(nothing thrown)");
+  EXPECT_EQ(refusal("1#3@rad/s#1"), nothing_thrown);
+  EXPECT_EQ(refusal("10@deg", Category::frequency, Category::angle), nothing_thrown);
 }
 
 TEST(ModifierSet, QueryDeclaresTheFormulasParametersThenItsOwn) {
@@ -140,27 +143,27 @@ TEST(ModifierSet, QueryDeclaresTheFormulasParametersThenItsOwn) {
   EXPECT_EQ(probe.calls, std::vector<std::string>{"query"});
 }
 
-TEST(ModifierSet, AFormulaMayNotTakeANameOfTheClassForSomethingElse) {
+TEST(ModifierSet, AFormulaParameterMustAgreeWithTheClasssOfTheSameName) {
   Base::Params out;
   Synthesis::AngleChangeModifier change("set[rad]@rad");
-  EXPECT_EQ(thrown_by([&] { change.query(out); }), "Not an enum");
+  EXPECT_EQ(thrown([&] { change.query(out); }), "Not an enum");
 }
 
-TEST(ModifierSet, FunctionsAreBoundBeforeTheClassIsAsked) {
+TEST(ModifierSet, FunctionsAreBoundBeforeTheClasssOwnSet) {
   Probe probe("a#b[Hz]@Hz#c");
   EXPECT_EQ(set_refusal(probe, Filled().number("c", 1)), "a::Not found");
   EXPECT_EQ(set_refusal(probe, Filled().number("a", 1)), "b::Not found");
   EXPECT_TRUE(probe.calls.empty());
 }
 
-TEST(ModifierSet, AFunctionOfSomethingElseIsRefusedAfterTheClassIsAsked) {
+TEST(ModifierSet, AFunctionOfAnotherVariableIsRefusedAfterTheClasssOwnSet) {
   Probe probe("$[s]");
   EXPECT_EQ(set_refusal(probe), "Incompatible expression");
   EXPECT_EQ(probe.calls, std::vector<std::string>{"set"});
   Probe angles = of_angle("$[Hz]");
   EXPECT_EQ(set_refusal(angles), "Incompatible expression");
   Probe rate("$[rad/s]");
-  EXPECT_EQ(set_refusal(rate), "(nothing thrown)");
+  EXPECT_EQ(set_refusal(rate), nothing_thrown);
 }
 
 TEST(ModifierSet, AllFunctionsAreCheckedBeforeALimitIsRead) {
@@ -168,7 +171,7 @@ TEST(ModifierSet, AllFunctionsAreCheckedBeforeALimitIsRead) {
   EXPECT_EQ(set_refusal(probe), "Incompatible expression");
 }
 
-TEST(ModifierSet, ALimitWithAVariableIsRefused) {
+TEST(ModifierSet, ALimitThatIsNotConstantIsRefused) {
   Probe probe("1#$[Hz]@Hz#2");
   EXPECT_EQ(set_refusal(probe), "Limiting function not constant");
 }
@@ -177,16 +180,16 @@ TEST(ModifierSet, FallingLimitsAreRefusedAndEqualOnesPass) {
   Probe falling("1#0.5@Hz#2#0.4@Hz#3");
   EXPECT_EQ(set_refusal(falling), "Limits out of order");
   Probe equal("1#0.5@Hz#2#0.5@Hz#3");
-  EXPECT_EQ(set_refusal(equal), "(nothing thrown)");
+  EXPECT_EQ(set_refusal(equal), nothing_thrown);
   EXPECT_EQ(equal.value(0.5), 1.0);
   EXPECT_EQ(equal.value(0.51), 3.0);
 }
 
-TEST(ModifierSet, ASecondSetAppendsTheLimitsOnceMore) {
+TEST(ModifierSet, ASecondSetAppendsTheLimitsAgain) {
   Probe two("1#0.4@Hz#2#0.6@Hz#3");
-  EXPECT_EQ(set_refusal(two), "(nothing thrown)");
+  EXPECT_EQ(set_refusal(two), nothing_thrown);
   EXPECT_EQ(set_refusal(two), "Limits out of order");
-  // The expression is as good as it was.
+  // The expression still works.
   EXPECT_EQ(two.value(0.4), 1.0);
   EXPECT_EQ(two.value(0.6), 2.0);
   EXPECT_EQ(two.value(0.7), 3.0);
@@ -194,7 +197,7 @@ TEST(ModifierSet, ASecondSetAppendsTheLimitsOnceMore) {
 
 TEST(ModifierSet, ASecondSetWithOneLimitPasses) {
   Probe one("1#0.4@Hz#2");
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(set_refusal(one), "(nothing thrown)");
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(set_refusal(one), nothing_thrown);
   EXPECT_EQ(one.value(0.4), 1.0);
   EXPECT_EQ(one.value(0.5), 2.0);
 }
@@ -218,7 +221,7 @@ TEST(ModifierSet, EvaluationNeedsNoSet) {
 
 TEST(ModifierSet, AFormulaThatWasNotSetIsRefusedWhenItIsEvaluated) {
   Probe probe("a");
-  EXPECT_EQ(thrown_by([&] { probe.value(1.0); }), "Unset parametera");
+  EXPECT_EQ(thrown([&] { probe.value(1.0); }), "Unset parametera");
 }
 
 TEST(ModifierValue, AFrequencyOnALimitTakesTheFunctionBelow) {
@@ -238,14 +241,14 @@ TEST(ModifierValue, TheArgumentIsConvertedAndSoIsTheResult) {
   EXPECT_NEAR(probe.value(0.5), pi * degree, 1e-14);
 }
 
-TEST(ModifierValue, OneLimitOfAnglesIsNeverUsed) {
+TEST(ModifierValue, ASingleAngleLimitIsNeverUsed) {
   Probe probe = of_angle("1#0@deg#2");
   set(probe);
   for (const double x : {-3.0, -0.1, 0.0, 0.1, 3.0}) EXPECT_EQ(probe.value(x), 1.0);
 }
 
 // Function 0 holds outside of the limits, function i between limit i - 1 and limit i.
-TEST(ModifierValue, LimitsOfAnglesDivideTheCircle) {
+TEST(ModifierValue, AngleLimitsDivideTheCircle) {
   Probe probe = of_angle("0#-60@deg#1#30@deg#2#90@deg#3");
   set(probe);
   const auto at = [&](double degrees) { return probe.value(degrees * degree); };
@@ -257,13 +260,13 @@ TEST(ModifierValue, LimitsOfAnglesDivideTheCircle) {
   EXPECT_EQ(at(89), 2.0);
   EXPECT_EQ(at(91), 0.0);
   EXPECT_EQ(at(180), 0.0);
-  // Exactly on a limit the function above it holds; on the last one there is one more.
+  // Exactly on a limit the function above it holds, also on the last one.
   EXPECT_EQ(probe.value(-60 * degree), 1.0);
   EXPECT_EQ(probe.value(30 * degree), 2.0);
   EXPECT_EQ(probe.value(90 * degree), 3.0);
 }
 
-TEST(ModifierValue, LimitsOfAnglesMayPassThroughPi) {
+TEST(ModifierValue, AngleLimitsMayPassThroughPi) {
   Probe probe = of_angle("0#120@deg#1#170@deg#2#-120@deg#3");
   set(probe);
   const auto at = [&](double degrees) { return probe.value(degrees * degree); };
@@ -280,7 +283,7 @@ TEST(ModifierValue, LimitsOfAnglesMayPassThroughPi) {
   EXPECT_EQ(probe.value(-120 * degree), 3.0);
 }
 
-TEST(ModifierValue, LimitsOfAnglesAreWrapped) {
+TEST(ModifierValue, AngleLimitsAreWrapped) {
   Probe probe = of_angle("0#300@deg#1#420@deg#2");
   set(probe);
   EXPECT_EQ(probe.value(0.0), 1.0);
@@ -288,21 +291,21 @@ TEST(ModifierValue, LimitsOfAnglesAreWrapped) {
   EXPECT_EQ(probe.value(61 * degree), 0.0);
 }
 
-TEST(ModifierOrder, TwoLimitsOfAnglesMayStandInAnyOrder) {
+TEST(ModifierOrder, TwoAngleLimitsMayBeInAnyOrder) {
   Probe probe = of_angle("0#90@deg#1#-90@deg#2");
-  EXPECT_EQ(set_refusal(probe), "(nothing thrown)");
+  EXPECT_EQ(set_refusal(probe), nothing_thrown);
   // From 90 degrees through pi to -90 degrees.
   EXPECT_EQ(probe.value(pi), 1.0);
   EXPECT_EQ(probe.value(0.0), 0.0);
 }
 
-TEST(ModifierOrder, ThreeLimitsOfAnglesMustGoRoundOnce) {
+TEST(ModifierOrder, ThreeAngleLimitsMustGoRoundTheCircleOnce) {
   const auto order = [](const std::string& a, const std::string& b, const std::string& c) {
     Probe probe = of_angle("0#" + a + "@deg#1#" + b + "@deg#2#" + c + "@deg#3");
     return set_refusal(probe);
   };
   const std::string refused = "Limits out of order";
-  const std::string taken = "(nothing thrown)";
+  const std::string taken = nothing_thrown;
   EXPECT_EQ(order("-90", "0", "90"), taken);
   EXPECT_EQ(order("0", "90", "-90"), taken);
   EXPECT_EQ(order("90", "-90", "0"), taken);
@@ -314,20 +317,20 @@ TEST(ModifierOrder, ThreeLimitsOfAnglesMustGoRoundOnce) {
   EXPECT_EQ(order("90", "0", "-90"), refused);  // above the last, and falls short of it
 }
 
-TEST(ModifierOrder, TwoLimitsOfAnglesMaySetTwice) {
+TEST(ModifierOrder, TwoAngleLimitsMayBeSetTwice) {
   Probe probe = of_angle("0#-90@deg#1#90@deg#2");
   set(probe);
-  EXPECT_EQ(set_refusal(probe), "(nothing thrown)");
+  EXPECT_EQ(set_refusal(probe), nothing_thrown);
   EXPECT_EQ(probe.value(0.0), 1.0);
   EXPECT_EQ(probe.value(2.0), 0.0);
 }
 
-TEST(ModifierOrder, LimitsThatAreNoNumbersDoNoHarm) {
+TEST(ModifierOrder, NanAndHugeLimitsAreAccepted) {
   Probe probe("1#sqrt(0-1)@Hz#2#0.5@Hz#3");
-  EXPECT_EQ(set_refusal(probe), "(nothing thrown)");
+  EXPECT_EQ(set_refusal(probe), nothing_thrown);
   EXPECT_EQ(probe.value(0.4), 2.0);
   Probe angles = of_angle("1#sqrt(0-1)@deg#2#10^300@deg#3");
-  EXPECT_EQ(set_refusal(angles), "(nothing thrown)");
+  EXPECT_EQ(set_refusal(angles), nothing_thrown);
   EXPECT_TRUE(std::isfinite(angles.value(nan)));
 }
 

@@ -9,7 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "testing_modifiers.h"
+#include "components.h"
+#include "kolmogorov_smirnov.h"
+#include "support/draws.h"
+#include "support/modifiers.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -19,7 +23,7 @@ using Testing::Filled;
 using Testing::pi;
 using Testing::Sea;
 using Testing::set;
-using Testing::thrown_by;
+using Testing::thrown;
 
 Filled noise(double rate) {
   return Filled().member("ran_gen", "Default", "RanGen").with("rate", rate, "Hz");
@@ -59,12 +63,12 @@ struct Noisy : Sea {
   }
 };
 
-TEST(PhaseWNoise, TakesAnyTextThatIsAnExpression) {
+TEST(PhaseWNoise, AcceptsAnyValidExpression) {
   EXPECT_EQ(PhaseWNoiseModifier("").name(), "PhaseModifier");
   EXPECT_EQ(PhaseWNoiseModifier("3*$[Hz]").slot(), Synthesis::Modifier::phase);
-  EXPECT_EQ(thrown_by([] { PhaseWNoiseModifier("1@m"); }),
+  EXPECT_EQ(thrown([] { PhaseWNoiseModifier("1@m"); }),
             "Incorrect output units in expression 0 m, 1");
-  EXPECT_EQ(thrown_by([] { PhaseWNoiseModifier("1#1@s#1"); }),
+  EXPECT_EQ(thrown([] { PhaseWNoiseModifier("1#1@s#1"); }),
             "Incorrect limit units in expression s, 11");
 }
 
@@ -77,16 +81,16 @@ TEST(PhaseWNoise, DeclaresGeneratorSeedAndRate) {
   EXPECT_EQ(Base::category_of(out.at("rate").units), Base::Category::frequency);
 }
 
-TEST(PhaseWNoise, ParametersAreLookedForInOrder) {
+TEST(PhaseWNoise, ParametersAreReadInOrder) {
   PhaseWNoiseModifier modifier("");
-  EXPECT_EQ(thrown_by([&] { set(modifier); }), "ran_gen::Not found");
-  EXPECT_EQ(thrown_by([&] { set(modifier, Filled().member("ran_gen", "Default", "RanGen")); }),
+  EXPECT_EQ(thrown([&] { set(modifier); }), "ran_gen::Not found");
+  EXPECT_EQ(thrown([&] { set(modifier, Filled().member("ran_gen", "Default", "RanGen")); }),
             "rate::Not found");
   PhaseWNoiseModifier other("");
-  EXPECT_EQ(thrown_by([&] { set(other, Filled().member("ran_gen", "Distribute", "RanGen")); }),
+  EXPECT_EQ(thrown([&] { set(other, Filled().member("ran_gen", "Distribute", "RanGen")); }),
             "seed::Not found");
   Sea sea;
-  EXPECT_EQ(thrown_by([&] { sea.modify(other); }), "seed::Not found");
+  EXPECT_EQ(thrown([&] { sea.modify(other); }), "seed::Not found");
 }
 
 TEST(PhaseWNoise, DefaultIsTheNoiseOfSeedFive) {
@@ -105,14 +109,14 @@ TEST(PhaseWNoise, TheSamplesAreTruncatedAndNotRounded) {
   Noisy(noise(10.09)).expect_harmonics_of(drawn_noise(100, 5));
 }
 
-TEST(PhaseWNoise, HarmonicsAboveHalfTheSamplesStayAsTheyAre) {
+TEST(PhaseWNoise, HarmonicsAboveHalfTheSamplesAreUnchanged) {
   Noisy(noise(2.5)).expect_harmonics_of(drawn_noise(25, 5));
   Noisy(noise(2.0)).expect_harmonics_of(drawn_noise(20, 5));
   Noisy(noise(0.1)).expect_harmonics_of(drawn_noise(1, 5));
   Noisy(noise(0.0)).expect_harmonics_of({});
 }
 
-TEST(PhaseWNoise, HarmonicsBelowTheRunsLowestStayAsTheyAre) {
+TEST(PhaseWNoise, HarmonicsBelowTheRunsLowestAreUnchanged) {
   Sea sea;
   sea.run = Testing::run_of(10.0, 0.5, 2.0);
   for (std::size_t h : {4U, 5U}) sea.at(h) = {{0.1, 0.0, 9.0}};
@@ -137,7 +141,7 @@ TEST(PhaseWNoise, OnlyTheLow32BitsOfTheSamplesCount) {
 TEST(PhaseWNoise, ARateWithoutAUsableNumberOfSamplesIsRefused) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double inf = std::numeric_limits<double>::infinity();
-  const auto refusal = [](double rate) { return thrown_by([&] { Noisy{noise(rate)}; }); };
+  const auto refusal = [](double rate) { return thrown([&] { Noisy{noise(rate)}; }); };
   const auto text = [](const std::string& value) {
     return "rate::" + value + " Hz gives no usable number of samples in a repeat time of 10 s";
   };
@@ -148,8 +152,8 @@ TEST(PhaseWNoise, ARateWithoutAUsableNumberOfSamplesIsRefused) {
   EXPECT_EQ(refusal(nan), text("nan"));
 }
 
-// 32 767 harmonics: the mean square is an average of as many squares of deviation 1, each of them
-// spread as exp(-r^2), which is Rayleigh's law for the amplitudes.
+// 32 767 harmonics with the amplitudes of Rayleigh's law. Their squares have a mean and a standard
+// deviation of 1.
 TEST(PhaseWNoise, AmplitudesOfALongRunAreRayleighsWithAMeanSquareOfOne) {
   for (const double seed : {5.0, 6.0, 7.0}) {
     Sea sea(65536.0, 0.5);

@@ -1,4 +1,4 @@
-// Phases at random.
+// Random phases.
 #include "sea/phase_random.h"
 
 #include <gtest/gtest.h>
@@ -7,24 +7,27 @@
 #include <string>
 #include <vector>
 
-#include "testing_modifiers.h"
+#include "support/draws.h"
+#include "support/modifiers.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Synthesis::PhaseRandomModifier;
 using Testing::Draws;
 using Testing::Filled;
+using Testing::nothing_thrown;
 using Testing::pi;
 using Testing::Sea;
 using Testing::set;
-using Testing::thrown_by;
+using Testing::thrown;
 
 Filled by_default() { return Filled().member("ran_gen", "Default", "RanGen"); }
 Filled seeded(const char* member, double seed) {
   return Filled().member("ran_gen", member, "RanGen").number("seed", seed);
 }
 
-// A front at each of the harmonics, with phases at random.
+// The random phases of a front at each of the harmonics.
 std::vector<double> phases(const Base::Params& params, const std::vector<std::size_t>& harmonics) {
   Sea sea;
   for (const std::size_t h : harmonics) sea.at(h).push_back({0.1, 0.2, 9.0});
@@ -47,12 +50,12 @@ void expect_draws(const std::vector<double>& found, std::uint32_t seed) {
   for (const double phase : found) EXPECT_NEAR(phase, draws.symmetric() * pi, 1e-14);
 }
 
-TEST(PhaseRandom, TakesAnyTextThatIsAnExpression) {
+TEST(PhaseRandom, AcceptsAnyValidExpression) {
   EXPECT_EQ(PhaseRandomModifier("").name(), "PhaseModifier");
   EXPECT_EQ(PhaseRandomModifier("").slot(), Synthesis::Modifier::phase);
-  EXPECT_EQ(thrown_by([] { PhaseRandomModifier("1@m"); }),
+  EXPECT_EQ(thrown([] { PhaseRandomModifier("1@m"); }),
             "Incorrect output units in expression 0 m, 1");
-  EXPECT_EQ(thrown_by([] { PhaseRandomModifier("1#1@s#1"); }),
+  EXPECT_EQ(thrown([] { PhaseRandomModifier("1#1@s#1"); }),
             "Incorrect limit units in expression s, 11");
   Sea sea;
   sea.at(4) = {{0.1, 0.0, 0.0}};
@@ -70,23 +73,23 @@ TEST(PhaseRandom, DeclaresGeneratorAndSeed) {
   EXPECT_EQ(Base::category_of(out.at("seed").units), Base::Category::unit);
 }
 
-TEST(PhaseRandom, TheSeedIsAskedForOnlyWhenItIsUsed) {
+TEST(PhaseRandom, TheSeedIsRequiredOnlyWhenItIsUsed) {
   PhaseRandomModifier modifier("");
   Sea sea;
-  EXPECT_EQ(thrown_by([&] { sea.modify(modifier); }), "ran_gen::Not found");
-  EXPECT_EQ(thrown_by([&] { set(modifier); }), "ran_gen::Not found");
-  EXPECT_EQ(thrown_by([&] { set(modifier, by_default()); }), "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { sea.modify(modifier); }), "ran_gen::Not found");
+  EXPECT_EQ(thrown([&] { set(modifier); }), "ran_gen::Not found");
+  EXPECT_EQ(thrown([&] { set(modifier, by_default()); }), nothing_thrown);
   PhaseRandomModifier other("");
   const auto bare = [](const char* member) { return Filled().member("ran_gen", member, "RanGen"); };
-  EXPECT_EQ(thrown_by([&] { set(other, bare("FullRandom")); }), "seed::Not found");
+  EXPECT_EQ(thrown([&] { set(other, bare("FullRandom")); }), "seed::Not found");
   PhaseRandomModifier third("");
-  EXPECT_EQ(thrown_by([&] { set(third, bare("Distribute")); }), "seed::Not found");
+  EXPECT_EQ(thrown([&] { set(third, bare("Distribute")); }), "seed::Not found");
   PhaseRandomModifier fourth("");
-  EXPECT_EQ(thrown_by([&] { set(fourth, Filled().member("ran_gen", "True", "Bool")); }),
+  EXPECT_EQ(thrown([&] { set(fourth, Filled().member("ran_gen", "True", "Bool")); }),
             "ran_gen::wrong enum type");
 }
 
-TEST(PhaseRandom, DefaultIsSeedFourWhateverTheSeedGiven) {
+TEST(PhaseRandom, DefaultIgnoresTheSeedAndUsesFour) {
   expect_draws(phases(by_default(), {2, 3, 7, 20}), 4);
   expect_draws(phases(seeded("Default", 99), {2, 3, 7, 20}), 4);
 }
@@ -102,9 +105,9 @@ TEST(PhaseRandom, TheOtherTwoGeneratorsBothTakeTheSeedRounded) {
   }
 }
 
-TEST(PhaseRandom, DrawsGoInRisingHarmonicsAndThenInOrderOfTheList) {
+TEST(PhaseRandom, DrawsGoInOrderOfHarmonicAndList) {
   expect_draws(phases(by_default(), {9, 2, 2, 5, 9, 9}), 4);
-  // The mean too, if a component ever fills it.
+  // The mean takes a draw too.
   expect_draws(phases(by_default(), {0, 1, 2}), 4);
 }
 
@@ -119,7 +122,7 @@ TEST(PhaseRandom, ABuildRepeatsItsDraws) {
   EXPECT_EQ(sea.at(4)[0].phase, first);
 }
 
-TEST(PhaseRandom, AHarmonicMoreShiftsAllLaterDraws) {
+TEST(PhaseRandom, AnExtraHarmonicShiftsAllLaterDraws) {
   const std::vector<double> few = phases(by_default(), {3, 5, 7});
   const std::vector<double> more = phases(by_default(), {3, 4, 5, 7});
   EXPECT_EQ(few[0], more[0]);
@@ -128,7 +131,8 @@ TEST(PhaseRandom, AHarmonicMoreShiftsAllLaterDraws) {
   EXPECT_NE(few[2], more[3]);
 }
 
-// Ten thousand harmonics in 50 bins; 24 to 85.4 holds 998 of a thousand sets of even draws.
+// Ten thousand harmonics in 50 bins. For uniform draws, chi square lies between 24 and 85.4 in 998
+// of a thousand cases.
 TEST(PhaseRandom, PhasesOfALongRunAreSpreadEvenly) {
   for (const double seed : {4.0, 1.0, 12345.0}) {
     Sea sea(10000.0, 1.0);
@@ -148,7 +152,7 @@ TEST(PhaseRandom, PhasesOfALongRunAreSpreadEvenly) {
     for (const double count : bins) chi_square += (count - 200) * (count - 200) / 200;
     EXPECT_GT(chi_square, 24.0) << seed;
     EXPECT_LT(chi_square, 85.4) << seed;
-    // Neighbours know nothing of each other: a sum of deviation sqrt(10000 / 2).
+    // Neighbours are uncorrelated: the sum has a standard deviation of sqrt(10000 / 2).
     EXPECT_LT(std::abs(lag), 3.3 * std::sqrt(5000.0)) << seed;
   }
 }

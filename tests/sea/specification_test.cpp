@@ -16,9 +16,10 @@ using Synthesis::Specification;
 using Testing::at;
 using Testing::GivenFronts;
 using Testing::NamedModifier;
+using Testing::nothing_thrown;
 using Testing::thrown;
 
-// A grid of harmonics up to 40 and a tank; enough to evaluate on.
+// What a specification is evaluated with: harmonics up to 40, and a tank.
 struct Ground {
   Ground() {
     run.init(20.0, 20.0, 0.1, 2.0, false);
@@ -47,7 +48,7 @@ TEST(Specification, QueryDeclaresThePositionAndTheTime) {
   }
 }
 
-TEST(Specification, QueryLeavesWhatTheHostHasFilledIn) {
+TEST(Specification, QueryKeepsValuesThatAreAlreadySet) {
   Base::Params out;
   out.insert("x", 3.0, "ft");
   Specification().query(out);
@@ -55,7 +56,7 @@ TEST(Specification, QueryLeavesWhatTheHostHasFilledIn) {
   EXPECT_EQ(Base::units_text(out.at("x").units), "ft");
 }
 
-TEST(Specification, QueryRefusesATimeWhereALengthBelongs) {
+TEST(Specification, QueryRefusesParametersOfOtherUnits) {
   Base::Params out;
   out.insert("y", 3.0, "s");
   EXPECT_EQ(thrown([&] { Specification().query(out); }), "Incompatible units for => y");
@@ -79,11 +80,11 @@ TEST(Specification, SetNeedsEachOfItsParameters) {
       if (name != missing) bad.insert(name, value.value, value.units);
     }
     EXPECT_EQ(thrown([&] { specification.set(bad); }), missing + "::Not found");
-    // The set before no longer counts.
+    // The earlier set no longer counts.
     EXPECT_EQ(thrown([&] { ground.evaluate(specification); }),
               "Evaluating specification before values set");
     specification.set(good);
-    EXPECT_EQ(thrown([&] { ground.evaluate(specification); }), "(nothing thrown)");
+    EXPECT_EQ(thrown([&] { ground.evaluate(specification); }), nothing_thrown);
   }
 }
 
@@ -124,7 +125,7 @@ TEST(Specification, KeepsItsOwnCopyOfTheParameters) {
   EXPECT_EQ(ground.fronts.position.x, 9.0);
 }
 
-TEST(Specification, ParametersThatAreDeclaredAndNotFilledAreRefusedWhenRead) {
+TEST(Specification, DeclaredParametersWithoutAValueAreRefusedAtEvaluation) {
   Ground ground;
   Specification specification;
   Base::Params in;
@@ -133,7 +134,7 @@ TEST(Specification, ParametersThatAreDeclaredAndNotFilledAreRefusedWhenRead) {
   EXPECT_EQ(thrown([&] { ground.evaluate(specification); }), "Invalid value");
 }
 
-TEST(Specification, AParameterOfTheWrongKindIsRefusedWhenRead) {
+TEST(Specification, AParameterOfOtherUnitsIsRefusedAtEvaluation) {
   Ground ground;
   Specification specification;
   Base::Params in;

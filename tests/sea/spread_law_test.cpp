@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "kolmogorov_smirnov.h"
 #include "sea/angle_spread.h"
-#include "testing_modifiers.h"
+#include "support/draws.h"
+#include "support/modifiers.h"
 
 namespace {
 
@@ -76,8 +78,8 @@ std::vector<double> deviations(const std::string& text, const char* function, Ra
   return found;
 }
 
-// That the deviations follow the law and not the other one, and that each has the share of the law
-// below it that was drawn for it.
+// Expects the deviations to follow the law and not the other one, and each to have the share of the
+// law below it that was drawn for it.
 void expect_law(const std::vector<double>& found, const Law& law, const Law& other, double power) {
   EXPECT_LT(kolmogorov_smirnov(found, law), 1.95) << power;
   EXPECT_GT(kolmogorov_smirnov(found, other), 3.0) << power;
@@ -87,7 +89,7 @@ void expect_law(const std::vector<double>& found, const Law& law, const Law& oth
   EXPECT_LT(worst, 1e-7) << power;
 }
 
-// Below 1 the law changes little with the power, and needs another one further off.
+// A power far enough off to tell the laws apart. Below 1 the law changes little with the power.
 double other_power(double power) { return power < 1 ? power + 1 : 1.5 * power; }
 
 void expect_cos_s(double power, Range range) {
@@ -135,7 +137,7 @@ TEST(SpreadLaw, Cos2SFollowsACutRange) {
   for (const double s : {1.0, 3.3, 12.0}) expect_cos_2s(s, {-40.0, 120.0});
 }
 
-TEST(SpreadLaw, ThePowerIsThatOfTheFrequency) {
+TEST(SpreadLaw, ThePowerIsTakenAtTheFrequency) {
   const Range range{-89.9, 89.9};
   const Law law(range.lo * degree, range.hi * degree, [](double d) { return cosine_power(8, d); });
   EXPECT_LT(kolmogorov_smirnov(deviations("20*$[Hz]", "CosS", range), law), 1.95);
@@ -157,7 +159,7 @@ TEST(SpreadLaw, TheFirstMomentOfCos2SIsThatOfTheLiterature) {
     const double n = static_cast<double>(found.size());
     mean /= n;
     const double deviation = std::sqrt((mean_square / n - mean * mean) / n);
-    // What lies beyond 150 degrees is left out: nearly nothing from s = 2 on.
+    // Nothing beyond 150 degrees is drawn, where from s = 2 on there is hardly any energy.
     const double cut = s < 2 ? 0.01 : 0.001;
     EXPECT_NEAR(mean, s / (s + 1), 3.3 * deviation + cut) << s;
   }

@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "testing_components.h"
+#include "components.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ using Synthesis::TimeExp;
 using Testing::Evaluated;
 using Testing::expect_harmonics;
 using Testing::run_of;
-using Testing::thrown_by;
+using Testing::thrown;
 
 Base::Params at_rate(double rate) {
   Base::Params in;
@@ -31,21 +32,15 @@ Evaluated evaluated(const std::string& text, double rate, const Maths::RunData& 
 }
 
 std::string refusal(const std::string& text, double rate) {
-  return thrown_by([&] { evaluated(text, rate, run_of(8.0, 0.25, 2.0)); });
+  return thrown([&] { evaluated(text, rate, run_of(8.0, 0.25, 2.0)); });
 }
 
-// The same with the lines that it wrote before it failed.
-std::string refusal_and_lines(const std::string& text, double rate, std::string& lines) {
+// The same, with what is printed before the failure.
+Testing::Refused refused(const std::string& text, double rate) {
   TimeExp component("wave", text);
   Base::Params in = at_rate(rate);
   component.set(in);
-  const Maths::RunData run = run_of(8.0, 0.25, 2.0);
-  Maths::FrontSet fronts = Testing::empty_set(run);
-  Synthesis::Messages messages;
-  testing::internal::CaptureStdout();
-  const std::string text_thrown = thrown_by([&] { component.evaluate(fronts, run, messages); });
-  lines = testing::internal::GetCapturedStdout();
-  return text_thrown;
+  return Testing::refused(component, run_of(8.0, 0.25, 2.0));
 }
 
 // 64 samples at 8 Hz.
@@ -59,14 +54,14 @@ std::vector<double> samples_of(std::size_t count, Formula formula) {
   return x;
 }
 
-TEST(TimeExp, DeclaresRateBesideItsFormulasParameters) {
+TEST(TimeExp, DeclaresTheRateAndTheParametersOfItsFormulas) {
   TimeExp component("wave", "0@s#height[m]*sin($[s])@m#8@s");
   Base::Params out;
   component.query(out);
   ASSERT_EQ(out.entries().size(), 2U);
   EXPECT_EQ(Base::units_text(out.at("rate").units), "Hz");
   EXPECT_EQ(Base::units_text(out.at("height").units), "m");
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }),
+  EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }),
             "wave::evaluate::when not ready");
 }
 
@@ -82,14 +77,14 @@ TEST(TimeExp, SetReportsTheRunTime) {
 TEST(TimeExp, SetNeedsARate) {
   TimeExp component("wave", "0@s#1@m#8@s");
   Base::Params in;
-  EXPECT_EQ(thrown_by([&] { component.set(in); }), "rate::Not found");
+  EXPECT_EQ(thrown([&] { component.set(in); }), "rate::Not found");
   EXPECT_EQ(in.comment_size(), 0U);
 }
 
-TEST(TimeExp, ReportsTheRunTimeBeforeTheLimitsAreJudged) {
+TEST(TimeExp, ReportsTheRunTimeBeforeTheLimitsAreChecked) {
   TimeExp component("wave", "9@s#1@m#8@s");
   Base::Params in = at_rate(8.0);
-  EXPECT_EQ(thrown_by([&] { component.set(in); }), "Limit values do not increase in size");
+  EXPECT_EQ(thrown([&] { component.set(in); }), "Limit values do not increase in size");
   EXPECT_EQ(in.comment_size(), 1U);
 }
 
@@ -98,10 +93,10 @@ TEST(TimeExp, UnsetRateIsRefusedWhenEvaluated) {
   Base::Params in;
   component.query(in);
   component.set(in);
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }), "Invalid value");
+  EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }), "Invalid value");
 }
 
-TEST(TimeExp, HarmonicSineGivesOneFront) {
+TEST(TimeExp, ASineOfAHarmonicGivesOneFront) {
   const Evaluated result =
       evaluated("0@s#0.05*cos(3.926990816987241548*$[s]+0.4)@m#8@s", 8.0, run8());
   EXPECT_NEAR(result.amp(5), 0.05, 1e-14);
@@ -123,15 +118,15 @@ TEST(TimeExp, SpectraAreRefused) {
   EXPECT_EQ(refusal("0@Hz#$[Hz]@m#8@Hz", 8.0), "Unable to convert from \"s\" to \"Hz\"");
 }
 
-TEST(TimeExp, PiecesChangeBehindTheirLimit) {
+TEST(TimeExp, PiecesChangeAfterTheirLimit) {
   // The sample exactly on a later limit belongs to the function before it.
   const auto formula = [](double t) { return t <= 2.0 ? 1.0 + t : t <= 5.1 ? 9.0 - t : 2.0; };
   const Evaluated result = evaluated("0@s#1+$[s]@m#2@s#9-$[s]@m#5.1@s#2@m#8@s", 8.0, run8());
   expect_harmonics(result, samples_of(64, formula), run8());
 }
 
-TEST(TimeExp, OneLimitIsPassedASample) {
-  // Both inner limits lie between two samples: the sample behind them takes the middle function.
+TEST(TimeExp, OnlyOneLimitIsPassedPerSample) {
+  // Both inner limits lie between two samples: the sample after them takes the middle function.
   const auto formula = [](double t) { return t <= 2.0 ? 1.0 : t <= 2.125 ? 5.0 : 3.0; };
   const Evaluated result = evaluated("0@s#1@m#2.01@s#5@m#2.02@s#3@m#8@s", 8.0, run8());
   expect_harmonics(result, samples_of(64, formula), run8());
@@ -147,8 +142,8 @@ TEST(TimeExp, FirstLimitAboveZeroStartsWithZeros) {
             "Time series \"wave\" has max rate of 24 and acceleration of 192\n");
 }
 
-TEST(TimeExp, LeadingZerosAloneAreNoRate) {
-  // From its first sample on the signal is 0, as it was before: no rate at all.
+TEST(TimeExp, LeadingZerosDoNotCountAsARate) {
+  // The signal is 0 from its first sample on.
   const Evaluated result = evaluated("1.01@s#0*$[s]@m#8@s", 8.0, run8());
   EXPECT_EQ(result.output,
             "64 64 8\n"
@@ -161,14 +156,14 @@ TEST(TimeExp, FirstLimitBelowZeroStartsInside) {
   expect_harmonics(evaluated("0-2@s#4+$[s]@m#8@s", 8.0, run8()), samples_of(64, formula), run8());
 }
 
-TEST(TimeExp, LongerThanTheRepeatIsCut) {
+TEST(TimeExp, ASignalLongerThanTheRepeatTimeIsCut) {
   const auto formula = [](double t) { return t; };
   const Evaluated result = evaluated("0@s#$[s]@m#100@s", 8.0, run8());
   expect_harmonics(result, samples_of(64, formula), run8());
   EXPECT_EQ(result.output.substr(0, result.output.find('\n')), "64 64 100");
 }
 
-TEST(TimeExp, FarLongerThanTheRepeatIsCutToo) {
+TEST(TimeExp, ASignalFarLongerThanTheRepeatTimeIsCutToo) {
   const auto formula = [](double t) { return t; };
   // At 8 Hz 2^29 s are 2^32 samples.
   const Evaluated result = evaluated("0@s#$[s]@m#536870912@s", 8.0, run8());
@@ -187,7 +182,7 @@ TEST(TimeExp, RepeatAndRunTimeAreRoundedToSamples) {
   EXPECT_EQ(counts("0@s#1@m#4.05@s", 8.0), "64 32 4.05");  // 32.4
 }
 
-TEST(TimeExp, ShorterThanTheRepeatLiesOnTheHarmonicsAsThoughItFilledIt) {
+TEST(TimeExp, AShortSignalIsTransformedAsIfItFilledTheRepeatTime) {
   // 40 samples of a cosine with four periods: harmonic 4 of the signal, filed under 4.
   const Evaluated result = evaluated("0@s#cos(2*pi*0.8*$[s])@m#5@s", 8.0, run8());
   EXPECT_NEAR(result.amp(4), 1.0, 1e-13);
@@ -284,7 +279,7 @@ TEST(TimeExp, JoinAboveTheLargestStepComesThird) {
             "Maximum end difference is 3m/s\n");
 }
 
-TEST(TimeExp, EarlyStopIsJudgedAgainstSilence) {
+TEST(TimeExp, AnEarlyEndIsComparedWithStillWater) {
   // 5 5 5 5 in a repeat of 8 samples: no step inside, 5 m at both ends.
   const Evaluated flat = evaluated("0@s#5@m#4@s", 1.0, run_of(8.0, 0.125, 0.5));
   EXPECT_EQ(flat.output,
@@ -298,7 +293,7 @@ TEST(TimeExp, EarlyStopIsJudgedAgainstSilence) {
             "Time series \"wave\" has max rate of 1 and acceleration of 2\n");
 }
 
-TEST(TimeExp, EarlyStopIsJudgedByItsWorseEnd) {
+TEST(TimeExp, AnEarlyEndIsReportedByItsWorseSide) {
   // 0 3 5 6 6 5 4 3 2 1 0: turns of 1, slopes of 3 and 1 at the ends; then the same backwards.
   for (const char* text : {"0@s#3*$[s]@m#1.5@s#3+$[s]@m#3.5@s#10-$[s]@m#11@s",
                            "0@s#$[s]@m#6.5@s#13-$[s]@m#8.5@s#30-3*$[s]@m#11@s"}) {
@@ -333,20 +328,21 @@ TEST(TimeExp, TwoSamplesHaveNoAcceleration) {
 }
 
 TEST(TimeExp, RateOfZeroIsRefusedWithoutALine) {
-  std::string lines;
-  EXPECT_EQ(refusal_and_lines("0@s#1@m#8@s", 0.0, lines), "data rate is zero");
-  EXPECT_EQ(lines, "");
+  const Testing::Refused failure = refused("0@s#1@m#8@s", 0.0);
+  EXPECT_EQ(failure.message, "data rate is zero");
+  EXPECT_EQ(failure.output, "");
 }
 
-TEST(TimeExp, NoSamplesAreRefusedBehindTheirLine) {
-  std::string lines;
-  EXPECT_EQ(refusal_and_lines("0@s#1@m#0.05@s", 8.0, lines), "limit_steps is zero");
-  EXPECT_EQ(lines, "64 0 0.05\n");
-  EXPECT_EQ(refusal_and_lines("0@s#1@m#8@s", 0.05, lines), "limit_steps is zero");
-  EXPECT_EQ(lines, "0 0 8\n");
+TEST(TimeExp, NoSamplesAreRefusedAfterTheirLine) {
+  const Testing::Refused short_signal = refused("0@s#1@m#0.05@s", 8.0);
+  EXPECT_EQ(short_signal.message, "limit_steps is zero");
+  EXPECT_EQ(short_signal.output, "64 0 0.05\n");
+  const Testing::Refused low_rate = refused("0@s#1@m#8@s", 0.05);
+  EXPECT_EQ(low_rate.message, "limit_steps is zero");
+  EXPECT_EQ(low_rate.output, "0 0 8\n");
 }
 
-TEST(TimeExp, SampleCountsThatMakeNoSenseAreRefused) {
+TEST(TimeExp, UnusableSampleCountsAreRefused) {
   const double inf = std::numeric_limits<double>::infinity();
   EXPECT_EQ(refusal("0@s#1@m#8@s", 1e8), "wave::8e+08 samples in the signal, not 1 to 134217728");
   EXPECT_EQ(refusal("0@s#1@m#8@s", 1e9), "wave::8e+09 samples in the signal, not 1 to 134217728");
@@ -371,18 +367,17 @@ TEST(TimeExp, LimitsLeftByAFailedSetAreRefused) {
   component.set(good);
   Base::Params bad = at_rate(8.0);
   bad.insert("start", 0.0, "s");
-  EXPECT_EQ(thrown_by([&] { component.set(bad); }), "stop::Not found");
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }),
+  EXPECT_EQ(thrown([&] { component.set(bad); }), "stop::Not found");
+  EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }),
             "wave::evaluate::limits are not set");
   // All limits, but not rising: the last one lies before the first.
   bad.at("start") = Base::Quantity(9.0, Base::Category::time);
   bad.insert("stop", 1.0, "s");
-  EXPECT_EQ(thrown_by([&] { component.set(bad); }), "Limit values do not increase in size");
+  EXPECT_EQ(thrown([&] { component.set(bad); }), "Limit values do not increase in size");
   EXPECT_TRUE(Testing::evaluate(component, run8()).used().empty());
   bad.at("start") = Base::Quantity(std::nan(""), Base::Category::time);
-  EXPECT_EQ(thrown_by([&] { component.set(bad); }), "Limit values do not increase in size");
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }),
-            "wave::a limit is not a number");
+  EXPECT_EQ(thrown([&] { component.set(bad); }), "Limit values do not increase in size");
+  EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }), "wave::a limit is not a number");
 }
 
 TEST(TimeExp, EvaluationRepeats) {

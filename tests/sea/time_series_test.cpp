@@ -9,16 +9,18 @@
 #include <vector>
 
 #include "base/vector.h"
-#include "testing_components.h"
+#include "components.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Synthesis::TimeSeries;
 using Testing::Evaluated;
 using Testing::expect_harmonics;
+using Testing::nothing_thrown;
 using Testing::pi;
 using Testing::run_of;
-using Testing::thrown_by;
+using Testing::thrown;
 
 // A signal without any symmetry.
 std::vector<double> record(std::size_t n) {
@@ -65,15 +67,15 @@ TEST(TimeSeries, DeclaresItsParametersAndIsNamedAfterItsVector) {
   EXPECT_EQ(Base::units_text(out.at("rate").units), "Hz");
   EXPECT_EQ(Base::units_text(out.at("ramp_time").units), "s");
   EXPECT_EQ(out.at("ramp_type").enum_type(), 2);
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }),
+  EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }),
             "probe 3::evaluate::when not ready");
 }
 
-TEST(TimeSeries, ParametersAreAskedForInOrder) {
+TEST(TimeSeries, ParametersAreReadInOrder) {
   const Base::Vector data = vector_of(record(64));
   TimeSeries component(data);
   Base::Params in;
-  const auto failure = [&] { return thrown_by([&] { component.set(in); }); };
+  const auto failure = [&] { return thrown([&] { component.set(in); }); };
   EXPECT_EQ(failure(), "scale_ratio::Not found");
   in.insert("scale_ratio", 1.0, "");
   EXPECT_EQ(failure(), "rate::Not found");
@@ -82,15 +84,15 @@ TEST(TimeSeries, ParametersAreAskedForInOrder) {
   in.insert("ramp_type", "Null", "Ramp");
   EXPECT_EQ(failure(), "ramp_time::Not found");
   in.insert("ramp_time", 0.0, "s");
-  EXPECT_EQ(failure(), "(nothing thrown)");
+  EXPECT_EQ(failure(), nothing_thrown);
 }
 
-TEST(TimeSeries, DeclaredAndUnsetParametersAreRefused) {
+TEST(TimeSeries, DeclaredParametersWithoutAValueAreRefused) {
   const Base::Vector data = vector_of(record(64));
   TimeSeries component(data);
   Base::Params in;
   component.query(in);
-  EXPECT_EQ(thrown_by([&] { component.set(in); }), "Invalid value");
+  EXPECT_EQ(thrown([&] { component.set(in); }), "Invalid value");
 }
 
 TEST(TimeSeries, RampTypeHasToBeARamp) {
@@ -99,10 +101,10 @@ TEST(TimeSeries, RampTypeHasToBeARamp) {
   Base::Params in = params_of(1.0, 8.0, 0.0);
   in.at("ramp_type") = Base::Quantity(1.0, Base::resolve_units(""));
   component.set(in);
-  EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }), "ramp_type::wrong enum type");
+  EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }), "ramp_type::wrong enum type");
 }
 
-TEST(TimeSeries, HarmonicSineGivesOneFront) {
+TEST(TimeSeries, ASineOfAHarmonicGivesOneFront) {
   std::vector<double> x(64);
   for (std::size_t i = 0; i < 64; ++i) x[i] = 0.05 * std::cos(2 * pi * 5 * i / 64.0 + 0.4);
   const Evaluated result = evaluated(x, params_of(1.0, 8.0, 0.0), run8());
@@ -115,7 +117,7 @@ TEST(TimeSeries, HarmonicSineGivesOneFront) {
   EXPECT_EQ(result.output, "");
 }
 
-TEST(TimeSeries, OfTheRepeatsLengthIsUntouched) {
+TEST(TimeSeries, ARecordOfTheRepeatTimeIsUnchanged) {
   expect_harmonics(evaluated(record(64), params_of(1.0, 8.0, 1.0), run8()), record(64), run8());
 }
 
@@ -138,7 +140,7 @@ TEST(TimeSeries, FewSamplesGiveTheHarmonicsThatTheyHave) {
   expect_harmonics(result, record(13), run8());
 }
 
-TEST(TimeSeries, LongerByTheRampIsOverlapped) {
+TEST(TimeSeries, ARecordLongerByTheRampIsOverlapped) {
   // r = 1 s * 8 Hz = 8 samples of overlap.
   const std::vector<double> x = record(72);
   std::vector<double> folded(x.begin(), x.begin() + 64);
@@ -146,21 +148,21 @@ TEST(TimeSeries, LongerByTheRampIsOverlapped) {
   expect_harmonics(evaluated(x, params_of(1.0, 8.0, 1.0), run8()), folded, run8());
 }
 
-TEST(TimeSeries, BetweenRepeatAndRampIsOverlappedByWhatItHasTooMuch) {
+TEST(TimeSeries, BetweenRepeatAndRampTheExcessIsOverlapped) {
   const std::vector<double> x = record(69);
   std::vector<double> folded(x.begin(), x.begin() + 64);
   for (std::size_t i = 0; i < 5; ++i) folded[i] += x[64 + i];
   expect_harmonics(evaluated(x, params_of(1.0, 8.0, 1.0), run8()), folded, run8());
 }
 
-TEST(TimeSeries, LongerThanRepeatAndRampLosesItsEnd) {
+TEST(TimeSeries, ARecordLongerThanRepeatAndRampLosesItsEnd) {
   const std::vector<double> x = record(100);
   std::vector<double> folded(x.begin(), x.begin() + 64);
   for (std::size_t i = 0; i < 8; ++i) folded[i] += x[64 + i];
   expect_harmonics(evaluated(x, params_of(1.0, 8.0, 1.0), run8()), folded, run8());
 }
 
-TEST(TimeSeries, WithoutRampIsCut) {
+TEST(TimeSeries, WithoutARampTheRecordIsCut) {
   const std::vector<double> x = record(100);
   expect_harmonics(evaluated(x, params_of(1.0, 8.0, 0.0), run8()),
                    std::vector<double>(x.begin(), x.begin() + 64), run8());
@@ -182,7 +184,7 @@ TEST(TimeSeries, RampIsRoundedToSamples) {
 
 TEST(TimeSeries, RampLongerThanTheRepeatOverlapsAllOfIt) {
   // 100 samples, a ramp of half of them, a repeat of 2 s = 16 samples: cut to 66 samples, of which
-  // the last 50 are laid over the first 50 before they go.
+  // the last 50 are added to the first 50 before they are cut off.
   const Maths::RunData run = run_of(2.0, 0.5, 3.0);
   const std::vector<double> x = record(100);
   std::vector<double> folded(x.begin(), x.begin() + 16);
@@ -190,7 +192,7 @@ TEST(TimeSeries, RampLongerThanTheRepeatOverlapsAllOfIt) {
   expect_harmonics(evaluated(x, params_of(1.0, 8.0, 6.25), run), folded, run);
 }
 
-TEST(TimeSeries, ShorterThanTheRepeatEndsInZerosAndTheRampIsNotUsed) {
+TEST(TimeSeries, AShortRecordIsPaddedWithZerosAndTheRampIsIgnored) {
   std::vector<double> padded = record(50);
   padded.resize(64, 0.0);
   for (double ramp : {0.0, 3.0}) {
@@ -250,7 +252,7 @@ TEST(TimeSeries, ReducedRampKeepsTheHostsUnits) {
   EXPECT_EQ(in.comment(0), "Warning::Poor match");
 }
 
-TEST(TimeSeries, ReductionBelowOnePerCentPassesInSilence) {
+TEST(TimeSeries, AReductionBelowOnePerCentHasNoComment) {
   const Base::Vector data = vector_of(record(64));
   TimeSeries component(data);
   Base::Params in = params_of(1.0, 8.0, 4.03);
@@ -266,7 +268,7 @@ TEST(TimeSeries, ReductionBelowOnePerCentPassesInSilence) {
   EXPECT_EQ(fitting.comment_size(), 0U);
 }
 
-TEST(TimeSeries, SeesTheVectorAsItIsNow) {
+TEST(TimeSeries, ReadsTheVectorAtEachEvaluation) {
   Base::Vector data = vector_of(record(64));
   TimeSeries component(data);
   Base::Params in = params_of(1.0, 8.0, 0.0);
@@ -284,11 +286,11 @@ TEST(TimeSeries, ScaleRatioOfZeroIsRefusedWhenEvaluated) {
     TimeSeries component(data);
     Base::Params in = params_of(0.0, 8.0, 1.0);
     component.set(in);
-    EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }), "Scale ratio is zero");
+    EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }), "Scale ratio is zero");
   }
 }
 
-TEST(TimeSeries, SampleCountsThatMakeNoSenseAreRefused) {
+TEST(TimeSeries, UnusableSampleCountsAreRefused) {
   const double inf = std::numeric_limits<double>::infinity();
   const double nan = std::nan("");
   const struct {
@@ -303,7 +305,7 @@ TEST(TimeSeries, SampleCountsThatMakeNoSenseAreRefused) {
     TimeSeries component(data);
     Base::Params in = params_of(c.scale_ratio, c.rate, 0.0);
     component.set(in);
-    EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }),
+    EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }),
               std::string("probe 3::") + c.count + " samples in the signal, not 1 to 134217728");
   }
   for (const auto& [scale_ratio, rate] : {std::pair{1.0, nan}, {nan, 8.0}, {-1.0, 8.0}}) {
@@ -312,18 +314,18 @@ TEST(TimeSeries, SampleCountsThatMakeNoSenseAreRefused) {
     Base::Params in = params_of(scale_ratio, rate, 0.0);
     component.set(in);
     EXPECT_NE(
-        thrown_by([&] { Testing::evaluate(component, run8()); }).find("nan samples in the signal"),
+        thrown([&] { Testing::evaluate(component, run8()); }).find("nan samples in the signal"),
         std::string::npos);
   }
 }
 
-TEST(TimeSeries, NegativeRampIsRefusedWhereItWouldCount) {
+TEST(TimeSeries, ANegativeRampIsRefusedWhereItIsUsed) {
   for (std::size_t n : {std::size_t{60}, std::size_t{64}, std::size_t{100}}) {
     const Base::Vector data = vector_of(record(n));
     TimeSeries component(data);
     Base::Params in = params_of(1.0, 8.0, -1.0);
     component.set(in);
-    EXPECT_EQ(thrown_by([&] { Testing::evaluate(component, run8()); }),
+    EXPECT_EQ(thrown([&] { Testing::evaluate(component, run8()); }),
               "probe 3::ramp_time is not a positive time");
   }
   std::vector<double> padded = record(50);
@@ -331,12 +333,12 @@ TEST(TimeSeries, NegativeRampIsRefusedWhereItWouldCount) {
   expect_harmonics(evaluated(record(50), params_of(1.0, 8.0, -1.0), run8()), padded, run8());
 }
 
-TEST(TimeSeries, EmptyVectorIsSilence) {
+TEST(TimeSeries, AnEmptyVectorMakesNoFronts) {
   const Evaluated result = evaluated({}, params_of(1.0, 8.0, 0.0), run8());
   EXPECT_TRUE(result.used().empty());
 }
 
-TEST(TimeSeries, OneSampleInTheRepeatIsItsMeanAlone) {
+TEST(TimeSeries, OneSampleInTheRepeatHasOnlyAMean) {
   const Evaluated result = evaluated({5.0}, params_of(1.0, 0.125, 0.0), run8());
   EXPECT_TRUE(result.used().empty());
 }

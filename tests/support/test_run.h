@@ -14,9 +14,6 @@
 
 namespace Testing {
 
-// Fronts by harmonic.
-using Given = std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>>;
-
 // A specification of given fronts, ready to evaluate.
 struct Part {
   Part(Given fronts, const Base::Params& position) : component(std::move(fronts)) {
@@ -63,9 +60,9 @@ inline Base::Params point_params(double rate, double x, double y, double delta_a
   return params;
 }
 
-// The wave amplitude per unit of paddle motion by linear wavemaker theory, from the shape of the
-// motion: 2 sinh(kd) / (sinh(kd) cosh(kd) + kd) times k times the integral of shape(z)
-// cosh k(z + d) from the edge to the surface, by Simpson's rule.
+// The wave amplitude per unit of paddle motion, by linear wavemaker theory: 2 sinh(kd) / (sinh(kd)
+// cosh(kd) + kd) times k times the integral of shape(z) cosh k(z + d) from the edge, which is
+// `edge` below the surface, up to the surface. The shape of a piston is 1, that of a flap z + edge.
 double theory_ratio(double k, double depth, double edge, bool flap);
 
 }  // namespace Testing

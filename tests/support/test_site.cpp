@@ -31,6 +31,16 @@ void write_bank(std::ostream& out, const BankText& bank) {
 
 }  // namespace
 
+SiteText sloping_site() {
+  SiteText text;
+  text.x_high = 30.0;
+  text.breaks = {5.0};
+  text.depths = {"1@m", "1-($[m]-5)*0.02@m"};
+  return text;
+}
+
+double sloping_depth(double x) { return x < 5.0 ? 1.0 : 1.0 - (x - 5.0) * 0.02; }
+
 std::string script(const SiteText& site) {
   std::ostringstream out;
   out << "context {\n  site_name = \"Site\"; tank_name = \"Tank\"; config_name = \"Config\";\n"

@@ -1,5 +1,5 @@
-// A small site for tests, written as a script and read back, and the pieces of a run that tests
-// put together by hand.
+// Small sites for tests, written as scripts and read back, and components, modifiers and parameters
+// of given content.
 #ifndef KELPBOX_TESTS_SUPPORT_TEST_SITE_H_
 #define KELPBOX_TESTS_SUPPORT_TEST_SITE_H_
 
@@ -35,8 +35,8 @@ struct BankText {
   std::vector<Place> paddles = {{0.0, 0.0, 0.0}};
 };
 
-// A tank from x_low to x_high. Depth texts are formulas such as "1@m"; `breaks` are the places
-// between them.
+// A tank from x_low to x_high. The depths are formulas such as "1@m"; each holds up to the next of
+// `breaks`.
 struct SiteText {
   std::string geometry = "NoSides";
   double min_y = -10.0;
@@ -54,14 +54,17 @@ struct SiteText {
   std::vector<BankText> banks = {BankText{}};
 };
 
+// 1 m of water up to x = 5, then a slope to 0.5 m at x = 30.
+SiteText sloping_site();
+double sloping_depth(double x);
+
 std::string script(const SiteText& site);
 
-// Reads the script through the real reader, and keeps what the reader says.
+// A site read from its script by the library's own reader.
 class Site {
  public:
   explicit Site(const SiteText& text = {}, bool ready = true);
   Common::Context& context() { return *reader_.object(); }
-  std::string log() const { return log_text_.str(); }
 
  private:
   std::ostringstream log_text_;
@@ -69,16 +72,18 @@ class Site {
   Common::SiteReader reader_{"context"};
 };
 
-// Puts the fronts it was given into the set, and says its message.
+// Fronts by harmonic.
+using Given = std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>>;
+
+// A component that makes the given fronts, and adds its message unless that is empty.
 class GivenFronts : public Synthesis::Component {
  public:
-  explicit GivenFronts(std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> given = {})
-      : Component("given"), fronts(std::move(given)) {
+  explicit GivenFronts(Given given = {}) : Component("given"), fronts(std::move(given)) {
     Base::Params none;
     set(none);
   }
 
-  std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> fronts;
+  Given fronts;
   std::string message;
 
  protected:
@@ -91,7 +96,7 @@ class GivenFronts : public Synthesis::Component {
   }
 };
 
-// Appends its name to the messages, and the number of fronts that it finds.
+// A modifier that adds a message of its name and the number of fronts.
 class NamedModifier : public Synthesis::Modifier {
  public:
   NamedModifier(Slot slot, const std::string& name)

@@ -28,10 +28,14 @@ double group_factor(double k, double depth) {
   return 1.0 + 2.0 * k * depth / std::sinh(2.0 * k * depth);
 }
 
-double surface(const Maths::TankConfig& tank, const std::vector<Synthesis::Front>& fronts, double x,
-               double y, double t) {
+double Arrival::at(double y, double t) const {
+  return amp * std::cos(omega * t - along - ky * y + phase);
+}
+
+std::vector<Arrival> arrivals(const Maths::TankConfig& tank,
+                              const std::vector<Synthesis::Front>& fronts, double x) {
   const double end_depth = depth_at(tank, x);
-  double sum = 0.0;
+  std::vector<Arrival> result;
   for (const Synthesis::Front& front : fronts) {
     const double omega = two_pi * front.freq;
     const double k0 = wave_number(omega, tank.paddle_depth);
@@ -50,10 +54,20 @@ double surface(const Maths::TankConfig& tank, const std::vector<Synthesis::Front
     if (std::cos(front.angle) < 0.0) along = -along;
     const double speed0 = group_factor(k0, tank.paddle_depth) / k0;
     const double speed1 = group_factor(k1, end_depth) / k1;
-    sum +=
-        front.amp * std::sqrt(speed0 / speed1) * std::cos(omega * t - along - ky * y + front.phase);
+    result.push_back({omega, front.amp * std::sqrt(speed0 / speed1), along, ky, front.phase});
   }
+  return result;
+}
+
+double surface(const std::vector<Arrival>& arrivals, double y, double t) {
+  double sum = 0.0;
+  for (const Arrival& arrival : arrivals) sum += arrival.at(y, t);
   return sum;
+}
+
+double surface(const Maths::TankConfig& tank, const std::vector<Synthesis::Front>& fronts, double x,
+               double y, double t) {
+  return surface(arrivals(tank, fronts, x), y, t);
 }
 
 }  // namespace Testing

@@ -1,5 +1,4 @@
-// The surface from fronts at the paddle line, summed wave by wave: a second way to what the library
-// does by transforms.
+// The surface from fronts at the paddle line, summed wave by wave. The library uses transforms.
 #ifndef KELPBOX_TESTS_SUPPORT_TEST_SURFACE_H_
 #define KELPBOX_TESTS_SUPPORT_TEST_SURFACE_H_
 
@@ -10,12 +9,28 @@
 
 namespace Testing {
 
-// Group velocity over phase speed, times two.
+// Twice the group velocity over the phase speed.
 double group_factor(double k, double depth);
 
-// The surface at a point, x at least 0. Crests bend so that the crosswise wave number stays, and
-// the lengthwise one is summed piece by piece of the profile at the mean depth. Amplitudes follow
-// the flux of energy, a^2 times the group velocity.
+// A front that has come from the paddle line to some x.
+struct Arrival {
+  double omega;  // rad/s
+  double amp;    // metres
+  double along;  // phase lag at y = 0
+  double ky;     // crosswise wave number
+  double phase;  // at the paddle line
+
+  double at(double y, double t) const;
+};
+
+// The fronts at an x of at least 0. Refraction keeps the crosswise wave number; the lengthwise one
+// is summed over the pieces of the profile, each at its mean depth. Amplitudes keep the energy
+// flux, a^2 times the group velocity.
+std::vector<Arrival> arrivals(const Maths::TankConfig& tank,
+                              const std::vector<Synthesis::Front>& fronts, double x);
+
+// The surface of fronts that have arrived, and of fronts at the paddle line.
+double surface(const std::vector<Arrival>& arrivals, double y, double t);
 double surface(const Maths::TankConfig& tank, const std::vector<Synthesis::Front>& fronts, double x,
                double y, double t);
 

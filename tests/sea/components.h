@@ -1,6 +1,6 @@
-// What the tests of components share.
-#ifndef KELPBOX_TESTS_SEA_TESTING_COMPONENTS_H_
-#define KELPBOX_TESTS_SEA_TESTING_COMPONENTS_H_
+// Evaluating a component, and checking the fronts that it makes.
+#ifndef KELPBOX_TESTS_SEA_COMPONENTS_H_
+#define KELPBOX_TESTS_SEA_COMPONENTS_H_
 
 #include <gtest/gtest.h>
 
@@ -11,40 +11,16 @@
 #include <string>
 #include <vector>
 
-#include "base/params.h"
 #include "maths/front_set.h"
 #include "maths/run_data.h"
 #include "sea/component.h"
+#include "support/modifiers.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 namespace Testing {
 
-inline const double pi = std::acos(-1.0);
-
-// A grid of that repeat time, with samples fine enough to leave it as it is.
-inline Maths::RunData run_of(double repeat, double min_freq, double max_freq) {
-  Maths::RunData run;
-  run.init(repeat, 1024.0, min_freq, max_freq, false);
-  return run;
-}
-
-inline Maths::FrontSet empty_set(const Maths::RunData& run) {
-  Maths::FrontSet set;
-  set.reset(run.size());
-  return set;
-}
-
-// The text that the call throws.
-template <typename Call>
-std::string thrown_by(Call call) {
-  try {
-    call();
-  } catch (const std::string& text) {
-    return text;
-  }
-  return "(nothing thrown)";
-}
-
-// What an evaluation leaves: fronts, messages and lines on the standard output.
+// The fronts, messages and output of one evaluation.
 struct Evaluated {
   Maths::FrontSet fronts;
   Synthesis::Messages messages;
@@ -58,7 +34,7 @@ struct Evaluated {
     }
     return found;
   }
-  // The amplitude of a slot of one front, 0 for an empty slot.
+  // The amplitude of a slot of at most one front, 0 for an empty slot.
   double amp(std::size_t slot) const {
     const auto& list = fronts.slots.at(slot);
     EXPECT_LE(list.size(), 1U);
@@ -74,14 +50,22 @@ struct Evaluated {
 inline Evaluated evaluate(Synthesis::Component& component, const Maths::RunData& run) {
   Evaluated result;
   result.fronts = empty_set(run);
-  testing::internal::CaptureStdout();
-  try {
-    component.evaluate(result.fronts, run, result.messages);
-  } catch (...) {
-    testing::internal::GetCapturedStdout();
-    throw;
-  }
-  result.output = testing::internal::GetCapturedStdout();
+  result.output = printed([&] { component.evaluate(result.fronts, run, result.messages); });
+  return result;
+}
+
+// The failure of an evaluation, and what was printed before it.
+struct Refused {
+  std::string message;
+  std::string output;
+};
+
+inline Refused refused(Synthesis::Component& component, const Maths::RunData& run) {
+  Maths::FrontSet fronts = empty_set(run);
+  Synthesis::Messages messages;
+  Refused result;
+  result.output =
+      printed([&] { result.message = thrown([&] { component.evaluate(fronts, run, messages); }); });
   return result;
 }
 
@@ -96,8 +80,8 @@ inline std::complex<double> harmonic_of(const std::vector<double>& x, std::size_
   return sum * ((h == 0 || 2 * h == n ? 1.0 : 2.0) / static_cast<double>(n));
 }
 
-// Expects a front for each harmonic of the signal from the run's lowest up to, and without, its
-// highest, and no other.
+// Expects exactly one front for each harmonic of the signal, from the run's lowest to the one
+// before its highest.
 inline void expect_harmonics(const Evaluated& result, const std::vector<double>& x,
                              const Maths::RunData& run) {
   for (std::size_t h = 0; h < run.size(); ++h) {
@@ -113,4 +97,4 @@ inline void expect_harmonics(const Evaluated& result, const std::vector<double>&
 
 }  // namespace Testing
 
-#endif  // KELPBOX_TESTS_SEA_TESTING_COMPONENTS_H_
+#endif  // KELPBOX_TESTS_SEA_COMPONENTS_H_
