@@ -7,20 +7,23 @@
 #include <vector>
 
 #include "support/test_site.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Synthesis::BankMotion;
+using Testing::nothing_thrown;
 using Testing::rate_params;
 using Testing::thrown;
 
-// A bank put together by hand, for what no script can say.
+// A machine that no script can declare.
 class OddMachine : public Common::Machine {
  public:
   std::uint32_t type() const override { return 2; }
   double transfer(double, double, double) const override { return 1.0; }
 };
 
+// A bank put together by hand.
 struct HandBank {
   explicit HandBank(std::int32_t paddle_count, Common::Machine* other = nullptr) {
     if (paddle_count > 0) paddles.pad_pos.build(paddle_count, 1);
@@ -66,12 +69,12 @@ TEST(BankMotion, ABankWithoutPaddlesHasNoSignals) {
   bank.init();
   bank.build();
   EXPECT_TRUE(bank.motion.series().empty());
-  // Nor does it miss a harmonic beyond the samples.
+  // A harmonic beyond the samples is not missed.
   bank.init(0.1);
-  EXPECT_EQ(thrown([&] { bank.build(); }), "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { bank.build(); }), nothing_thrown);
 }
 
-TEST(BankMotion, InitForgetsTheSignals) {
+TEST(BankMotion, InitDiscardsTheSignals) {
   HandBank bank(2);
   bank.init();
   bank.build();
@@ -99,24 +102,24 @@ TEST(BankMotion, UnknownMachinesAreRefused) {
   EXPECT_EQ(thrown([&] { bank.build(); }), "Unsupported critical dimension type found");
 }
 
-TEST(BankMotion, AHarmonicWithoutAmplitudeCostsAWaveNumberAndAddsNothing) {
+TEST(BankMotion, AHarmonicOfZeroAmplitudeAddsNothingButNeedsAWaveNumber) {
   HandBank bank(1);
   bank.fronts.slots[5] = {{0.0, 0.3, 0.0}, {0.0, 0.0, 1.0}};
   bank.init();
   bank.build();
   EXPECT_EQ(bank.motion.series().at(0), std::vector<double>(200, 0.0));
-  // A wave without a frequency has no wave number.
+  // Frequency 0 has no wave number.
   bank.fronts.slots[0] = {{0.0, 0.0, 0.0}};
   bank.init();
   const std::string text = thrown([&] { bank.build(); });
   EXPECT_EQ(text.rfind("Knum calculation failed for omega=0 and depth = 1", 0), 0u) << text;
 }
 
-TEST(BankMotion, AHarmonicWithoutAmplitudeStillNeedsItsPlace) {
+TEST(BankMotion, AHarmonicOfZeroAmplitudeMustFitTheSamples) {
   HandBank bank(1);
   bank.fronts.slots[20] = {{0.0, 0.0, 0.0}};
   bank.init(2.0);  // 20 samples
-  EXPECT_EQ(thrown([&] { bank.build(); }), "(nothing thrown)");
+  EXPECT_EQ(thrown([&] { bank.build(); }), nothing_thrown);
   bank.init(1.9);
   EXPECT_EQ(thrown([&] { bank.build(); }), "Index 20 out of range");
 }
