@@ -1,10 +1,9 @@
-// Seas at a point, against the density that was asked for and against linear theory of the test's
-// own: exact dispersion, Snell's law, energy flux.
+// Seas at a point, against the density that was asked for and against linear theory: exact
+// dispersion, Snell's law, energy flux.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <numbers>
 #include <vector>
 
@@ -12,55 +11,32 @@
 #include "sea/angle_spread.h"
 #include "sea/phase_random.h"
 #include "sea/spectrum.h"
+#include "support/integral.h"
+#include "support/sea_states.h"
 #include "support/test_run.h"
+#include "support/wave_number.h"
 
 namespace {
 
 using Synthesis::TwoD;
 using Testing::at;
 using Testing::BuiltRun;
+using Testing::exact_wave_number;
 using Testing::Given;
 using Testing::GivenFronts;
 using Testing::point_params;
+using Testing::SeaState;
+using Testing::simpson;
 using Testing::Site;
-using Testing::SiteText;
+using Testing::sloping_depth;
+using Testing::sloping_site;
 
 constexpr double pi = std::numbers::pi;
-constexpr double g = 9.81;
-
-double simpson(const std::function<double(double)>& f, double from, double to, int pieces) {
-  const double h = (to - from) / pieces;
-  double sum = f(from) + f(to);
-  for (int i = 1; i < pieces; ++i) sum += f(from + i * h) * (i % 2 == 1 ? 4 : 2);
-  return sum * h / 3;
-}
-
-// omega^2 = g k tanh(k depth), by bisection.
-double exact_wave_number(double omega, double depth) {
-  double low = 0.0;
-  double high = omega * omega / g + omega / std::sqrt(g * depth);
-  for (int halving = 0; halving < 100; ++halving) {
-    const double k = 0.5 * (low + high);
-    (g * k * std::tanh(k * depth) < omega * omega ? low : high) = k;
-  }
-  return 0.5 * (low + high);
-}
 
 double group_velocity(double omega, double depth) {
   const double k = exact_wave_number(omega, depth);
   return omega / k * 0.5 * (1 + 2 * k * depth / std::sinh(2 * k * depth));
 }
-
-// 1 m of water to x = 5, then a slope to 0.5 m at x = 30, in fine pieces.
-SiteText sloping() {
-  SiteText text;
-  text.x_high = 30.0;
-  text.breaks = {5.0};
-  text.depths = {"1@m", "1-($[m]-5)*0.02@m"};
-  return text;
-}
-
-double slope_depth(double x) { return x < 5 ? 1 : 1 - (x - 5) * 0.02; }
 
 TEST(PointOnASlope, TheTimeHistoryIsThatOfLinearTheory) {
   Given given;
@@ -73,7 +49,7 @@ TEST(PointOnASlope, TheTimeHistoryIsThatOfLinearTheory) {
   const double x = 24.0;
   const double y = -4.0;
   const double rate = 8.0;
-  BuiltRun run(sloping(), given);
+  BuiltRun run(sloping_site(), given);
   Base::Params params = point_params(rate, x, y);
   run.definition.twod_build(params);
 
@@ -83,13 +59,13 @@ TEST(PointOnASlope, TheTimeHistoryIsThatOfLinearTheory) {
     const double omega = 2 * pi * static_cast<double>(h) / 10;
     const double across = exact_wave_number(omega, 1.0) * std::sin(front.angle);
     const auto along = [&, angle = front.angle](double place) {
-      const double k = exact_wave_number(omega, slope_depth(place));
+      const double k = exact_wave_number(omega, sloping_depth(place));
       EXPECT_GT(k, std::abs(across)) << angle;
       return std::sqrt(k * k - across * across);
     };
     const double lag = along(2.5) * 5 + simpson(along, 5, x, 200) + across * y;
     const double shoaling =
-        std::sqrt(group_velocity(omega, 1.0) / group_velocity(omega, slope_depth(x)));
+        std::sqrt(group_velocity(omega, 1.0) / group_velocity(omega, sloping_depth(x)));
     strongest = std::max(strongest, std::abs(shoaling - 1));
     for (std::size_t j = 0; j < expected.size(); ++j) {
       expected[j] += shoaling * front.amp *
@@ -99,12 +75,12 @@ TEST(PointOnASlope, TheTimeHistoryIsThatOfLinearTheory) {
   EXPECT_GT(strongest, 0.02);
   const std::vector<double>& eta = run.definition.twod_data(TwoD::time);
   ASSERT_EQ(eta.size(), expected.size());
-  // The library's explicit wave number is good to some parts in 1e5, over a way of 20 to 90 rad.
+  // The library's explicit wave number is good to a few parts in 1e5, over a lag of 20 to 90 rad.
   for (std::size_t j = 0; j < eta.size(); ++j) EXPECT_NEAR(eta[j], expected[j], 1e-3 * peak) << j;
 }
 
-TEST(PointOnASlope, AGroupHasItsCrestWhereAndWhenItWasAskedFor) {
-  Site site(sloping());
+TEST(PointOnASlope, AGroupHasItsCrestAtTheGivenPlaceAndTime) {
+  Site site(sloping_site());
   GivenFronts component;
   double crest = 0.0;
   for (std::uint64_t h = 5; h <= 50; ++h) {
@@ -125,42 +101,23 @@ TEST(PointOnASlope, AGroupHasItsCrestWhereAndWhenItWasAskedFor) {
   const std::vector<double>& eta = definition.twod_data(TwoD::time);
   EXPECT_NEAR(eta.at(500), crest, 1e-9 * crest);  // 12.5 s
   EXPECT_EQ(std::max_element(eta.begin(), eta.end()) - eta.begin(), 500);
-  // Its amplitudes are those asked for.
+  // Its amplitudes are the given ones.
   for (const auto& [h, front] : component.fronts) {
     EXPECT_NEAR(definition.twod_data(TwoD::spectrum).at(h), front.amp, 1e-15);
   }
 }
 
-// A JONSWAP sea (Goda 1988) of 64 s.
+// A JONSWAP sea in a repeat time of 64 s.
 constexpr double repeat = 64.0;
-constexpr double hs = 0.06;
-constexpr double fp = 0.6;
-
-double jonswap(double f) {
-  const double alpha = 0.0624 / (0.230 + 0.0336 * 3.3 - 0.185 / (1.9 + 3.3));
-  const double r = (f / fp - 1) / (f < fp ? 0.07 : 0.09);
-  return alpha * hs * hs * std::pow(fp, 4) / std::pow(f, 5) *
-         std::exp(-1.25 * std::pow(fp / f, 4)) * std::pow(3.3, std::exp(-r * r / 2));
-}
-
-std::string jonswap_text() {
-  const auto side = [](const std::string& width) {
-    return "0.0624/(0.230+0.0336*3.3-0.185/(1.9+3.3))*hs[m]^2*fp[Hz]^4/$[Hz]^5*"
-           "exp(-1.25*(fp[Hz]/$[Hz])^4)*3.3^exp(-square(($[Hz]/fp[Hz]-1)/" +
-           width + ")/2)@m2s";
-  };
-  return "0.35@Hz#" + side("0.07") + "#fp[Hz]@Hz#" + side("0.09") + "#1.4@Hz";
-}
+constexpr SeaState sea_state{0.06, 0.6};
 
 struct JonswapRun {
   JonswapRun() {
-    Base::Params in;
-    in.insert("hs", hs, "m");
-    in.insert("fp", fp, "Hz");
+    Base::Params in = sea_state.params();
     sea.set(in);
-    Base::Params none;
-    none.insert("ran_gen", "Default", "RanGen");
-    phase.set(none);
+    Base::Params generator;
+    generator.insert("ran_gen", "Default", "RanGen");
+    phase.set(generator);
     specification.add_component(sea);
     specification.add_modifier(phase);
     specification.set(at(0, 0, 0));
@@ -170,13 +127,13 @@ struct JonswapRun {
   }
 
   Site site;
-  Synthesis::Spectrum sea{"sea", jonswap_text()};
+  Synthesis::Spectrum sea{"sea", Testing::jonswap_text("0.35@Hz", "1.4@Hz")};
   Synthesis::PhaseRandomModifier phase{""};
   Synthesis::Specification specification;
   Synthesis::Definition definition{"sea", site.context()};
 };
 
-TEST(SeaAtAPoint, TheVarianceIsTheDensityAskedForBandByBand) {
+TEST(SeaAtAPoint, TheVarianceIsTheGivenDensityBandByBand) {
   JonswapRun run;
   Synthesis::Definition& definition = run.definition;
   Base::Params params = point_params(16.0, 17.0, -3.0, pi / 2);
@@ -194,35 +151,36 @@ TEST(SeaAtAPoint, TheVarianceIsTheDensityAskedForBandByBand) {
       EXPECT_EQ(variance[h], 0.0) << h;
       continue;
     }
-    const double bend = std::clamp(fp, from, to);
-    const double band = simpson(jonswap, from, bend, 100) + simpson(jonswap, bend, to, 100);
-    // A component's rule for a band is coarse where the density rises from nothing.
-    EXPECT_NEAR(variance[h], band * repeat, 2e-3 * band * repeat + 5e-5 * jonswap(fp)) << h;
+    const double density = sea_state.jonswap(from, to) * repeat;
+    // A component's rule for a band is coarse where the density rises from 0.
+    EXPECT_NEAR(variance[h], density, 2e-3 * density + 5e-5 * sea_state.jonswap(sea_state.fp)) << h;
     EXPECT_NEAR(spectrum[h], std::sqrt(2 * variance[h] / repeat), 1e-15) << h;
   }
   EXPECT_NEAR(definition.twod_data(TwoD::direction)[0], 1.0, 1e-12);
 }
 
-TEST(SeaAtAPoint, TheStatisticsAreThoseOfTheDensityAskedFor) {
+TEST(SeaAtAPoint, TheStatisticsAreThoseOfTheGivenDensity) {
   JonswapRun run;
   Base::Params params = point_params(16.0, 17.0, -3.0);
   run.definition.twod_stats(params);
   // From half a band below the lowest harmonic to half a band above the highest.
   const double from = 21.5 / repeat;
   const double to = 90.5 / repeat;
-  const auto moment = [](double f) { return f * jonswap(f); };
-  const double m0 = simpson(jonswap, from, fp, 2000) + simpson(jonswap, fp, to, 2000);
+  const auto moment = [](double f) { return f * sea_state.jonswap(f); };
+  const double fp = sea_state.fp;
+  const double hs = sea_state.hs;
+  const double m0 = sea_state.jonswap(from, to);
   const double m1 = simpson(moment, from, fp, 2000) + simpson(moment, fp, to, 2000);
   EXPECT_NEAR(params.get("Hs", "m"), 4 * std::sqrt(m0), 1e-3 * hs);
   EXPECT_NEAR(params.get("Ts", "s"), m0 / m1, 1e-3 * m0 / m1);
   EXPECT_NEAR(params.get("Var", ""), std::pow(m0, 0.25), 1e-3 * std::pow(m0, 0.25));
-  // A third of Rayleigh's heights are above this; some 45 waves are not many.
+  // A third of Rayleigh's heights are above this. With about 45 waves the scatter is large.
   EXPECT_NEAR(params.get("sig_h", "m"), hs * std::sqrt(std::log(3.0) / 2), 0.15 * hs);
   EXPECT_GT(params.get("max_amp", "m"), params.get("sig_h", "m"));
 }
 
 // 801 harmonics of one amplitude, each with a direction drawn from cos^2 about 20 degrees.
-TEST(SeaAtAPoint, TheSectorsShowTheSpreadAskedFor) {
+TEST(SeaAtAPoint, TheSectorsShowTheGivenSpread) {
   const double mean = pi / 9;
   Site site;
   GivenFronts waves;

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <string>
@@ -10,6 +9,8 @@
 
 #include "point/two_d.h"
 #include "support/test_run.h"
+#include "support/thrown.h"
+#include "support/wave_group.h"
 
 namespace {
 
@@ -20,10 +21,11 @@ using Testing::point_params;
 using Testing::rate_params;
 using Testing::SiteText;
 using Testing::thrown;
+using Testing::WaveGroup;
 
 constexpr double pi = std::numbers::pi;
 
-// The parameters of a point, with what stands in them after the statistics.
+// A run whose statistics at a point are read back from the parameters.
 struct PointStats : BuiltRun {
   explicit PointStats(Given fronts) : BuiltRun(SiteText{}, std::move(fronts)) {}
 
@@ -42,28 +44,20 @@ std::vector<std::string> names(const Base::Params& params) {
   return result;
 }
 
-// Eleven waves of 10 s, no two alike.
-Given irregular() {
-  return {{7, {0.020, 0.3, 0.1}},
-          {9, {0.030, -0.2, 2.0}},
-          {11, {0.035, 0.0, -1.0}},
-          {13, {0.015, 0.5, 0.4}}};
-}
-
-TEST(PointStats, ARegularWaveHasItsHeightAndItsPeriod) {
+TEST(PointStats, ARegularWaveIsReportedByHeightAndPeriod) {
   PointStats run({{8, {0.04, 0.3, 0.7}}});
   const Base::Params params = run.stats(100.0);
   EXPECT_EQ(names(params),
             (std::vector<std::string>{"Hs", "Ts", "Var", "rate", "reg_h", "reg_t", "x", "y"}));
   EXPECT_NEAR(params.get("reg_t", "s"), 1.25, 1e-4);
-  // Crests lie up to half a sample off.
+  // A crest may lie half a sample beside the nearest sample.
   EXPECT_NEAR(params.get("reg_h", "m"), 0.08, 0.08 * (1 - std::cos(2 * pi * 0.8 * 0.005)));
   EXPECT_NEAR(params.get("Hs", "m"), 2 * std::sqrt(2.0) * 0.04, 1e-12);
   EXPECT_NEAR(params.get("Ts", "s"), 1.25, 1e-12);
   EXPECT_NEAR(params.get("Var", ""), std::sqrt(0.04 / std::sqrt(2.0)), 1e-12);
 }
 
-TEST(PointStats, FewerThanSixWavesAreTooFew) {
+TEST(PointStats, FewerThanSixWavesAreRefused) {
   EXPECT_EQ(thrown([] {
               PointStats({{5, {0.04, 0.0, 0.0}}}).stats(100.0);
             }),
@@ -71,7 +65,7 @@ TEST(PointStats, FewerThanSixWavesAreTooFew) {
   EXPECT_NEAR(PointStats({{6, {0.04, 0.0, 0.7}}}).stats(100.0).get("reg_t", "s"), 10.0 / 6, 1e-4);
   EXPECT_EQ(thrown([] { PointStats({}).stats(100.0); }),
             "Insufficient zero crossings in time series");
-  // Nor has a record without a sample any.
+  // A record without samples has no crossings.
   EXPECT_EQ(thrown([] {
               PointStats({{8, {0.04, 0.0, 0.0}}}).stats(0.01);
             }),
@@ -83,69 +77,40 @@ Base::Params stats_across_the_seam(std::uint64_t count) {
   return PointStats({{count, {0.04, 0.0, 0.01 - pi / 2}}}).stats(50.0, 0.0, 0.0);
 }
 
-TEST(PointStats, ACrossingFromTheLastSampleToTheFirstIsNotSeen) {
+TEST(PointStats, ACrossingBetweenTheLastAndTheFirstSampleIsNotCounted) {
   EXPECT_EQ(thrown([] { stats_across_the_seam(6); }), "Insufficient zero crossings in time series");
   const Base::Params params = stats_across_the_seam(7);
-  // The wave of twice the length is left out.
+  // The wave across the seam is left out.
   EXPECT_NEAR(params.get("reg_t", "s"), 10.0 / 7, 1e-4);
   EXPECT_NEAR(params.get("reg_h", "m"), 0.08, 0.08 * (1 - std::cos(2 * pi * 0.7 * 0.01)));
 }
 
-struct Height {
-  double height;
-  double period;
-};
-
-// The waves of a record that closes on itself, from up-crossing to up-crossing, by height.
-std::vector<Height> waves_of(const std::vector<double>& eta, double dt) {
-  const std::size_t n = eta.size();
-  const auto sample = [&](std::size_t i) { return i < n ? eta[i] : eta[i - n]; };
-  std::vector<std::size_t> ups;
-  for (std::size_t i = 0; i < n; ++i) {
-    if (sample(i + n - 1) <= 0 && eta[i] > 0) ups.push_back(i);
-  }
-  const auto instant = [&](std::size_t i) {
-    const double before = sample(i + n - 1);
-    return (static_cast<double>(i) - eta[i] / (eta[i] - before)) * dt;
-  };
-  std::vector<Height> waves;
-  for (std::size_t w = 0; w < ups.size(); ++w) {
-    const bool last = w + 1 == ups.size();
-    const std::size_t end = last ? ups[0] + n : ups[w + 1];
-    double crest = 0.0;
-    double trough = 0.0;
-    for (std::size_t i = ups[w]; i < end; ++i) {
-      crest = std::max(crest, sample(i));
-      trough = std::min(trough, sample(i));
-    }
-    const double stop = last ? instant(ups[0]) + static_cast<double>(n) * dt : instant(end);
-    waves.push_back({crest - trough, stop - instant(ups[w])});
-  }
-  std::sort(waves.begin(), waves.end(),
-            [](const Height& a, const Height& b) { return a.height < b.height; });
-  return waves;
-}
-
-TEST(PointStats, AnIrregularSeaIsToldByTheWaveAtTwoThirds) {
-  PointStats run(irregular());
-  const Base::Params params = run.stats(50.0);
+// The significant wave is the one at two thirds of all waves by rising height.
+TEST(PointStats, AnIrregularSeaIsReportedByItsSignificantAndItsHighestWave) {
+  PointStats run({{5, {WaveGroup::amp, 0.0, WaveGroup::phase_of_5}},
+                  {8, {WaveGroup::amp, 0.0, WaveGroup::phase_of_8}}});
+  const Base::Params params = run.stats(WaveGroup::rate, 0.0, 0.0);
   EXPECT_EQ(names(params), (std::vector<std::string>{"Hs", "Ts", "Var", "max_amp", "rate", "sig_h",
                                                      "sig_t", "x", "y"}));
-  Base::Params point = point_params(50.0, 3.0, -1.0);
-  run.definition.twod_build(point);
-  const std::vector<Height> waves = waves_of(run.definition.twod_data(TwoD::time), 0.02);
-  ASSERT_GE(waves.size(), 6u);
-  const Height& significant = waves[waves.size() * 2 / 3];
-  EXPECT_NEAR(params.get("sig_h", "m"), significant.height, 1e-12);
-  EXPECT_NEAR(params.get("sig_t", "s"), significant.period, 1e-12);
-  EXPECT_NEAR(params.get("max_amp", "m"), waves.back().height, 1e-12);
+  const std::vector<WaveGroup::Wave> waves = WaveGroup::waves();
+  ASSERT_EQ(waves.size(), 8u);
+  EXPECT_NEAR(params.get("sig_h", "m"), waves[5].height, 1e-12);
+  EXPECT_NEAR(params.get("sig_t", "s"), waves[5].period, 2 * WaveGroup::crossing_error);
+  EXPECT_NEAR(params.get("max_amp", "m"), waves[7].height, 1e-12);
+}
 
+TEST(PointStats, TheMomentsAreThoseOfTheFronts) {
+  const Given irregular = {{7, {0.020, 0.3, 0.1}},
+                           {9, {0.030, -0.2, 2.0}},
+                           {11, {0.035, 0.0, -1.0}},
+                           {13, {0.015, 0.5, 0.4}}};
   double m0 = 0.0;
   double m1 = 0.0;
-  for (const auto& [h, front] : irregular()) {
+  for (const auto& [h, front] : irregular) {
     m0 += front.amp * front.amp / 2;
     m1 += static_cast<double>(h) / 10 * front.amp * front.amp / 2;
   }
+  const Base::Params params = PointStats(irregular).stats(50.0);
   EXPECT_NEAR(params.get("Hs", "m"), 4 * std::sqrt(m0), 1e-12);
   EXPECT_NEAR(params.get("Ts", "s"), m0 / m1, 1e-12);
   EXPECT_NEAR(params.get("Var", ""), std::pow(m0, 0.25), 1e-12);
@@ -162,7 +127,7 @@ TEST(PointStats, TheRateIsFittedAndWrittenBack) {
   EXPECT_EQ(slow.comment(0), "Warning::Poor match");
 }
 
-TEST(PointStats, AllSpecificationsCount) {
+TEST(PointStats, AllSpecificationsAreIncluded) {
   PointStats run({{8, {0.04, 0.0, 0.0}}});
   Testing::Part second({{9, {0.03, 0.0, 0.0}}}, Testing::at(0, 0, 0));
   run.definition.add_specification(second.specification);
@@ -181,7 +146,7 @@ TEST(PointStats, TheRateMayBeAnAngularOne) {
   EXPECT_NEAR(params.get("Ts", "s"), 1.25, 1e-12);
 }
 
-TEST(PointStats, NothingOfTheLastBuildChanges) {
+TEST(PointStats, TheLastBuildIsUnchanged) {
   PointStats run({{8, {0.04, 0.0, 0.0}}});
   run.stats(100.0);
   for (int type = 0; type < 4; ++type) EXPECT_TRUE(run.definition.twod_data(type).empty());
@@ -191,7 +156,7 @@ TEST(PointStats, NothingOfTheLastBuildChanges) {
   EXPECT_EQ(run.definition.twod_data(TwoD::time).size(), 200u);
 }
 
-TEST(PointStats, WhatIsRefusedAtAPointIsRefusedHere) {
+TEST(PointStats, RefusesWhatAPointRefuses) {
   PointStats run({{8, {0.04, 0.0, 0.0}}});
   Base::Params params;
   const auto wants = [&](const std::string& text, const char* name, double value,
@@ -210,7 +175,7 @@ TEST(PointStats, WhatIsRefusedAtAPointIsRefusedHere) {
   EXPECT_EQ(thrown([&] { unset.twod_stats(params); }), "Repeat time zero or less");
 }
 
-TEST(PointStats, ParametersThatHoldAResultAreRefused) {
+TEST(PointStats, ParametersThatAlreadyHoldAResultAreRefused) {
   PointStats run({{8, {0.04, 0.0, 0.0}}});
   Base::Params params = run.stats(100.0);
   EXPECT_EQ(thrown([&] { run.definition.twod_stats(params); }), "\"reg_t\"::Duplicate parameter:");

@@ -10,12 +10,14 @@
 
 #include "base/units.h"
 #include "support/test_site.h"
+#include "support/thrown.h"
 
 namespace {
 
 using Complex = std::complex<double>;
 using Synthesis::PointSpec;
 using Synthesis::smith_quotient;
+using Testing::nothing_thrown;
 using Testing::thrown;
 using Testing::wave_number;
 
@@ -31,7 +33,7 @@ Maths::RunData grid() {
 }
 
 // Fronts at the paddle line, and the tank that they enter: 1 m deep, with a slope to 0.5 m from
-// x = 5 to x = 10 if it has one, and 0.4 m behind the paddles.
+// x = 5 to x = 10 if asked for, where it is 0.4 m deep behind the paddles.
 struct Waves {
   explicit Waves(bool slope = false) {
     tank.g = 9.81;
@@ -59,7 +61,7 @@ struct Waves {
     Synthesis::direction_at(out, fronts, run, point);
     return out;
   }
-  // Of one front alone, in harmonic 8.
+  // The direction of a single front in harmonic 8.
   double direction(double angle, const PointSpec& point) {
     fronts.slots[8] = {{0.04, angle, 0.7}};
     return directions(point).data.at(8);
@@ -71,7 +73,7 @@ struct Waves {
 
 double k_of(double harmonic, double depth) { return wave_number(2 * pi * harmonic / 10, depth); }
 
-TEST(SurfaceAt, AFrontArrivesWithTheLagOfItsWay) {
+TEST(SurfaceAt, AFrontArrivesWithThePhaseLagOfItsPath) {
   Waves waves;
   waves.fronts.add_front(8, {0.04, 0.3, 0.7});
   waves.fronts.add_front(8, {-0.02, 2.9, -1.0});
@@ -86,7 +88,7 @@ TEST(SurfaceAt, AFrontArrivesWithTheLagOfItsWay) {
   }
 }
 
-TEST(SurfaceAt, TheResultHasRoomForTheSamples) {
+TEST(SurfaceAt, TheResultHasTheHarmonicsOfTheSamples) {
   Waves waves;
   for (const std::uint32_t samples : {0u, 1u, 2u, 21u, 200u, 201u}) {
     const Base::Cvector out = waves.surface({1.0, 0.0, samples});
@@ -115,11 +117,11 @@ TEST(SurfaceAt, HarmonicsAboveTheSamplesAreCut) {
   EXPECT_NEAR(angles[10], 0.3, 1e-6);
 }
 
-TEST(SurfaceAt, APointOutsideTheTankIsRefusedWhereAWaveIsLookedFor) {
+TEST(SurfaceAt, APointOutsideTheTankIsRefusedIfThereAreFronts) {
   Waves waves(true);
   for (const double x : {20.001, -5.001, 1e300, nan, infinity}) {
-    EXPECT_EQ(thrown([&] { waves.surface({x, 0.0, 200}); }), "(nothing thrown)") << x;
-    EXPECT_EQ(thrown([&] { waves.directions({x, 0.0, 200}); }), "(nothing thrown)") << x;
+    EXPECT_EQ(thrown([&] { waves.surface({x, 0.0, 200}); }), nothing_thrown) << x;
+    EXPECT_EQ(thrown([&] { waves.directions({x, 0.0, 200}); }), nothing_thrown) << x;
   }
   waves.fronts.add_front(8, {0.04, 0.3, 0.7});
   const auto both = [&](double x, std::uint32_t samples, const std::string& text) {
@@ -130,13 +132,13 @@ TEST(SurfaceAt, APointOutsideTheTankIsRefusedWhereAWaveIsLookedFor) {
   both(-5.001, 200, "Value x=-5.001 is outside dimensions of tank");
   both(nan, 200, "Value x=nan is outside dimensions of tank");
   both(infinity, 200, "Value x=inf is outside dimensions of tank");
-  both(20.0, 200, "(nothing thrown)");
-  both(-5.0, 200, "(nothing thrown)");
-  // Its harmonic is cut off.
-  both(20.001, 15, "(nothing thrown)");
+  both(20.0, 200, nothing_thrown);
+  both(-5.0, 200, nothing_thrown);
+  // The harmonic of the front is cut off.
+  both(20.001, 15, nothing_thrown);
 }
 
-TEST(SurfaceAt, TheTanksLengthEndsBeforeItsProfileMay) {
+TEST(SurfaceAt, TheTankMayEndBeforeItsProfile) {
   Waves waves;
   waves.fronts.add_front(8, {0.04, 0.0, 0.0});
   waves.tank.profile.back().x = 30.0;
@@ -146,7 +148,7 @@ TEST(SurfaceAt, TheTanksLengthEndsBeforeItsProfileMay) {
             "Value x=25 is outside dimensions of tank");
 }
 
-TEST(SurfaceAt, AFrontThatTheTankRefusedCountsForNothing) {
+TEST(SurfaceAt, AFrontOfZeroAmplitudeIsIgnored) {
   Waves waves;
   waves.fronts.slots[8] = {{0.0, pi / 2, nan}, {0.04, 0.3, 0.0}};
   waves.fronts.slots[9] = {{0.0, pi / 2, nan}};
@@ -158,7 +160,7 @@ TEST(SurfaceAt, AFrontThatTheTankRefusedCountsForNothing) {
   EXPECT_EQ(waves.directions(point).data[9], 0.0);
 }
 
-TEST(DirectionAt, APlaneWaveHasItsOwnDirection) {
+TEST(DirectionAt, OfAPlaneWaveIsItsOwnDirection) {
   Waves waves;
   for (int degree = -179; degree <= 180; ++degree) {
     const double angle = degree * pi / 180;
@@ -170,7 +172,7 @@ TEST(DirectionAt, APlaneWaveHasItsOwnDirection) {
   }
 }
 
-TEST(DirectionAt, OnASlopeItIsTheDirectionAtThePaddleLine) {
+TEST(DirectionAt, OnASlopeIsTheDirectionAtThePaddleLine) {
   Waves waves(true);
   for (int degree = -80; degree <= 80; degree += 5) {
     const double angle = degree * pi / 180;
@@ -186,7 +188,7 @@ double crossing(double side, double turn) {
   return std::atan2(across, along);
 }
 
-TEST(DirectionAt, CrossingSeasMeetInBetween) {
+TEST(DirectionAt, OfCrossingSeasLiesBetween) {
   Waves waves;
   waves.fronts.slots[8] = {{1.0, 0.0, 0.0}, {1.0, pi / 2, 0.0}};
   EXPECT_NEAR(waves.directions({0, 0, 200}).data[8], pi / 4, 1e-12);
@@ -201,7 +203,7 @@ TEST(DirectionAt, TheStepIsATenthOfARadianInTheLocalWaveNumber) {
   Waves waves(true);
   const double x = 15.0;
   const double local = k_of(8, 0.5);
-  // What both waves lag on the way is given to them, so that both have a crest at the point.
+  // Both waves start with their own lag, so that both have a crest at the point.
   Maths::TankRun way(waves.tank, grid());
   waves.fronts.slots[8] = {{1.0, 0.0, way.phase_lag(8, x, 0.0, 0.0)},
                            {0.4, 0.5, way.phase_lag(8, x, 0.0, 0.5)}};
@@ -212,8 +214,8 @@ TEST(DirectionAt, TheStepIsATenthOfARadianInTheLocalWaveNumber) {
     const Complex zy = 1.0 + std::polar(0.4, turn * std::sin(0.5));
     return std::atan2(std::arg(zy / z), std::arg(zx / z));
   };
-  // The paddle line's wave number is that of the profile's first depth while no ladder is there,
-  // as hosts know it.
+  // The wave number at the paddle line is taken at the profile's first depth until the shoaling at
+  // some point has been asked for. Hosts rely on it.
   EXPECT_NEAR(waves.directions({x, 0.0, 200}).data[8], expected(k_of(8, 0.4)), 1e-9);
   Maths::TankRun run(waves.tank, grid());
   run.shoaling(8, x);
@@ -223,7 +225,7 @@ TEST(DirectionAt, TheStepIsATenthOfARadianInTheLocalWaveNumber) {
   EXPECT_GT(std::abs(expected(k_of(8, 1.0)) - expected(k_of(8, 0.4))), 1e-7);
 }
 
-TEST(DirectionAt, ANodeOfStandingWavesHasNone) {
+TEST(DirectionAt, ANodeOfStandingWavesHasDirectionZero) {
   Waves waves;
   waves.fronts.slots[8] = {{0.04, 0.0, 0.7}, {-0.04, pi, 0.7}};
   const PointSpec node{0, 0, 200};
@@ -232,13 +234,13 @@ TEST(DirectionAt, ANodeOfStandingWavesHasNone) {
   EXPECT_FALSE(std::signbit(waves.directions(node).data[8]));
 }
 
-TEST(DirectionAt, APlaceThatIsNoNumberHasNone) {
+TEST(DirectionAt, ANanPlaceHasDirectionZero) {
   Waves waves;
   EXPECT_EQ(waves.direction(0.3, {1.0, nan, 200}), 0.0);
   EXPECT_TRUE(std::isnan(waves.surface({1.0, nan, 200}).data[8].real()));
 }
 
-TEST(SmithQuotient, DividesAsTheDefinitionSays) {
+TEST(SmithQuotient, DividesAsDefined) {
   for (int i = 0; i < 400; ++i) {
     const Complex a(std::sin(3.0 * i), std::cos(5.0 * i));
     const Complex b = std::polar(0.1 + i, 0.7 * i);

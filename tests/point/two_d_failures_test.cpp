@@ -1,4 +1,4 @@
-// What is refused of a point, in which order, and what is left behind.
+// Which points are refused, in which order, and what a refusal leaves unchanged.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -15,6 +15,7 @@ namespace {
 using Synthesis::TwoD;
 using Testing::BuiltRun;
 using Testing::Given;
+using Testing::nothing_thrown;
 using Testing::point_params;
 using Testing::rate_params;
 using Testing::SiteText;
@@ -55,11 +56,11 @@ TEST_F(WaveAtPoint, ParametersAreReadInOrder) {
   wants("rate::Not found", "rate", 20.0, "Hz");
   wants("x::Not found", "x", 50.0, "m");
   wants("y::Not found", "y", 0.0, "m");
-  // The point is looked at before the sectors.
+  // The point is checked before the sectors.
   EXPECT_EQ(refusal(definition, params), "Value x=50 is outside dimensions of tank");
   params.at("x").value = 1.0;
   wants("delta_angle::Not found", "delta_angle", 30.0, "deg");
-  EXPECT_EQ(refusal(definition, params), "(nothing thrown)");
+  EXPECT_EQ(refusal(definition, params), nothing_thrown);
 }
 
 TEST_F(WaveAtPoint, ParametersOfTheWrongKindAreRefused) {
@@ -70,7 +71,7 @@ TEST_F(WaveAtPoint, ParametersOfTheWrongKindAreRefused) {
   }
 }
 
-TEST_F(WaveAtPoint, ARunWithoutAGridIsRefusedFirst) {
+TEST_F(WaveAtPoint, ADefinitionThatWasNotSetIsRefusedFirst) {
   Synthesis::Definition unset("unset", run.site.context());
   EXPECT_EQ(refusal(unset, {}), "Repeat time zero or less");
 }
@@ -85,19 +86,19 @@ TEST_F(WaveAtPoint, ARateWithoutAUsableNumberOfSamplesIsRefused) {
   EXPECT_EQ(refusal(definition, point_params(-20, 0, 0)), text("-20"));
   EXPECT_EQ(refusal(definition, point_params(1e300, 0, 0)), text("1e+300"));
   EXPECT_EQ(refusal(definition, point_params(2e7, 0, 0)), text("2e+07"));
-  // It is not written back.
+  // The refused rate is not written back.
   params = point_params(-20, 0, 0);
   EXPECT_EQ(thrown([&] { definition.twod_build(params); }), text("-20"));
   EXPECT_EQ(params.get("rate", "Hz"), -20.0);
   EXPECT_EQ(params.comment_size(), 0u);
 }
 
-TEST_F(WaveAtPoint, SectorsTooNarrowAreRefused) {
+TEST_F(WaveAtPoint, TooNarrowSectorsAreRefused) {
   const std::string text = "Value of delta_angle too small";
   for (const double width : {1e-6, 1e-7, 0.0, -1.0, -infinity}) {
     EXPECT_EQ(refusal(definition, point_params(20, 0, 0, width)), text) << width;
   }
-  EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 1.01e-6)), "(nothing thrown)");
+  EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 1.01e-6)), nothing_thrown);
   EXPECT_EQ(definition.twod_data(TwoD::direction).size(), 6220976u);  // 2 pi / 1.01e-6, rounded
   EXPECT_EQ(refusal(definition, point_params(20, 0, 0, nan)),
             "delta_angle::nan rad gives no usable number of direction sectors");
@@ -105,19 +106,19 @@ TEST_F(WaveAtPoint, SectorsTooNarrowAreRefused) {
 
 TEST_F(WaveAtPoint, ADirectionWithoutASectorIsRefused) {
   const std::string text = "invalid vector<T> subscript";
-  // Above two circles there is no sector.
-  EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 4 * pi)), "(nothing thrown)");
+  // A sector of more than two circles leaves no sector at all.
+  EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 4 * pi)), nothing_thrown);
   EXPECT_EQ(refusal(definition, point_params(20, 0, 0, 4.01 * pi)), text);
   EXPECT_EQ(refusal(definition, point_params(20, 0, 0, infinity)), text);
-  // Nor is one missed without a harmonic.
-  EXPECT_EQ(refusal(definition, point_params(0.1, 0, 0, 4.01 * pi)), "(nothing thrown)");
+  // Without harmonics no sector is missed.
+  EXPECT_EQ(refusal(definition, point_params(0.1, 0, 0, 4.01 * pi)), nothing_thrown);
   EXPECT_TRUE(definition.twod_data(TwoD::direction).empty());
-  // Half a circle away from the only sector's middle, the next one begins.
+  // A direction half a circle from the middle of the only sector belongs to the next one.
   BuiltRun back(SiteText{}, {{8, {0.04, pi, 0.0}}});
   EXPECT_EQ(refusal(back.definition, point_params(20, 0, 0, 2 * pi)), text);
 }
 
-TEST_F(WaveAtPoint, ARefusedPointLeavesAllAsItWas) {
+TEST_F(WaveAtPoint, ARefusedPointChangesNothing) {
   Base::Params params = point_params(20.0, 1.0, 0.0);
   definition.twod_build(params);
   const auto before = results(definition);
@@ -128,7 +129,7 @@ TEST_F(WaveAtPoint, ARefusedPointLeavesAllAsItWas) {
   EXPECT_EQ(results(definition), before);
 }
 
-TEST_F(WaveAtPoint, RefusedSectorsLeaveTheOldOnesBesideANewRecord) {
+TEST_F(WaveAtPoint, RefusedSectorsKeepTheOldOnesWithANewRecord) {
   Base::Params params = point_params(20.0, 1.0, 0.0);
   definition.twod_build(params);
   const auto before = results(definition);
@@ -142,7 +143,7 @@ TEST_F(WaveAtPoint, RefusedSectorsLeaveTheOldOnesBesideANewRecord) {
   EXPECT_EQ(definition.twod_data(TwoD::direction), before[TwoD::direction]);
 }
 
-TEST_F(WaveAtPoint, ADirectionWithoutASectorLeavesTheSectorsUnscaled) {
+TEST_F(WaveAtPoint, ADirectionWithoutASectorLeavesTheSharesUnscaled) {
   BuiltRun mixed(SiteText{}, {{6, {0.02, 0.0, 0.0}}, {8, {0.04, pi, 0.0}}});
   Base::Params params = point_params(20.0, 0.0, 0.0, 0.5);
   mixed.definition.twod_build(params);
@@ -163,8 +164,8 @@ TEST_F(WaveAtPoint, ASiteWithoutATankIsRefusedAfterThePoint) {
             "item: General: context::Error::Attempting to access TankConfig when not made ready");
 }
 
-TEST_F(WaveAtPoint, FrontsOfAnotherGridAreRefused) {
-  // A new repeat time needs a new run_build.
+TEST_F(WaveAtPoint, FrontsOfAnEarlierRepeatTimeAreRefused) {
+  // A new repeat time needs another run_build.
   BuiltRun other(SiteText{}, {{20, {0.04, 0.0, 0.0}}});
   Testing::set(other.definition, Testing::run_params(5.0));
   EXPECT_EQ(refusal(other.definition, point_params(20.0, 1.0, 0.0)), "Harmonic out of range");

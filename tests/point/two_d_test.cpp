@@ -21,7 +21,7 @@ using Testing::wave_number;
 
 constexpr double pi = std::numbers::pi;
 
-// A run of 10 s, and what it has at a point.
+// A run of 10 s, and its results at a point.
 struct PointRun : BuiltRun {
   explicit PointRun(Given fronts) : BuiltRun(SiteText{}, std::move(fronts)) {}
 
@@ -35,7 +35,7 @@ struct PointRun : BuiltRun {
   const std::vector<double>& direction() { return definition.twod_data(TwoD::direction); }
 };
 
-// The shares of the directions of fronts of 0.04 m, for m sectors.
+// The shares of m sectors for a front of that direction.
 std::vector<double> shares(double angle, int m) {
   PointRun run({{8, {0.04, angle, 0.0}}});
   run.build(point_params(20.0, 0.0, 0.0, 2 * pi / m));
@@ -48,7 +48,7 @@ std::vector<double> all_in(std::size_t sector, std::size_t m) {
   return result;
 }
 
-TEST(TwoD, TheDataIsNumberedByTheHost) {
+TEST(TwoD, TheResultsAreReadByNumber) {
   PointRun run({{8, {0.04, 0.0, 0.0}}});
   run.build(point_params(20.0, 0.0, 0.0, 2 * pi / 12));
   EXPECT_EQ(run.definition.twod_data(0).size(), 200u);
@@ -107,7 +107,7 @@ TEST(TwoD, TheRateIsFittedAndWrittenBack) {
   EXPECT_EQ(far.comment(0), "Warning::Poor match");
   EXPECT_EQ(run.time().size(), 13u);
 
-  // In the units of the host.
+  // In the host's units.
   Base::Params angular = point_params(20.0, 0.0, 0.0);
   angular.at("rate") = Base::Quantity(40 * pi, Base::resolve_units("rad/s"), {});
   angular = run.build(angular);
@@ -116,7 +116,7 @@ TEST(TwoD, TheRateIsFittedAndWrittenBack) {
   EXPECT_NEAR(angular.at("rate").value, 40 * pi, 1e-12);
 }
 
-TEST(TwoD, TheSectorIsFittedToTheCircleWithoutARemark) {
+TEST(TwoD, TheSectorIsFittedToTheCircleWithoutAComment) {
   PointRun run({});
   Base::Params params = point_params(20.0, 0.0, 0.0);
   params.at("delta_angle") = Base::Quantity(50.0, Base::resolve_units("deg"), {});
@@ -130,7 +130,7 @@ TEST(TwoD, TheSectorIsFittedToTheCircleWithoutARemark) {
   EXPECT_EQ(run.direction().size(), 8u);
 }
 
-TEST(TwoD, ASectorIsCentredAtItsMultipleOfTheStep) {
+TEST(TwoD, ASectorIsCentredOnAMultipleOfItsWidth) {
   const double step = 2 * pi / 12;
   EXPECT_EQ(shares(0.0, 12), all_in(0, 12));
   EXPECT_EQ(shares(0.49 * step, 12), all_in(0, 12));
@@ -153,7 +153,7 @@ TEST(TwoD, EachSectorHasItsShareOfTheVariance) {
   EXPECT_NEAR(run.direction()[3], 25.0 / 50, 1e-12);
 }
 
-TEST(TwoD, AQuietWaveIsNotScaled) {
+TEST(TwoD, SharesOfATinyVarianceAreNotScaled) {
   const double variance = 4e-4 * 4e-4 / 2 * 10;  // 8e-7 m2s
   PointRun quiet({{8, {4e-4, 0.0, 0.0}}});
   quiet.build(point_params(20.0, 0.0, 0.0, pi / 2));
@@ -163,14 +163,14 @@ TEST(TwoD, AQuietWaveIsNotScaled) {
   EXPECT_NEAR(louder.direction()[0], 1.0, 1e-15);
 }
 
-TEST(TwoD, ANodeCountsAsTheDirectionOfTheAxis) {
+TEST(TwoD, ANodeAddsNothingToAnySector) {
   PointRun run({{8, {0.04, 0.0, 0.7}}, {8, {-0.04, pi, 0.7}}, {9, {0.04, pi, 0.0}}});
   run.build(point_params(20.0, 0.0, 0.0, pi / 2));
   EXPECT_EQ(run.spectrum()[8], 0.0);
   EXPECT_EQ(run.direction(), all_in(2, 4));
 }
 
-TEST(TwoD, WithoutFrontsThereIsStillWaterAnywhere) {
+TEST(TwoD, WithoutFrontsThereIsStillWaterEverywhere) {
   PointRun run({});
   for (const double x : {0.0, 12.0, 1e6}) {
     run.build(point_params(20.0, x, 0.0, pi / 2));
@@ -191,7 +191,7 @@ TEST(TwoD, ARateTooLowCutsTheTopHarmonics) {
   }
 }
 
-TEST(TwoD, ARateTooLowForASampleHasNone) {
+TEST(TwoD, ARateTooLowForASampleGivesEmptyResults) {
   PointRun run({{5, {0.03, 0.0, 0.0}}});
   Base::Params params = run.build(point_params(0.04, 0.0, 0.0, pi / 2));
   EXPECT_EQ(params.get("rate", "Hz"), 0.0);
@@ -200,14 +200,14 @@ TEST(TwoD, ARateTooLowForASampleHasNone) {
   EXPECT_EQ(run.spectrum(), std::vector<double>(1));
   EXPECT_EQ(run.variance().size(), 1u);
   EXPECT_EQ(run.direction(), std::vector<double>(4));
-  // With a single sample there is but the mean.
+  // A single sample has only a mean.
   run.build(point_params(0.1, 0.0, 0.0, pi / 2));
   EXPECT_EQ(run.time(), std::vector<double>(1));
   EXPECT_EQ(run.variance(), std::vector<double>(1));
   EXPECT_EQ(run.direction(), std::vector<double>(4));
 }
 
-TEST(TwoD, EachBuildReplacesAllAndARunBuildNone) {
+TEST(TwoD, EachBuildReplacesAllResultsAndARunBuildNone) {
   PointRun run({{8, {0.04, 0.0, 0.0}}});
   for (int type = 0; type < 4; ++type) EXPECT_TRUE(run.definition.twod_data(type).empty());
   run.build(point_params(20.0, 0.0, 0.0, pi / 2));
@@ -225,7 +225,7 @@ TEST(TwoD, EachBuildReplacesAllAndARunBuildNone) {
   EXPECT_EQ(run.direction().size(), 2u);
 }
 
-TEST(TwoD, TheSectorsStartFromNothingAtEachBuild) {
+TEST(TwoD, TheSectorsStartFromZeroAtEachBuild) {
   PointRun run({{8, {0.04, 0.0, 0.0}}});
   run.build(point_params(20.0, 0.0, 0.0, pi / 2));
   run.part.component.fronts = {{6, {0.02, pi / 2, 0.0}}};
@@ -234,7 +234,7 @@ TEST(TwoD, TheSectorsStartFromNothingAtEachBuild) {
   EXPECT_EQ(run.direction(), all_in(1, 4));
 }
 
-TEST(TwoD, AWaveThatIsTurnedBackOnItsWayIsNoNumber) {
+TEST(TwoD, AWaveThatIsTurnedBackOnItsWayGivesNan) {
   SiteText deepening;
   deepening.depths = {"0.2@m", "1@m"};
   deepening.breaks = {10.0};
