@@ -1,4 +1,4 @@
-// What a build needs beside its frames.
+// The memory that a build needs besides its frames.
 #include <new>
 
 #include "support/own_process.h"
@@ -6,26 +6,26 @@
 
 namespace {
 
+using Testing::AnimatedSea;
 using Testing::good_alone;
 using Testing::GridText;
 using Testing::leave_room;
 using Testing::peak_memory;
 using Testing::sanitized;
-using Testing::Sea;
 
 TEST(AnimateMemory, APeakIsTheFramesAndAFewBlocks) {
   if (sanitized) GTEST_SKIP() << "the sanitizer's own memory is counted too";
   EXPECT_TRUE(good_alone([] {
-    Sea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {20, {0.1, 0.1, 1.0}}});
+    AnimatedSea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {20, {0.1, 0.1, 1.0}}});
     GridText grid;
-    grid.rate = 200.0;
-    grid.x_step = 10.0 / 99;
-    grid.y_step = 4.0 / 199;
-    const double frames = 2.0 * 100 * 200 * 2000;
+    grid.rate = 100.0;
+    grid.x_step = 10.0 / 49;
+    grid.y_step = 4.0 / 99;
+    const double frames = 2.0 * 50 * 100 * 1000;
     const double before = peak_memory();
     sea.build(grid);
     const double growth = peak_memory() - before;
-    const bool whole = sea.frames().complete() && sea.frames().size(0) == 2000;
+    const bool whole = sea.frames().complete() && sea.frames().size(0) == 1000;
     return whole && growth > frames && growth < frames + 4e6;
   }));
 }
@@ -81,7 +81,7 @@ TEST(AnimateMemory, ManySmallFramesAreRefusedBeforeAnyIsMade) {
     try {
       frames.setup(1, 1, 1 << 24);
     } catch (const std::bad_alloc&) {
-      // A refusal halfway would have cost the frames that were there.
+      // Refused beforehand: the old frames are still there.
       return frames.ready() && frames.data(3).size() == 6;
     }
     return false;
@@ -93,10 +93,11 @@ TEST(AnimateMemory, LargerFramesMakeRoomForMoreSmallOnes) {
   EXPECT_TRUE(good_alone([] {
     Synthesis::AnimationFrames frames;
     frames.begin();
-    frames.setup(1 << 10, 1 << 10, 64);
-    leave_room(2e7);
-    frames.setup(1 << 10, 1, 1 << 16);
-    return frames.ready() && frames.data(0).capacity() == 1 << 10;
+    frames.setup(1 << 9, 1 << 8, 64);
+    // Less than the 17 MB of either.
+    leave_room(1e7);
+    frames.setup(1 << 8, 1, 1 << 15);
+    return frames.ready() && frames.data(0).capacity() == 1 << 8;
   }));
 }
 

@@ -1,35 +1,36 @@
-// Builds in slices of columns.
+// Building in slices of columns.
 #include "test_animation.h"
 
 namespace {
 
+using Testing::AnimatedSea;
+using Testing::Given;
 using Testing::GridText;
-using Testing::Sea;
+using Testing::printed;
 using Testing::thrown;
-
-using Given = std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>>;
 
 const Given oblique = {{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {6, {0.1, 2.8, 1.0}}};
 const Given straight = {{5, {0.1, 0.0, 0.4}}, {6, {0.2, 0.0, 0.0}}};
 
-std::string slice_refusal(Sea& sea, std::uint32_t from, std::uint32_t to) {
+std::string slice_refusal(AnimatedSea& sea, std::uint32_t from, std::uint32_t to) {
   return thrown([&] { sea.slice(from, to); });
 }
 
 TEST(AnimateSlices, SlicesMakeTheFramesOfAWholeBuild) {
   for (const Given& given : {oblique, straight}) {
-    Sea whole(given);
+    AnimatedSea whole(given);
     whole.build();
-    Sea sliced(given);
+    AnimatedSea sliced(given);
     sliced.init();
     EXPECT_EQ(sliced.frames().size(0), 100u);
     EXPECT_FALSE(sliced.frames().complete());
-    testing::internal::CaptureStdout();
-    sliced.slice(8, 15);
-    EXPECT_EQ(sliced.frames().progress(), 7.0 / 21.0);
-    sliced.slice(0, 8);
-    sliced.slice(15, 21);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(printed([&] {
+                sliced.slice(8, 15);
+                EXPECT_EQ(sliced.frames().progress(), 7.0 / 21.0);
+                sliced.slice(0, 8);
+                sliced.slice(15, 21);
+              }),
+              "");
     EXPECT_TRUE(sliced.frames().complete());
     EXPECT_TRUE(sliced.frames().running());
     EXPECT_EQ(sliced.all(), whole.all());
@@ -37,7 +38,7 @@ TEST(AnimateSlices, SlicesMakeTheFramesOfAWholeBuild) {
 }
 
 TEST(AnimateSlices, ASliceEndsWithTheGrid) {
-  Sea sea(oblique);
+  AnimatedSea sea(oblique);
   sea.init();
   sea.slice(19, 0xFFFFFFFF);
   EXPECT_EQ(sea.frames().progress(), 2.0 / 21.0);
@@ -47,8 +48,8 @@ TEST(AnimateSlices, ASliceEndsWithTheGrid) {
   EXPECT_EQ(sea.frames().progress(), 2.0 / 21.0);
 }
 
-TEST(AnimateSlices, NothingIsSlicedBeforeInit) {
-  Sea sea(oblique);
+TEST(AnimateSlices, ASliceBeforeInitIsRefused) {
+  AnimatedSea sea(oblique);
   EXPECT_EQ(slice_refusal(sea, 0, 1), "animate not initialised");
   GridText grid;
   grid.x_max = -1.0;
@@ -56,8 +57,8 @@ TEST(AnimateSlices, NothingIsSlicedBeforeInit) {
   EXPECT_EQ(slice_refusal(sea, 0, 1), "animate not initialised");
 }
 
-TEST(AnimateSlices, AStopEndsThemAndTheNextInitBeginsAnew) {
-  Sea sea(oblique);
+TEST(AnimateSlices, AStopEndsThemAndTheNextInitStartsAgain) {
+  AnimatedSea sea(oblique);
   sea.init();
   sea.slice(0, 3);
   sea.frames().stop();
@@ -72,8 +73,8 @@ TEST(AnimateSlices, AStopEndsThemAndTheNextInitBeginsAnew) {
   EXPECT_TRUE(sea.frames().complete());
 }
 
-TEST(AnimateSlices, AfterAWholeBuildASliceFindsNothingGoingOn) {
-  Sea sea(oblique);
+TEST(AnimateSlices, ASliceAfterAWholeBuildDoesNothing) {
+  AnimatedSea sea(oblique);
   sea.init();
   sea.build();
   const auto before = sea.all();
@@ -83,7 +84,7 @@ TEST(AnimateSlices, AfterAWholeBuildASliceFindsNothingGoingOn) {
 }
 
 TEST(AnimateSlices, ASecondInitKeepsTheFrames) {
-  Sea sea(oblique);
+  AnimatedSea sea(oblique);
   sea.init();
   sea.slice(0, 21);
   const auto before = sea.all();
@@ -94,7 +95,7 @@ TEST(AnimateSlices, ASecondInitKeepsTheFrames) {
   EXPECT_EQ(sea.frames().size(1), 21u);
   EXPECT_EQ(sea.frames().progress(), 1.0);
 
-  // The new grid is used with the old frames, as far as they go.
+  // The new grid is used with the old frames, as far as they reach.
   sea.slice(20, 21);
   EXPECT_EQ(slice_refusal(sea, 20, 22), "Error x >= x_lim");
   GridText rows;
@@ -104,14 +105,13 @@ TEST(AnimateSlices, ASecondInitKeepsTheFrames) {
   GridText fast;
   fast.rate = 20.0;
   sea.init(fast);
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(slice_refusal(sea, 0, 1), "Error vec.size() != t_lim");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "vec.size() 200 t_lim 100\n");
+  EXPECT_EQ(printed([&] { EXPECT_EQ(slice_refusal(sea, 0, 1), "Error vec.size() != t_lim"); }),
+            "vec.size() 200 t_lim 100\n");
 }
 
-TEST(AnimateSlices, ARowTooManyIsToldAfterTheRowsThatFit) {
+TEST(AnimateSlices, ATooHighRowIsRefusedAfterTheRowsThatFitAreStored) {
   for (const Given& given : {oblique, straight}) {
-    Sea sea(given);
+    AnimatedSea sea(given);
     sea.init();
     GridText rows;
     rows.y_step = 0.5;
@@ -122,23 +122,22 @@ TEST(AnimateSlices, ARowTooManyIsToldAfterTheRowsThatFit) {
 }
 
 TEST(AnimateSlices, ASingleHarmonicIsNotShortened) {
-  Sea sea({{5, {0.1, 0.3, 0.0}}});
+  AnimatedSea sea({{5, {0.1, 0.3, 0.0}}});
   sea.init();
   EXPECT_EQ(sea.frames().size(0), 100u);
   sea.slice(0, 21);
   EXPECT_TRUE(sea.frames().complete());
 
-  // Frames of a whole build are shorter, and then do not fit.
-  Sea both({{5, {0.1, 0.3, 0.0}}});
+  // The frames of a whole build are shorter, and a slice does not fit them.
+  AnimatedSea both({{5, {0.1, 0.3, 0.0}}});
   both.build();
   both.init();
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(slice_refusal(both, 0, 1), "Error vec.size() != t_lim");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "vec.size() 100 t_lim 50\n");
+  EXPECT_EQ(printed([&] { EXPECT_EQ(slice_refusal(both, 0, 1), "Error vec.size() != t_lim"); }),
+            "vec.size() 100 t_lim 50\n");
 }
 
-TEST(AnimateSlices, ASliceShowsTheFrontsOfTheMoment) {
-  Sea sea(straight);
+TEST(AnimateSlices, ASliceShowsTheCurrentFronts) {
+  AnimatedSea sea(straight);
   sea.init();
   sea.fronts.reset(sea.run.size());
   sea.slice(0, 21);
@@ -146,8 +145,8 @@ TEST(AnimateSlices, ASliceShowsTheFrontsOfTheMoment) {
   EXPECT_EQ(sea.frames().data(0), std::vector<std::int16_t>(105, 0));
 }
 
-TEST(AnimateSlices, AGridOutsideTheTankIsTold) {
-  Sea sea(oblique);
+TEST(AnimateSlices, AColumnOutsideTheTankIsRefused) {
+  AnimatedSea sea(oblique);
   GridText grid;
   grid.x_max = 41.0;
   grid.x_step = 1.0;

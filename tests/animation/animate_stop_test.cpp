@@ -1,4 +1,4 @@
-// A build that is stopped at a told place.
+// A build that is stopped at a chosen place.
 #include <iostream>
 #include <streambuf>
 #include <string>
@@ -8,11 +8,11 @@
 
 namespace {
 
+using Testing::AnimatedSea;
 using Testing::GridText;
-using Testing::Sea;
 using Testing::thrown;
 
-// Takes what is written, and stops a build at the end of a line.
+// Collects what is written, and stops a build at the end of a given line.
 class StoppingBuffer : public std::streambuf {
  public:
   StoppingBuffer(Synthesis::AnimationFrames& frames, int lines) : frames_(frames), lines_(lines) {}
@@ -30,8 +30,8 @@ class StoppingBuffer : public std::streambuf {
   std::string text_;
 };
 
-TEST(AnimateStop, AStopBetweenFrontsEndsTheBuildInSilence) {
-  Sea sea({{5, {0.1, 0.25, 0.0}}, {5, {0.1, 0.75, 0.0}}, {7, {0.1, 0.5, 0.0}}});
+TEST(AnimateStop, AStopBetweenFrontsEndsTheBuildWithoutAFailure) {
+  AnimatedSea sea({{5, {0.1, 0.25, 0.0}}, {5, {0.1, 0.75, 0.0}}, {7, {0.1, 0.5, 0.0}}});
   Base::Params params = GridText{}.params();
   // After the first front of the second column, or the last one.
   for (const auto& [lines, last] :
@@ -42,11 +42,11 @@ TEST(AnimateStop, AStopBetweenFrontsEndsTheBuildInSilence) {
     const std::string failure =
         thrown([&] { sea.animate.build(sea.fronts, sea.tank(), sea.run, params); });
     std::cout.rdbuf(shown);
-    EXPECT_EQ(failure, "(nothing thrown)");
+    EXPECT_EQ(failure, Testing::nothing_thrown);
     EXPECT_EQ(written.text(), std::string("0.25\n0.75\n0.5\n") + last);
     EXPECT_FALSE(sea.frames().running());
     EXPECT_EQ(sea.frames().size(0), 0u);
-    // The column before is there, and no other.
+    // Only the first column is stored.
     const std::vector<std::int16_t>& frame = sea.frames().data(0);
     EXPECT_NE(frame[4], 0);
     EXPECT_EQ(std::vector<std::int16_t>(frame.begin() + 5, frame.end()),

@@ -7,36 +7,30 @@
 
 namespace {
 
+using Testing::AnimatedSea;
+using Testing::Given;
 using Testing::GridText;
-using Testing::Sea;
 using Testing::SiteText;
+using Testing::sloping_site;
 
 constexpr double two_pi = 2.0 * std::numbers::pi;
 
 // Counts of a height, not rounded.
 double counts(double height) { return height / 4.0 * 32767.0; }
 
-SiteText sloping() {
-  SiteText text;
-  text.x_high = 30.0;
-  text.breaks = {5.0};
-  text.depths = {"1@m", "1-($[m]-5)*0.02@m"};
-  return text;
-}
-
-std::vector<Synthesis::Front> displayed(const Sea& sea) {
+std::vector<Synthesis::Front> displayed(const AnimatedSea& sea) {
   std::vector<Synthesis::Front> fronts;
   sea.fronts.display_fronts(fronts, sea.run);
   return fronts;
 }
 
-// Fronts at all harmonics and in all directions, also backwards.
-std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> wild_sea() {
-  std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> fronts;
+// Three fronts per harmonic in many directions, one of them backwards.
+Given wild_sea() {
+  Given fronts;
   for (std::uint64_t h = 1; h <= 20; ++h) {
     for (int i = 0; i < 3; ++i) {
       const double s = static_cast<double>(h) + 0.31 * i;
-      // Steeper than 0.8 rad and deeper water would turn a wave back.
+      // No more than 0.8 rad, so that no wave is turned back.
       const double angle = 0.8 * std::sin(7.0 * s) + (i == 2 ? std::numbers::pi : 0.0);
       fronts.push_back({h, {0.06 * std::sin(3.0 * s), angle, 3.0 * std::cos(5.0 * s)}});
     }
@@ -44,8 +38,8 @@ std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> wild_sea() {
   return fronts;
 }
 
-// Whether every sample that is looked at is the rounded sum of the fronts.
-void expect_sum(Sea& sea, const GridText& grid) {
+// Expects the samples to be the rounded sums of the fronts; looks at some of them.
+void expect_sum(AnimatedSea& sea, const GridText& grid) {
   const std::vector<Synthesis::Front> fronts = displayed(sea);
   const std::uint32_t columns = sea.frames().size(1);
   const std::uint32_t rows = sea.frames().size(2);
@@ -53,10 +47,11 @@ void expect_sum(Sea& sea, const GridText& grid) {
   const double y_step = (grid.y_max - grid.y_min) / (rows - 1);
   double peak = 0.0;
   for (std::uint32_t ix = 0; ix < columns; ix += 3) {
+    const auto arrivals = Testing::arrivals(sea.tank(), fronts, ix * x_step + grid.x_min);
     for (std::uint32_t iy = 0; iy < rows; iy += 2) {
       for (std::uint32_t t = 0; t < 100; t += 9) {
-        const double expected = counts(Testing::surface(
-            sea.tank(), fronts, ix * x_step + grid.x_min, iy * y_step + grid.y_min, t / 10.0));
+        const double y = iy * y_step + grid.y_min;
+        const double expected = counts(Testing::surface(arrivals, y, t / 10.0));
         const double found = sea.frames().data(t)[rows * ix + iy];
         // Half a count of rounding.
         EXPECT_NEAR(found, expected, 0.5 + 1e-6) << ix << " " << iy << " " << t;
@@ -69,7 +64,7 @@ void expect_sum(Sea& sea, const GridText& grid) {
 }
 
 TEST(AnimateSurface, EveryPointIsTheSumOfTheFrontsOverAFlatBottom) {
-  Sea sea(wild_sea());
+  AnimatedSea sea(wild_sea());
   GridText grid;
   grid.y_step = 0.05;  // more rows than a block has
   sea.build(grid);
@@ -78,7 +73,7 @@ TEST(AnimateSurface, EveryPointIsTheSumOfTheFrontsOverAFlatBottom) {
 }
 
 TEST(AnimateSurface, EveryPointIsTheSumOfTheFrontsOverASlope) {
-  Sea sea(wild_sea(), sloping());
+  AnimatedSea sea(wild_sea(), sloping_site());
   GridText grid;
   grid.x_max = 30.0;
   grid.y_min = 3.0;
@@ -88,9 +83,9 @@ TEST(AnimateSurface, EveryPointIsTheSumOfTheFrontsOverASlope) {
 }
 
 TEST(AnimateSurface, AStraightSeaIsTheSumOfItsFronts) {
-  std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>> fronts = wild_sea();
+  Given fronts = wild_sea();
   for (auto& [slot, front] : fronts) front.angle = 0.0;
-  Sea sea(fronts, sloping());
+  AnimatedSea sea(fronts, sloping_site());
   GridText grid;
   grid.x_max = 30.0;
   sea.build(grid);
@@ -99,7 +94,7 @@ TEST(AnimateSurface, AStraightSeaIsTheSumOfItsFronts) {
 
 TEST(AnimateSurface, TheAxisMayLieOutsideTheGrid) {
   for (const double y_min : {-9.0, 1.0, -8.02}) {
-    Sea sea(wild_sea());
+    AnimatedSea sea(wild_sea());
     GridText grid;
     grid.x_step = 2.0;
     grid.y_step = 0.1;
@@ -112,11 +107,11 @@ TEST(AnimateSurface, TheAxisMayLieOutsideTheGrid) {
   }
 }
 
-TEST(AnimateSurface, ACrestOfHalfACountOnTheAxisGoesAwayFromZero) {
+TEST(AnimateSurface, HalfACountIsRoundedAwayFromZero) {
   // Two metres are 16383.5 counts.
   for (const double y_min : {-2.0, -9.0, 0.0}) {
-    for (double angle = -0.75; angle < 0.8; angle += 0.05) {
-      Sea sea({{5, {1.0, angle, 0.0}}, {8, {1.0, -angle, 0.0}}});
+    for (double angle = -0.75; angle < 0.8; angle += 0.15) {
+      AnimatedSea sea({{5, {1.0, angle, 0.0}}, {8, {1.0, -angle, 0.0}}});
       GridText grid;
       grid.x_step = 5.0;
       grid.y_step = 0.1;
@@ -128,10 +123,10 @@ TEST(AnimateSurface, ACrestOfHalfACountOnTheAxisGoesAwayFromZero) {
   }
 }
 
-TEST(AnimateSurface, AWaveOverDeepWaterRunsAtItsPhaseSpeed) {
+TEST(AnimateSurface, AWaveOverDeepWaterTravelsAtItsPhaseSpeed) {
   SiteText text;
   text.depths = {"30@m"};
-  Sea sea({{10, {1.0, 0.0, 0.0}}, {11, {1e-9, 0.0, 0.0}}}, text);
+  AnimatedSea sea({{10, {1.0, 0.0, 0.0}}, {11, {1e-9, 0.0, 0.0}}}, text);
   GridText grid;
   grid.rate = 20.0;
   grid.x_step = 9.81 / two_pi / 4;  // a quarter of the wave of 1 s
@@ -145,22 +140,18 @@ TEST(AnimateSurface, AWaveOverDeepWaterRunsAtItsPhaseSpeed) {
   }
 }
 
-// The cycle that is left of n samples when the primes up to 11 which they share with the slot plus
-// the lowest harmonic are taken out.
-std::uint32_t short_cycle(std::uint32_t n, std::uint64_t shared) {
-  for (const std::uint32_t prime : {2u, 3u, 5u, 7u, 11u}) {
-    for (; n % prime == 0 && shared % prime == 0; shared /= prime) n /= prime;
-  }
-  return n;
-}
+struct Cycle {
+  std::uint64_t slot;
+  std::uint32_t samples;
+};
 
 TEST(AnimateSurface, ASingleHarmonicHasAShortCycle) {
-  // The lowest harmonic is 1, and what the slot above shares with 100 samples leaves the cycle:
-  // not always one that holds the wave.
-  for (const std::uint64_t slot : {5u, 9u, 12u, 13u, 19u}) {
-    Sea sea({{slot, {1.0, 0.4, 0.3}}});
+  // Of 100 samples, 2 * 2 * 5 * 5, those primes are divided out which the sum of the slot and the
+  // lowest harmonic, 1, has as well: 6, 10, 13, 14 and 20. The cycle does not always fit the wave.
+  for (const auto& [slot, cycle] :
+       {Cycle{5, 50}, Cycle{9, 10}, Cycle{12, 100}, Cycle{13, 50}, Cycle{19, 5}}) {
+    AnimatedSea sea({{slot, {1.0, 0.4, 0.3}}});
     sea.build();
-    const std::uint32_t cycle = short_cycle(100, slot + 1);
     ASSERT_EQ(sea.frames().size(0), cycle);
     const std::uint32_t bin = static_cast<std::uint32_t>(slot) / (100 / cycle);
     const double k = Testing::wave_number(two_pi * static_cast<double>(slot) / 10.0, 1.0);
@@ -177,8 +168,9 @@ TEST(AnimateSurface, ASingleHarmonicHasAShortCycle) {
 }
 
 TEST(AnimateSurface, ACycleThatFitsTheHarmonicRepeatsTheWave) {
-  // Harmonics 10 to 20 allowed: slot 20 plus 10 shares 10 with 100 samples, and so does the slot.
-  Sea sea({{20, {1.0, 0.0, 0.0}}});
+  // With harmonics 10 to 20, the sum of slot and lowest harmonic is 30, which shares 10 with the
+  // 100 samples. So does the slot.
+  AnimatedSea sea({{20, {1.0, 0.0, 0.0}}});
   sea.run.init(10.0, 100.0, 1.0, 2.0, false);
   sea.build();
   ASSERT_EQ(sea.frames().size(0), 10u);

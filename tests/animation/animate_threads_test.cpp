@@ -10,17 +10,23 @@ namespace {
 
 using Testing::Given;
 using Testing::GridText;
+using Testing::printed;
 
 const Given sea = {{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {20, {0.1, 0.1, 1.0}}};
 
-GridText small_grid() {
+// Eleven columns.
+Base::Params small_grid() {
   GridText grid;
-  grid.y_step = 0.1;
   grid.x_step = 1.0;
-  return grid;
+  grid.y_step = 0.25;
+  return grid.params();
 }
 
-// Builds over and over in a thread of its own, and takes part in nothing else.
+// Each meeting of the threads is repeated, at moments that move on through a build.
+constexpr int rounds = 40;
+double moment(int round) { return static_cast<double>(round) / rounds; }
+
+// Calls `build` a number of times in a second thread.
 class Builder {
  public:
   template <typename Build>
@@ -28,7 +34,7 @@ class Builder {
       : thread_([this, times, build] {
           for (int i = 0; i < times; ++i) {
             const std::string text = Testing::thrown(build);
-            if (text != "(nothing thrown)" && text != "Animate Cancelled" &&
+            if (text != Testing::nothing_thrown && text != "Animate Cancelled" &&
                 text != "animate not initialised") {
               unexpected = text;
             }
@@ -45,122 +51,123 @@ class Builder {
 };
 
 TEST(AnimateThreads, AWatcherSeesProgressRiseFromZeroToOne) {
-  testing::internal::CaptureStdout();
-  for (int i = 0; i < 200; ++i) {
-    Testing::BuiltRun run(Testing::SiteText{}, sea);
-    Base::Params params = small_grid().params();
-    Builder builder(1, [&] { run.definition.animate_build(params); });
-    double last = 0.0;
-    while (!builder.done) {
-      const bool ready = run.definition.animate_ready();
-      const double progress = run.definition.animate_progress();
-      ASSERT_GE(progress, last);
-      ASSERT_LE(progress, 1.0);
-      // What was ready before stays so.
-      ASSERT_TRUE(!ready || progress == 1.0);
-      ASSERT_TRUE(progress < 1.0 || run.definition.animate_ready());
-      last = progress;
+  printed([&] {
+    for (int i = 0; i < rounds; ++i) {
+      Testing::BuiltRun run(Testing::SiteText{}, sea);
+      Base::Params params = small_grid();
+      Builder builder(1, [&] { run.definition.animate_build(params); });
+      double last = 0.0;
+      while (!builder.done) {
+        const bool ready = run.definition.animate_ready();
+        const double progress = run.definition.animate_progress();
+        ASSERT_GE(progress, last);
+        ASSERT_LE(progress, 1.0);
+        // What was ready before stays so.
+        ASSERT_TRUE(!ready || progress == 1.0);
+        ASSERT_TRUE(progress < 1.0 || run.definition.animate_ready());
+        last = progress;
+        std::this_thread::yield();
+      }
+      ASSERT_TRUE(run.definition.animate_ready());
+      ASSERT_EQ(run.definition.animate_progress(), 1.0);
+      ASSERT_EQ(builder.unexpected, "");
     }
-    ASSERT_TRUE(run.definition.animate_ready());
-    ASSERT_EQ(run.definition.animate_progress(), 1.0);
-    ASSERT_EQ(builder.unexpected, "");
-  }
-  testing::internal::GetCapturedStdout();
+  });
 }
 
-TEST(AnimateThreads, AFrameIsCompleteOnceAWatcherHearsOfIt) {
-  testing::internal::CaptureStdout();
-  Testing::BuiltRun reference(Testing::SiteText{}, sea);
-  Base::Params same = small_grid().params();
-  reference.definition.animate_build(same);
-  for (int i = 0; i < 100; ++i) {
-    Testing::BuiltRun run(Testing::SiteText{}, sea);
-    Base::Params params = small_grid().params();
-    Builder builder(1, [&] { run.definition.animate_build(params); });
-    while (!run.definition.animate_ready()) {
+TEST(AnimateThreads, FramesAreCompleteOnceTheyAreReady) {
+  printed([&] {
+    Testing::BuiltRun reference(Testing::SiteText{}, sea);
+    Base::Params same = small_grid();
+    reference.definition.animate_build(same);
+    for (int i = 0; i < rounds; ++i) {
+      Testing::BuiltRun run(Testing::SiteText{}, sea);
+      Base::Params params = small_grid();
+      Builder builder(1, [&] { run.definition.animate_build(params); });
+      while (!run.definition.animate_ready()) std::this_thread::yield();
+      ASSERT_EQ(run.definition.animate_data(99), reference.definition.animate_data(99));
     }
-    ASSERT_EQ(run.definition.animate_data(99), reference.definition.animate_data(99));
-  }
-  testing::internal::GetCapturedStdout();
+  });
 }
 
-TEST(AnimateThreads, ASecondBuildShowsTheEndOfTheFirstAndThenItsOwnProgress) {
-  testing::internal::CaptureStdout();
-  Testing::BuiltRun run(Testing::SiteText{}, sea);
-  Base::Params params = small_grid().params();
-  run.definition.animate_build(params);
-  for (int i = 0; i < 200; ++i) {
-    Builder builder(1, [&] { run.definition.animate_build(params); });
-    double last = 1.0;
-    int falls = 0;
-    while (!builder.done) {
-      const double progress = run.definition.animate_progress();
-      falls += progress < last ? 1 : 0;
-      last = progress;
+TEST(AnimateThreads, ProgressFallsOnceWhenASecondBuildStarts) {
+  printed([&] {
+    Testing::BuiltRun run(Testing::SiteText{}, sea);
+    Base::Params params = small_grid();
+    run.definition.animate_build(params);
+    for (int i = 0; i < rounds; ++i) {
+      Builder builder(1, [&] { run.definition.animate_build(params); });
+      double last = 1.0;
+      int falls = 0;
+      while (!builder.done) {
+        const double progress = run.definition.animate_progress();
+        falls += progress < last ? 1 : 0;
+        last = progress;
+        std::this_thread::yield();
+      }
+      ASSERT_LE(falls, 1);
+      ASSERT_TRUE(run.definition.animate_ready());
     }
-    ASSERT_LE(falls, 1);
-    ASSERT_TRUE(run.definition.animate_ready());
-  }
-  testing::internal::GetCapturedStdout();
+  });
 }
 
 TEST(AnimateThreads, AStopEndsAWholeBuild) {
-  testing::internal::CaptureStdout();
-  Testing::BuiltRun run(Testing::SiteText{}, sea);
-  Base::Params params = small_grid().params();
-  for (int i = 0; i < 300; ++i) {
-    {
-      Builder builder(1, [&] { run.definition.animate_build(params); });
-      // One that comes before the build has begun is lost, so it is told again.
-      while (!builder.done) {
-        if (run.definition.animate_progress() > 0.01 * (i % 50)) run.definition.animate_stop();
+  printed([&] {
+    Testing::BuiltRun run(Testing::SiteText{}, sea);
+    Base::Params params = small_grid();
+    for (int i = 0; i < rounds; ++i) {
+      {
+        Builder builder(1, [&] { run.definition.animate_build(params); });
+        // A stop before the build has begun is lost, so it is repeated.
+        while (!builder.done) {
+          if (run.definition.animate_progress() > moment(i)) run.definition.animate_stop();
+          std::this_thread::yield();
+        }
+        ASSERT_EQ(builder.unexpected, "");
       }
-      ASSERT_EQ(builder.unexpected, "");
+      run.definition.animate_stop();
+      ASSERT_EQ(run.definition.animate_progress(), 0.0);
+      ASSERT_FALSE(run.definition.animate_ready());
+      ASSERT_EQ(run.definition.animate_size(0), 0u);
     }
-    run.definition.animate_stop();
-    ASSERT_EQ(run.definition.animate_progress(), 0.0);
-    ASSERT_FALSE(run.definition.animate_ready());
-    ASSERT_EQ(run.definition.animate_size(0), 0u);
-  }
-  testing::internal::GetCapturedStdout();
+  });
 }
 
 TEST(AnimateThreads, AStopAtAnyMomentLeavesNothingReady) {
-  testing::internal::CaptureStdout();
-  Testing::BuiltRun run(Testing::SiteText{}, sea);
-  Base::Params params = small_grid().params();
-  std::atomic<int> round{0};
-  for (int i = 0; i < 300; ++i) {
-    run.definition.animate_free();
-    {
-      Builder builder(1, [&] {
-        round = i + 1;
-        run.definition.animate_init(params);
-      });
-      while (round <= i) {
+  printed([&] {
+    Testing::BuiltRun run(Testing::SiteText{}, sea);
+    Base::Params params = small_grid();
+    std::atomic<int> round{0};
+    for (int i = 0; i < rounds; ++i) {
+      run.definition.animate_free();
+      {
+        Builder builder(1, [&] {
+          round = i + 1;
+          run.definition.animate_init(params);
+        });
+        while (round <= i) std::this_thread::yield();
+        for (int wait = 0; wait < 20 * i; ++wait) round.load();
+        run.definition.animate_stop();
+        // Either the stop came first and is lost, or there is nothing ready.
       }
-      for (int wait = 0; wait < i; ++wait) round.load();
+      const bool lost = run.definition.animate_size(0) != 0;
+      if (!lost) {
+        ASSERT_EQ(Testing::thrown([&] { run.definition.animate_build_slice(0, 1); }),
+                  "animate not initialised");
+      } else {
+        ASSERT_EQ(run.definition.animate_size(0), 100u);
+        run.definition.animate_build_slice(0, 1);
+        ASSERT_GT(run.definition.animate_progress(), 0.0);
+      }
       run.definition.animate_stop();
-      // Either the stop came first and is lost, or there is nothing ready.
     }
-    const bool lost = run.definition.animate_size(0) != 0;
-    if (!lost) {
-      ASSERT_EQ(Testing::thrown([&] { run.definition.animate_build_slice(0, 1); }),
-                "animate not initialised");
-    } else {
-      ASSERT_EQ(run.definition.animate_size(0), 100u);
-      run.definition.animate_build_slice(0, 1);
-      ASSERT_GT(run.definition.animate_progress(), 0.0);
-    }
-    run.definition.animate_stop();
-  }
-  testing::internal::GetCapturedStdout();
+  });
 }
 
 TEST(AnimateThreads, SlicesAreWatchedAndStopped) {
   Testing::BuiltRun run(Testing::SiteText{}, sea);
-  Base::Params params = small_grid().params();
-  for (int i = 0; i < 200; ++i) {
+  Base::Params params = small_grid();
+  for (int i = 0; i < rounds; ++i) {
     run.definition.animate_init(params);
     std::uint32_t column = 0;
     Builder builder(11, [&] {
@@ -168,8 +175,9 @@ TEST(AnimateThreads, SlicesAreWatchedAndStopped) {
       ++column;
     });
     while (!builder.done) {
-      if (run.definition.animate_progress() > 0.02 * (i % 60)) run.definition.animate_stop();
+      if (run.definition.animate_progress() > moment(i)) run.definition.animate_stop();
       run.definition.animate_ready();
+      std::this_thread::yield();
     }
     ASSERT_EQ(builder.unexpected, "");
     run.definition.animate_stop();

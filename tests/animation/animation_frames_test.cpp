@@ -1,4 +1,4 @@
-// The store of frames: encoding, the order of refusals, progress, stopping.
+// Storing frames: the encoding, the order of refusals, progress and stopping.
 #include "animation/animation_frames.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,8 @@
 #include <vector>
 
 #include "animation/surface_code.h"
-#include "support/test_site.h"
+#include "support/output.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -20,12 +21,12 @@ using Testing::thrown;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// One row's samples.
+// The series of one row.
 Synthesis::SeriesBlock row(const std::vector<std::int16_t>& samples) {
   return {samples.data(), samples.size(), samples.size(), 1};
 }
 
-// Frames of 2 columns, 3 rows and 4 moments, in a build that goes on.
+// Frames of 2 columns, 3 rows and 4 moments, in a running build.
 struct SmallFrames {
   SmallFrames() {
     frames.begin();
@@ -54,7 +55,7 @@ TEST(SurfaceCode, HalvesGoAwayFromZero) {
   EXPECT_EQ(surface_code(-2.0), -16384);
 }
 
-TEST(SurfaceCode, HigherWavesWrapRound) {
+TEST(SurfaceCode, HigherWavesWrapAround) {
   EXPECT_EQ(surface_code(4.0002), 32769 - 65536);
   EXPECT_EQ(surface_code(-4.0002), -32769 + 65536);
   EXPECT_EQ(surface_code(8.0), 65534 - 65536);
@@ -63,7 +64,7 @@ TEST(SurfaceCode, HigherWavesWrapRound) {
   EXPECT_EQ(surface_code(-4e6), static_cast<std::int16_t>(-32767000000LL & 0xFFFF));
 }
 
-TEST(SurfaceCode, WhatIsNoNumberIsFlat) {
+TEST(SurfaceCode, NonFiniteAndHugeHeightsAreFlat) {
   EXPECT_EQ(surface_code(std::numeric_limits<double>::quiet_NaN()), 0);
   EXPECT_EQ(surface_code(infinity), 0);
   EXPECT_EQ(surface_code(-infinity), 0);
@@ -110,7 +111,7 @@ TEST(AnimationFrames, ABlockFillsNeighbouringRows) {
   EXPECT_EQ(small.frames.progress(), 5.0 / 6.0);
 }
 
-TEST(AnimationFrames, RefusalsComeInTheirOrder) {
+TEST(AnimationFrames, RefusalsComeInOrder) {
   AnimationFrames frames;
   const std::vector<std::int16_t> wrong(5);
   const auto add = [&](std::uint32_t x, std::uint32_t y) {
@@ -122,15 +123,14 @@ TEST(AnimationFrames, RefusalsComeInTheirOrder) {
   frames.setup(2, 3, 4);
   EXPECT_EQ(add(2, 3), "Error x >= x_lim");
   EXPECT_EQ(add(1, 3), "Error y >= y_lim");
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(add(1, 2), "Error vec.size() != t_lim");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "vec.size() 5 t_lim 4\n");
+  EXPECT_EQ(Testing::printed([&] { EXPECT_EQ(add(1, 2), "Error vec.size() != t_lim"); }),
+            "vec.size() 5 t_lim 4\n");
   EXPECT_EQ(frames.progress(), 0.0);
   frames.stop();
   EXPECT_EQ(add(9, 9), "Animate Cancelled");
 }
 
-TEST(AnimationFrames, RowsBeforeTheFirstThatDoesNotFitAreStored) {
+TEST(AnimationFrames, RowsBeforeOneThatDoesNotFitAreStored) {
   SmallFrames small;
   EXPECT_EQ(thrown([&] {
               small.frames.add_series(0, 1, {small.series.data(), 4, 0, 3});
@@ -155,17 +155,17 @@ TEST(AnimationFrames, ProgressRunsFromZeroToOne) {
   }
   EXPECT_EQ(frames.progress(), 1.0);
   EXPECT_TRUE(frames.complete());
-  // What is added again counts again, and is not shown.
+  // A series that is added again is counted again, but not above 1.
   frames.add_series(0, 0, row(series));
   EXPECT_EQ(frames.progress(), 1.0);
   EXPECT_TRUE(frames.complete());
-  // New frames over the old ones begin at 0.
+  // New frames start at 0.
   frames.setup(2, 2, 1);
   EXPECT_EQ(frames.progress(), 0.0);
   EXPECT_FALSE(frames.complete());
 }
 
-TEST(AnimationFrames, SizesAreToldByNumber) {
+TEST(AnimationFrames, SizesAreReadByNumber) {
   SmallFrames small;
   EXPECT_EQ(small.frames.size(AnimationFrames::t_size), 4u);
   EXPECT_EQ(small.frames.size(0), 4u);
@@ -187,7 +187,7 @@ TEST(AnimationFrames, AStopLeavesTheFramesInMemory) {
   EXPECT_EQ(small.frames.data(3)[0], 4);
 }
 
-TEST(AnimationFrames, ReleaseLeavesTheBuildGoingOn) {
+TEST(AnimationFrames, ReleaseLeavesTheBuildRunning) {
   SmallFrames small;
   small.frames.release();
   EXPECT_TRUE(small.frames.running());
@@ -199,7 +199,7 @@ TEST(AnimationFrames, ReleaseLeavesTheBuildGoingOn) {
             "Adding a time series to uninitialised animation object");
 }
 
-TEST(AnimationFrames, AFrameThatIsNotThereIsTold) {
+TEST(AnimationFrames, AFrameBeyondTheLastIsRefused) {
   SmallFrames small;
   EXPECT_EQ(small.frames.data(3).size(), 6u);
   EXPECT_EQ(thrown([&] { small.frames.data(4); }), "invalid vector<T> subscript");
@@ -212,7 +212,7 @@ TEST(AnimationFrames, NoFramesAreMadeOnceStopped) {
   EXPECT_FALSE(frames.ready());
   EXPECT_EQ(thrown([&] { frames.data(0); }), "invalid vector<T> subscript");
 
-  // Frames that were there go, and stay ready in name; nothing is written where they were.
+  // Old frames are freed but still reported as ready. Nothing is written into them.
   SmallFrames small;
   small.frames.end();
   small.frames.setup(2, 3, 4);
@@ -223,7 +223,7 @@ TEST(AnimationFrames, NoFramesAreMadeOnceStopped) {
             "Adding a time series to uninitialised animation object");
 }
 
-TEST(AnimationFrames, TooLargeARequestFailsAsAnAllocationAndLeavesWhatWasThere) {
+TEST(AnimationFrames, ATooLargeRequestFailsAsAnAllocationAndKeepsTheFrames) {
   SmallFrames small;
   small.frames.add_series(0, 0, row(small.series));
   // 2^46 bytes and more, which no machine has.

@@ -1,4 +1,4 @@
-// The hot sum over a column, against the same sum written out point by point.
+// The fast sum over a column against a plain sum, front by front.
 #include "animation/column_surface.h"
 
 #include <gtest/gtest.h>
@@ -31,17 +31,26 @@ std::vector<ColumnFront> sea(std::size_t bins, std::size_t fronts_per_bin) {
   return fronts;
 }
 
-// The height at one row and sample, front by front.
-double height(const std::vector<ColumnFront>& fronts, double y, std::size_t t,
-              std::size_t samples) {
-  double sum = 0.0;
+// The heights of a row, front by front.
+std::vector<double> heights(const std::vector<ColumnFront>& fronts, double y, std::size_t samples) {
+  std::vector<double> cosines(samples);
+  std::vector<double> sines(samples);
+  for (std::size_t i = 0; i < samples; ++i) {
+    const double turn = two_pi * static_cast<double>(i) / static_cast<double>(samples);
+    cosines[i] = std::cos(turn);
+    sines[i] = std::sin(turn);
+  }
+  std::vector<double> sum(samples);
   for (const ColumnFront& front : fronts) {
     if (2 * front.bin > samples) continue;
     const double psi = front.phase - (y * front.ky + front.lag);
-    const double turn =
-        two_pi * static_cast<double>(front.bin * t % samples) / static_cast<double>(samples);
-    // At half the sampling rate the sum holds the real part alone, as everywhere.
-    sum += front.amp * (std::cos(psi) * std::cos(turn) - std::sin(psi) * std::sin(turn));
+    const double re = front.amp * std::cos(psi);
+    const double im = front.amp * std::sin(psi);
+    // At half the sampling rate every sine is 0, so that only the real part counts.
+    for (std::size_t t = 0; t < samples; ++t) {
+      const std::size_t i = front.bin * t % samples;
+      sum[t] += re * cosines[i] - im * sines[i];
+    }
   }
   return sum;
 }
@@ -69,10 +78,10 @@ TEST(ColumnSurface, EveryRowIsTheSumOfItsFronts) {
       for (std::uint32_t row = 0; row < rows; ++row) {
         const std::vector<double>& series = surface.series(row);
         ASSERT_EQ(series.size(), c.samples);
+        const std::vector<double> expected = heights(fronts, axis.at(first + row), c.samples);
         for (std::size_t t = 0; t < c.samples; ++t) {
-          const double expected = height(fronts, axis.at(first + row), t, c.samples);
-          peak = std::max(peak, std::abs(expected));
-          worst = std::max(worst, std::abs(series[t] - expected));
+          peak = std::max(peak, std::abs(expected[t]));
+          worst = std::max(worst, std::abs(series[t] - expected[t]));
         }
       }
     }
@@ -80,7 +89,7 @@ TEST(ColumnSurface, EveryRowIsTheSumOfItsFronts) {
   }
 }
 
-TEST(ColumnSurface, ABlockForgetsTheOneBefore) {
+TEST(ColumnSurface, ABlockStartsFromZero) {
   const GridAxis axis{0.0, 10.0, 1.0, 11};
   ColumnSurface surface(50, 11, 20);
   surface.sum(sea(20, 2), axis, 0, 11);
@@ -90,17 +99,21 @@ TEST(ColumnSurface, ABlockForgetsTheOneBefore) {
   }
 }
 
-TEST(ColumnSurface, HarmonicsAboveHalfTheSamplingRateAreLeftOut) {
+TEST(ColumnSurface, HarmonicsAboveHalfTheSamplingRateAreIgnored) {
   const GridAxis axis{0.0, 0.0, 0.0, 1};
   ColumnSurface surface(10, 1, 9);
   surface.sum({{6, 1.0, 0.0, 0.0, 0.0}, {8, 1.0, 0.0, 0.0, 0.0}}, axis, 0, 1);
   EXPECT_EQ(surface.series(0), std::vector<double>(10, 0.0));
 }
 
+// So that the memory of a block does not grow with the cycle.
 TEST(ColumnSurface, LongCyclesHaveSmallBlocks) {
-  EXPECT_EQ(ColumnSurface(4096, 200, 100).block_rows(), 64u);
-  EXPECT_EQ(ColumnSurface(1 << 19, 200, 100).block_rows(), 2u);
-  EXPECT_EQ(ColumnSurface(1 << 21, 200, 100).block_rows(), 1u);
+  EXPECT_GT(ColumnSurface(4096, 200, 100).block_rows(), 1u);
+  for (const std::uint32_t samples : {1u << 18, 1u << 19, 1u << 21}) {
+    const std::uint32_t rows = ColumnSurface(samples, 200, 100).block_rows();
+    EXPECT_GE(rows, 1u);
+    EXPECT_TRUE(rows == 1 || rows * samples <= 1u << 20) << rows << " of " << samples;
+  }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,11 +14,13 @@
 #include "base/params.h"
 #include "maths/front_set.h"
 #include "maths/run_data.h"
+#include "support/output.h"
 #include "support/test_site.h"
+#include "support/thrown.h"
 
 namespace Testing {
 
-// What an animation is asked for, in metres and Hz.
+// The parameters of an animation, in metres and Hz.
 struct GridText {
   double rate = 10.0;
   double x_step = 0.5;
@@ -38,11 +41,9 @@ struct GridText {
   }
 };
 
-// Fronts at the paddle line by harmonic, on a repeat time of 10 s with harmonics 1 to 20.
-struct Sea {
-  explicit Sea(const std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>>& given = {},
-               const SiteText& text = {})
-      : site(text) {
+// Fronts at the paddle line in a tank, with a repeat time of 10 s and harmonics 1 to 20.
+struct AnimatedSea {
+  explicit AnimatedSea(const Given& given = {}, const SiteText& text = {}) : site(text) {
     run.init(10.0, 100.0, 0.1, 2.0, false);
     fronts.reset(run.size());
     for (const auto& [slot, front] : given) fronts.slots[slot].push_back(front);
@@ -51,16 +52,18 @@ struct Sea {
   const Maths::TankConfig& tank() { return site.context().tank_config(); }
   Synthesis::AnimationFrames& frames() { return animate.frames(); }
 
-  // Each returns what was written to the standard output.
+  // Each returns what was written to the standard output. When a build fails, that is `output`.
   std::string build(Base::Params& params) {
-    testing::internal::CaptureStdout();
-    try {
-      animate.build(fronts, tank(), run, params);
-    } catch (...) {
-      printed = testing::internal::GetCapturedStdout();
-      throw;
-    }
-    return printed = testing::internal::GetCapturedStdout();
+    std::exception_ptr failure;
+    output = printed([&] {
+      try {
+        animate.build(fronts, tank(), run, params);
+      } catch (...) {
+        failure = std::current_exception();
+      }
+    });
+    if (failure) std::rethrow_exception(failure);
+    return output;
   }
   std::string build(const GridText& grid = {}) {
     Base::Params params = grid.params();
@@ -85,7 +88,7 @@ struct Sea {
   Maths::RunData run;
   Maths::FrontSet fronts;
   Synthesis::Animate animate;
-  std::string printed;
+  std::string output;
 };
 
 }  // namespace Testing
