@@ -1,4 +1,4 @@
-// Functions that hosts cannot tell apart are one function.
+// Exported functions that hosts cannot tell apart are one function.
 #include <set>
 #include <vector>
 
@@ -20,7 +20,7 @@ std::set<const void*> addresses(Functions... functions) {
 #define OF_NINE(before, after) \
   OF_SEVEN(before, after), NATIVE(before##String##after), NATIVE(before##Param##after)
 
-TEST(Aliases, AllFamiliesShareWhatDoesNotDependOnTheElement) {
+TEST(Aliases, AllFamiliesShareFunctionsThatDoNotDependOnTheElement) {
   EXPECT_EQ(addresses(OF_NINE(Kelpbox_1StdVector, _1isEmpty)).size(), 1u);
   EXPECT_EQ(addresses(OF_NINE(new_1Kelpbox_1StdVector, _1_1SWIG_10)).size(), 1u);
 }
@@ -64,7 +64,7 @@ TEST(Aliases, ElementsOfOneWidthShareReserveAndTheSizedConstructor) {
                       NATIVE(new_1Kelpbox_1StdVectorUInt_1_1SWIG_11))
                 .size(),
             1u);
-  // Strings share no more than the sizes.
+  // Strings share only the sizes.
   EXPECT_EQ(addresses(OF_NINE(Kelpbox_1StdVector, _1reserve)).size(), 6u);
   EXPECT_EQ(addresses(OF_NINE(new_1Kelpbox_1StdVector, _1_1SWIG_11)).size(), 6u);
 }
@@ -87,7 +87,7 @@ TEST(Aliases, RecordsShareTheirFields) {
       1u);
 }
 
-TEST(Aliases, RecordsShareTheirLife) {
+TEST(Aliases, RecordsShareConstructorsAndDelete) {
   EXPECT_EQ(
       addresses(NATIVE(new_1Kelpbox_1Front_1_1SWIG_11), NATIVE(new_1Kelpbox_1DisplayFront)).size(),
       1u);
@@ -115,7 +115,7 @@ TEST(Aliases, ThePlainNamesOfQueryAndSetAreTheSiteForms) {
             2u);
 }
 
-TEST(Aliases, AnAnalysisSharesItsLifeAndTheSiteWithAnExperiment) {
+TEST(Aliases, AnAnalysisSharesConstructorAndSiteWithAnExperiment) {
   EXPECT_EQ(
       addresses(NATIVE(new_1Kelpbox_1Analysis), NATIVE(new_1Kelpbox_1Experiment_1_1SWIG_10)).size(),
       1u);
@@ -130,7 +130,7 @@ TEST(Aliases, AnAnalysisSharesItsLifeAndTheSiteWithAnExperiment) {
   EXPECT_EQ(
       addresses(NATIVE(Kelpbox_1Analysis_1profile), NATIVE(Kelpbox_1Experiment_1profile)).size(),
       1u);
-  // The tank that an analysis has set waits for its next process.
+  // After its set, an analysis makes the tank only with the next process.
   EXPECT_EQ(addresses(NATIVE(Kelpbox_1Analysis_1set), NATIVE(Kelpbox_1Experiment_1set)).size(), 2u);
 }
 

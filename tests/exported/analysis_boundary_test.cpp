@@ -1,4 +1,4 @@
-// The boundary around an analysis: fixed texts, null arguments, and what its handles refer to.
+// The boundary around an analysis: fixed messages, null arguments and handles.
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -11,15 +11,17 @@
 
 namespace {
 
+using Testing::AnalysisTest;
+
 class AnalysisBoundary : public AnalysisTest {};
 
-TEST_F(AnalysisBoundary, ASecondInitialiseGivesTheFixedText) {
+TEST_F(AnalysisBoundary, ASecondInitialiseThrowsTheFixedMessage) {
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Analysis_1initialise), self, proxy,
                       TEST_ROOT "/exported/data/basin.txt"),
             uncaught("Initialise"));
 }
 
-TEST_F(AnalysisBoundary, EachGuardedOperationHasItsOwnTextBeforeInitialise) {
+TEST_F(AnalysisBoundary, EachGuardedOperationHasItsOwnMessageBeforeInitialise) {
   const jlong empty = empty_analysis();
   const jlong none = params({{"delta_x", 1, "m"}});
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Analysis_1set), empty, proxy, none, proxy), uncaught("set"));
@@ -71,9 +73,9 @@ TEST_F(AnalysisBoundary, NullReferencesAreRefusedInOrder) {
   EXPECT_EQ(add(sine(0.05)), 0);
 }
 
-TEST_F(AnalysisBoundary, ASeriesThatMemoryDoesNotHoldIsRefusedWithThePrefix) {
+TEST_F(AnalysisBoundary, ASeriesThatDoesNotFitMemoryIsRefusedWithThePrefix) {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-  GTEST_SKIP() << "sanitizers hold address space of their own, which a limit would take from them";
+  GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
 #endif
   const jlong samples = own(host.call(NATIVE(new_1Kelpbox_1StdVectorDouble_1_1SWIG_11), 8 << 20),
                             NATIVE(delete_1Kelpbox_1StdVectorDouble));
@@ -102,10 +104,7 @@ TEST_F(AnalysisBoundary, TheDataOfAProcessOutlivesItsAnalysis) {
   const jlong heights = data(made);
   jlong other = host.call(NATIVE(new_1Kelpbox_1Analysis));
   std::swap(self, other);
-  testing::internal::CaptureStdout();
-  host.call(NATIVE(Kelpbox_1Analysis_1initialise), self, proxy,
-            TEST_ROOT "/exported/data/basin.txt");
-  testing::internal::GetCapturedStdout();
+  initialise(self, TEST_ROOT "/exported/data/basin.txt");
   add(sine(0.03));
   const jlong outliving = process(group({0}), 0);
   results(outliving);
@@ -120,7 +119,7 @@ TEST_F(AnalysisBoundary, DeletingNullDoesNothing) {
   host.call(NATIVE(delete_1Kelpbox_1Analysis), 0);
 }
 
-TEST_F(AnalysisBoundary, EitherHandleTakesTheCallsOfTheOther) {
+TEST_F(AnalysisBoundary, ExperimentAndAnalysisHandlesAreInterchangeable) {
   self = basin();
   add(sine(0.05));
   EXPECT_NEAR(value(results(process(group({0}), 0)), "reg_t", "s"), 2.0, 1e-9);
@@ -136,7 +135,7 @@ TEST_F(AnalysisBoundary, EitherHandleTakesTheCallsOfTheOther) {
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), made, proxy, "run"), 0);
 }
 
-TEST_F(AnalysisBoundary, EitherDeleteEndsEitherHandle) {
+TEST_F(AnalysisBoundary, EitherDeleteFreesEitherHandle) {
   host.call(NATIVE(delete_1Kelpbox_1Experiment), host.call(NATIVE(new_1Kelpbox_1Analysis)));
   const jlong named = host.call(NATIVE(new_1Kelpbox_1Experiment_1_1SWIG_11), "monday");
   host.call(NATIVE(delete_1Kelpbox_1Analysis), named);

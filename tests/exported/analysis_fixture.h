@@ -3,31 +3,35 @@
 #define KELPBOX_TESTS_EXPORTED_ANALYSIS_FIXTURE_H_
 
 #include <cmath>
+#include <numbers>
 #include <string>
 #include <vector>
 
 #include "fixture.h"
+#include "support/output.h"
+
+namespace Testing {
 
 class AnalysisTest : public HostTest {
  protected:
-  static constexpr double pi = 3.14159265358979323846;
+  static constexpr double pi = std::numbers::pi;
 
   void SetUp() override { self = analysis(); }
 
-  // One without a site, and one that has read the basin's.
+  // Without a site, and with the basin.
   jlong empty_analysis() {
     return own(host.call(NATIVE(new_1Kelpbox_1Analysis)), NATIVE(delete_1Kelpbox_1Analysis));
   }
   jlong analysis() {
     const jlong made = empty_analysis();
-    testing::internal::CaptureStdout();
-    host.call(NATIVE(Kelpbox_1Analysis_1initialise), made, proxy,
-              TEST_ROOT "/exported/data/basin.txt");
-    testing::internal::GetCapturedStdout();
+    printed([&] {
+      host.call(NATIVE(Kelpbox_1Analysis_1initialise), made, proxy,
+                TEST_ROOT "/exported/data/basin.txt");
+    });
     return made;
   }
 
-  // A sine of 2 s from a trough on, sampled at 50 Hz for 40 s: 20 crossings, 19 waves.
+  // A sine of 2 s that starts in a trough, sampled at 50 Hz for 40 s: 20 crossings, 19 waves.
   static std::vector<double> sine(double amplitude) {
     std::vector<double> samples(2000);
     for (std::size_t j = 0; j < samples.size(); ++j) {
@@ -43,27 +47,28 @@ class AnalysisTest : public HostTest {
   jlong window(double start, double stop) {
     return params({{"start_time", start, "s"}, {"stop_time", stop, "s"}});
   }
-  // The lines of the window are caught.
   jlong group(const std::vector<jlong>& series, jlong times) {
-    testing::internal::CaptureStdout();
-    const jlong id = host.call(NATIVE(Kelpbox_1Analysis_1create_1set), self, proxy, times, proxy,
-                               uints(series), proxy);
-    printed = testing::internal::GetCapturedStdout();
+    jlong id = 0;
+    output = printed([&] {
+      id = host.call(NATIVE(Kelpbox_1Analysis_1create_1set), self, proxy, times, proxy,
+                     uints(series), proxy);
+    });
     return id;
   }
   jlong group(const std::vector<jlong>& series) { return group(series, window(0, 40)); }
 
-  // Sets the values that the site asks for, as a host has to before each process.
+  // Sets the site's tunable values, which a host must do before each process.
   void tune() {
     const jlong values = params();
     host.call(NATIVE(Kelpbox_1Analysis_1query), self, proxy, values, proxy);
     host.call(NATIVE(Kelpbox_1Analysis_1set), self, proxy, values, proxy);
   }
-  // As it is, and after `tune`. The marks are caught.
+  // Without and with `tune` before it.
   jlong create(jlong set, jlong kind) {
-    testing::internal::CaptureStdout();
-    const jlong id = host.call(NATIVE(Kelpbox_1Analysis_1create_1process), self, proxy, set, kind);
-    printed = testing::internal::GetCapturedStdout();
+    jlong id = 0;
+    output = printed([&] {
+      id = host.call(NATIVE(Kelpbox_1Analysis_1create_1process), self, proxy, set, kind);
+    });
     return id;
   }
   jlong process(jlong set, jlong kind) {
@@ -72,10 +77,10 @@ class AnalysisTest : public HostTest {
   }
 
   jlong results(jlong id, jlong settings, jlong out) {
-    testing::internal::CaptureStdout();
-    host.call(NATIVE(Kelpbox_1Analysis_1get_1results), self, proxy, id, settings, proxy, out,
-              proxy);
-    printed = testing::internal::GetCapturedStdout();
+    output = printed([&] {
+      host.call(NATIVE(Kelpbox_1Analysis_1get_1results), self, proxy, id, settings, proxy, out,
+                proxy);
+    });
     return out;
   }
   jlong results(jlong id) { return results(id, params(), params()); }
@@ -83,7 +88,8 @@ class AnalysisTest : public HostTest {
     return host.call(NATIVE(Kelpbox_1Analysis_1get_1data), self, proxy, id, params(), proxy);
   }
 
-  // What the last of these calls has thrown.
+  // What the last of these calls has thrown. Hides Testing::thrown(): failures are exceptions of
+  // the host here.
   Thrown thrown() { return host.take_thrown(); }
 
   static Thrown uncaught(const std::string& operation) {
@@ -91,7 +97,9 @@ class AnalysisTest : public HostTest {
   }
 
   jlong self = 0;
-  std::string printed;  // by the last call
+  std::string output;  // of the last call
 };
+
+}  // namespace Testing
 
 #endif  // KELPBOX_TESTS_EXPORTED_ANALYSIS_FIXTURE_H_

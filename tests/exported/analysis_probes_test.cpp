@@ -1,19 +1,24 @@
-// Records of six noisy probes on a slant, against the same work done here from its definition, and
-// how a probe that is described badly is told.
+// Records of six noisy probes on a slanting line, against a least squares fit, and how badly
+// described probes are refused.
 #include <algorithm>
 #include <array>
 #include <complex>
 #include <cstdint>
+#include <numbers>
 #include <random>
 #include <utility>
 
 #include "analysis_fixture.h"
+#include "support/test_site.h"
 
 namespace {
 
+using Testing::AnalysisTest;
+using Testing::wave_number;
+
 using Complex = std::complex<double>;
 
-const double turn = 2 * std::acos(-1.0);
+constexpr double turn = 2 * std::numbers::pi;
 constexpr double rate = 20;
 constexpr std::size_t count = 240;
 constexpr std::size_t bin = 10;  // 0.83 Hz
@@ -23,19 +28,11 @@ constexpr double depth = 1;  // of the basin as far as x = 20
 struct Probe {
   double x, y;
 };
-// In no order along the direction.
+// In no particular order along the direction.
 constexpr std::array<Probe, 6> probes = {Probe{6.0, -1.0}, {4.2, 0.5}, {5.1, 1.3},
                                          {4.0, -0.4},      {6.9, 0.2}, {4.75, 2.0}};
 
 double along(const Probe& probe) { return probe.y * std::sin(angle) + probe.x * std::cos(angle); }
-
-// The explicit first guess, and one step of Newton's from it.
-double wave_number(double frequency) {
-  const double a = std::pow(turn * frequency, 2);
-  const double k = a / 9.81 * std::pow(1 - std::exp(-std::pow(depth * a / 9.81, 1.25)), -0.4);
-  const double t = std::tanh(k * depth);
-  return k + (a - 9.81 * k * t) / (9.81 * t + 9.81 * k * depth * (1 - t * t));
-}
 
 // The one-sided amplitude of a harmonic, by its sum.
 Complex element(const std::vector<double>& samples, std::size_t harmonic) {
@@ -83,7 +80,7 @@ class AnalysisProbes : public AnalysisTest {
   jlong settings() {
     return params({{"freq", 99, "Hz"}, {"angle", angle, "rad"}, {"unread", 1, "kg"}});
   }
-  // The same three records under probes of which the last is described so.
+  // Three equal records, the last under a probe with that description.
   Thrown with_last(jlong about) {
     std::vector<jlong> ids;
     for (const double x : {4.0, 5.0}) {
@@ -103,7 +100,7 @@ TEST_F(AnalysisProbes, NoisyRecordsAreFittedByLeastSquares) {
   std::vector<Complex> first;
   std::vector<Complex> second;
   for (const Probe& probe : probes) {
-    // What stands outside the window is none of the analysis' business.
+    // Samples outside the window do not count.
     std::vector<double> samples(count + 60, 9.0);
     for (std::size_t j = 0; j < count; ++j) {
       const double phase = turn * bin * static_cast<double>(j) / count;
@@ -121,8 +118,8 @@ TEST_F(AnalysisProbes, NoisyRecordsAreFittedByLeastSquares) {
   }
   const jlong out = results(process(group(ids, window(2, 14)), 2), settings(), params());
   const double frequency = rate / count * bin;
-  const double k = wave_number(frequency);
-  const double k_free = wave_number(2 * frequency);
+  const double k = wave_number(turn * frequency, depth);
+  const double k_free = wave_number(2 * turn * frequency, depth);
   const std::vector<double> fundamental = amplitudes({k, -k}, first);
   const std::vector<double> harmonic = amplitudes({2 * k, -2 * k, k_free, -k_free}, second);
   EXPECT_NEAR(value(out, "Forward free fundamental", ""), fundamental[0], 1e-9);
@@ -133,20 +130,20 @@ TEST_F(AnalysisProbes, NoisyRecordsAreFittedByLeastSquares) {
   EXPECT_NEAR(value(out, "Backward free harmonic", ""), harmonic[3], 1e-9);
 }
 
-TEST_F(AnalysisProbes, APlaceThatIsNoneIsToldByTheAnalysis) {
+TEST_F(AnalysisProbes, AMissingOrBadPlaceIsReportedByTheResults) {
   EXPECT_EQ(with_last(params({{"rate", 50, "Hz"}})), domain("x::Not found"));
   EXPECT_EQ(with_last(params({{"rate", 50, "Hz"}, {"x", 1, "m"}})), domain("y::Not found"));
   EXPECT_EQ(with_last(params({{"rate", 50, "Hz"}, {"x", 1, "s"}, {"y", 1, "m"}})),
             domain("Unable to convert from \"s\" to \"m\""));
   EXPECT_EQ(with_last(params({{"rate", 50, "Hz"}, {"x", 1, "m"}, {"y", 1, "Hz"}})),
             domain("Unable to convert from \"Hz\" to \"m\""));
-  // The mean counts.
+  // Only the mean of the three must lie in the tank.
   EXPECT_EQ(with_last(params({{"rate", 50, "Hz"}, {"x", 31, "m"}, {"y", 1, "m"}})), Thrown{});
   EXPECT_EQ(with_last(params({{"rate", 50, "Hz"}, {"x", 91, "m"}, {"y", 1, "m"}})),
             domain("Value x=33.3333 is outside dimensions of tank"));
 }
 
-TEST_F(AnalysisProbes, AMemberOfAnEnumerationIsNoPlaceAndNoRate) {
+TEST_F(AnalysisProbes, AMemberOfAnEnumerationIsRefusedAsPlaceAndAsRate) {
   for (const char* const name : {"x", "y"}) {
     const jlong about = params({{"rate", 50, "Hz"}, {*name == 'x' ? "y" : "x", 1, "m"}});
     insert_enum(about, name, "BothSides", "Geometry");
@@ -161,19 +158,17 @@ TEST_F(AnalysisProbes, AMemberOfAnEnumerationIsNoPlaceAndNoRate) {
   EXPECT_NE(thrown(), Thrown{});
 }
 
-TEST_F(AnalysisProbes, ARateThatIsNoneIsToldByTheSet) {
+TEST_F(AnalysisProbes, ABadRateIsReportedByTheSet) {
   add_probe(params({{"rate", 0.02, "s"}}), sine(0.05));
   group({0});
   EXPECT_EQ(thrown(), domain("rate::not convertable"));
   add_probe(params({{"rate", 0, "Hz"}}), sine(0.05));
   group({1});
   EXPECT_EQ(thrown(), domain("Out of range"));
-  EXPECT_EQ(printed, "first 0 last 0\n");
+  EXPECT_EQ(output, "first 0 last 0\n");
 }
 
-// What an analysis has made lasts.
-
-TEST_F(AnalysisProbes, SettingsMayTakeTheResults) {
+TEST_F(AnalysisProbes, SettingsMayReceiveTheResults) {
   for (const double x : {4.0, 4.5, 5.2}) {
     add_probe(params({{"rate", 50, "Hz"}, {"x", x, "m"}, {"y", 0, "m"}}), sine(0.05));
   }
@@ -182,12 +177,12 @@ TEST_F(AnalysisProbes, SettingsMayTakeTheResults) {
   results(made, both, both);
   EXPECT_EQ(names(both).size(), 9u);
   EXPECT_EQ(value(both, "Forward bound harmonic", ""), 0.0);
-  // A second round stops at the first of its results.
+  // A second time the first result is a duplicate.
   results(made, both, both);
   EXPECT_EQ(thrown(), domain("\"Forward free fundamental\"::Duplicate parameter:"));
 }
 
-TEST_F(AnalysisProbes, AProcessWorksWhileTheTankWaitsAndAfterLaterOnes) {
+TEST_F(AnalysisProbes, AProcessWorksWithoutATankAndAfterLaterProcesses) {
   for (const double x : {4.0, 4.5, 5.2}) {
     add_probe(params({{"rate", 50, "Hz"}, {"x", x, "m"}, {"y", 0, "m"}}), sine(0.05));
   }

@@ -1,7 +1,10 @@
-// What the processes of an analysis answer, and when its tank is ready.
+// The results of processes, and when the tank of an analysis is ready.
 #include "analysis_fixture.h"
+#include "support/wave_number.h"
 
 namespace {
+
+using Testing::AnalysisTest;
 
 class AnalysisResults : public AnalysisTest {};
 
@@ -19,7 +22,7 @@ TEST_F(AnalysisResults, WavesOfARegularRecordAreFound) {
   EXPECT_NEAR(heights[1], 0.06, 1e-12);
 }
 
-TEST_F(AnalysisResults, AFailureInAProcessArrivesInItsOwnWords) {
+TEST_F(AnalysisResults, AFailureInAProcessArrivesWithItsMessage) {
   add(std::vector<double>(2000, 0.1));
   const jlong set = group({0});
   results(process(set, 0));
@@ -27,12 +30,12 @@ TEST_F(AnalysisResults, AFailureInAProcessArrivesInItsOwnWords) {
   const jlong waves = process(set, 2);
   results(waves);
   EXPECT_EQ(thrown(), domain("freq::Not found"));
-  EXPECT_EQ(printed, "DA\n");
+  EXPECT_EQ(output, "DA\n");
   results(waves, params({{"freq", 0.5, "Hz"}, {"angle", 0, "rad"}}), params());
   EXPECT_EQ(thrown(), domain("At least two data sets must be provided for frequency analysis"));
 }
 
-TEST_F(AnalysisResults, ResultsThatAreThereAlreadyAreAFailure) {
+TEST_F(AnalysisResults, DuplicateResultsAreRefused) {
   add(sine(0.05));
   const jlong made = process(group({0}), 0);
   const jlong out = results(made);
@@ -40,21 +43,17 @@ TEST_F(AnalysisResults, ResultsThatAreThereAlreadyAreAFailure) {
   EXPECT_EQ(thrown(), domain("\"reg_t\"::Duplicate parameter:"));
 }
 
-TEST_F(AnalysisResults, AProcessOfTheSecondKindFindsNothing) {
+TEST_F(AnalysisResults, AProcessOfTheSecondKindHasNoResults) {
   add(sine(0.05));
   const jlong made = process(group({0}), 1);
   EXPECT_TRUE(names(results(made)).empty());
   EXPECT_TRUE(values_of(data(made)).empty());
 }
 
-// Four probes under a wave and its reflection, at the middle of which the tank is 1 m deep.
+// Four probes under a wave and its reflection, in 1 m of water.
 TEST_F(AnalysisResults, AWaveIsSeparatedFromItsReflection) {
   const double omega = 2 * pi * 0.5;
-  double k = 1;  // by Newton's method on omega^2 = g k tanh(k)
-  for (int i = 0; i < 50; ++i) {
-    const double tanh = std::tanh(k);
-    k -= (9.81 * k * tanh - omega * omega) / (9.81 * (tanh + k * (1 - tanh * tanh)));
-  }
+  const double k = Testing::exact_wave_number(omega, 1.0);
   for (const double x : {4.0, 4.4, 5.1, 6.0}) {
     std::vector<double> samples(2000);
     for (std::size_t j = 0; j < samples.size(); ++j) {
@@ -67,7 +66,7 @@ TEST_F(AnalysisResults, AWaveIsSeparatedFromItsReflection) {
   }
   const jlong made = process(group({0, 1, 2, 3}), 2);
   const jlong out = results(made, params({{"freq", 0.5, "Hz"}, {"angle", 0, "rad"}}), params());
-  EXPECT_EQ(printed, "DA\nDB\nDC\nDD\nDE\nDF\nDG\nDH\nDI\n");
+  EXPECT_EQ(output, "DA\nDB\nDC\nDD\nDE\nDF\nDG\nDH\nDI\n");
   EXPECT_EQ(names(out),
             (std::vector<std::string>{"Backward bound harmonic", "Backward free fundamental",
                                       "Backward free harmonic", "Forward bound harmonic",
@@ -85,7 +84,7 @@ TEST_F(AnalysisResults, AWaveIsSeparatedFromItsReflection) {
 
 // The site.
 
-TEST_F(AnalysisResults, AfterSetTheTankWaitsForTheNextProcess) {
+TEST_F(AnalysisResults, AfterSetOnlyTheNextProcessMakesTheTank) {
   add(sine(0.05));
   const jlong set = group({0});
   const auto profile = NATIVE(Kelpbox_1Analysis_1profile);
@@ -101,18 +100,18 @@ TEST_F(AnalysisResults, AfterSetTheTankWaitsForTheNextProcess) {
   EXPECT_EQ(depths(), (std::vector<double>{1, 0.5}));
 }
 
-TEST_F(AnalysisResults, SetTakesTheTunableValues) {
+TEST_F(AnalysisResults, SetStoresTheTunableValues) {
   const auto set = NATIVE(Kelpbox_1Analysis_1set);
   host.call(set, self, proxy, params({{"beach", 50, "cm"}, {"delay", 30, "msec"}}), proxy);
   const jlong asked = params();
   host.call(NATIVE(Kelpbox_1Analysis_1query), self, proxy, asked, proxy);
   EXPECT_DOUBLE_EQ(value(asked, "beach", "m"), 0.5);
-  // Twice is no failure: the tank is only marked.
+  // A second set is not a failure.
   tune();
   tune();
 }
 
-TEST_F(AnalysisResults, ValuesThatAreRefusedLeaveTheTankReady) {
+TEST_F(AnalysisResults, RefusedValuesLeaveTheTankReady) {
   add(sine(0.05));
   const jlong set = group({0});
   EXPECT_EQ(

@@ -1,13 +1,20 @@
 // The wave field over the tank, as a host builds, watches and reads it.
 #include <atomic>
 #include <cmath>
+#include <numbers>
 #include <thread>
 
 #include "run_fixture.h"
+#include "support/output.h"
+#include "support/wave_number.h"
 
 namespace {
 
-constexpr double pi = 3.14159265358979323846;
+using Testing::exact_wave_number;
+using Testing::printed;
+using Testing::RunHostTest;
+
+constexpr double pi = std::numbers::pi;
 
 class Animation : public RunHostTest {
  protected:
@@ -16,7 +23,7 @@ class Animation : public RunHostTest {
     make_tree();
   }
 
-  // A run of 10 s with two waves, set and not built.
+  // A run of 10 s without waves, not built.
   void make_tree() {
     make_run();
     set_run(10);
@@ -24,7 +31,7 @@ class Animation : public RunHostTest {
   }
   void add_wave(double f, double a, double angle) { set_single(add_single(), f, a, angle, 0); }
   void build_run() { ASSERT_EQ(thrown_by_run_build(), Thrown{}); }
-  // Two waves, a build of the run.
+  // Adds two waves and builds the run.
   void build_oblique_run() {
     add_wave(0.5, 0.05, 0.3);
     add_wave(1.1, 0.02, -0.2);
@@ -40,10 +47,11 @@ class Animation : public RunHostTest {
                    {"y_max", 2, "m"}});
   }
   Thrown thrown_by_build(jlong values) {
-    testing::internal::CaptureStdout();
-    const Thrown thrown = thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build), experiment, proxy,
-                                    run, values, proxy);
-    printed = testing::internal::GetCapturedStdout();
+    Thrown thrown;
+    output = printed([&] {
+      thrown = thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build), experiment, proxy, run,
+                         values, proxy);
+    });
     return thrown;
   }
   Thrown thrown_by_init(jlong values) {
@@ -51,10 +59,11 @@ class Animation : public RunHostTest {
                      proxy);
   }
   Thrown thrown_by_slice(jlong first, jlong last) {
-    testing::internal::CaptureStdout();
-    const Thrown thrown = thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build_1slice), experiment,
-                                    proxy, run, params(), proxy, first, last);
-    printed = testing::internal::GetCapturedStdout();
+    Thrown thrown;
+    output = printed([&] {
+      thrown = thrown_by(NATIVE(Kelpbox_1Experiment_1animate_1build_1slice), experiment, proxy, run,
+                         params(), proxy, first, last);
+    });
     return thrown;
   }
   jlong size() {
@@ -79,21 +88,10 @@ class Animation : public RunHostTest {
     return result;
   }
 
-  std::string printed;
+  std::string output;  // of the last build
 };
 
-// The wave number of 1 m depth, by bisection of omega^2 = g k tanh(k).
-double wave_number(double omega) {
-  double low = 0;
-  double high = 100;
-  for (int i = 0; i < 100; ++i) {
-    const double k = 0.5 * (low + high);
-    (9.81 * k * std::tanh(k) < omega * omega ? low : high) = k;
-  }
-  return low;
-}
-
-TEST_F(Animation, AFrameIsTheSurfaceOfItsMoment) {
+TEST_F(Animation, AFrameIsTheSurfaceAtItsTime) {
   build_oblique_run();
   const jlong values = grid();
   ASSERT_EQ(thrown_by_build(values), Thrown{});
@@ -101,7 +99,7 @@ TEST_F(Animation, AFrameIsTheSurfaceOfItsMoment) {
   EXPECT_EQ(progress(), 1.0);
   EXPECT_TRUE(ready());
   EXPECT_TRUE(comments(values).empty());
-  // The paddle line has 1 m of depth, and there the phases are those that were asked for.
+  // At the paddle line the phases are the given ones.
   for (const jlong t : {0, 7, 199}) {
     const std::vector<short> samples = frame(t);
     ASSERT_EQ(samples.size(), 11u * 9u);
@@ -109,8 +107,8 @@ TEST_F(Animation, AFrameIsTheSurfaceOfItsMoment) {
       const double y = -2.0 + 0.5 * static_cast<double>(iy);
       const double at = static_cast<double>(t) / 20;
       const double height =
-          0.05 * std::cos(pi * at - wave_number(pi) * y * std::sin(0.3)) +
-          0.02 * std::cos(2.2 * pi * at - wave_number(2.2 * pi) * y * std::sin(-0.2));
+          0.05 * std::cos(pi * at - exact_wave_number(pi, 1.0) * y * std::sin(0.3)) +
+          0.02 * std::cos(2.2 * pi * at - exact_wave_number(2.2 * pi, 1.0) * y * std::sin(-0.2));
       EXPECT_NEAR(samples[iy], height * 32767 / 4, 0.6) << t << " " << iy;
     }
   }
@@ -119,7 +117,7 @@ TEST_F(Animation, AFrameIsTheSurfaceOfItsMoment) {
 TEST_F(Animation, EachColumnWritesTheAnglesOfItsFronts) {
   build_oblique_run();
   ASSERT_EQ(thrown_by_build(grid(20, 5, 10)), Thrown{});
-  EXPECT_EQ(printed, "0.3\n-0.2\n0.3\n-0.2\n0.3\n-0.2\n");
+  EXPECT_EQ(output, "0.3\n-0.2\n0.3\n-0.2\n0.3\n-0.2\n");
 }
 
 TEST_F(Animation, StepsAndRateComeBackAsFitted) {
@@ -146,7 +144,7 @@ TEST_F(Animation, SlicesMakeTheSameFrames) {
   ASSERT_EQ(thrown_by_init(grid()), Thrown{});
   EXPECT_EQ(size(), 200);
   ASSERT_EQ(thrown_by_slice(0, 4), Thrown{});
-  EXPECT_EQ(printed, "");
+  EXPECT_EQ(output, "");
   EXPECT_EQ(progress(), 4.0 / 11.0);
   EXPECT_FALSE(ready());
   ASSERT_EQ(thrown_by_slice(4, 100), Thrown{});
@@ -154,7 +152,7 @@ TEST_F(Animation, SlicesMakeTheSameFrames) {
   EXPECT_EQ(frame(123), whole);
 }
 
-TEST_F(Animation, ASingleHarmonicIsShortenedByAWholeBuildAlone) {
+TEST_F(Animation, OnlyAWholeBuildShortensTheCycleOfASingleHarmonic) {
   add_wave(0.5, 0.05, 0.3);
   build_run();
   ASSERT_EQ(thrown_by_init(grid()), Thrown{});
@@ -164,10 +162,10 @@ TEST_F(Animation, ASingleHarmonicIsShortenedByAWholeBuildAlone) {
   EXPECT_EQ(size(), 100);
   ASSERT_EQ(thrown_by_init(grid()), Thrown{});
   EXPECT_EQ(thrown_by_slice(0, 1), domain("Error vec.size() != t_lim"));
-  EXPECT_EQ(printed, "vec.size() 200 t_lim 100\n");
+  EXPECT_EQ(output, "vec.size() 200 t_lim 100\n");
 }
 
-TEST_F(Animation, WhatIsFreedIsGone) {
+TEST_F(Animation, FreedFramesAreGone) {
   build_oblique_run();
   ASSERT_EQ(thrown_by_build(grid()), Thrown{});
   host.call(NATIVE(Kelpbox_1Experiment_1animate_1free), experiment, proxy, run);
@@ -178,7 +176,7 @@ TEST_F(Animation, WhatIsFreedIsGone) {
             domain("invalid vector<T> subscript"));
 }
 
-TEST_F(Animation, RefusalsArriveInTheirWords) {
+TEST_F(Animation, RefusalsArriveWithTheirMessages) {
   const Thrown empty = domain("Trying to build animation when wave expression has no data");
   EXPECT_EQ(thrown_by_build(grid()), empty);
   EXPECT_EQ(thrown_by_init(grid()), empty);
@@ -197,7 +195,7 @@ TEST_F(Animation, RefusalsArriveInTheirWords) {
             null);
 }
 
-TEST_F(Animation, ExhaustedMemoryIsTold) {
+TEST_F(Animation, ExhaustedMemoryIsReported) {
   build_oblique_run();
   for (const Thrown& thrown : {thrown_by_build(grid(1e7, 1e-7)), thrown_by_init(grid(1e7, 1e-7))}) {
     EXPECT_EQ(thrown.class_name, domain("").class_name);
@@ -206,23 +204,17 @@ TEST_F(Animation, ExhaustedMemoryIsTold) {
   ASSERT_EQ(thrown_by_build(grid()), Thrown{});
 }
 
-TEST_F(Animation, ASiteWithoutATankIsToldByEachBuild) {
-  OpenExperiment& open = open_basin();
-  experiment = handle(open);
-  make_tree();
+TEST_F(Animation, ASiteWithoutATankIsRefusedByEachBuild) {
   build_oblique_run();
   ASSERT_EQ(thrown_by_init(grid()), Thrown{});
-  open.tank().geometry.number = 9;
-  const jlong tuned = params({{"beach", 0.5, "m"}, {"delay", 30, "msec"}});
-  host.call(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, tuned, proxy);
-  EXPECT_EQ(host.take_thrown(), domain("Unexpected type in Geometry"));
+  unmake_tank();
   const std::string text = ": Attempting to access TankConfig when not made ready";
   EXPECT_EQ(thrown_by_build(grid()), domain("Uncaught Exception in Animate Build" + text));
   EXPECT_EQ(thrown_by_init(grid()), domain("Uncaught Exception in Animate Init" + text));
   EXPECT_EQ(thrown_by_slice(0, 1), domain("Uncaught Exception in Animate Build slice" + text));
 }
 
-TEST_F(Animation, EveryOperationWantsTheIdOfADefinition) {
+TEST_F(Animation, EveryOperationNeedsTheIdOfADefinition) {
   const jlong set = grid();
   const auto check = [&](jlong id, const Thrown& refused) {
     EXPECT_EQ(
@@ -257,23 +249,29 @@ TEST_F(Animation, AnotherThreadWatchesAndStops) {
   const auto on_watcher = [&](auto function) {
     return watcher.call(function, experiment, proxy, run);
   };
-  for (int i = 0; i < 200; ++i) {
+  // Stopped at moments that move on through the build.
+  const int rounds = 30;
+  for (int i = 0; i < rounds; ++i) {
     const jlong values = grid();
     std::atomic<bool> done{false};
     Thrown thrown;
-    testing::internal::CaptureStdout();
-    std::thread builder([&] {
-      host.call(NATIVE(Kelpbox_1Experiment_1animate_1build), experiment, proxy, run, values, proxy);
-      thrown = host.take_thrown();
-      done = true;
+    printed([&] {
+      std::thread builder([&] {
+        host.call(NATIVE(Kelpbox_1Experiment_1animate_1build), experiment, proxy, run, values,
+                  proxy);
+        thrown = host.take_thrown();
+        done = true;
+      });
+      while (!done) {
+        const double seen = on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1progress));
+        on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1ready));
+        if (seen > static_cast<double>(i) / rounds) {
+          on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1stop));
+        }
+        std::this_thread::yield();
+      }
+      builder.join();
     });
-    while (!done) {
-      const double seen = on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1progress));
-      on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1ready));
-      if (seen > 0.02 * (i % 60)) on_watcher(NATIVE(Kelpbox_1Experiment_1animate_1stop));
-    }
-    builder.join();
-    testing::internal::GetCapturedStdout();
     ASSERT_TRUE(thrown == Thrown{} || thrown == domain("Animate Cancelled")) << thrown.message;
     stop();
     ASSERT_EQ(progress(), 0.0);

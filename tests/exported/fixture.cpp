@@ -1,6 +1,8 @@
 #include "fixture.h"
 
-#include <memory>
+#include "support/output.h"
+
+namespace Testing {
 
 void HostTest::TearDown() {
   EXPECT_EQ(host.take_thrown(), Thrown{});
@@ -55,6 +57,18 @@ std::vector<std::string> HostTest::names(jlong params) {
   return result;
 }
 
+std::string HostTest::units(jlong params, const std::string& name) {
+  const jlong list = host.call(NATIVE(Kelpbox_1Params_1param_1list), params, proxy);
+  const jlong size = host.call(NATIVE(Kelpbox_1StdVectorParam_1size), list, proxy);
+  for (jint i = 0; i < size; ++i) {
+    const jlong param = host.call(NATIVE(Kelpbox_1StdVectorParam_1get), list, proxy, i);
+    if (string_from(NATIVE(Kelpbox_1Param_1name), param, proxy) == name) {
+      return string_from(NATIVE(Kelpbox_1Param_1units), param, proxy);
+    }
+  }
+  return "(no such parameter)";
+}
+
 std::vector<std::string> HostTest::comments(jlong params) {
   const jlong size = host.call(NATIVE(Kelpbox_1Params_1comment_1size), params, proxy);
   std::vector<std::string> result;
@@ -96,25 +110,16 @@ jlong HostTest::empty_experiment() {
              NATIVE(delete_1Kelpbox_1Experiment));
 }
 
-jlong HostTest::basin() {
+jlong HostTest::basin() { return site("basin.txt"); }
+
+jlong HostTest::site(const std::string& file) {
   const jlong made = empty_experiment();
-  initialise(made, TEST_ROOT "/exported/data/basin.txt");
+  initialise(made, TEST_ROOT "/exported/data/" + file);
   return made;
 }
 
-OpenExperiment& HostTest::open_basin() { return open_site("basin.txt"); }
-
-OpenExperiment& HostTest::open_site(const std::string& file) {
-  auto made = std::make_shared<OpenExperiment>();
-  cleanups_.push_back([made] {});
-  initialise(handle(*made), TEST_ROOT "/exported/data/" + file);
-  return *made;
-}
-
-jlong HostTest::handle(Kelpbox::Facade& facade) { return reinterpret_cast<jlong>(&facade); }
-
 void HostTest::initialise(jlong experiment, const std::string& file) {
-  testing::internal::CaptureStdout();
-  host.call(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy, file);
-  testing::internal::GetCapturedStdout();
+  printed([&] { host.call(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy, file); });
 }
+
+}  // namespace Testing

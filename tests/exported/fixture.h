@@ -8,24 +8,16 @@
 #include <string>
 #include <vector>
 
-#include "facade/facade.h"
 #include "host.h"
 #include "native.h"
 
+namespace Testing {
+
+// A parameter to insert.
 struct Entry {
   const char* name;
   double value;
   const char* units;
-};
-
-// An experiment whose inside can be put into states that a host's own calls do not lead to.
-class OpenExperiment : public Kelpbox::Facade {
- public:
-  using Kelpbox::Experiment::attach;
-  using Kelpbox::Experiment::component;
-  using Kelpbox::Experiment::definition;
-  using Kelpbox::Experiment::modifier;
-  using Kelpbox::Experiment::specification;
 };
 
 class HostTest : public testing::Test {
@@ -37,13 +29,13 @@ class HostTest : public testing::Test {
   static Thrown null_pointer(const std::string& message);
   static Thrown index_out_of_bounds();
 
-  // Calls an exported function and tells which host exception it left.
+  // Calls an exported function and returns the host exception that it left.
   template <typename Function, typename... Arguments>
   Thrown thrown_by(Function function, Arguments... arguments) {
     host.call(function, arguments...);
     return host.take_thrown();
   }
-  // The plain text (const char*) that leaves an exported function, or "" for none.
+  // The message of a character pointer that leaves an exported function, or "" for none.
   template <typename Function, typename... Arguments>
   std::string text_leaving(Function function, Arguments... arguments) {
     try {
@@ -66,19 +58,17 @@ class HostTest : public testing::Test {
   double value(jlong params, const char* name, const char* units);
   // Names in the order of the list.
   std::vector<std::string> names(jlong params);
+  std::string units(jlong params, const std::string& name);
   std::vector<std::string> comments(jlong params);
   jlong doubles(const std::vector<double>& values);
   jlong uints(const std::vector<jlong>& values);
   std::vector<double> values_of(jlong vector);
 
-  // One without a site, and one that has read the basin of data/basin.txt.
+  // Without a site, with the basin of data/basin.txt, and with another file of data/.
   jlong empty_experiment();
   jlong basin();
-  // As `basin`, with its inside open; and one that has read another file of data/.
-  OpenExperiment& open_basin();
-  OpenExperiment& open_site(const std::string& file);
-  static jlong handle(Kelpbox::Facade& facade);
-  // Reads a script, with its progress lines caught.
+  jlong site(const std::string& file);
+  // Reads a script. The progress lines are not shown.
   void initialise(jlong experiment, const std::string& file);
 
   Host host;
@@ -86,5 +76,7 @@ class HostTest : public testing::Test {
  private:
   std::vector<std::function<void()>> cleanups_;
 };
+
+}  // namespace Testing
 
 #endif  // KELPBOX_TESTS_EXPORTED_FIXTURE_H_

@@ -3,17 +3,20 @@
 
 #include <stdexcept>
 
+#include "facade/facade.h"
 #include "fixture.h"
 
 using namespace Kelpbox;
 
 namespace {
 
+using Testing::HostTest;
+
 using Log = std::vector<std::string>;
 
 class Frame : public HostTest {};
 
-TEST_F(Frame, NullTextIsRefusedAndTheOperationNotEntered) {
+TEST_F(Frame, NullTextIsRefusedWithoutEnteringTheOperation) {
   const jlong set = params();
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Params_1insert_1_1SWIG_10), set, proxy, nullptr, 1.0, "m"),
             null_pointer("null std::string"));
@@ -22,7 +25,7 @@ TEST_F(Frame, NullTextIsRefusedAndTheOperationNotEntered) {
   EXPECT_TRUE(names(set).empty());
 }
 
-TEST_F(Frame, EveryPlaceOfATextRefusesNull) {
+TEST_F(Frame, EveryTextArgumentRefusesNull) {
   const Thrown refused = null_pointer("null std::string");
   const jlong set = params();
   const jlong empty = empty_experiment();
@@ -54,13 +57,13 @@ TEST_F(Frame, CharactersAreReleasedBeforeTheNextArgument) {
                            "GetStringUTFChars m", "ReleaseStringUTFChars m"}));
 }
 
-TEST_F(Frame, WithheldCharactersLeaveTheMachinesOwnException) {
+TEST_F(Frame, CharactersThatTheHostWithholdsLeaveItsOwnException) {
   host.refuses_characters = true;
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Param_1convert), "ft", "m"), 0.0);
   EXPECT_EQ(host.log, Log{"GetStringUTFChars ft"});
 }
 
-TEST_F(Frame, TextsComeBeforeALaterNullReference) {
+TEST_F(Frame, TextsAreTakenBeforeALaterNullReferenceIsRefused) {
   EXPECT_EQ(host.call(NATIVE(new_1Kelpbox_1Vector), "eta", "m", 0, proxy), 0);
   EXPECT_EQ(
       host.log,
@@ -171,13 +174,13 @@ TEST_F(Frame, StandardExceptionsComeFromTheTable) {
   }
 }
 
-TEST_F(Frame, AMissingStandardClassEndsTheThrow) {
+TEST_F(Frame, WithoutTheStandardClassNothingIsThrown) {
   host.missing_classes.insert("java/lang/NullPointerException");
   throw_standard(host.env(), Standard::null_pointer, "words");
   EXPECT_EQ(host.log, (Log{"ExceptionClear", "FindClass java/lang/NullPointerException"}));
 }
 
-TEST_F(Frame, TheDomainThrowNeitherClearsNorTestsTheClass) {
+TEST_F(Frame, TheDomainThrowNeitherClearsNorChecksTheClass) {
   const std::string name = "tidelab/waves/component/WaveSynthesisException";
   throw_domain(host.env(), "words");
   EXPECT_EQ(host.log, (Log{"FindClass " + name, "ThrowNew " + name + " words"}));
@@ -217,7 +220,7 @@ TEST_F(Frame, TheIndexGuardCatchesOnlyABadIndex) {
                std::length_error);
 }
 
-TEST_F(Frame, WithoutAGuardEverythingLeaves) {
+TEST_F(Frame, WithoutAGuardEveryExceptionLeaves) {
   EXPECT_THROW(call<NoGuard>(host.env(), [] { throw std::string("no"); }), std::string);
   EXPECT_THROW(call<NoGuard>(host.env(), [] { throw std::out_of_range("no"); }), std::out_of_range);
   EXPECT_TRUE(host.log.empty());
@@ -243,7 +246,7 @@ TEST_F(Frame, AnyNonzeroBooleanIsTrue) {
   EXPECT_FALSE(Bool{JNI_FALSE}.value());
 }
 
-TEST_F(Frame, StringsPassAsTheBytesOfTheHost) {
+TEST_F(Frame, StringsKeepTheBytesOfTheHost) {
   const std::string bytes = "H\xC3\xB6he \xC0\x80 \xED\xA0\xBD";
   const jlong strings = own(host.call(NATIVE(new_1Kelpbox_1StdVectorString_1_1SWIG_10)),
                             NATIVE(delete_1Kelpbox_1StdVectorString));
@@ -252,7 +255,7 @@ TEST_F(Frame, StringsPassAsTheBytesOfTheHost) {
   EXPECT_EQ(host.log.back(), "NewStringUTF " + bytes);
 }
 
-TEST_F(Frame, AResultByValueIsANewObjectOfTheHosts) {
+TEST_F(Frame, AResultByValueIsANewObjectForTheHost) {
   const jlong first = own(host.call(NATIVE(Kelpbox_1Param_1alternate), "m"),
                           NATIVE(delete_1Kelpbox_1StdVectorString));
   const jlong second = own(host.call(NATIVE(Kelpbox_1Param_1alternate), "m"),

@@ -4,11 +4,14 @@
 #include <new>
 #include <stdexcept>
 
+#include "facade/facade.h"
 #include "fixture.h"
 
 using namespace Kelpbox;
 
 namespace {
+
+using Testing::HostTest;
 
 class Guard : public HostTest {};
 
@@ -104,12 +107,18 @@ class Throwing : public Synthesis::Component {
   Thrower thrower_;
 };
 
+class OpenExperiment : public Facade {
+ public:
+  using Experiment::attach;
+};
+
 class RunGuard : public HostTest {
  protected:
   template <typename Thrower>
   Thrown thrown_by_build(Thrower thrower) {
-    OpenExperiment& experiment = open_basin();
-    const jlong self = handle(experiment);
+    OpenExperiment experiment;
+    const jlong self = reinterpret_cast<jlong>(static_cast<Facade*>(&experiment));
+    initialise(self, TEST_ROOT "/exported/data/basin.txt");
     const jlong run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), self, proxy, "run");
     const jlong group =
         host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), self, proxy, run);

@@ -1,11 +1,16 @@
-// The seven modifiers, as a host asks for them by name.
+// The seven modifiers, as a host adds them by name.
 #include <cmath>
+#include <numbers>
 
 #include "run_fixture.h"
+#include "support/output.h"
 
 namespace {
 
-constexpr double pi = 3.14159265358979323846;
+using Testing::Entry;
+using Testing::RunHostTest;
+
+constexpr double pi = std::numbers::pi;
 
 struct Front {
   double freq;
@@ -30,10 +35,11 @@ class ModifierCalls : public RunHostTest {
                      text);
   }
   Thrown thrown_by_add(jlong id, const char* type, const std::string& text = "") {
-    testing::internal::CaptureStdout();
-    const Thrown thrown =
-        thrown_by(NATIVE(Kelpbox_1Experiment_1add_1modifier), experiment, proxy, id, type, text);
-    testing::internal::GetCapturedStdout();
+    Thrown thrown;
+    Testing::printed([&] {
+      thrown =
+          thrown_by(NATIVE(Kelpbox_1Experiment_1add_1modifier), experiment, proxy, id, type, text);
+    });
     return thrown;
   }
   Thrown thrown_by_set(jlong id, jlong values) {
@@ -84,7 +90,7 @@ TEST_F(ModifierCalls, EachDeclaresItsOwnParameters) {
   EXPECT_EQ(queried(add("PhaseChange", "1@deg")), Strings{"set"});
 }
 
-TEST_F(ModifierCalls, ASecondOfAKindIsRefusedAndLeavesTheTable) {
+TEST_F(ModifierCalls, ASecondOfAKindIsRefusedAndLeavesTheTableUnchanged) {
   const Thrown refused = domain("add_modifier::Trying to overide an existing modifier");
   add("GainAdjust", "1");
   add("AngleSpread", "1");
@@ -114,7 +120,7 @@ TEST_F(ModifierCalls, UnderTheWrongParentEachNamesItself) {
   EXPECT_EQ(thrown_by_add(run, "PhaseChange", "1@deg"), refused("PhaseModifier"));
 }
 
-TEST_F(ModifierCalls, ABadTextIsToldAsItIsWhateverTheParent) {
+TEST_F(ModifierCalls, ABadTextIsRefusedWhateverTheParent) {
   for (const jlong id : {group, run}) {
     EXPECT_EQ(thrown_by_add(id, "GainAdjust", "1#1@Hz"),
               domain("Even number of functions in modifier expression"));
@@ -126,7 +132,7 @@ TEST_F(ModifierCalls, ABadTextIsToldAsItIsWhateverTheParent) {
               domain("Error while parsing expression ::1 +"));
     EXPECT_EQ(thrown_by_add(id, "PhaseChange", "1@furlong"), domain("Unknown units - furlong"));
   }
-  // Name, then ID, then text.
+  // The name is checked first, then the ID, then the text.
   EXPECT_EQ(thrown_by_add(99, "PhaseRandom", "1 +"), domain("ID out of range"));
   EXPECT_EQ(thrown_by_add(99, "Phase", "1 +"), domain("Enum type::WaveMod::Phase::Not found"));
 }
@@ -147,7 +153,7 @@ TEST_F(ModifierCalls, GainAngleAndPhaseWorkTogether) {
   }
 }
 
-TEST_F(ModifierCalls, AnExpressionIsNeededWhereItIsUsed) {
+TEST_F(ModifierCalls, AnExpressionIsNeededOnlyWhereItIsUsed) {
   const jlong gain = add("GainAdjust");
   EXPECT_EQ(thrown_by_set(gain, params()), Thrown{});
   EXPECT_EQ(thrown_by_run_build(), domain("Gain::evaluate::there is no expression"));
@@ -156,7 +162,7 @@ TEST_F(ModifierCalls, AnExpressionIsNeededWhereItIsUsed) {
 TEST_F(ModifierCalls, ASweepSharesEachWaveOutOverTheAnglesOfTheSite) {
   set(add("AngleSweep", "1#0@rad#2#0.1@rad#1"), params({{"delta_angle", 40, "deg"}}));
   const std::vector<Front> fronts = built();
-  // -80 to 80 degrees in four steps; the middle one lies on the first limit.
+  // -80 to 80 degrees in four steps. 0 degrees lies on the first limit.
   ASSERT_EQ(fronts.size(), 15U);
   const double weights[] = {1, 1, 2, 1, 1};
   for (std::size_t i = 0; i < 15; ++i) {
@@ -191,7 +197,7 @@ TEST_F(ModifierCalls, ASpreadWritesItsRangeBack) {
   }
 }
 
-TEST_F(ModifierCalls, ASpreadTellsItsFailures) {
+TEST_F(ModifierCalls, ASpreadReportsItsFailures) {
   const jlong spread = add("AngleSpread", "1");
   EXPECT_EQ(thrown_by_set(spread, params()), domain("function::Not found"));
   const jlong values =
@@ -215,7 +221,7 @@ TEST_F(ModifierCalls, PhasesAreDrawnWithoutTouchingAmplitudes) {
   }
 }
 
-TEST_F(ModifierCalls, TheSeedOfTheClassMayBeNamedByTheHost) {
+TEST_F(ModifierCalls, TheDefaultSeedMayBeGivenByTheHost) {
   const jlong by_default = add("PhaseRandom");
   set(by_default, with("ran_gen", "Default", "RanGen"));
   const std::vector<Front> first = built();
@@ -252,7 +258,7 @@ TEST_F(ModifierCalls, ASecondSetWithTwoLimitsIsRefused) {
   EXPECT_DOUBLE_EQ(fronts[2].amp, 0.3);
 }
 
-TEST_F(ModifierCalls, SetTellsWhatTheExpressionLacks) {
+TEST_F(ModifierCalls, SetReportsWhatIsWrongWithTheExpression) {
   const jlong gain = add("GainAdjust", "$[s]*factor[Hz]");
   EXPECT_EQ(thrown_by_set(gain, params()), domain("factor::Not found"));
   EXPECT_EQ(thrown_by_set(gain, params({{"factor", 1, "Hz"}})), domain("Incompatible expression"));
@@ -262,7 +268,7 @@ TEST_F(ModifierCalls, SetTellsWhatTheExpressionLacks) {
             domain("Limiting function not constant"));
 }
 
-TEST_F(ModifierCalls, ARemovedModifierChangesNothing) {
+TEST_F(ModifierCalls, ARemovedModifierHasNoEffect) {
   const jlong gain = add("GainAdjust", "0");
   EXPECT_EQ(built()[0].amp, 0.0);
   host.call(NATIVE(Kelpbox_1Experiment_1remove), experiment, proxy, gain);

@@ -1,14 +1,16 @@
 // Parameters and labelled vectors through handles.
-#include <bit>
-#include <cmath>
+#include <numbers>
 
 #include "fixture.h"
+#include "support/output.h"
 
 namespace {
 
+using Testing::HostTest;
+
 class ParamFace : public HostTest {
  protected:
-  // The entry of that place in the list of a set.
+  // The entry at that place in the list of a set.
   jlong listed(jlong set, jint place) {
     const jlong list = host.call(NATIVE(Kelpbox_1Params_1param_1list), set, proxy);
     return host.call(NATIVE(Kelpbox_1StdVectorParam_1get), list, proxy, place);
@@ -47,7 +49,8 @@ TEST_F(ParamFace, AnEnumerationIsReadByName) {
 
 TEST_F(ParamFace, ConvertGivesTheFactor) {
   EXPECT_DOUBLE_EQ(host.call(NATIVE(Kelpbox_1Param_1convert), "ft", "m"), 0.3048);
-  EXPECT_DOUBLE_EQ(host.call(NATIVE(Kelpbox_1Param_1convert), "Hz", "rad/s"), 2.0 * M_PI);
+  EXPECT_DOUBLE_EQ(host.call(NATIVE(Kelpbox_1Param_1convert), "Hz", "rad/s"),
+                   2.0 * std::numbers::pi);
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Param_1convert), "ft", "s"),
             domain("Unable to convert from \"ft\" to \"s\""));
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Param_1convert), "ft", "furlong"),
@@ -67,7 +70,7 @@ TEST_F(ParamFace, AlternateUnitsConvertToTheGivenOnes) {
             domain("Unknown units - furlong"));
 }
 
-TEST_F(ParamFace, GetConvertsAndNamesWhatIsMissing) {
+TEST_F(ParamFace, GetConvertsAndReportsMissingNames) {
   const jlong set = params({{"depth", 2, "m"}});
   EXPECT_DOUBLE_EQ(value(set, "depth", "mm"), 2000.0);
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Params_1get), set, proxy, "width", "m"),
@@ -89,7 +92,7 @@ TEST_F(ParamFace, ADuplicateIsRefused) {
   EXPECT_EQ(value(set, "depth", "m"), 2.0);
 }
 
-TEST_F(ParamFace, UnknownNamesOfAnEnumerationAreTold) {
+TEST_F(ParamFace, UnknownNamesOfAnEnumerationAreRefused) {
   const jlong set = params();
   EXPECT_EQ(
       thrown_by(NATIVE(Kelpbox_1Params_1insert_1_1SWIG_11), set, proxy, "a", "Bartlett", "Window"),
@@ -109,12 +112,29 @@ TEST_F(ParamFace, TheListIsASnapshotOwnedByTheSet) {
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1StdVectorParam_1size), list, proxy), 0);
 }
 
-TEST_F(ParamFace, CommentsAreReadByIndexBehindTheirSeverity) {
+TEST_F(ParamFace, CommentsAreReadByIndexWithTheirSeverity) {
+  const jlong experiment = basin();
+  const jlong run =
+      host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
+  const jlong group =
+      host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
+  const auto add_fronts = NATIVE(Kelpbox_1Experiment_1add_1fronts);
+  const auto query = NATIVE(Kelpbox_1Experiment_1query_1_1SWIG_11);
+  // Each set of fronts comments on its repeat time.
   const jlong set = params();
-  auto& native = *reinterpret_cast<Base::Params*>(set);
-  native.add_comment(Base::Severity::warning, "Poor match");
-  native.add_comment(Base::Severity::detail, "as told");
-  EXPECT_EQ(comments(set), (std::vector<std::string>{"Warning::Poor match", "Detail::as told"}));
+  for (const double step : {0.25, 0.5}) {
+    const jlong list = own(host.call(NATIVE(new_1Kelpbox_1StdVectorFront_1_1SWIG_10)),
+                           NATIVE(delete_1Kelpbox_1StdVectorFront));
+    for (const double f : {step, 2 * step}) {
+      const jlong front = own(host.call(NATIVE(new_1Kelpbox_1Front_1_1SWIG_11), f, 0.1, 0.0, 0.0),
+                              NATIVE(delete_1Kelpbox_1Front));
+      host.call(NATIVE(Kelpbox_1StdVectorFront_1add), list, proxy, front, proxy);
+    }
+    const jlong fronts = host.call(add_fronts, experiment, proxy, group, list, proxy);
+    host.call(query, experiment, proxy, fronts, set, proxy);
+  }
+  EXPECT_EQ(comments(set), (std::vector<std::string>{"Detail::Repeat time = 4s with error = 0%",
+                                                     "Detail::Repeat time = 2s with error = 0%"}));
   host.call(NATIVE(Kelpbox_1Params_1clear), set, proxy);
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Params_1comment_1size), set, proxy), 0);
 }
@@ -122,9 +142,8 @@ TEST_F(ParamFace, CommentsAreReadByIndexBehindTheirSeverity) {
 TEST_F(ParamFace, PrintGoesToTheStandardOutput) {
   const jlong set = params({{"depth", 1.5, "m"}});
   insert_enum(set, "shape", "Hamming", "Window");
-  testing::internal::CaptureStdout();
-  host.call(NATIVE(Kelpbox_1Params_1print), set, proxy);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "depth = 1.5m\nshape = Window::Hamming\n");
+  EXPECT_EQ(Testing::printed([&] { host.call(NATIVE(Kelpbox_1Params_1print), set, proxy); }),
+            "depth = 1.5m\nshape = Window::Hamming\n");
 }
 
 TEST_F(ParamFace, DeletingNullDoesNothing) {
@@ -144,14 +163,9 @@ TEST_F(VectorFace, AVectorCopiesItsSamples) {
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Vector_1size), vector, proxy), 3);
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Vector_1getValue), vector, proxy, 0), 1.5);
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Vector_1getValue), vector, proxy, 2), 3.5);
-
-  const auto& native = *reinterpret_cast<Base::Vector*>(vector);
-  EXPECT_EQ(native.label, "eta");
-  EXPECT_EQ(Base::units_text(native.units), "mm");
-  EXPECT_EQ(native.length, 3u);
 }
 
-TEST_F(VectorFace, UnknownUnitsAreTold) {
+TEST_F(VectorFace, UnknownUnitsAreRefused) {
   const jlong data = doubles({1.5});
   EXPECT_EQ(host.call(NATIVE(new_1Kelpbox_1Vector), "eta", "furlong", data, proxy), 0);
   EXPECT_EQ(host.take_thrown(), domain("Unknown units - furlong"));

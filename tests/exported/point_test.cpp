@@ -1,13 +1,18 @@
-// The wave at a point, as a host asks for it.
+// The wave at a point, as a host reads it.
 #include <cmath>
 #include <limits>
+#include <numbers>
 
-#include "point/two_d.h"
 #include "run_fixture.h"
+#include "support/wave_group.h"
+#include "support/wave_number.h"
 
 namespace {
 
-constexpr double pi = 3.14159265358979323846;
+using Testing::RunHostTest;
+using Testing::WaveGroup;
+
+constexpr double pi = std::numbers::pi;
 
 class Point : public RunHostTest {
  protected:
@@ -16,7 +21,7 @@ class Point : public RunHostTest {
     make_tree();
   }
 
-  // A run of 10 s with one wave of 0.5 Hz, set and not built.
+  // A run of 10 s with one wave of 0.5 Hz, not built.
   void make_tree() {
     make_run();
     set_run(10);
@@ -56,16 +61,11 @@ TEST_F(Point, TheFourResultsAreRead) {
 
   const std::vector<double> eta = values_of(data(0));
   ASSERT_EQ(eta.size(), 500u);
-  // The crosswise phase at the paddle line, with omega^2 = g k tanh(k) by bisection.
-  double low = 0;
-  double high = 10;
-  while (high - low > 1e-14) {
-    const double k = 0.5 * (low + high);
-    (9.81 * k * std::tanh(k) < pi * pi ? low : high) = k;
-  }
+  // At the paddle line there is only a crosswise phase.
+  const double k = Testing::exact_wave_number(pi, 1.0);
   for (std::size_t j = 0; j < eta.size(); ++j) {
     const double t = static_cast<double>(j) / 50;
-    EXPECT_NEAR(eta[j], 0.05 * std::cos(pi * t - low * 2 * std::sin(0.3)), 0.05 * 1e-4);
+    EXPECT_NEAR(eta[j], 0.05 * std::cos(pi * t - k * 2 * std::sin(0.3)), 0.05 * 1e-4);
   }
   const std::vector<double> spectrum = values_of(data(1));
   const std::vector<double> variance = values_of(data(2));
@@ -109,8 +109,23 @@ TEST_F(Point, StatisticsAreAddedToTheParameters) {
   EXPECT_NEAR(value(regular, "Hs", "m"), 2 * std::sqrt(2.0) * 0.05, 1e-12);
   EXPECT_NEAR(value(regular, "Ts", "s"), 1.25, 1e-12);
   EXPECT_NEAR(value(regular, "Var", ""), std::sqrt(0.05 / std::sqrt(2.0)), 1e-12);
-  // A second time there is no place for them.
+  // A second time they are duplicates.
   EXPECT_EQ(thrown_by_stats(regular), domain("\"reg_t\"::Duplicate parameter:"));
+}
+
+TEST_F(Point, AnIrregularSeaHasASignificantAndAHighestWave) {
+  set_single(wave, 0.5, WaveGroup::amp, 0, WaveGroup::phase_of_5);
+  set_single(add_single(), 0.8, WaveGroup::amp, 0, WaveGroup::phase_of_8);
+  build_run();
+  const jlong sea = params({{"rate", WaveGroup::rate, "Hz"}, {"x", 0, "m"}, {"y", 0, "m"}});
+  ASSERT_EQ(thrown_by_stats(sea), Thrown{});
+  EXPECT_EQ(names(sea), (std::vector<std::string>{"Hs", "Ts", "Var", "max_amp", "rate", "sig_h",
+                                                  "sig_t", "x", "y"}));
+  const std::vector<WaveGroup::Wave> waves = WaveGroup::waves();
+  ASSERT_EQ(waves.size(), 8u);
+  EXPECT_NEAR(value(sea, "sig_h", "m"), waves[5].height, 1e-12);
+  EXPECT_NEAR(value(sea, "sig_t", "s"), waves[5].period, 2 * WaveGroup::crossing_error);
+  EXPECT_NEAR(value(sea, "max_amp", "m"), waves[7].height, 1e-12);
 }
 
 TEST_F(Point, StatisticsNeedSixWaves) {
@@ -120,13 +135,13 @@ TEST_F(Point, StatisticsNeedSixWaves) {
   EXPECT_EQ(thrown_by_stats(params()), domain("rate::Not found"));
 }
 
-TEST_F(Point, DataOfAnotherKindIsRefused) {
+TEST_F(Point, UnknownDataIsRefused) {
   for (const jint which : {4, -1, 1000000}) {
     EXPECT_EQ(thrown_by_data(run, which), domain("Unsupported enum to experiment::twod_data"));
   }
 }
 
-TEST_F(Point, EveryOperationWantsTheIdOfADefinition) {
+TEST_F(Point, EveryOperationNeedsTheIdOfADefinition) {
   const auto check = [&](jlong id, const Thrown& refused) {
     EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1build), experiment, proxy, id,
                         point(50, 1, 0, 1), proxy),
@@ -134,7 +149,7 @@ TEST_F(Point, EveryOperationWantsTheIdOfADefinition) {
     EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1twod_1stats), experiment, proxy, id,
                         point(50, 1, 0, 1), proxy),
               refused);
-    // The ID comes before the kind of data.
+    // The ID is checked before the kind of data.
     EXPECT_EQ(thrown_by_data(id, 0), refused);
     EXPECT_EQ(thrown_by_data(id, 4), refused);
   };
@@ -157,7 +172,7 @@ TEST_F(Point, NullParametersAreRefused) {
   EXPECT_EQ(thrown_by_stats(0), null_pointer("Base::Params & reference is null"));
 }
 
-TEST_F(Point, FailuresArriveWithTheirOwnWords) {
+TEST_F(Point, FailuresArriveWithTheirMessages) {
   build_run();
   EXPECT_EQ(thrown_by_build(params()), domain("rate::Not found"));
   EXPECT_EQ(thrown_by_build(params({{"rate", 50, "Hz"}})), domain("x::Not found"));
@@ -185,15 +200,9 @@ TEST_F(Point, ARunWithoutFrontsGivesStillWater) {
   EXPECT_EQ(values_of(data(3)), std::vector<double>(6));
 }
 
-TEST_F(Point, ASiteWithoutATankIsToldBehindTheFixedText) {
-  OpenExperiment& open = open_basin();
-  experiment = handle(open);
-  make_tree();
+TEST_F(Point, ASiteWithoutATankIsReportedAfterTheFixedMessage) {
   build_run();
-  open.tank().geometry.number = 9;
-  const jlong tuned = params({{"beach", 0.5, "m"}, {"delay", 30, "msec"}});
-  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, tuned, proxy),
-            domain("Unexpected type in Geometry"));
+  unmake_tank();
   EXPECT_EQ(thrown_by_build(point(50, 1, 0, 1)),
             domain("Uncaught Exception in 2D Build: "
                    "Attempting to access TankConfig when not made ready"));

@@ -1,5 +1,7 @@
 #include "run_fixture.h"
 
+namespace Testing {
+
 void RunHostTest::make_run() {
   run = host.call(NATIVE(Kelpbox_1Experiment_1add_1definition), experiment, proxy, "run");
   group = host.call(NATIVE(Kelpbox_1Experiment_1add_1specification), experiment, proxy, run);
@@ -32,3 +34,11 @@ void RunHostTest::set_single(jlong wave, double f, double a, double angle, doubl
 Thrown RunHostTest::thrown_by_run_build() {
   return thrown_by(NATIVE(Kelpbox_1Experiment_1run_1build), experiment, proxy, run);
 }
+
+void RunHostTest::unmake_tank() {
+  const jlong values = params();
+  host.call(NATIVE(Kelpbox_1Analysis_1query), experiment, proxy, values, proxy);
+  host.call(NATIVE(Kelpbox_1Analysis_1set), experiment, proxy, values, proxy);
+}
+
+}  // namespace Testing

@@ -4,6 +4,8 @@
 
 #include "fixture.h"
 
+namespace Testing {
+
 class RunHostTest : public HostTest {
  protected:
   // A definition and a specification of the experiment, with nothing set.
@@ -15,10 +17,15 @@ class RunHostTest : public HostTest {
   jlong add_single();
   void set_single(jlong wave, double f, double a, double angle, double phase);
   Thrown thrown_by_run_build();
+  // Takes the tank away until the site is set again: an analysis on the same object leaves it to
+  // its next process to make the tank.
+  void unmake_tank();
 
   jlong experiment = 0;
   jlong run = 0;
   jlong group = 0;
 };
+
+}  // namespace Testing
 
 #endif  // KELPBOX_TESTS_EXPORTED_RUN_FIXTURE_H_

@@ -8,8 +8,13 @@
 #include <sstream>
 
 #include "fixture.h"
+#include "support/output.h"
 
 namespace {
+
+using Testing::HostTest;
+using Testing::printed;
+using Testing::printed_to_stderr;
 
 std::string basin_script() {
   std::ifstream in(TEST_ROOT "/exported/data/basin.txt");
@@ -42,21 +47,21 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 
 class Site : public HostTest {
  protected:
-  // What `initialise` throws, with the progress lines and the report caught.
+  // Also keeps what is written to the standard output and to the standard error.
   Thrown thrown_by_initialise(jlong experiment, const std::string& file) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    const Thrown thrown =
-        thrown_by(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy, file);
-    printed = testing::internal::GetCapturedStdout();
-    report = testing::internal::GetCapturedStderr();
+    Thrown thrown;
+    report = printed_to_stderr([&] {
+      output = printed([&] {
+        thrown = thrown_by(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy, file);
+      });
+    });
     return thrown;
   }
-  std::string printed;
+  std::string output;
   std::string report;
 };
 
-TEST_F(Site, TheNameIsThatOfTankAndConfiguration) {
+TEST_F(Site, TheNameIsThatOfTheTankAndTheConfiguration) {
   EXPECT_EQ(string_from(NATIVE(Kelpbox_1Experiment_1context_1name), basin(), proxy),
             "Basin two banks");
 }
@@ -68,8 +73,8 @@ TEST_F(Site, AnExperimentMayHaveAName) {
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Experiment_1paddle_1banks), made, proxy), 2);
 }
 
-// The fixed fields of the tree in their order, each as "key = value", behind the class names; the
-// value of the tunable parameters is left out.
+// The fixed fields of the tree in order, each as "key = value" and each object after the name of
+// its class. The values of the tunable parameters are not among them.
 const char* const checked_text =
     "Context"
     R"(site_name = "Hall")"
@@ -193,13 +198,13 @@ TEST_F(Site, TheConstantsComeFromTheScript) {
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Params_1get_1enum), set, proxy, "geometry", "Geometry"), 0);
 }
 
-TEST_F(Site, ConstantsThatAreThereAlreadyAreAFailureOfTheirOwn) {
+TEST_F(Site, DuplicateConstantsAreRefused) {
   const jlong set = params({{"min_x", 0, "m"}});
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1get_1consts), basin(), proxy, set, proxy),
             domain("\"min_x\"::Duplicate parameter:"));
 }
 
-TEST_F(Site, TunableValuesAreAskedForAndSet) {
+TEST_F(Site, TunableValuesAreQueriedAndSet) {
   const jlong experiment = basin();
   const jlong before = params();
   host.call(NATIVE(Kelpbox_1Experiment_1query), experiment, proxy, before, proxy);
@@ -215,7 +220,7 @@ TEST_F(Site, TunableValuesAreAskedForAndSet) {
   EXPECT_DOUBLE_EQ(value(after, "delay", "msec"), 30.0);
 }
 
-TEST_F(Site, SettingMakesTheTankReadyAgainEachTime) {
+TEST_F(Site, SetMakesTheTankReadyEachTime) {
   const jlong experiment = basin();
   for (int i = 0; i < 3; ++i) {
     const jlong wanted = params({{"beach", 0.1 * i, "m"}, {"delay", 30, "msec"}});
@@ -232,7 +237,7 @@ TEST_F(Site, AMissingTunableValueIsNamed) {
             domain("delay::Not found"));
 }
 
-TEST_F(Site, ValuesThatAreRefusedLeaveTheTankReady) {
+TEST_F(Site, RefusedValuesLeaveTheTankReady) {
   const jlong experiment = basin();
   const jlong wanted = params({{"beach", 0.5, "m"}, {"delay", 3, "m"}});
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), experiment, proxy, wanted, proxy),
@@ -251,7 +256,7 @@ TEST_F(Site, TheProfileSamplesTheDepthsAlongTheTank) {
   const jlong depths =
       own(host.call(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, step, proxy),
           NATIVE(delete_1Kelpbox_1StdVectorDouble));
-  // The step in the bottom belongs to the section before it.
+  // At the step in the bottom the section before it counts.
   EXPECT_EQ(values_of(depths), (std::vector<double>{1, 1, 1, 1, 1, 0.5, 0.5}));
 
   const jlong coarse = params({{"delta_x", 30, "m"}});
@@ -260,7 +265,7 @@ TEST_F(Site, TheProfileSamplesTheDepthsAlongTheTank) {
   EXPECT_EQ(values_of(depths).size(), 7u);
 }
 
-TEST_F(Site, AProfileWithoutAStepFails) {
+TEST_F(Site, AProfileNeedsAStepThatIsALength) {
   const jlong experiment = basin();
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, params(), proxy),
             domain("delta_x::Not found"));
@@ -269,11 +274,13 @@ TEST_F(Site, AProfileWithoutAStepFails) {
             domain("delta_x::not convertable"));
 }
 
-TEST_F(Site, AProfileOfATankThatIsNotReadyGivesTheFixedText) {
-  OpenExperiment& experiment = open_basin();
-  experiment.context().clear_ready();
+// An analysis on the same object leaves it to its next process to make the tank.
+TEST_F(Site, AProfileWithoutATankThrowsTheFixedMessage) {
+  const jlong experiment = basin();
+  const jlong values = params({{"beach", 0.5, "m"}, {"delay", 30, "msec"}});
+  host.call(NATIVE(Kelpbox_1Analysis_1set), experiment, proxy, values, proxy);
   const jlong step = params({{"delta_x", 5, "m"}});
-  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1profile), handle(experiment), proxy, step, proxy),
+  EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1profile), experiment, proxy, step, proxy),
             domain("Uncaught Exception in Experiment profile"));
 }
 
@@ -285,38 +292,38 @@ TEST_F(Site, AMissingScriptIsNamed) {
             "Object not built");
 }
 
-TEST_F(Site, AnUnsetKeyIsReportedApartFromTheLog) {
+TEST_F(Site, AnUnsetKeyIsReportedOnStandardError) {
   const ScriptFile file(replaced(basin_script(), "base_rho = 1000;", ""));
   const jlong experiment = empty_experiment();
   EXPECT_EQ(thrown_by_initialise(experiment, file.path()),
             domain(file.path() + "::Failed to verify"));
   EXPECT_NE(report.find("base_rho"), std::string::npos);
-  EXPECT_EQ(printed.find("base_rho"), std::string::npos);
-  // The tree that was read in part is not a site.
+  EXPECT_EQ(output.find("base_rho"), std::string::npos);
+  // A partly read tree is not a site.
   EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1paddle_1banks), experiment, proxy),
             "Object not built");
 }
 
-TEST_F(Site, ASyntaxErrorGivesTheFixedText) {
+TEST_F(Site, ASyntaxErrorThrowsTheFixedMessage) {
   const ScriptFile file("context { site_name = ; }");
   EXPECT_EQ(thrown_by_initialise(empty_experiment(), file.path()),
             domain("Uncaught Exception in Experiment Initialise"));
 }
 
-TEST_F(Site, ACheckOfTheSiteGoesToTheLogOnTheStandardOutput) {
+TEST_F(Site, AFailedCheckOfTheSiteIsLoggedOnStandardOutput) {
   const ScriptFile file(replaced(basin_script(), "max_y = 5;", "max_y = -6;"));
   EXPECT_EQ(thrown_by_initialise(empty_experiment(), file.path()), domain("Caught log exception"));
-  EXPECT_NE(printed.find("Error::Max Y -6 is less than Min Y -5\n"), std::string::npos) << printed;
+  EXPECT_NE(output.find("Error::Max Y -6 is less than Min Y -5\n"), std::string::npos) << output;
 }
 
-TEST_F(Site, ATankThatCannotBeMadeIsToldAtEachTry) {
+TEST_F(Site, ATankThatCannotBeMadeIsReportedAtEachTry) {
   const ScriptFile file(
       replaced(replaced(basin_script(), "depth = \"0.5\"", "depth = \"1-$[m]/60\""), "max_y = 5;",
                "max_y = 5; delta_depth = 0;"));
   const Thrown no_step = domain("Tank::delta_depth is not a positive number");
   const jlong site = empty_experiment();
   EXPECT_EQ(thrown_by_initialise(site, file.path()), no_step);
-  // The site has been read all the same.
+  // The site has been read nevertheless.
   const jlong values = params();
   host.call(NATIVE(Kelpbox_1Analysis_1query), site, proxy, values, proxy);
   EXPECT_EQ(value(values, "beach", "m"), 0.25);
@@ -324,12 +331,15 @@ TEST_F(Site, ATankThatCannotBeMadeIsToldAtEachTry) {
   const jlong set =
       host.call(NATIVE(Kelpbox_1Analysis_1create_1set), site, proxy,
                 params({{"start_time", 0, "s"}, {"stop_time", 1, "s"}}), proxy, uints({}), proxy);
-  // With and without new values: neither time has a tank been made ready.
+  // Without and with new values: both times there is no tank to begin with.
   for (const bool anew : {false, true}) {
     if (anew) host.call(NATIVE(Kelpbox_1Analysis_1set), site, proxy, values, proxy);
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Analysis_1create_1process), site, proxy, set, 0), no_step);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "AA\nAB\nAC\n");
+    EXPECT_EQ(printed([&] {
+                EXPECT_EQ(
+                    thrown_by(NATIVE(Kelpbox_1Analysis_1create_1process), site, proxy, set, 0),
+                    no_step);
+              }),
+              "AA\nAB\nAC\n");
   }
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1set), site, proxy, values, proxy), no_step);
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Analysis_1profile), site, proxy,
@@ -337,18 +347,18 @@ TEST_F(Site, ATankThatCannotBeMadeIsToldAtEachTry) {
             domain("Uncaught Exception in Experiment profile"));
 }
 
-TEST_F(Site, ReadingTellsItsProgressOnTheStandardOutput) {
-  testing::internal::CaptureStdout();
+TEST_F(Site, ReadingReportsItsProgressOnStandardOutput) {
   const jlong experiment = empty_experiment();
-  host.call(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy,
-            TEST_ROOT "/exported/data/basin.txt");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+  EXPECT_EQ(printed([&] {
+              host.call(NATIVE(Kelpbox_1Experiment_1initialise), experiment, proxy,
+                        TEST_ROOT "/exported/data/basin.txt");
+            }),
             "Opened file  \"" TEST_ROOT
             "/exported/data/basin.txt\" for input\n"
             "Leaving file \"" TEST_ROOT "/exported/data/basin.txt\"\n");
 }
 
-TEST_F(Site, ASecondInitialiseGivesTheFixedTextAndKeepsTheSite) {
+TEST_F(Site, ASecondInitialiseThrowsTheFixedMessageAndKeepsTheSite) {
   const jlong experiment = basin();
   EXPECT_EQ(thrown_by_initialise(experiment, TEST_ROOT "/exported/data/basin.txt"),
             domain("Uncaught Exception in Experiment Initialise"));

@@ -5,11 +5,14 @@
 #include <new>
 #include <stdexcept>
 
+#include "facade/facade.h"
 #include "fixture.h"
 
 namespace {
 
-// The functions that all families have, and the width of the element.
+using Testing::HostTest;
+
+// The functions that every family has, and the size of an element.
 struct Family {
   const char* name;
   std::size_t width;
@@ -70,7 +73,7 @@ TEST_P(EveryFamily, OfASizeHasThatManyElements) {
   EXPECT_FALSE(is_empty(vector));
 }
 
-TEST_P(EveryFamily, ReserveRaisesTheCapacityAlone) {
+TEST_P(EveryFamily, ReserveRaisesOnlyTheCapacity) {
   const jlong vector = make(2);
   host.call(family.reserve, vector, proxy, 50);
   EXPECT_GE(capacity(vector), 50);
@@ -96,7 +99,7 @@ TEST_P(EveryFamily, ClearKeepsTheCapacity) {
   EXPECT_TRUE(is_empty(vector));
 }
 
-TEST_P(EveryFamily, BeyondTheLongestALengthErrorLeaves) {
+TEST_P(EveryFamily, ATooLongVectorLeavesALengthError) {
   const jlong longest = std::numeric_limits<std::ptrdiff_t>::max() / family.width;
   const jlong vector = make(1);
   for (const jlong count : {longest + 1, jlong{-1}}) {
@@ -111,7 +114,7 @@ TEST_P(EveryFamily, BeyondTheLongestALengthErrorLeaves) {
   EXPECT_EQ(size(vector), 1);
 }
 
-TEST_P(EveryFamily, WithoutMemoryABadAllocationLeaves) {
+TEST_P(EveryFamily, ExhaustedMemoryLeavesABadAlloc) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "the sanitizer ends the program instead";
 #endif
@@ -131,7 +134,7 @@ class Vectors : public HostTest {
   const Thrown bad_index = index_out_of_bounds();
 };
 
-// A family of numbers: grow it far enough to move, read back, overwrite, run off both ends.
+// A family of numbers: grows until it is moved, is read back, overwritten and indexed out of range.
 #define CHECK_NUMBERS(family, first, second)                                                    \
   {                                                                                             \
     SCOPED_TRACE(#family);                                                                      \
@@ -161,7 +164,7 @@ class Vectors : public HostTest {
     for (jint i = 0; i < 3; ++i) EXPECT_EQ(host.call(get, sized, proxy, i), 0);                 \
   }
 
-TEST_F(Vectors, NumbersTravelByValue) {
+TEST_F(Vectors, NumbersAreCopied) {
   CHECK_NUMBERS(Double, 0.1, -1e300);
   CHECK_NUMBERS(Float, 0.5f, -3e38f);
   CHECK_NUMBERS(Short, jshort{-32768}, jshort{32767});
@@ -177,7 +180,7 @@ TEST_F(Vectors, AnUnsignedElementIsTheLow32Bits) {
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1StdVectorUInt_1get), vector, proxy, 0), jlong{0xFFFFFFFF});
 }
 
-TEST_F(Vectors, TheIndexExceptionClearsBeforeItIsThrown) {
+TEST_F(Vectors, ABadIndexClearsThePendingExceptionBeforeItThrows) {
   const jlong vector = doubles({1.0});
   host.log.clear();
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1StdVectorDouble_1get), vector, proxy, -1), 0.0);
@@ -188,7 +191,7 @@ TEST_F(Vectors, TheIndexExceptionClearsBeforeItIsThrown) {
   EXPECT_EQ(host.take_thrown(), bad_index);
 }
 
-TEST_F(Vectors, StringsAreCopiedInAndNewOnTheWayOut) {
+TEST_F(Vectors, StringsAreCopiedInAndReturnedAsNewStrings) {
   const jlong vector = own(host.call(NATIVE(new_1Kelpbox_1StdVectorString_1_1SWIG_10)),
                            NATIVE(delete_1Kelpbox_1StdVectorString));
   const auto add = NATIVE(Kelpbox_1StdVectorString_1add);
@@ -272,8 +275,9 @@ TEST_F(Vectors, AFrontInAVectorIsACopy) {
   EXPECT_EQ(host.call(NATIVE(Kelpbox_1Front_1get_1freq), copy, proxy), 1.0);
 }
 
-// The sizes count fields of 64 bits; the harmonic must come through the shared functions whole.
-TEST_F(Vectors, AHarmonicSurvivesTheSharedFunctions) {
+// The functions that families share move all 64 bits of a harmonic. No host can set such a
+// harmonic, so the test writes it into the record.
+TEST_F(Vectors, AHarmonicIsMovedWhole) {
   const jlong vector = own(host.call(NATIVE(new_1Kelpbox_1StdVectorTransferFront_1_1SWIG_11), 1),
                            NATIVE(delete_1Kelpbox_1StdVectorTransferFront));
   const jlong element = host.call(NATIVE(Kelpbox_1StdVectorTransferFront_1get), vector, proxy, 0);
