@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/test_run.h"
+#include "support/test_surface.h"
 
 namespace {
 
@@ -17,6 +18,7 @@ using Testing::BuiltRun;
 using Testing::Given;
 using Testing::point_params;
 using Testing::SiteText;
+using Testing::sloping_site;
 using Testing::wave_number;
 
 constexpr double pi = std::numbers::pi;
@@ -75,6 +77,22 @@ TEST(TwoD, TheTimeHistoryIsTheSumOfItsWaves) {
                                   wave_number(omega, 1.0) * way);
     }
     EXPECT_NEAR(run.time()[j], eta, 1e-12) << j;
+  }
+}
+
+TEST(TwoD, OverASlopeTheTimeHistoryIsTheSumOfTheRefractedWaves) {
+  const Given given = {{5, {0.03, 0.0, 0.2}}, {8, {0.04, 0.5, -0.7}}, {11, {0.02, -0.8, 1.0}}};
+  BuiltRun run(sloping_site(), given);
+  for (const double x : {0.0, 3.0, 5.0, 11.5, 30.0}) {
+    Base::Params params = point_params(32.0, x, 2.5);
+    run.definition.twod_build(params);
+    const std::vector<double>& eta = run.definition.twod_data(TwoD::time);
+    const auto arrivals =
+        Testing::arrivals(run.site.context().tank_config(), run.definition.fronts(true), x);
+    for (std::size_t j = 0; j < eta.size(); ++j) {
+      EXPECT_NEAR(eta[j], Testing::surface(arrivals, 2.5, static_cast<double>(j) / 32.0), 1e-12)
+          << x << " " << j;
+    }
   }
 }
 
