@@ -33,26 +33,26 @@ TEST(AnimateMemory, APeakIsTheFramesAndAFewBlocks) {
 TEST(AnimateMemory, ALongCycleHoldsOneSpectrumAndOneSeries) {
   if (sanitized) GTEST_SKIP() << "the sanitizer's own memory is counted too";
   EXPECT_TRUE(good_alone([] {
-    Sea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {20, {0.1, 0.1, 1.0}}});
+    AnimatedSea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {20, {0.1, 0.1, 1.0}}});
     GridText grid;
     grid.rate = 120000.0;
     grid.x_step = 10.0;
     grid.y_step = 4.0;
     const double samples = 1.2e6;
-    // Four points of 2 bytes, a place in the list of frames and the least piece of the heap.
+    // Per frame: four points of 2 bytes, an entry in the list of frames and the least heap block.
     const double frames = samples * (4 * 2 + 24 + 32);
     const double before = peak_memory();
     sea.build(grid);
     const double growth = peak_memory() - before;
-    // The tables of the transform are nearly a signal more, the codes a quarter of one.
+    // Plus a spectrum, a series, the tables of the transform and the codes.
     return sea.frames().size(0) == 1200000 && growth < frames + 3.5 * 8 * samples;
   }));
 }
 
-TEST(AnimateMemory, WhatAColumnNeedsIsRefusedAsTheFramesAre) {
+TEST(AnimateMemory, TheMemoryOfAColumnIsRefusedAsThatOfTheFrames) {
   if (sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
   EXPECT_TRUE(good_alone([] {
-    Sea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}});
+    AnimatedSea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}});
     GridText grid;
     grid.rate = 400000.0;
     grid.x_step = 10.0;
@@ -63,7 +63,7 @@ TEST(AnimateMemory, WhatAColumnNeedsIsRefusedAsTheFramesAre) {
     try {
       sea.slice(0, 1);
     } catch (const std::bad_alloc&) {
-      // Of the 90 MB nothing was used.
+      // None of the 90 MB was used.
       return peak_memory() - before < 1e6 && sea.frames().ready();
     }
     return false;

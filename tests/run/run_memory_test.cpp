@@ -1,4 +1,4 @@
-// What is made of a run against the memory of the machine.
+// Runs that need more memory than the machine has, and the memory that they use.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -7,6 +7,7 @@
 
 #include "support/own_process.h"
 #include "support/test_run.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -33,7 +34,7 @@ TEST(RunMemory, ARateMistypedByAMillionIsRefusedBeforeItsMemoryIsUsed) {
   BuiltRun run(with_paddles({4000}), {{5, {0.1, 0.0, 0.0}}});
   const double before = peak_memory();
   const std::string text = thrown([&] { run.definition.paddle_motion_build(rate_params(1e7)); });
-  // Each signal of 0.75 GiB would pass, all of them are too much for any machine.
+  // One signal of 0.75 GiB would be accepted, but all of them are too much for any machine.
   const std::string start =
       "rate::1e+07 Hz gives 100000000 samples for each of 4000 paddles, which need 2981.";
   EXPECT_EQ(text.rfind(start, 0), 0U) << text;
@@ -98,7 +99,7 @@ TEST(RunMemory, ListsOfFrontsThatTheMachineCannotHoldAreRefused) {
     const std::string needed = "fronts::1000000 fronts need 0.03 GiB of memory, 0.0";
     return listed && thrown([&] { run.definition.fronts(true); }).rfind(needed, 0) == 0 &&
            thrown([&] { run.definition.fronts(false); }).rfind(needed, 0) == 0 &&
-           // This one has its memory already.
+           // This list has its memory already.
            run.definition.fronts(0U).size() == 1000000;
   }));
 }

@@ -1,4 +1,4 @@
-// Signals of components, of a modifier and at a point against the memory of the machine.
+// The memory that signals use, in components, in a modifier and at a point.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -7,12 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "support/own_process.h"
-#include "sea/phase_noise.h"
 #include "point/point_stats.h"
+#include "sea/phase_noise.h"
 #include "sea/time_exp.h"
 #include "sea/time_series.h"
+#include "support/own_process.h"
 #include "support/test_run.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ void evaluate_noise(SampledRun& run) {
   noise.evaluate(run.fronts, run.data, Maths::TankConfig(), run.messages);
 }
 
-// The peak of the work on a run of 2^20 samples, in times of what these take.
+// The peak memory of the work on a run of 2^20 samples, in units of the memory of a signal.
 double peak_in_signals(const std::function<void(SampledRun&)>& work) {
   SampledRun run(1 << 20);
   run.fill();
@@ -74,8 +75,8 @@ double peak_in_signals(const std::function<void(SampledRun&)>& work) {
   return (peak_memory() - before) / (8.0 * (1 << 20));
 }
 
-// A signal, its spectrum, the tables of the transform, which have at most the size of a signal, and
-// half of one for fronts and the like.
+// A signal, its spectrum, the tables of the transform, which are at most as large as a signal, and
+// half a signal for the rest.
 constexpr double few_signals = 3.5;
 
 TEST(SignalMemory, ComponentsAndNoiseHoldASignalOnce) {
@@ -101,13 +102,13 @@ TEST(SignalMemory, StatisticsAtAPointHoldASignalOnce) {
   }));
 }
 
-TEST(SignalMemory, AWaveAtAPointHoldsASignalOnceBesideItsResults) {
+TEST(SignalMemory, AWaveAtAPointHoldsASignalOnceBesidesItsResults) {
   if (Testing::sanitized) GTEST_SKIP() << "the sanitizer's own memory is counted too";
   for (const int builds : {1, 2}) {
     EXPECT_TRUE(Testing::good_alone([&] {
       Site site;
-      // Time, spectrum and variance are two signals, of which the time takes the place of what a
-      // component has; the directions are half of one.
+      // The time takes the place of a component's signal. Spectrum and variance are one signal
+      // more, the directions half of one.
       return peak_in_signals([&](SampledRun& run) {
                Maths::TankRun tank(site.context().tank_config(), run.data);
                Synthesis::TwoD point_data;
@@ -121,7 +122,8 @@ TEST(SignalMemory, AWaveAtAPointHoldsASignalOnceBesideItsResults) {
   }
 }
 
-// What the work throws on a run of 2^24 samples with so little memory left, without using it.
+// Whether a run of 2^24 samples is refused with that message while 150 MB are left, before they are
+// used.
 bool refused(const std::string& start, const std::function<void(SampledRun&)>& work) {
   return Testing::good_alone([&] {
     SampledRun run(1 << 24);
@@ -138,7 +140,7 @@ bool refused(const std::string& start, const std::function<void(SampledRun&)>& w
 
 TEST(SignalMemory, SignalsThatTheMachineCannotHoldAreRefused) {
   if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
-  // 22 bytes a sample: two of 8 and the tables of a transform.
+  // 22 bytes per sample: two values of 8 and the tables of the transform.
   EXPECT_TRUE(refused("wave::16777216 samples in the signal need 0.34", evaluate_time_exp));
   EXPECT_TRUE(refused("record::16777216 samples in the signal need 0.34", evaluate_time_series));
   EXPECT_TRUE(

@@ -1,5 +1,5 @@
-// Small sites for tests, written as scripts and read back, and components, modifiers and parameters
-// of given content.
+// A small site, written as a script and read by the real reader, and the parts that tests assemble
+// runs from.
 #ifndef KELPBOX_TESTS_SUPPORT_TEST_SITE_H_
 #define KELPBOX_TESTS_SUPPORT_TEST_SITE_H_
 
@@ -35,8 +35,8 @@ struct BankText {
   std::vector<Place> paddles = {{0.0, 0.0, 0.0}};
 };
 
-// A tank from x_low to x_high. The depths are formulas such as "1@m"; each holds up to the next of
-// `breaks`.
+// A tank from x_low to x_high. Depths are formulas such as "1@m"; `breaks` are the positions
+// between them.
 struct SiteText {
   std::string geometry = "NoSides";
   double min_y = -10.0;
@@ -60,11 +60,12 @@ double sloping_depth(double x);
 
 std::string script(const SiteText& site);
 
-// A site read from its script by the library's own reader.
+// Reads the script with the real reader and keeps the log.
 class Site {
  public:
   explicit Site(const SiteText& text = {}, bool ready = true);
   Common::Context& context() { return *reader_.object(); }
+  std::string log() const { return log_text_.str(); }
 
  private:
   std::ostringstream log_text_;
@@ -75,7 +76,7 @@ class Site {
 // Fronts by harmonic.
 using Given = std::vector<std::pair<std::uint64_t, Maths::HarmonicFront>>;
 
-// A component that makes the given fronts, and adds its message unless that is empty.
+// Adds the given fronts to the set, and its message to the messages.
 class GivenFronts : public Synthesis::Component {
  public:
   explicit GivenFronts(Given given = {}) : Component("given"), fronts(std::move(given)) {
@@ -96,7 +97,7 @@ class GivenFronts : public Synthesis::Component {
   }
 };
 
-// A modifier that adds a message of its name and the number of fronts.
+// Adds its name and the number of fronts in the set to the messages.
 class NamedModifier : public Synthesis::Modifier {
  public:
   NamedModifier(Slot slot, const std::string& name)
@@ -117,8 +118,9 @@ Base::Params run_params(double repeat, const std::string& wave_merge = "Null",
 // The parameters of the paddle motion, in Hz.
 Base::Params rate_params(double rate);
 
-// The library's own wave number, which tests/maths compares with the exact one. What is built on it
-// can then be tested to rounding.
+// The wave number that the library works with. The tests of maths prove it against the exact root,
+// so the tests of what follows from it need no tolerance for its error; see also
+// support/wave_number.h.
 double wave_number(double omega, double depth, double g = 9.81);
 
 }  // namespace Testing
