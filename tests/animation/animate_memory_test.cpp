@@ -35,17 +35,17 @@ TEST(AnimateMemory, ALongCycleHoldsOneSpectrumAndOneSeries) {
   EXPECT_TRUE(good_alone([] {
     AnimatedSea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {20, {0.1, 0.1, 1.0}}});
     GridText grid;
-    grid.rate = 120000.0;
+    grid.rate = 60000.0;
     grid.x_step = 10.0;
     grid.y_step = 4.0;
-    const double samples = 1.2e6;
+    const double samples = 6e5;
     // Per frame: four points of 2 bytes, an entry in the list of frames and the least heap block.
     const double frames = samples * (4 * 2 + 24 + 32);
     const double before = peak_memory();
     sea.build(grid);
     const double growth = peak_memory() - before;
     // Plus a spectrum, a series, the tables of the transform and the codes.
-    return sea.frames().size(0) == 1200000 && growth < frames + 3.5 * 8 * samples;
+    return sea.frames().size(0) == 600000 && growth < frames + 3.5 * 8 * samples;
   }));
 }
 
@@ -54,16 +54,16 @@ TEST(AnimateMemory, TheMemoryOfAColumnIsRefusedAsThatOfTheFrames) {
   EXPECT_TRUE(good_alone([] {
     AnimatedSea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}});
     GridText grid;
-    grid.rate = 400000.0;
+    grid.rate = 100000.0;
     grid.x_step = 10.0;
     grid.y_step = 4.0;
     sea.init(grid);
-    leave_room(6e7);
+    leave_room(1.5e7);
     const double before = peak_memory();
     try {
       sea.slice(0, 1);
     } catch (const std::bad_alloc&) {
-      // None of the 90 MB was used.
+      // None of the 22 MB was used.
       return peak_memory() - before < 1e6 && sea.frames().ready();
     }
     return false;

@@ -63,11 +63,11 @@ TEST(RunMemory, SignalsOfAnEarlierBuildMakeRoom) {
   BuiltRun run(with_paddles({40}), {{5, {0.1, 0.0, 0.0}}});
   if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
   EXPECT_TRUE(Testing::good_alone([&] {
-    // 160 MB of signals each time.
-    Testing::leave_room(2.5e8);
-    run.definition.paddle_motion_build(rate_params(5e4));
-    run.definition.paddle_motion_build(rate_params(5e4));
-    return run.signal(0, 39).size() == 500000;
+    // 32 MB of signals each time.
+    Testing::leave_room(5e7);
+    run.definition.paddle_motion_build(rate_params(1e4));
+    run.definition.paddle_motion_build(rate_params(1e4));
+    return run.signal(0, 39).size() == 100000;
   }));
 }
 
@@ -76,16 +76,16 @@ TEST(RunMemory, APeakIsTheSignalsAndTheTransformOfOne) {
   EXPECT_TRUE(Testing::good_alone([] {
     Testing::Site site(with_paddles({16}));
     Maths::RunData run;
-    run.init(40000.0, 20.0, 0.1, 2.0, false);
+    run.init(10000.0, 20.0, 0.1, 2.0, false);
     Maths::FrontSet fronts;
     fronts.reset(run.size());
-    for (std::size_t h = 4000; h < run.size(); ++h) fronts.slots[h] = {{1e-5, 0.2, 0.1}};
+    for (std::size_t h = 1000; h < run.size(); ++h) fronts.slots[h] = {{1e-5, 0.2, 0.1}};
     Synthesis::BankMotion motion;
     const double before = peak_memory();
     motion.init(site.context().tank_config(), run, rate_params(20.0));
     motion.build(site.context().wavemaker_bank[0], fronts);
     const double growth = peak_memory() - before;
-    const double signal = 8.0 * 40000 * 20;
+    const double signal = 8.0 * 10000 * 20;
     return motion.series().size() == 16 && growth > 16 * signal && growth < 18.5 * signal;
   }));
 }
