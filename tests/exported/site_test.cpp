@@ -1,14 +1,12 @@
 // The operations on the site.
-#include <unistd.h>
-
 #include <cmath>
-#include <cstdint>
-#include <cstdio>
 #include <fstream>
 #include <sstream>
 
 #include "fixture.h"
+#include "support/checksum.h"
 #include "support/output.h"
+#include "support/temp_dir.h"
 
 namespace {
 
@@ -22,22 +20,6 @@ std::string basin_script() {
   text << in.rdbuf();
   return text.str();
 }
-
-// A script file that is gone when the test ends.
-class ScriptFile {
- public:
-  explicit ScriptFile(const std::string& text) {
-    static int count = 0;
-    path_ = testing::TempDir() + "kelpbox_site_" + std::to_string(::getpid()) + "_" +
-            std::to_string(count++);
-    std::ofstream(path_) << text;
-  }
-  ~ScriptFile() { std::remove(path_.c_str()); }
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
   const auto at = text.find(from);
@@ -59,6 +41,7 @@ class Site : public HostTest {
   }
   std::string output;
   std::string report;
+  const Testing::TempDir dir;
 };
 
 TEST_F(Site, TheNameIsThatOfTheTankAndTheConfiguration) {
@@ -165,14 +148,8 @@ const char* const checked_text =
     "base_rho = 1000";
 
 TEST_F(Site, TheIdentityEndsInTheChecksumOfTheFixedFields) {
-  std::uint32_t sum = 0;
-  unsigned shift = 0;
-  for (const char* c = checked_text; *c != '\0'; ++c) {
-    sum += static_cast<std::uint32_t>(static_cast<signed char>(*c)) << shift;
-    shift = (shift + 1) % 24;
-  }
   std::ostringstream expected;
-  expected << "Hall::Basin::two banks#0x" << std::hex << sum;
+  expected << "Hall::Basin::two banks#0x" << std::hex << Testing::checksum_of(checked_text);
   const jlong experiment = basin();
   const auto identity = NATIVE(Kelpbox_1Experiment_1context_1string);
   EXPECT_EQ(string_from(identity, experiment, proxy), expected.str());
@@ -293,10 +270,9 @@ TEST_F(Site, AMissingScriptIsNamed) {
 }
 
 TEST_F(Site, AnUnsetKeyIsReportedOnStandardError) {
-  const ScriptFile file(replaced(basin_script(), "base_rho = 1000;", ""));
+  const std::string file = dir.write("site", replaced(basin_script(), "base_rho = 1000;", ""));
   const jlong experiment = empty_experiment();
-  EXPECT_EQ(thrown_by_initialise(experiment, file.path()),
-            domain(file.path() + "::Failed to verify"));
+  EXPECT_EQ(thrown_by_initialise(experiment, file), domain(file + "::Failed to verify"));
   EXPECT_NE(report.find("base_rho"), std::string::npos);
   EXPECT_EQ(output.find("base_rho"), std::string::npos);
   // A partly read tree is not a site.
@@ -305,24 +281,24 @@ TEST_F(Site, AnUnsetKeyIsReportedOnStandardError) {
 }
 
 TEST_F(Site, ASyntaxErrorThrowsTheFixedMessage) {
-  const ScriptFile file("context { site_name = ; }");
-  EXPECT_EQ(thrown_by_initialise(empty_experiment(), file.path()),
+  const std::string file = dir.write("site", "context { site_name = ; }");
+  EXPECT_EQ(thrown_by_initialise(empty_experiment(), file),
             domain("Uncaught Exception in Experiment Initialise"));
 }
 
 TEST_F(Site, AFailedCheckOfTheSiteIsLoggedOnStandardOutput) {
-  const ScriptFile file(replaced(basin_script(), "max_y = 5;", "max_y = -6;"));
-  EXPECT_EQ(thrown_by_initialise(empty_experiment(), file.path()), domain("Caught log exception"));
+  const std::string file = dir.write("site", replaced(basin_script(), "max_y = 5;", "max_y = -6;"));
+  EXPECT_EQ(thrown_by_initialise(empty_experiment(), file), domain("Caught log exception"));
   EXPECT_NE(output.find("Error::Max Y -6 is less than Min Y -5\n"), std::string::npos) << output;
 }
 
 TEST_F(Site, ATankThatCannotBeMadeIsReportedAtEachTry) {
-  const ScriptFile file(
-      replaced(replaced(basin_script(), "depth = \"0.5\"", "depth = \"1-$[m]/60\""), "max_y = 5;",
-               "max_y = 5; delta_depth = 0;"));
+  const std::string file = dir.write(
+      "site", replaced(replaced(basin_script(), "depth = \"0.5\"", "depth = \"1-$[m]/60\""),
+                       "max_y = 5;", "max_y = 5; delta_depth = 0;"));
   const Thrown no_step = domain("Tank::delta_depth is not a positive number");
   const jlong site = empty_experiment();
-  EXPECT_EQ(thrown_by_initialise(site, file.path()), no_step);
+  EXPECT_EQ(thrown_by_initialise(site, file), no_step);
   // The site has been read nevertheless.
   const jlong values = params();
   host.call(NATIVE(Kelpbox_1Analysis_1query), site, proxy, values, proxy);
