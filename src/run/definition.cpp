@@ -89,7 +89,7 @@ const Maths::RunFronts& Definition::run_build() {
   const std::uint32_t merge = params_.read_enum("wave_merge", Base::EnumType::WaveMerge);
   run_.resize(specifications_.size());
   for (std::size_t i = 0; i < specifications_.size(); ++i) {
-    specifications_[i]->evaluate(run_.sets[i], run_.run, context_.tank_config(), messages_);
+    specifications_[i]->evaluate(run_.sets[i], {run_.run, context_.tank_config(), messages_});
   }
   if (run_.sets.empty()) return run_;
 

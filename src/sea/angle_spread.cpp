@@ -74,8 +74,7 @@ void AngleSpreadModifier::on_set(Base::Params& in, Base::Params& stored) {
 }
 
 void AngleSpreadModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                                      const Maths::RunData& run, const Maths::TankConfig&,
-                                      Messages&) {
+                                      const RunContext& context) {
   const std::uint32_t function = stored.read_enum("function", Base::EnumType::SpreadFunc);
   const double mean = stored.read("angle", Category::angle);
   const double max_angle = stored.read("max_angle", Category::angle);
@@ -85,7 +84,7 @@ void AngleSpreadModifier::on_evaluate(const Base::Params& stored, Maths::FrontSe
   const double bottom = Maths::wrap_angle(min_angle - mean);
   for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
     if (fronts.slots[h].empty()) continue;
-    const double s = value(run.freq(h));
+    const double s = value(context.run.freq(h));
     for (Maths::HarmonicFront& front : fronts.slots[h]) {
       const double u = generator.unit();
       const double d = function == Base::SpreadFunc::CosS

@@ -68,11 +68,10 @@ void AngleSweepModifier::on_set(Base::Params& in, Base::Params& stored) {
 }
 
 void AngleSweepModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                                     const Maths::RunData&, const Maths::TankConfig& tank,
-                                     Messages&) {
+                                     const RunContext& context) {
   const double delta_angle = stored.read("delta_angle", Category::angle);
-  const double lo = tank.min_angle;
-  const double hi = tank.max_angle;
+  const double lo = context.tank.min_angle;
+  const double hi = context.tank.max_angle;
   double span = hi - lo;
   if (hi < lo) span += Base::TwoPi;
   const std::int32_t n = Maths::round_to_i32(span / delta_angle);

@@ -32,9 +32,9 @@ GainChangeModifier::GainChangeModifier(const std::string& text)
     : Modifier(gain, "Gain", Category::frequency, Category::unit, text) {}
 
 void GainChangeModifier::on_evaluate(const Base::Params&, Maths::FrontSet& fronts,
-                                     const Maths::RunData& run, const Maths::TankConfig&,
-                                     Messages&) {
-  change_fronts(*this, fronts, run, [](Maths::HarmonicFront& front, double v) { front.amp *= v; });
+                                     const RunContext& context) {
+  change_fronts(*this, fronts, context.run,
+                [](Maths::HarmonicFront& front, double v) { front.amp *= v; });
 }
 
 // The name is how hosts know it.
@@ -50,10 +50,9 @@ void AngleChangeModifier::on_set(Base::Params& in, Base::Params& stored) {
 }
 
 void AngleChangeModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                                      const Maths::RunData& run, const Maths::TankConfig&,
-                                      Messages&) {
+                                      const RunContext& context) {
   const bool replace = sets(stored);
-  change_fronts(*this, fronts, run, [replace](Maths::HarmonicFront& front, double v) {
+  change_fronts(*this, fronts, context.run, [replace](Maths::HarmonicFront& front, double v) {
     front.angle = Maths::wrap_angle(replace ? v : front.angle + v);
   });
 }
@@ -70,10 +69,9 @@ void PhaseChangeModifier::on_set(Base::Params& in, Base::Params& stored) {
 }
 
 void PhaseChangeModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                                      const Maths::RunData& run, const Maths::TankConfig&,
-                                      Messages&) {
+                                      const RunContext& context) {
   const bool replace = sets(stored);
-  change_fronts(*this, fronts, run, [replace](Maths::HarmonicFront& front, double v) {
+  change_fronts(*this, fronts, context.run, [replace](Maths::HarmonicFront& front, double v) {
     front.phase = replace ? v : front.phase + v;
   });
 }

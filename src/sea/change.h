@@ -14,8 +14,8 @@ class GainChangeModifier : public Modifier {
   explicit GainChangeModifier(const std::string& text);
 
  protected:
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
-                   const Maths::TankConfig& tank, Messages& messages) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                   const RunContext& context) override;
 };
 
 // Adds the expression, an angle, to each direction; or puts it in the direction's place when "set"
@@ -27,8 +27,8 @@ class AngleChangeModifier : public Modifier {
  protected:
   void on_query(Base::Params& out) override;
   void on_set(Base::Params& in, Base::Params& stored) override;
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
-                   const Maths::TankConfig& tank, Messages& messages) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                   const RunContext& context) override;
 };
 
 // The same with the phase, which is not wrapped.
@@ -39,8 +39,8 @@ class PhaseChangeModifier : public Modifier {
  protected:
   void on_query(Base::Params& out) override;
   void on_set(Base::Params& in, Base::Params& stored) override;
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
-                   const Maths::TankConfig& tank, Messages& messages) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                   const RunContext& context) override;
 };
 
 }  // namespace Synthesis

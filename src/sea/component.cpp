@@ -36,9 +36,9 @@ void Component::set(Base::Params& in) {
   ready_ = true;
 }
 
-void Component::evaluate(Maths::FrontSet& fronts, const Maths::RunData& run, Messages& messages) {
+void Component::evaluate(Maths::FrontSet& fronts, const RunContext& context) {
   if (!ready_) throw name_ + "::evaluate::when not ready";
-  if (enabled_) on_evaluate(params_, fronts, run, messages);
+  if (enabled_) on_evaluate(params_, fronts, context);
   evaluated_ = true;
 }
 

@@ -13,12 +13,10 @@
 #include "base/params.h"
 #include "base/units.h"
 #include "maths/front_set.h"
-#include "maths/run_data.h"
 #include "sea/piecewise.h"
+#include "sea/run_context.h"
 
 namespace Synthesis {
-
-using Messages = std::vector<std::string>;
 
 class Component {
  public:
@@ -39,7 +37,7 @@ class Component {
   // the readiness that it had.
   void set(Base::Params& in);
   // Puts the fronts into the set. Throws "<name>::evaluate::when not ready".
-  void evaluate(Maths::FrontSet& fronts, const Maths::RunData& run, Messages& messages);
+  void evaluate(Maths::FrontSet& fronts, const RunContext& context);
 
   // A line for each front of known frequency: the prefix, then the frequency in Hz.
   virtual void write_frequencies(std::ostream& out, const std::string& prefix) const;
@@ -48,7 +46,7 @@ class Component {
   virtual void on_query(Base::Params& out) = 0;
   virtual void on_set(Base::Params& in, Base::Params& stored) = 0;
   virtual void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                           const Maths::RunData& run, Messages& messages) = 0;
+                           const RunContext& context) = 0;
 
   Base::Params params_;
   bool evaluated_ = false;

@@ -13,10 +13,8 @@
 #include "base/params.h"
 #include "base/units.h"
 #include "maths/front_set.h"
-#include "maths/run_data.h"
-#include "maths/tank_config.h"
-#include "sea/component.h"
 #include "sea/piecewise.h"
+#include "sea/run_context.h"
 
 namespace Synthesis {
 
@@ -44,9 +42,8 @@ class Modifier {
   void set(Base::Params& in);
   // Changes the fronts. There is no test of readiness on purpose: a modifier may work without
   // parameters.
-  void evaluate(Maths::FrontSet& fronts, const Maths::RunData& run, const Maths::TankConfig& tank,
-                Messages& messages) {
-    on_evaluate(params_, fronts, run, tank, messages);
+  void evaluate(Maths::FrontSet& fronts, const RunContext& context) {
+    on_evaluate(params_, fronts, context);
   }
   // The expression at x, which is in the base unit of the limits, as is the result in its own.
   // Throws "<name>::evaluate::there is no expression".
@@ -56,8 +53,7 @@ class Modifier {
   virtual void on_query(Base::Params&) {}
   virtual void on_set(Base::Params&, Base::Params&) {}
   virtual void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                           const Maths::RunData& run, const Maths::TankConfig& tank,
-                           Messages& messages) = 0;
+                           const RunContext& context) = 0;
 
  private:
   void check_order() const;

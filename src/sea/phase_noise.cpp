@@ -54,16 +54,15 @@ void PhaseWNoiseModifier::on_set(Base::Params& in, Base::Params& stored) {
 }
 
 void PhaseWNoiseModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                                      const Maths::RunData& run, const Maths::TankConfig&,
-                                      Messages&) {
+                                      const RunContext& context) {
   const Maths::PureRandom generator = make_generator(stored, 5);
   const double rate = stored.read("rate", Category::frequency);
-  const std::uint32_t n = noise_count(run.value(), rate);
+  const std::uint32_t n = noise_count(context.run.value(), rate);
   Base::require_memory(Maths::signal_memory(n),
                        Base::compose("rate::", rate, " Hz gives ", n, " samples of noise, which"));
   Base::DataSet noise(white_noise(n, generator), Base::Quantity(rate, Category::frequency));
   const std::vector<std::complex<double>> X = std::move(noise).take_freq().data;
-  for (std::uint64_t h = run.min_harmonic(); h < fronts.slots.size() && h < X.size(); ++h) {
+  for (std::uint64_t h = context.run.min_harmonic(); h < fronts.slots.size() && h < X.size(); ++h) {
     const double factor = std::abs(X[h]);
     const double drawn = std::atan2(X[h].imag(), X[h].real());
     for (Maths::HarmonicFront& front : fronts.slots[h]) {

@@ -24,8 +24,8 @@ class PhaseWNoiseModifier : public Modifier {
  protected:
   void on_query(Base::Params& out) override;
   void on_set(Base::Params& in, Base::Params& stored) override;
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
-                   const Maths::TankConfig& tank, Messages& messages) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                   const RunContext& context) override;
 };
 
 }  // namespace Synthesis

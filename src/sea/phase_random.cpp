@@ -13,7 +13,7 @@ void PhaseRandomModifier::on_query(Base::Params& out) { query_seed(out); }
 void PhaseRandomModifier::on_set(Base::Params& in, Base::Params& stored) { set_seed(in, stored); }
 
 void PhaseRandomModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                                      const Maths::RunData&, const Maths::TankConfig&, Messages&) {
+                                      const RunContext&) {
   Maths::PureRandom generator = make_generator(stored, 4);
   for (std::vector<Maths::HarmonicFront>& slot : fronts.slots) {
     for (Maths::HarmonicFront& front : slot) {

@@ -73,8 +73,10 @@ void SetFronts::on_query(Base::Params& out) {
 
 void SetFronts::on_set(Base::Params& in, Base::Params&) { on_query(in); }
 
-void SetFronts::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData& run,
-                            Messages& messages) {
+void SetFronts::on_evaluate(const Base::Params&, Maths::FrontSet& fronts,
+                            const RunContext& context) {
+  const Maths::RunData& run = context.run;
+  Messages& messages = context.messages;
   const double repeat = run.value();
   const double error = frequency_error(repeat);
   const double fitted = fitted_repeat();

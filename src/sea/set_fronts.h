@@ -26,8 +26,8 @@ class SetFronts : public Component {
  protected:
   void on_query(Base::Params& out) override;
   void on_set(Base::Params& in, Base::Params& stored) override;
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
-                   Messages& messages) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                   const RunContext& context) override;
 
  private:
   DispFronts fronts_;

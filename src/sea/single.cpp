@@ -26,8 +26,9 @@ void Single::on_set(Base::Params& in, Base::Params& stored) {
   phase_ = stored.read("phase", Category::angle);
 }
 
-void Single::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData& run,
-                         Messages& messages) {
+void Single::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const RunContext& context) {
+  const Maths::RunData& run = context.run;
+  Messages& messages = context.messages;
   if (!run.is_inrange(f_)) {
     messages.push_back(Base::compose("Discarding single frequency ", f_, " as it is out of range"));
     return;

@@ -40,16 +40,15 @@ void Specification::set(const Base::Params& in) {
   ready_ = true;
 }
 
-void Specification::evaluate(Maths::FrontSet& fronts, const Maths::RunData& run,
-                             const Maths::TankConfig& tank, Messages& messages) {
+void Specification::evaluate(Maths::FrontSet& fronts, const RunContext& context) {
   if (!ready_) throw std::string("Evaluating specification before values set");
   const double x = params_.read("x", Base::Category::length);
   const double y = params_.read("y", Base::Category::length);
   const double t = params_.read("t", Base::Category::time);
   fronts.position = {x, y, t};
-  for (Component* component : components_) component->evaluate(fronts, run, messages);
+  for (Component* component : components_) component->evaluate(fronts, context);
   for (Modifier* modifier : modifiers_) {
-    if (modifier != nullptr) modifier->evaluate(fronts, run, tank, messages);
+    if (modifier != nullptr) modifier->evaluate(fronts, context);
   }
 }
 

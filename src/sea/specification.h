@@ -8,10 +8,9 @@
 
 #include "base/params.h"
 #include "maths/front_set.h"
-#include "maths/run_data.h"
-#include "maths/tank_config.h"
 #include "sea/component.h"
 #include "sea/modifier.h"
+#include "sea/run_context.h"
 
 namespace Synthesis {
 
@@ -33,8 +32,7 @@ class Specification {
 
   // Components in order of adding, then gain, angle, phase. Throws "Evaluating specification
   // before values set".
-  void evaluate(Maths::FrontSet& fronts, const Maths::RunData& run, const Maths::TankConfig& tank,
-                Messages& messages);
+  void evaluate(Maths::FrontSet& fronts, const RunContext& context);
 
  private:
   bool ready_ = false;

@@ -42,8 +42,9 @@ double band_integral(const Expression::Function& function, double centre, double
 
 }  // namespace
 
-void Spectrum::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData& run,
-                           Messages&) {
+void Spectrum::on_evaluate(const Base::Params&, Maths::FrontSet& fronts,
+                           const RunContext& context) {
+  const Maths::RunData& run = context.run;
   const double df = 1.0 / run.value();
   const std::size_t pieces = functions_.size() / 2;
   if (limits_.size() < 2) throw std::string("Evaluate has been called before set");

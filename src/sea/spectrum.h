@@ -21,8 +21,8 @@ class Spectrum : public Component {
  protected:
   void on_query(Base::Params&) override {}
   void on_set(Base::Params&, Base::Params&) override {}
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
-                   Messages& messages) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                   const RunContext& context) override;
 };
 
 }  // namespace Synthesis

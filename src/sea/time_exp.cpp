@@ -108,7 +108,8 @@ TimeExp::Steepness TimeExp::sample(std::vector<double>& x, double dt) const {
 }
 
 void TimeExp::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                          const Maths::RunData& run, Messages&) {
+                          const RunContext& context) {
+  const Maths::RunData& run = context.run;
   const double rate = stored.read("rate", Category::frequency);
   if (rate == 0) throw std::string("data rate is zero");
   const double dt = 1.0 / rate;

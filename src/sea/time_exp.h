@@ -21,8 +21,8 @@ class TimeExp : public Component {
  protected:
   void on_query(Base::Params& out) override;
   void on_set(Base::Params& in, Base::Params& stored) override;
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts, const Maths::RunData& run,
-                   Messages& messages) override;
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
+                   const RunContext& context) override;
 
  private:
   // The largest first and second differences between samples.

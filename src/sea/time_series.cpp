@@ -51,7 +51,8 @@ void TimeSeries::on_set(Base::Params& in, Base::Params& stored) {
 }
 
 void TimeSeries::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
-                             const Maths::RunData& run, Messages&) {
+                             const RunContext& context) {
+  const Maths::RunData& run = context.run;
   const double repeat = run.value();
   const double scale_ratio = stored.read("scale_ratio", Category::unit);
   const double rate = stored.read("rate", Category::frequency);

@@ -53,7 +53,7 @@ TEST(ModifiedSea, GainThenAngleThenPhaseWhateverTheOrderOfAdding) {
     GivenFronts component({{4, {0.3, 0.0, 9.0}}, {6, {0.6, 0.0, 9.0}}});
     specification.add_component(component);
     specification.set(at(0, 0, 0));
-    specification.evaluate(sea.fronts, sea.run, sea.tank, sea.messages);
+    specification.evaluate(sea.fronts, {sea.run, sea.tank, sea.messages});
     Draws draws(4);
     for (const std::size_t h : {4U, 6U}) {
       ASSERT_EQ(sea.at(h).size(), 3U);

@@ -42,7 +42,7 @@ void evaluate_time_exp(SampledRun& run) {
   Synthesis::TimeExp wave("wave", "0@s#0.1@m#1000000000@s");
   Base::Params in = rate_params(16.0);
   wave.set(in);
-  wave.evaluate(run.fronts, run.data, run.messages);
+  wave.evaluate(run.fronts, {run.data, {}, run.messages});
 }
 
 // A record of 100 samples, which ends in zeros up to the repeat time.
@@ -55,7 +55,7 @@ void evaluate_time_series(SampledRun& run) {
   in.insert("ramp_time", 0.0, "s");
   in.insert("ramp_type", "Linear", "Ramp");
   wave.set(in);
-  wave.evaluate(run.fronts, run.data, run.messages);
+  wave.evaluate(run.fronts, {run.data, {}, run.messages});
 }
 
 void evaluate_noise(SampledRun& run) {
@@ -63,7 +63,7 @@ void evaluate_noise(SampledRun& run) {
   Base::Params in = rate_params(16.0);
   in.insert("ran_gen", "Default", "RanGen");
   noise.set(in);
-  noise.evaluate(run.fronts, run.data, Maths::TankConfig(), run.messages);
+  noise.evaluate(run.fronts, {run.data, {}, run.messages});
 }
 
 // The peak memory of the work on a run of 2^20 samples, in units of the memory of a signal.

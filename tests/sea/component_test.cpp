@@ -43,14 +43,14 @@ class Probe : public Synthesis::Component {
     ++sets;
   }
   // Reports each stored parameter.
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet&, const Maths::RunData&,
-                   Synthesis::Messages& messages) override {
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet&,
+                   const Synthesis::RunContext& context) override {
     ++evaluations;
     if (fails) throw std::string("no sea today");
     for (const auto& [name, quantity] : stored.entries()) {
       std::ostringstream message;
       message << name << " = " << quantity.value << " " << Base::units_text(quantity.units);
-      messages.push_back(message.str());
+      context.messages.push_back(message.str());
     }
   }
 };

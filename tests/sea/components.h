@@ -50,7 +50,7 @@ struct Evaluated {
 inline Evaluated evaluate(Synthesis::Component& component, const Maths::RunData& run) {
   Evaluated result;
   result.fronts = empty_set(run);
-  result.output = printed([&] { component.evaluate(result.fronts, run, result.messages); });
+  result.output = printed([&] { component.evaluate(result.fronts, {run, {}, result.messages}); });
   return result;
 }
 
@@ -63,9 +63,10 @@ struct Refused {
 inline Refused refused(Synthesis::Component& component, const Maths::RunData& run) {
   Maths::FrontSet fronts = empty_set(run);
   Synthesis::Messages messages;
+  const Synthesis::RunContext context = {run, {}, messages};
   Refused result;
   result.output =
-      printed([&] { result.message = thrown([&] { component.evaluate(fronts, run, messages); }); });
+      printed([&] { result.message = thrown([&] { component.evaluate(fronts, context); }); });
   return result;
 }
 

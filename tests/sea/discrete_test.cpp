@@ -344,10 +344,10 @@ TEST(SetFronts, AFrontSetTooSmallForTheRunIsRefused) {
   Maths::FrontSet fronts;
   fronts.reset(4);
   Synthesis::Messages messages;
+  const Synthesis::RunContext context = {run_of(4.0, 0.25, 2.0), {}, messages};
   std::string message;
-  const std::string line = printed([&] {
-    message = thrown([&] { component.evaluate(fronts, run_of(4.0, 0.25, 2.0), messages); });
-  });
+  const std::string line =
+      printed([&] { message = thrown([&] { component.evaluate(fronts, context); }); });
   EXPECT_EQ(message, "Help");
   EXPECT_EQ(line, "front error 4 4\n");
 }

@@ -45,10 +45,11 @@ class Probe : public Synthesis::Modifier {
     calls.push_back("set");
     if (in.contains("own")) stored.merge(*in.find("own"));
   }
-  void on_evaluate(const Base::Params& stored, Maths::FrontSet&, const Maths::RunData&,
-                   const Maths::TankConfig&, Synthesis::Messages& messages) override {
-    messages.push_back(stored.contains("own") ? std::to_string(stored.read("own", Category::length))
-                                              : "nothing stored");
+  void on_evaluate(const Base::Params& stored, Maths::FrontSet&,
+                   const Synthesis::RunContext& context) override {
+    context.messages.push_back(stored.contains("own")
+                                   ? std::to_string(stored.read("own", Category::length))
+                                   : "nothing stored");
   }
 };
 

@@ -28,7 +28,7 @@ struct Ground {
 
   Messages evaluate(Specification& specification) {
     Messages messages;
-    specification.evaluate(fronts, run, tank, messages);
+    specification.evaluate(fronts, {run, tank, messages});
     return messages;
   }
 

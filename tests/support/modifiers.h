@@ -47,7 +47,7 @@ struct Sea {
     tank.max_angle = pi;
   }
 
-  void modify(Synthesis::Modifier& modifier) { modifier.evaluate(fronts, run, tank, messages); }
+  void modify(Synthesis::Modifier& modifier) { modifier.evaluate(fronts, {run, tank, messages}); }
   Fronts& at(std::size_t h) { return fronts.slots.at(h); }
 
   Maths::RunData run;

@@ -79,11 +79,11 @@ Site::Site(const SiteText& text, bool ready) {
   if (ready) context().make_ready();
 }
 
-void NamedModifier::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData&,
-                                const Maths::TankConfig&, Synthesis::Messages& messages) {
+void NamedModifier::on_evaluate(const Base::Params&, Maths::FrontSet& fronts,
+                                const Synthesis::RunContext& context) {
   std::size_t count = 0;
   for (const auto& slot : fronts.slots) count += slot.size();
-  messages.push_back(name() + " finds " + std::to_string(count));
+  context.messages.push_back(name() + " finds " + std::to_string(count));
 }
 
 Base::Params at(double x, double y, double t) {

@@ -90,9 +90,9 @@ class GivenFronts : public Synthesis::Component {
  protected:
   void on_query(Base::Params&) override {}
   void on_set(Base::Params&, Base::Params&) override {}
-  void on_evaluate(const Base::Params&, Maths::FrontSet& out, const Maths::RunData&,
-                   Synthesis::Messages& messages) override {
-    if (!message.empty()) messages.push_back(message);
+  void on_evaluate(const Base::Params&, Maths::FrontSet& out,
+                   const Synthesis::RunContext& context) override {
+    if (!message.empty()) context.messages.push_back(message);
     for (const auto& [slot, front] : fronts) out.add_front(slot, front);
   }
 };
@@ -104,8 +104,8 @@ class NamedModifier : public Synthesis::Modifier {
       : Modifier(slot, name, Base::Category::unit, Base::Category::unit, "") {}
 
  protected:
-  void on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Maths::RunData&,
-                   const Maths::TankConfig&, Synthesis::Messages& messages) override;
+  void on_evaluate(const Base::Params&, Maths::FrontSet& fronts,
+                   const Synthesis::RunContext& context) override;
 };
 
 // The parameters of a specification, in metres and seconds.
