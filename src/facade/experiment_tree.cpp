@@ -6,7 +6,7 @@
 #include "facade/experiment.h"
 #include "facade/guard.h"
 #include "facade/wave_modifiers.h"
-#include "sea/piecewise.h"
+#include "sea/piecewise_text.h"
 #include "sea/set_fronts.h"
 #include "sea/single.h"
 #include "sea/spectrum.h"

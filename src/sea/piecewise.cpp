@@ -1,126 +1,74 @@
 #include "sea/piecewise.h"
 
-#include <cstddef>
-#include <initializer_list>
+#include <algorithm>
+#include <string>
+#include <utility>
 
-#include "base/compose.h"
+#include "maths/angle.h"
 
 namespace Synthesis {
 
-namespace {
+Piecewise::Piecewise(Formulas formulas, Begins begins, const PieceUnits& units)
+    : formulas_(std::move(formulas)),
+      first_function_(begins == Begins::with_function ? 0 : 1),
+      units_(units) {}
 
-namespace Category = Base::Category;
-using Base::UnitCategory;
-
-std::uint32_t row_of(UnitCategory category) { return Base::default_units(category).row; }
-
-bool returns(const Expression::Function& function, UnitCategory category) {
-  return Base::compatible(function.units(), row_of(category));
+std::size_t Piecewise::function_count() const {
+  return (formulas_.size() + 1 - first_function_) / 2;
 }
 
-// The first of the categories that the function at `first` returns; every second function from
-// there on has to return it too.
-UnitCategory common_units(const Functions& functions, std::size_t first,
-                          std::initializer_list<UnitCategory> categories, const char* unsupported,
-                          const char* inconsistent) {
-  UnitCategory found = Category::error;
-  for (UnitCategory category : categories) {
-    if (returns(functions[first], category)) {
-      found = category;
-      break;
+const Expression::Function& Piecewise::function(std::size_t i) const {
+  return formulas_[2 * i + first_function_];
+}
+
+void Piecewise::declare(Base::Params& out) const {
+  for (const Expression::Function& formula : formulas_) formula.declare(out);
+}
+
+void Piecewise::bind_with_limits(const Base::Params& in, Base::Params& stored) {
+  limits_.clear();
+  for (std::size_t i = 0; i < formulas_.size(); ++i) {
+    formulas_[i].bind(in, stored);
+    if (is_limit(i)) limits_.push_back(formulas_[i].constant().get(units_.limit));
+  }
+}
+
+void Piecewise::check_limits_rise() const {
+  if (!limits_rise(limits_)) throw std::string("Limit values do not increase in size");
+}
+
+void Piecewise::bind(const Base::Params& in, Base::Params& stored) {
+  for (Expression::Function& formula : formulas_) formula.bind(in, stored);
+}
+
+void Piecewise::append_limits() {
+  const bool angles = units_.limit == Base::Category::angle;
+  for (std::size_t i = 0; i < function_count(); ++i) {
+    if (!function(i).compatible(Base::default_units(units_.input).row)) {
+      throw std::string("Incompatible expression");
     }
   }
-  if (found == Category::error) throw std::string(unsupported);
-  for (std::size_t i = first + 2; i < functions.size(); i += 2) {
-    if (!returns(functions[i], found)) throw std::string(inconsistent);
+  for (std::size_t i = 0; i < formulas_.size(); ++i) {
+    if (!is_limit(i)) continue;
+    if (!formulas_[i].is_constant()) throw std::string("Limiting function not constant");
+    const double limit = formulas_[i].constant().get(units_.limit);
+    limits_.push_back(angles ? Maths::wrap_angle(limit) : limit);
   }
-  return found;
-}
-
-}  // namespace
-
-std::vector<std::string> split_pieces(const std::string& text) {
-  std::vector<std::string> pieces;
-  std::size_t start = 0;
-  for (std::size_t end = text.find('#'); end != std::string::npos; end = text.find('#', start)) {
-    pieces.push_back(text.substr(start, end - start));
-    start = end + 1;
-  }
-  pieces.push_back(text.substr(start));
-  return pieces;
-}
-
-Functions parse_pieces(const std::vector<std::string>& pieces) {
-  Functions functions;
-  functions.reserve(pieces.size());
-  for (const std::string& piece : pieces) functions.emplace_back(piece);
-  return functions;
-}
-
-Functions parse_component_text(const std::string& text) {
-  const std::vector<std::string> pieces = split_pieces(text);
-  if (pieces.size() < 2) throw std::string("There must be at least 2  sub expressions");
-  if (pieces.size() % 2 == 0) {
-    throw std::string("There must be an odd number of sub expressions");
-  }
-  return parse_pieces(pieces);
-}
-
-UnitCategory find_limit_units(const Functions& functions) {
-  return common_units(functions, 0, {Category::frequency, Category::time},
-                      "Unsupported limit units", "Inconsistent limit units");
-}
-
-UnitCategory find_output_units(const Functions& functions) {
-  return common_units(functions, 1, {Category::variance, Category::length_time, Category::length},
-                      "Unsupported output units", "Inconsistent output units");
-}
-
-UnitCategory find_input_units(Functions& functions) {
-  UnitCategory input = Category::unit;
-  for (std::size_t i = 1; i < functions.size(); i += 2) {
-    if (functions[i].is_constant()) continue;
-    if (input != Category::unit) {
-      if (!functions[i].compatible(row_of(input))) throw std::string("Inconsistent input units");
-    } else if (functions[i].compatible(row_of(Category::frequency))) {
-      input = Category::frequency;
-    } else if (functions[i].compatible(row_of(Category::time))) {
-      input = Category::time;
-    } else {
-      throw std::string("Unsupported input units");
-    }
-  }
-  return input == Category::unit ? Category::time : input;
-}
-
-void check_constant_limits(Functions& functions) {
-  for (std::size_t i = 0; i < functions.size(); i += 2) {
-    if (!functions[i].is_constant()) throw std::string("Non constant separator function");
+  if (!(angles ? angles_in_order(limits_) : frequencies_in_order(limits_))) {
+    throw std::string("Limits out of order");
   }
 }
 
-Functions parse_modifier_text(const std::string& text, UnitCategory limit_units,
-                              UnitCategory output_units) {
-  if (text.empty()) return {};
-  std::vector<std::string> pieces = split_pieces(text);
-  if (pieces.back().empty()) pieces.pop_back();
-  Functions functions = parse_pieces(pieces);
-  if (functions.size() % 2 == 0) {
-    throw std::string("Even number of functions in modifier expression");
-  }
-  for (std::size_t i = 0; i < functions.size(); i += 2) {
-    if (!returns(functions[i], output_units)) {
-      throw Base::compose("Incorrect output units in expression ", i, " ", functions[i].units(),
-                          ", ", output_units);
-    }
-  }
-  for (std::size_t i = 1; i < functions.size(); i += 2) {
-    if (!returns(functions[i], limit_units)) {
-      throw Base::compose("Incorrect limit units in expression ", functions[i].units(), ", ",
-                          limit_units);
-    }
-  }
-  return functions;
+std::size_t Piecewise::function_at(double x) const {
+  const bool angles = units_.limit == Base::Category::angle;
+  const std::size_t found =
+      angles ? function_at_angle(limits_, x) : function_at_frequency(limits_, x);
+  // Limits that were appended twice have no functions of their own.
+  return std::min(found, function_count() - 1);
+}
+
+double Piecewise::evaluate(double x) const {
+  return function(function_at(x)).evaluate(Base::Quantity(x, units_.input)).get(units_.output);
 }
 
 }  // namespace Synthesis

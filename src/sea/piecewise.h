@@ -1,52 +1,71 @@
-// Texts of several formulas with "#" between them, and what components and modifiers ask of theirs.
+// An expression of several functions with limits between them.
 //
-// A component's text is "limit # function # limit # function # limit ...": limits at even places,
-// functions at odd ones, and function i holds between limit i - 1 and limit i. A modifier's text
-// is the other way about, "function # limit # function ...". Failures are thrown as std::string.
+// The functions are of frequency, time or angle. A component's expression begins and ends with a
+// limit, a modifier's with a function: piecewise_text.h parses both. limit_rules.h decides which
+// function holds where. Failures are thrown as std::string.
 #ifndef KELPBOX_SEA_PIECEWISE_H_
 #define KELPBOX_SEA_PIECEWISE_H_
 
-#include <string>
+#include <cstddef>
 #include <vector>
 
+#include "base/params.h"
 #include "base/units.h"
 #include "expression/function.h"
+#include "sea/limit_rules.h"
 
 namespace Synthesis {
 
-using Functions = std::vector<Expression::Function>;
+// Limits and functions, in the order of the text.
+using Formulas = std::vector<Expression::Function>;
 
-// The pieces of the text, from the left, with their blanks. What stands behind the last "#" is
-// always a piece, also when it is empty.
-std::vector<std::string> split_pieces(const std::string& text);
+// The categories of the limits, of what the functions take and of what they return.
+struct PieceUnits {
+  Base::UnitCategory limit = Base::Category::error;
+  Base::UnitCategory input = Base::Category::error;
+  Base::UnitCategory output = Base::Category::error;
+};
 
-// One function from each piece. Throws what Function::parse throws.
-Functions parse_pieces(const std::vector<std::string>& pieces);
+class Piecewise {
+ public:
+  enum class Begins { with_limit, with_function };
 
-// The functions of a component's text. Throws "There must be at least 2  sub expressions", "There
-// must be an odd number of sub expressions".
-Functions parse_component_text(const std::string& text);
+  Piecewise(Formulas formulas, Begins begins, const PieceUnits& units);
 
-// What the limits are measured in: frequency or time. Throws "Unsupported limit units",
-// "Inconsistent limit units".
-Base::UnitCategory find_limit_units(const Functions& functions);
+  std::size_t function_count() const;
+  const Expression::Function& function(std::size_t i) const;
+  const Limits& limits() const { return limits_; }
+  const PieceUnits& units() const { return units_; }
 
-// What the functions return: variance, length_time or length. Throws "Unsupported output units",
-// "Inconsistent output units".
-Base::UnitCategory find_output_units(const Functions& functions);
+  // Declares the parameters of the formulas.
+  void declare(Base::Params& out) const;
 
-// What the functions take: frequency or time; time when they are all constants. Throws
-// "Unsupported input units", "Inconsistent input units".
-Base::UnitCategory find_input_units(Functions& functions);
+  // For components: binds the formulas anew, and reads each limit as soon as it is bound. A failure
+  // leaves the limits before it.
+  void bind_with_limits(const Base::Params& in, Base::Params& stored);
+  // Whether the last bind_with_limits read all limits.
+  bool has_all_limits() const { return limits_.size() == function_count() + 1; }
+  // Throws "Limit values do not increase in size".
+  void check_limits_rise() const;
 
-// Throws "Non constant separator function".
-void check_constant_limits(Functions& functions);
+  // For modifiers: binds the formulas, and reads no limit.
+  void bind(const Base::Params& in, Base::Params& stored);
+  // Appends the limits to those of earlier calls. Throws "Incompatible expression", "Limiting
+  // function not constant", "Limits out of order".
+  void append_limits();
+  // The function that holds at x, and its value there: from and to base units. There has to be a
+  // function.
+  std::size_t function_at(double x) const;
+  double evaluate(double x) const;
 
-// The functions of a modifier's text; none for an empty one. Behind a last "#" an empty piece is
-// none, unlike in a component's text. Throws "Even number of functions in modifier expression",
-// "Incorrect output units in expression ...", "Incorrect limit units in expression ...".
-Functions parse_modifier_text(const std::string& text, Base::UnitCategory limit_units,
-                              Base::UnitCategory output_units);
+ private:
+  bool is_limit(std::size_t formula) const { return formula % 2 != first_function_; }
+
+  Formulas formulas_;
+  std::size_t first_function_;  // its place among the formulas, 0 or 1
+  PieceUnits units_;
+  Limits limits_;
+};
 
 }  // namespace Synthesis
 

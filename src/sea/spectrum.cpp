@@ -2,82 +2,80 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
+#include <optional>
+
+#include "sea/band_integral.h"
 
 namespace Synthesis {
 
 namespace {
 
-using Base::Quantity;
-using Base::UnitCategory;
+// The integrals over bands of one width, which follow one another in rising frequency.
+class Bands {
+ public:
+  // `left_edge` is that of the first band.
+  Bands(const Piecewise& density, double left_edge, double width)
+      : density_(density),
+        width_(width),
+        walk_(density.limits()),
+        last_end_(density.function(0)
+                      .evaluate(Base::Quantity(left_edge, density.units().input))
+                      .get(density.units().output)) {}
 
-// The integral of a density over the band of that centre and width, by the trapezium rule and the
-// midpoint rule, halving their step until they agree to a thousandth of the density. `last_end`
-// is the density at the band's left edge on entry, and at its right edge on return, so that
-// neighbouring bands share one evaluation.
-double band_integral(const Expression::Function& function, double centre, double width,
-                     UnitCategory units, double& last_end) {
-  const auto density = [&](double freq) {
-    return function.evaluate(Quantity(freq, Base::Category::frequency)).get(units);
-  };
-  double step = width * 0.5;
-  double mid = density(centre);
-  const double end = density(centre + step);
-  double tol = mid * 0.001;
-  if (tol < 1e-7) tol = 1e-7;
-  double trap = (end + last_end) * 0.5;
-  for (int n = 2; std::abs(mid - trap) > tol && n <= 256; n *= 2) {
-    step *= 0.5;
-    trap = (trap + mid) * 0.5;
-    mid = 0.0;
-    for (int i = 1; i < n; i += 2) {
-      mid = mid + density(centre + i * step) + density(centre - i * step);
-    }
-    mid /= n;
+  double next(double centre) {
+    const double half = width_ * 0.5;
+    const std::optional<double> limit = walk_.limit_before(centre + half);
+    if (!limit) return integrate(centre, width_);
+    // Each part has its own function. The limit may lie below the whole band, where the run starts
+    // above it: `left` is then negative and takes back the excess of `right`.
+    const double from_centre = *limit - centre;
+    const double left = half + from_centre;
+    const double right = half - from_centre;
+    const double below = integrate(centre - right * 0.5, left);
+    walk_.pass_limit();
+    return below + integrate(centre + left * 0.5, right);
   }
-  last_end = end;
-  return (trap + mid) * (width * 0.5);
-}
+
+ private:
+  double integrate(double centre, double width) {
+    return band_integral(density_.function(walk_.function()), centre, width,
+                         density_.units().output, last_end_);
+  }
+
+  const Piecewise& density_;
+  double width_;
+  BandWalk walk_;
+  double last_end_;  // the density at the right edge of the last band
+};
 
 }  // namespace
+
+void Spectrum::on_set(Base::Params& in, Base::Params& stored) {
+  density_.bind_with_limits(in, stored);
+  density_.check_limits_rise();
+}
 
 void Spectrum::on_evaluate(const Base::Params&, Maths::FrontSet& fronts,
                            const RunContext& context) {
   const Maths::RunData& run = context.run;
+  const Limits& limits = density_.limits();
   const double df = 1.0 / run.value();
-  const std::size_t pieces = functions_.size() / 2;
-  if (limits_.size() < 2) throw std::string("Evaluate has been called before set");
-  if (limits_.size() != pieces + 1) {
-    throw std::string("Mismatched number of functions and limits");
-  }
-  const double f_low = std::max(limits_.front(), run.freq(run.min_harmonic()));
-  std::uint64_t h = run.wave_num(f_low);
-  const double f_high = std::min(limits_.back(), run.freq(run.max_harmonic()));
+  if (limits.size() < 2) throw std::string("Evaluate has been called before set");
+  if (!density_.has_all_limits()) throw std::string("Mismatched number of functions and limits");
+
+  // Cut to the harmonics that the wavemaker can make, both ends included.
+  const double f_low = std::max(limits.front(), run.freq(run.min_harmonic()));
+  const std::uint64_t h_first = run.wave_num(f_low);
+  const double f_high = std::min(limits.back(), run.freq(run.max_harmonic()));
   const std::uint64_t h_last = run.wave_num(f_high);
-  const double half = df * 0.5;
-  double last_end =
-      functions_[1].evaluate(Quantity(run.freq(h) - half, input_units_)).get(output_units_);
-  std::size_t segment = 0;
-  for (; h <= h_last; ++h) {
-    const double f = run.freq(h);
-    double v = 0.0;
-    if (segment + 1 < pieces && limits_[segment + 1] < f + half) {
-      // The limit may lie below the whole band, where the grid starts above it: `left` is then
-      // negative and takes back what `right` has too much. Hosts depend on one step a band.
-      const double d = limits_[segment + 1] - f;
-      const double left = half + d;
-      const double right = half - d;
-      v = band_integral(functions_[2 * segment + 1], f - right * 0.5, left, output_units_,
-                        last_end);
-      v += band_integral(functions_[2 * segment + 3], f + left * 0.5, right, output_units_,
-                         last_end);
-      ++segment;
-    } else {
-      v = band_integral(functions_[2 * segment + 1], f, df, output_units_, last_end);
-    }
-    if (output_units_ == Base::Category::variance) v = std::sqrt(v * 2.0);
-    fronts.add_front(h, {v, 0.0, 0.0});
+
+  const bool is_variance = density_.units().output == Base::Category::variance;
+  Bands bands(density_, run.freq(h_first) - df * 0.5, df);
+  for (std::uint64_t h = h_first; h <= h_last; ++h) {
+    const double integral = bands.next(run.freq(h));
+    // A sine wave of amplitude a has the variance a^2 / 2.
+    fronts.add_front(h, {is_variance ? std::sqrt(integral * 2.0) : integral, 0.0, 0.0});
   }
 }
 

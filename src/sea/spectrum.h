@@ -6,23 +6,32 @@
 #include <utility>
 
 #include "sea/component.h"
+#include "sea/piecewise.h"
+#include "sea/piecewise_text.h"
 
 namespace Synthesis {
 
-// A variance density in m2s gives each harmonic the amplitude sqrt(2 * its band's integral); an
+// A variance density in m2s gives each harmonic the amplitude sqrt(2 * integral over its band). An
 // amplitude density in ms and a length in m give the integral itself. Every front has angle 0 and
-// phase 0: directions and phases are the modifiers' work. Evaluation throws "Wave number out of
-// range" for a spectrum outside the run, and after a set that failed half way "Evaluate has been
-// called before set" or "Mismatched number of functions and limits".
+// phase 0: directions and phases are the modifiers' work.
+//
+// The text is as for parse_component_text. A `set` throws as Piecewise::check_limits_rise does.
+// Evaluation throws "Wave number out of range" for a spectrum outside the run, and "Evaluate has
+// been called before set" or "Mismatched number of functions and limits" after a `set` that failed
+// halfway.
 class Spectrum : public Component {
  public:
-  Spectrum(std::string name, const std::string& text) : Component(std::move(name), text) {}
+  Spectrum(std::string name, const std::string& text)
+      : Component(std::move(name)), density_(parse_component_text(text)) {}
 
  protected:
-  void on_query(Base::Params&) override {}
-  void on_set(Base::Params&, Base::Params&) override {}
+  void on_query(Base::Params& out) override { density_.declare(out); }
+  void on_set(Base::Params& in, Base::Params& stored) override;
   void on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
                    const RunContext& context) override;
+
+ private:
+  Piecewise density_;
 };
 
 }  // namespace Synthesis

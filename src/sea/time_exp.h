@@ -4,19 +4,25 @@
 
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "sea/component.h"
+#include "sea/piecewise.h"
+#include "sea/piecewise_text.h"
 
 namespace Synthesis {
 
-// Takes "rate", the sampling rate of the formulas. Evaluation throws "data rate is zero",
-// "limit_steps is zero", what check_sample_count and prove_signal_memory throw, and after a set
-// that failed half way a text headed "<name>::". How steep the signal is, and how well it joins at
-// the repeat time, goes to the standard output stream.
+// Takes "rate", the sampling rate of the formulas. The signal is 0 before the first limit, and
+// stops at the last limit or at the repeat time.
+//
+// The text is as for parse_component_text. A `set` throws as Piecewise::check_limits_rise does.
+// Evaluation throws "data rate is zero", "limit_steps is zero", what check_sample_count and
+// prove_signal_memory throw, "<name>::no function for the time <t>s", and "<name>::evaluate::limits
+// are not set" or "<name>::a limit is not a number" after a `set` that failed halfway. It writes
+// the number of samples and what report_steepness writes to the standard output stream.
 class TimeExp : public Component {
  public:
-  TimeExp(std::string name, const std::string& text) : Component(std::move(name), text) {}
+  TimeExp(std::string name, const std::string& text)
+      : Component(std::move(name)), elevation_(parse_component_text(text)) {}
 
  protected:
   void on_query(Base::Params& out) override;
@@ -25,14 +31,7 @@ class TimeExp : public Component {
                    const RunContext& context) override;
 
  private:
-  // The largest first and second differences between samples.
-  struct Steepness {
-    double first = 0.0;
-    double second = 0.0;
-  };
-
-  // Fills the samples, dt apart from time 0 on.
-  Steepness sample(std::vector<double>& x, double dt) const;
+  Piecewise elevation_;
 };
 
 }  // namespace Synthesis

@@ -15,8 +15,12 @@ namespace {
 
 namespace Category = Base::Category;
 
-// Brings the signal to N samples. What is too long loses its end down to N + overlap, and its tail
-// is laid over its head to close the loop; what is too short ends in zeros.
+// A change of "ramp_time" by this part is noted.
+constexpr double noted_change = 0.01;
+
+// Brings the signal to N samples. A signal that is too long is cut at its end to N + overlap
+// samples, and the excess is added to its start to close the loop. One that is too short is padded
+// with zeros.
 void fit(Base::DataSet& signal, std::uint32_t N, std::int64_t overlap, const std::string& name) {
   const auto n = static_cast<std::int64_t>(signal.length());
   const std::int64_t longest = N + overlap;
@@ -47,7 +51,7 @@ void TimeSeries::on_set(Base::Params& in, Base::Params& stored) {
   double ramp_time = in.read("ramp_time", Category::time);
   const double duration = static_cast<double>(data_->data.size()) / (std::sqrt(scale_ratio) * rate);
   if (ramp_time > duration * 0.5) ramp_time = duration * 0.5;
-  stored.merge(*in.set_checked("ramp_time", ramp_time, Category::time, 0.01));
+  stored.merge(*in.set_checked("ramp_time", ramp_time, Category::time, noted_change));
 }
 
 void TimeSeries::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
@@ -57,21 +61,22 @@ void TimeSeries::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts
   const double scale_ratio = stored.read("scale_ratio", Category::unit);
   const double rate = stored.read("rate", Category::frequency);
   const double ramp_time = stored.read("ramp_time", Category::time);
-  // Only proved to be there: every ramp is the plain overlap.
+  // Only checked: every ramp type is the plain overlap.
   stored.read_enum("ramp_type", Base::EnumType::Ramp);
 
   const double scaled_rate = rate * std::sqrt(scale_ratio);
   const std::uint32_t N = Maths::round_to_u32(repeat * scaled_rate);
   const std::int64_t overlap = Maths::round_to_i64(ramp_time * scaled_rate);
+  // A time per sample where a rate belongs, on purpose. Nothing reads it.
   Base::Params params;
   params.insert("rate", (static_cast<double>(data_->data.size()) / scaled_rate) / N,
                 Base::default_units(Category::frequency));
   Base::DataSet signal(*data_, params);
   if (scale_ratio == 0) throw std::string("Scale ratio is zero");
-  check_sample_count(name_, repeat * scaled_rate);
-  prove_signal_memory(name_, N);
+  check_sample_count(name(), repeat * scaled_rate);
+  prove_signal_memory(name(), N);
   signal.scale(1.0 / scale_ratio);
-  fit(signal, N, overlap, name_);
+  fit(signal, N, overlap, name());
   if (signal.length() != N) throw std::string("Error in sorting data out");
   add_time_fronts(std::move(signal), fronts, run);
 }

@@ -7,10 +7,13 @@
 
 namespace Synthesis {
 
-// Takes "scale_ratio", "rate", "ramp_time", "ramp_type". The vector is the host's, is read at
-// every set and evaluate, and must outlive the component. Evaluation throws "Scale ratio is zero",
-// "Error in sorting data out", what check_sample_count and prove_signal_memory throw, and
-// "<name>::ramp_time is not a positive time".
+// Takes "scale_ratio", "rate", "ramp_time", "ramp_type". The data are scaled to the tank by
+// Froude's law: lengths are divided by the ratio, times by its square root (Hughes 1993, "Physical
+// Models and Laboratory Techniques in Coastal Engineering").
+//
+// The vector is the host's. It is read at every set and evaluate, and must outlive the component.
+// Evaluation throws "Scale ratio is zero", "Error in sorting data out", what check_sample_count and
+// prove_signal_memory throw, and "<name>::ramp_time is not a positive time".
 class TimeSeries : public Component {
  public:
   explicit TimeSeries(const Base::Vector& data) : Component(data.label), data_(&data) {}

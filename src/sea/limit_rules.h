@@ -1,0 +1,68 @@
+// The limits of a piecewise expression: the order in which they must be, and which function holds
+// between them. Each use of an expression has its own rule.
+//
+// Limits are in the base unit of their category. Functions and limits are counted from 0.
+#ifndef KELPBOX_SEA_LIMIT_RULES_H_
+#define KELPBOX_SEA_LIMIT_RULES_H_
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace Synthesis {
+
+using Limits = std::vector<double>;
+
+// A modifier's expression of frequency. Limits may be equal. Function i holds above limit i - 1, up
+// to limit i and on it; the last function holds above the last limit. A NaN limit is passed over.
+bool frequencies_in_order(const Limits& limits);
+std::size_t function_at_frequency(const Limits& limits, double frequency);
+
+// A modifier's expression of angle. Limits and angle lie between -pi and pi, and limits may pass
+// through pi once. Function 0 holds outside the limits, function i from limit i - 1 to below limit
+// i. Exactly on the last limit, and only there, the function after it holds. A single limit does
+// not divide a circle, so function 0 then holds everywhere.
+bool angles_in_order(const Limits& limits);
+std::size_t function_at_angle(const Limits& limits, double angle);
+
+// A component's expression. Limits rise, so none is NaN. Function i holds between limit i and limit
+// i + 1. The two walks below visit it in rising order and pass one limit at most for each visit:
+// hosts rely on a second limit waiting for the next one.
+bool limits_rise(const Limits& limits);
+
+// The walk over the bands of a spectrum.
+class BandWalk {
+ public:
+  explicit BandWalk(const Limits& limits) : limits_(limits) {}
+
+  // The function at the left edge of the band.
+  std::size_t function() const { return function_; }
+  // The limit after which the next function holds, when it lies below the band's right edge. It may
+  // lie below the whole band.
+  std::optional<double> limit_before(double right_edge) const;
+  void pass_limit() { ++function_; }
+
+ private:
+  const Limits& limits_;
+  std::size_t function_ = 0;
+};
+
+// The walk over the samples of a time signal.
+class TimeWalk {
+ public:
+  explicit TimeWalk(const Limits& limits) : limits_(limits) {}
+
+  // How many limits have been passed at a time from the first limit on: n limits lead to function n
+  // - 1. A sample on a later limit still belongs to the function before it. The result is 0 when
+  // the first limit is NaN, and the number of limits when the time is beyond the last one; the walk
+  // then ends.
+  std::size_t limits_passed(double time);
+
+ private:
+  const Limits& limits_;
+  std::size_t passed_ = 0;
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SEA_LIMIT_RULES_H_

@@ -1,0 +1,35 @@
+// How steep a time signal is, and how well it joins at the repeat time.
+#ifndef KELPBOX_SEA_STEEPNESS_H_
+#define KELPBOX_SEA_STEEPNESS_H_
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace Synthesis {
+
+// The largest differences between samples, without their signs.
+class Steepness {
+ public:
+  // Takes sample i of a signal. Samples that are left out count as the one before them.
+  void add(std::size_t i, double x);
+
+  double first() const { return first_; }    // from one sample to the next
+  double second() const { return second_; }  // from one difference to the next
+
+ private:
+  double first_ = 0.0;
+  double second_ = 0.0;
+  double last_ = 0.0;
+  double last_difference_ = 0.0;
+};
+
+// Writes a line on how steep a signal x of samples dt seconds apart is, and at most one line on its
+// join, to the standard output stream. A signal that stops early meets silence there, any other
+// starts again. The join is reported when it is steeper than the signal inside.
+void report_steepness(const std::string& name, const std::vector<double>& x, double dt,
+                      const Steepness& inside, bool stops_early);
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_SEA_STEEPNESS_H_
