@@ -17,16 +17,22 @@ namespace {
 
 namespace Category = Base::Category;
 
-// Just short of a half turn.
-double most() { return Base::Pi - 0.0001; }
+// Serves when the host chooses none.
+constexpr std::uint32_t default_seed = 1;
 
-// How far from the mean direction the function reaches: just short of its zero.
-double reach(std::uint32_t function) {
+// A change of a limit by this part is noted.
+constexpr double noted_change = 0.01;
+
+// Just short of a half turn.
+double widest() { return Base::Pi - 0.0001; }
+
+// How far from the mean direction the law reaches: just short of its zero.
+double reach_of(std::uint32_t function) {
   switch (function) {
     case Base::SpreadFunc::CosS:
       return Base::Pi / 2 - 0.0001;
     case Base::SpreadFunc::Cos2S:
-      return most();
+      return widest();
     default:
       throw std::string("Unknown function value in angle spread");
   }
@@ -34,10 +40,10 @@ double reach(std::uint32_t function) {
 
 double narrowed(double width, double reach) { return width > reach || width < 0 ? reach : width; }
 
-// The angle, on the same side of the wrap as the one asked for.
-double beside(double angle, double asked) {
-  if (angle <= 0 && asked - angle > most()) return angle + 2 * Base::Pi;
-  if (angle > 0 && angle - asked > most()) return angle - 2 * Base::Pi;
+// The angle, on the same side of pi as the requested one.
+double beside(double angle, double requested) {
+  if (angle <= 0 && requested - angle > widest()) return angle + 2 * Base::Pi;
+  if (angle > 0 && angle - requested > widest()) return angle - 2 * Base::Pi;
   return angle;
 }
 
@@ -62,15 +68,15 @@ void AngleSpreadModifier::on_set(Base::Params& in, Base::Params& stored) {
   const double lo_in = in.read("min_angle", Category::angle);
   const double hi = Maths::wrap_angle(hi_in);
   const double lo = Maths::wrap_angle(lo_in);
-  // A range through pi is not checked on purpose: hosts give any mean with it.
+  // A range through pi is not checked on purpose: hosts rely on any mean passing with it.
   if (hi > lo && (mean < lo || mean > hi)) throw std::string("Angle not between min and max");
-  const double widest = reach(in.read_enum("function", Base::EnumType::SpreadFunc));
-  const double up = narrowed(Maths::wrap_angle(hi - mean), widest);
-  const double down = narrowed(Maths::wrap_angle(mean - lo), widest);
+  const double reach = reach_of(in.read_enum("function", Base::EnumType::SpreadFunc));
+  const double up = narrowed(Maths::wrap_angle(hi - mean), reach);
+  const double down = narrowed(Maths::wrap_angle(mean - lo), reach);
   const double new_hi = beside(Maths::wrap_angle(up + mean), hi_in);
   const double new_lo = beside(Maths::wrap_angle(mean - down), lo_in);
-  stored.merge(*in.set_checked("min_angle", new_lo, Category::angle, 0.01));
-  stored.merge(*in.set_checked("max_angle", new_hi, Category::angle, 0.01));
+  stored.merge(*in.set_checked("min_angle", new_lo, Category::angle, noted_change));
+  stored.merge(*in.set_checked("max_angle", new_hi, Category::angle, noted_change));
 }
 
 void AngleSpreadModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
@@ -79,7 +85,7 @@ void AngleSpreadModifier::on_evaluate(const Base::Params& stored, Maths::FrontSe
   const double mean = stored.read("angle", Category::angle);
   const double max_angle = stored.read("max_angle", Category::angle);
   const double min_angle = stored.read("min_angle", Category::angle);
-  Maths::PureRandom generator = make_generator(stored, 1);
+  Maths::PureRandom generator = make_generator(stored, default_seed);
   const double top = Maths::wrap_angle(max_angle - mean);
   const double bottom = Maths::wrap_angle(min_angle - mean);
   for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
@@ -90,8 +96,9 @@ void AngleSpreadModifier::on_evaluate(const Base::Params& stored, Maths::FrontSe
       const double d = function == Base::SpreadFunc::CosS
                            ? Maths::spread_angle(u, top, bottom, s)
                            : 2 * Maths::spread_angle(u, top / 2, bottom / 2, 2 * s);
-      if (!std::isfinite(d))
+      if (!std::isfinite(d)) {
         throw Base::compose(name(), "::no direction can be drawn for a power of ", s);
+      }
       front.angle = Maths::wrap_angle(d + mean);
       generator.advance();
     }

@@ -8,15 +8,16 @@
 
 namespace Synthesis {
 
-// About the mean direction "angle", within "min_angle" and "max_angle": cos^s(d) for "function"
-// CosS, cos^2s(d/2) for Cos2S, the law of Longuet-Higgins, Cartwright and Smith (1963). The
-// exponent s is the expression, a function of frequency. One draw a front, in rising harmonics and
-// then in order of the list; the class's seed is 1. No front is split.
+// The law is centred on "angle", cut at "min_angle" and "max_angle", and chosen by "function". With
+// d the deviation from the mean and s the value of the expression at the frequency:
+//   CosS   cos^s(d)
+//   Cos2S  cos^2s(d/2), of Longuet-Higgins, Cartwright and Smith (1963)
+// Each front takes one draw, in rising harmonics and then in order of the list. No front is split.
 //
-// `set` narrows the two limits to what the function reaches, and writes them back to the host's
-// parameters. It throws "Angle not between min and max", "Unknown function value in angle spread";
-// evaluation throws what spreading.h tells, and "AngleSpreadModifier::..." for a draw that is not
-// a number.
+// `set` narrows the two limits to the reach of the law, and writes them back to the host's
+// parameters. It throws "Angle not between min and max" and "Unknown function value in angle
+// spread". Evaluation throws what Maths::spread_angle throws, and "AngleSpreadModifier::..." for a
+// draw that is not finite.
 class AngleSpreadModifier : public Modifier {
  public:
   explicit AngleSpreadModifier(const std::string& text);

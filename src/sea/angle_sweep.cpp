@@ -23,15 +23,18 @@ struct Direction {
 
 struct Fan {
   std::vector<Direction> directions;
-  double sum = 0.0;  // of the weights
+  double weight_sum = 0.0;
 };
 
-// Only a mistaken step gives more fronts, or more directions to weigh: at some 20 to 200 ns each,
-// these take seconds.
+// A direction of no more weight than this is left out.
+constexpr double negligible_weight = 1e-6;
+
+// Only a mistaken step gives more fronts or more steps than these. They take seconds, at 20 to 200
+// ns each.
 constexpr std::size_t most_fronts = std::size_t{1} << 24;
 constexpr std::int32_t most_steps = std::int32_t{1} << 26;
 
-// How many directions each harmonic that is used can have.
+// How many directions a fan can have when every harmonic in use gets one.
 std::size_t most_directions(const Maths::FrontSet& fronts) {
   const auto used = static_cast<std::size_t>(
       std::count_if(fronts.slots.begin(), fronts.slots.end(),
@@ -39,18 +42,18 @@ std::size_t most_directions(const Maths::FrontSet& fronts) {
   return most_fronts / std::max<std::size_t>(used, 1);
 }
 
-// Stops early once there is a direction too many.
+// Stops once there is one direction more than `most`.
 Fan make_fan(const Modifier& modifier, double lo, double step, std::int32_t n, std::size_t most) {
   Fan fan;
   for (std::int32_t i = 0; i <= n && fan.directions.size() <= most; ++i) {
     const double a = Maths::wrap_angle(i * step + lo);
     const double w = modifier.value(a);
-    if (w > 1e-6) {
+    if (w > negligible_weight) {
       fan.directions.push_back({a, w});
-      fan.sum += w;
+      fan.weight_sum += w;
     }
   }
-  if (fan.sum < 1e-6) throw std::string("Sweep has zero output");
+  if (fan.weight_sum < negligible_weight) throw std::string("Sweep has zero output");
   return fan;
 }
 
@@ -82,7 +85,7 @@ void AngleSweepModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet
   if (n > most_steps) refuse();
   const std::size_t most = most_directions(fronts);
   const Fan fan = make_fan(*this, lo, span / n, n, most);
-  // Of no steps: what has a weight has no direction.
+  // Without a step there is no direction to weight.
   if (n == 0 || fan.directions.size() > most) refuse();
   for (std::vector<Maths::HarmonicFront>& slot : fronts.slots) {
     if (slot.empty()) continue;
@@ -90,7 +93,7 @@ void AngleSweepModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet
     slot.clear();
     slot.reserve(fan.directions.size());
     for (const Direction& direction : fan.directions) {
-      slot.push_back({first.amp * direction.weight / fan.sum, direction.angle, first.phase});
+      slot.push_back({first.amp * direction.weight / fan.weight_sum, direction.angle, first.phase});
     }
   }
 }

@@ -8,10 +8,12 @@
 
 namespace Synthesis {
 
-// The directions run from the tank's lowest angle to its highest in steps of about "delta_angle",
-// weighted by the expression, a function of angle. The amplitudes of a fan, not its energies, add
-// up to that of the harmonic's first front; the fronts behind it are lost. Evaluation throws "Sweep
-// has zero output", and "AngleSweepModifier::..." for a step that gives no fan or too large a one.
+// The directions run from the tank's lowest angle to its highest in steps of about "delta_angle".
+// The expression, a function of angle, weights them. The amplitudes of a fan, not its energies, add
+// up to the amplitude of the harmonic's first front. The other fronts are discarded.
+//
+// Evaluation throws "Sweep has zero output", and "AngleSweepModifier::..." for a step that gives no
+// fan or too large a one.
 class AngleSweepModifier : public Modifier {
  public:
   explicit AngleSweepModifier(const std::string& text);

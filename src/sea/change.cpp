@@ -22,7 +22,7 @@ void change_fronts(const Modifier& modifier, Maths::FrontSet& fronts, const Math
   }
 }
 
-bool sets(const Base::Params& stored) {
+bool replaces(const Base::Params& stored) {
   return stored.read_enum("set", Base::EnumType::Bool) == Base::Bool::True;
 }
 
@@ -37,7 +37,7 @@ void GainChangeModifier::on_evaluate(const Base::Params&, Maths::FrontSet& front
                 [](Maths::HarmonicFront& front, double v) { front.amp *= v; });
 }
 
-// The name is how hosts know it.
+// Hosts know it by this name, without the e.
 AngleChangeModifier::AngleChangeModifier(const std::string& text)
     : Modifier(angle, "AngleChangModifier", Category::frequency, Category::angle, text) {}
 
@@ -51,7 +51,7 @@ void AngleChangeModifier::on_set(Base::Params& in, Base::Params& stored) {
 
 void AngleChangeModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
                                       const RunContext& context) {
-  const bool replace = sets(stored);
+  const bool replace = replaces(stored);
   change_fronts(*this, fronts, context.run, [replace](Maths::HarmonicFront& front, double v) {
     front.angle = Maths::wrap_angle(replace ? v : front.angle + v);
   });
@@ -70,7 +70,7 @@ void PhaseChangeModifier::on_set(Base::Params& in, Base::Params& stored) {
 
 void PhaseChangeModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
                                       const RunContext& context) {
-  const bool replace = sets(stored);
+  const bool replace = replaces(stored);
   change_fronts(*this, fronts, context.run, [replace](Maths::HarmonicFront& front, double v) {
     front.phase = replace ? v : front.phase + v;
   });

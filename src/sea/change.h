@@ -8,7 +8,7 @@
 
 namespace Synthesis {
 
-// Multiplies each amplitude by the expression, a plain number. Takes no parameters of its own.
+// Multiplies each amplitude by the expression, a plain number. Takes no parameters of the class.
 class GainChangeModifier : public Modifier {
  public:
   explicit GainChangeModifier(const std::string& text);
@@ -18,8 +18,8 @@ class GainChangeModifier : public Modifier {
                    const RunContext& context) override;
 };
 
-// Adds the expression, an angle, to each direction; or puts it in the direction's place when "set"
-// is True. The result lies between -pi and pi.
+// Adds the expression, an angle, to each direction, or replaces the direction by it when "set" is
+// True. The result is wrapped to between -pi and pi.
 class AngleChangeModifier : public Modifier {
  public:
   explicit AngleChangeModifier(const std::string& text);
@@ -31,7 +31,7 @@ class AngleChangeModifier : public Modifier {
                    const RunContext& context) override;
 };
 
-// The same with the phase, which is not wrapped.
+// Does the same with the phase, which is not wrapped.
 class PhaseChangeModifier : public Modifier {
  public:
   explicit PhaseChangeModifier(const std::string& text);

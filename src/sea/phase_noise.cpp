@@ -18,17 +18,21 @@ namespace {
 
 namespace Category = Base::Category;
 
-// Truncated, not rounded, on purpose, and of that the low 32 bits: hosts depend on both.
+// Serves when the host chooses none.
+constexpr std::uint32_t default_seed = 5;
+
+// Truncated, not rounded, and then the low 32 bits: hosts rely on both.
 std::uint32_t noise_count(double repeat, double rate) {
   const double samples = repeat * rate;
-  const bool fits = samples < 18446744073709551616.0;  // 2^64
-  return Maths::usable_count(fits ? std::fmod(std::trunc(samples), 4294967296.0) : samples, repeat,
+  constexpr double two_to_32 = 4294967296.0;
+  const bool fits = samples < two_to_32 * two_to_32;
+  return Maths::usable_count(fits ? std::fmod(std::trunc(samples), two_to_32) : samples, repeat,
                              rate);
 }
 
 Base::Vector white_noise(std::uint32_t n, Maths::PureRandom generator) {
-  // The variance of an even draw between -s and s is s^2 / 3. With n / 4 of it, the mean square
-  // of each harmonic's one-sided amplitude is 1.
+  // A uniform draw between -s and s has the variance s^2 / 3. Here that is n / 4, which gives each
+  // harmonic a one-sided amplitude with a mean square of 1.
   const double s = std::sqrt(n * 0.75);
   std::vector<double> samples(n);
   for (double& sample : samples) {
@@ -55,7 +59,7 @@ void PhaseWNoiseModifier::on_set(Base::Params& in, Base::Params& stored) {
 
 void PhaseWNoiseModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts,
                                       const RunContext& context) {
-  const Maths::PureRandom generator = make_generator(stored, 5);
+  const Maths::PureRandom generator = make_generator(stored, default_seed);
   const double rate = stored.read("rate", Category::frequency);
   const std::uint32_t n = noise_count(context.run.value(), rate);
   Base::require_memory(Maths::signal_memory(n),

@@ -8,11 +8,11 @@
 
 namespace Synthesis {
 
-// The signal spans the repeat time at "rate" samples a second, and the mean square of its
-// harmonics' amplitudes is 1: a sea whose energy varies from harmonic to harmonic as in nature, see
-// Tucker, Challenor and Carter (1984), "Numerical simulation of a random sea", Applied Ocean
-// Research 6. All fronts of a harmonic get the same factor and phase; harmonics above half the rate
-// stay as they are. The class's seed is 5. The expression is checked and has no effect.
+// The signal spans the repeat time at "rate" samples per second. The amplitudes of its harmonics
+// have a mean square of 1. The energy of the sea varies from harmonic to harmonic as in nature
+// (Tucker, Challenor and Carter 1984, "Numerical simulation of a random sea", Applied Ocean
+// Research 6). All fronts of a harmonic get the same factor and phase. Harmonics above half the
+// rate keep theirs. The expression is checked and has no effect.
 //
 // Evaluation throws "rate::<value> Hz gives no usable number of samples in a repeat time of <value>
 // s" and "rate::<value> Hz gives <samples> samples of noise, which need ... GiB of memory, ... GiB

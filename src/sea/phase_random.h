@@ -1,4 +1,4 @@
-// The modifier that gives each front a phase at random.
+// The modifier that gives each front a random phase.
 #ifndef KELPBOX_SEA_PHASE_RANDOM_H_
 #define KELPBOX_SEA_PHASE_RANDOM_H_
 
@@ -8,9 +8,9 @@
 
 namespace Synthesis {
 
-// Evenly between -pi and pi, one draw a front, in rising harmonics and then in order of the list.
-// Amplitudes stay, so the energy of each harmonic is as asked for. The class's seed is 4. The
-// expression is checked and has no effect.
+// The phase is uniform between -pi and pi. Each front takes one draw, in rising harmonics and then
+// in order of the list. Amplitudes stay, so each harmonic keeps its energy. The expression is
+// checked and has no effect.
 class PhaseRandomModifier : public Modifier {
  public:
   explicit PhaseRandomModifier(const std::string& text);

@@ -1,4 +1,4 @@
-// The choice of a seed that the modifiers which draw at random offer to a host.
+// The seed of a modifier that draws at random: its own, or one that the host chooses.
 #ifndef KELPBOX_SEA_SEED_H_
 #define KELPBOX_SEA_SEED_H_
 
@@ -13,8 +13,8 @@ namespace Synthesis {
 void query_seed(Base::Params& out);
 // Copies "ran_gen", and "seed" when "ran_gen" is not Default.
 void set_seed(const Base::Params& in, Base::Params& stored);
-// A generator of the class's own seed for Default, and of "seed", rounded, for either of the other
-// two, which do the same. Its first number is ready to be read.
+// A generator with its first number drawn. For Default it has the seed of the class, for FullRandom
+// and Distribute alike the parameter "seed", rounded.
 Maths::PureRandom make_generator(const Base::Params& stored, std::uint32_t class_seed);
 
 }  // namespace Synthesis

@@ -14,9 +14,14 @@ namespace Synthesis {
 
 namespace {
 
+// Frequencies closer than this, in Hz, count as equal.
+constexpr double least_step = 0.0001;
+// A greater distance from the run's grid, in Hz, is reported.
+constexpr double most_error = 0.1;
+
 bool same_time(double a, double b) { return Base::relative_difference(a, b) < 1e-6; }
 
-// Not a number goes last: an order that sorting can rely on.
+// NaN goes last, so that sorting has a strict order.
 bool lower_freq(const Front& a, const Front& b) {
   if (std::isnan(a.freq)) return false;
   return std::isnan(b.freq) || a.freq < b.freq;
@@ -31,16 +36,18 @@ SetFronts::SetFronts(const DispFronts& fronts) : Component("Set of fronts"), fro
 double SetFronts::fitted_repeat() {
   std::stable_sort(fronts_.begin(), fronts_.end(), lower_freq);
   double sum = 0.0;
-  std::uint32_t count = 0;  // of unit steps in the sum
+  std::uint32_t count = 0;  // how many unit steps the sum contains
   for (std::size_t i = 1; i < fronts_.size(); ++i) {
     const double d = fronts_[i].freq - fronts_[i - 1].freq;
-    if (d < 0.0001) continue;
+    if (d < least_step) continue;
     std::uint32_t k = 0;
     if (count != 0) {
       const double mean = sum / count;
       if (mean < d) {
+        // The difference is a multiple of the step found so far.
         k = count * Maths::round_to_u32(d / mean);
       } else {
+        // The difference is a finer step.
         k = (count - 1) + Maths::round_to_u32(mean / d);
       }
     }
@@ -66,6 +73,7 @@ void SetFronts::write_frequencies(std::ostream& out, const std::string& prefix) 
 void SetFronts::on_query(Base::Params& out) {
   const double repeat = fitted_repeat();
   const double error = frequency_error(repeat);
+  // 1 Hz counts as 100 %, and the value is rounded to a tenth.
   out.add_comment(Base::Severity::detail,
                   Base::compose("Repeat time = ", repeat, "s",
                                 " with error = ", Maths::round_to_i32(error * 1000) * 0.1, "%"));
@@ -90,8 +98,9 @@ void SetFronts::on_evaluate(const Base::Params&, Maths::FrontSet& fronts,
           Base::compose("Repeat time ", repeat, " does not match synthetic wave ", fitted));
     }
   }
-  // A hundredth, and the spelling, are what hosts know this report by.
-  if (error > 0.1) messages.push_back(Base::compose("Frequency mismath of ", error / 100, "%"));
+  // Hosts know this message by its spelling, and by a hundredth of the error.
+  if (error > most_error)
+    messages.push_back(Base::compose("Frequency mismath of ", error / 100, "%"));
   for (const Front& front : fronts_) {
     if (front.freq > 0) {
       fronts.add_front(run.wave_num(front.freq), {front.amp, front.angle, front.phase});

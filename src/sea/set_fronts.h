@@ -9,14 +9,15 @@
 
 namespace Synthesis {
 
-// Takes no parameters. Each front goes to the harmonic nearest to its frequency; one of 0 or below
-// is skipped, one outside the run's harmonics makes evaluation throw "Wave number out of range".
+// Takes no parameters. Each front goes to the harmonic nearest to its frequency. A front of zero or
+// negative frequency is skipped. One outside the run's harmonics makes evaluation throw "Wave
+// number out of range".
 class SetFronts : public Component {
  public:
   explicit SetFronts(const DispFronts& fronts);
 
-  // The repeat time in s that the frequencies themselves imply. Sorts the fronts by frequency. Not
-  // a number with fewer than two distinct frequencies.
+  // The repeat time in s that the frequencies themselves imply, NaN with fewer than two distinct
+  // frequencies. Sorts the fronts by frequency.
   double fitted_repeat();
   // The root mean square distance in Hz of the frequencies from the grid of that repeat time.
   double frequency_error(double repeat) const;

@@ -11,6 +11,14 @@ namespace Synthesis {
 
 namespace Category = Base::Category;
 
+namespace {
+
+// A part in a thousand of the greater of the two frequencies is not reported, with room for
+// rounding: hosts rely on 0.4995 Hz passing as 0.5 Hz.
+constexpr double silent_shift = 0.001 * (1.0 + 1e-9);
+
+}  // namespace
+
 void Single::on_query(Base::Params& out) {
   out.declare("f", Base::default_units(Category::frequency));
   out.declare("a", Base::default_units(Category::length));
@@ -35,9 +43,7 @@ void Single::on_evaluate(const Base::Params&, Maths::FrontSet& fronts, const Run
   }
   const std::uint64_t slot = run.wave_num(f_);
   const double fitted = run.freq(slot);
-  // A part in a thousand passes in silence, of the greater of the two frequencies and with room for
-  // rounding: hosts rely on 0.4995 Hz passing as 0.5 Hz.
-  if (std::abs(fitted - f_) > 0.001 * (1.0 + 1e-9) * std::max(fitted, f_)) {
+  if (std::abs(fitted - f_) > silent_shift * std::max(fitted, f_)) {
     messages.push_back(
         Base::compose("Single frequency ", f_, "Hz altered to ", fitted, "Hz to fit repeat time"));
   }

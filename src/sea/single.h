@@ -6,8 +6,8 @@
 
 namespace Synthesis {
 
-// Takes "f", "a", "angle", "phase". The frequency moves to the nearest harmonic; out of range the
-// wave is dropped, with a message.
+// Takes "f", "a", "angle", "phase". The frequency moves to the nearest harmonic. Outside the run's
+// harmonics the wave is discarded, with a message.
 class Single : public Component {
  public:
   Single() : Component("Single") {}
@@ -20,8 +20,8 @@ class Single : public Component {
 
  private:
   double a_ = 0.0;
-  double angle_ = 0.0;
-  double phase_ = 0.0;
+  double angle_ = 0.0;  // wrapped
+  double phase_ = 0.0;  // not wrapped
   double f_ = 0.0;
 };
 

@@ -1,5 +1,5 @@
-// A group of waves: components, up to one modifier of each kind, and where and when the result
-// is meant to hold.
+// A group of waves: its components, up to one modifier of each kind, and the position and time at
+// which the phases of its fronts hold.
 #ifndef KELPBOX_SEA_SPECIFICATION_H_
 #define KELPBOX_SEA_SPECIFICATION_H_
 
@@ -14,8 +14,8 @@
 
 namespace Synthesis {
 
-// Components and modifiers are owned elsewhere and must outlive their place here. Failures are
-// thrown as std::string.
+// Components and modifiers are owned elsewhere, and are removed before they are destroyed. Failures
+// are thrown as std::string.
 class Specification {
  public:
   void add_component(Component& component);
@@ -30,15 +30,15 @@ class Specification {
   void query(Base::Params& out) const;
   void set(const Base::Params& in);
 
-  // Components in order of adding, then gain, angle, phase. Throws "Evaluating specification
-  // before values set".
+  // Applies the components in the order of adding, then the modifiers: gain, angle, phase. Throws
+  // "Evaluating specification before values set".
   void evaluate(Maths::FrontSet& fronts, const RunContext& context);
 
  private:
   bool ready_ = false;
   Base::Params params_;
   std::vector<Component*> components_;
-  std::array<Modifier*, Modifier::slot_count> modifiers_{};
+  std::array<Modifier*, Modifier::slot_count> modifiers_{};  // by slot
 };
 
 }  // namespace Synthesis

@@ -20,10 +20,10 @@ void add_time_fronts(Base::DataSet signal, Maths::FrontSet& fronts, const Maths:
 }
 
 void check_sample_count(const std::string& name, double samples) {
-  constexpr std::int64_t most = std::int64_t{1} << 27;
+  constexpr std::int64_t most_samples = std::int64_t{1} << 27;
   const double rounded = std::floor(samples + 0.5);
-  if (!(rounded >= 1.0 && rounded <= static_cast<double>(most))) {
-    throw Base::compose(name, "::", samples, " samples in the signal, not 1 to ", most);
+  if (!(rounded >= 1.0 && rounded <= static_cast<double>(most_samples))) {
+    throw Base::compose(name, "::", samples, " samples in the signal, not 1 to ", most_samples);
   }
 }
 

@@ -11,13 +11,13 @@
 
 namespace Synthesis {
 
-// Adds a front of angle 0 for each harmonic from the run's lowest up to, and without, its highest,
-// as far as the signal has harmonics. The amplitude is in the units of the signal.
+// Adds a front of angle 0 for each harmonic of the run that the signal has too, except the run's
+// highest. The amplitude is in the units of the signal.
 void add_time_fronts(Base::DataSet signal, Maths::FrontSet& fronts, const Maths::RunData& run);
 
-// Refuses a signal that rounds to no samples, or to more than 2^27 of them: a gigabyte, which no
-// run needs and only a mistaken rate asks for. Throws std::string "<name>::N samples in the signal,
-// not 1 to 134217728".
+// Refuses a signal that rounds to no samples, or to more than 2^27 of them: that is a gigabyte,
+// which only a mistaken rate asks for. Throws std::string "<name>::N samples in the signal, not 1
+// to 134217728".
 void check_sample_count(const std::string& name, double samples);
 
 // Refuses a signal that the machine cannot hold together with its spectrum. Throws std::string
