@@ -14,6 +14,7 @@
 #define KELPBOX_EXPORTED_FRAME_H_
 
 #include <jni.h>
+#include <tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI.h>
 
 #include <functional>
 #include <stdexcept>
@@ -26,17 +27,21 @@
 #include "exported/result.h"
 
 #define KELPBOX_NAME(name) Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_##name
-#define KELPBOX_TEXT_OF(token) #token
-#define KELPBOX_ALIAS_TEXT(token) KELPBOX_TEXT_OF(token)
+#define KELPBOX_QUOTED(token) #token
+#define KELPBOX_QUOTED_NAME(token) KELPBOX_QUOTED(token)
 
-// Opens the definition of an exported function. In `name` each underscore of the host's name
-// stands as `_1`.
-#define KELPBOX_EXPORT(type, name) extern "C" JNIEXPORT type JNICALL KELPBOX_NAME(name)
+// Opens the definition of an exported function. In `name` each underscore of the Java method is
+// written `_1`. Does not compile unless Java declares the method with these types.
+#define KELPBOX_EXPORT(type, name)                                 \
+  static_assert(std::is_function_v<decltype(KELPBOX_NAME(name))>); \
+  extern "C" JNIEXPORT type JNICALL KELPBOX_NAME(name)
 
-// Another exported name of a function that is defined above in the same file.
-#define KELPBOX_ALIAS(name, of)                                      \
-  extern "C" JNIEXPORT decltype(KELPBOX_NAME(of)) KELPBOX_NAME(name) \
-      __attribute__((alias(KELPBOX_ALIAS_TEXT(KELPBOX_NAME(of)))))
+// Another exported name of a function that is defined above in the same file. Does not compile
+// unless Java declares both methods with the same types.
+#define KELPBOX_ALIAS(name, of)                                                            \
+  static_assert(std::is_same_v<decltype(KELPBOX_NAME(name)), decltype(KELPBOX_NAME(of))>); \
+  extern "C" JNIEXPORT decltype(KELPBOX_NAME(name)) KELPBOX_NAME(name)                     \
+      __attribute__((alias(KELPBOX_QUOTED_NAME(KELPBOX_NAME(of)))))
 
 namespace Kelpbox {
 
