@@ -1,24 +1,31 @@
-# kelpbox_folder(<name> SOURCES <files> [HEADERS <files>] [LINKS <folders>])
+# kelpbox_folder(<name> [INTERNAL] SOURCES <files> [HEADERS <files>] [LINKS <folders>])
 #
 # One folder of src/ as one static target, kelpbox_<name>. Its headers are included as
-# "<name>/x.h", and only by the folders that link it: each folder has an include root of its
-# own that holds nothing but that one name. An include of any other folder does not compile.
-# LINKS is the only place where the order of the folders is written; tests/house checks the
-# includes against it.
+# "<name>/x.h", and only by the folders that link it: each folder has its own include root, which
+# contains only that one name. An include of any other folder does not compile. LINKS is the only
+# place where the order of the folders is written; tests/house checks the includes against it.
+# Users of the installed package have the folder as Kelpbox::<name>, unless it is INTERNAL.
 function(kelpbox_folder name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "INTERNAL" "" "SOURCES;HEADERS;LINKS" ${ARGN})
   set(root ${CMAKE_BINARY_DIR}/include/${name})
   file(MAKE_DIRECTORY ${root})
   file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${root}/${name} SYMBOLIC)
 
   set(target kelpbox_${name})
   add_library(${target} STATIC ${ARG_SOURCES} ${ARG_HEADERS})
-  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${root}>)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${root}> $<INSTALL_INTERFACE:${KELPBOX_INSTALL_HEADERS}>)
   foreach(link IN LISTS ARG_LINKS)
     target_link_libraries(${target} PUBLIC kelpbox_${link})
   endforeach()
   list(JOIN ARG_LINKS " " links)
   set_property(GLOBAL APPEND PROPERTY KELPBOX_ORDER "${name}: ${links}")
+  if(NOT ARG_INTERNAL)
+    set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+    install(TARGETS ${target} EXPORT KelpboxTargets COMPONENT cpp)
+    install(FILES ${ARG_HEADERS} DESTINATION ${KELPBOX_INSTALL_HEADERS}/${name} COMPONENT cpp)
+  endif()
 
   # Each header compiles alone. A header with a .cpp is the first include there, which proves it;
   # tests/house checks that. The others are compiled here.
