@@ -21,12 +21,12 @@ using ::Analysis::Set;
 void mark(const char* text) { Base::progress() << text << std::endl; }
 
 std::unique_ptr<Process> make_process(std::uint32_t kind, const Maths::TankConfig& tank, Set& set) {
-  switch (kind) {
-    case 0:
+  switch (ProcessKind{kind}) {
+    case ProcessKind::zero_crossings:
       return std::make_unique<::Analysis::MultiTime>(tank, set);
-    case 1:
+    case ProcessKind::nothing:
       return std::make_unique<::Analysis::MultiFreq>(tank, set);
-    case 2:
+    case ProcessKind::wave_trains:
       mark("AD");
       return std::make_unique<::Analysis::FreqSingle>(tank, set);
     default:
@@ -34,7 +34,8 @@ std::unique_ptr<Process> make_process(std::uint32_t kind, const Maths::TankConfi
   }
 }
 
-// The tables of the analyses that are gone. Two hosts' threads may end two analyses at once.
+// The tables of analyses that have ended. Atomic, since two threads of a host may end two analyses
+// at the same time.
 std::atomic<AnalysisTable*> outliving{nullptr};
 
 }  // namespace

@@ -1,11 +1,13 @@
-// The facade of wave analysis: a table of measured series, sets of them and processes on them,
-// which the host addresses by small integers.
+// Wave analysis: a table of measured series, sets of series, and processes on sets, which the host
+// addresses by ID.
 //
-// An ID is the item's place in the table; it rises by one with each item made. Items are never
-// freed: a host may hold the data of a process beyond the life of its analysis, until the host
-// process ends. Guarded operations fold what they meet as told in guard.h, with the fixed text
-// alone for whatever needs a site before one has been read, and for the ID of nothing or of an
-// item of another type. Calls on one object come one at a time.
+// An ID is the item's index in the table, so each new ID is one higher than the last. Items are
+// never freed: a host may read the data of a process after its analysis has ended, until the host
+// process ends.
+//
+// All operations except `clear` convert failures as described in guard.h. They throw their fixed
+// message if no site has been read, or if an ID belongs to no item or to one of another type. Calls
+// on one object must come one at a time.
 #ifndef KELPBOX_FACADE_ANALYSIS_H_
 #define KELPBOX_FACADE_ANALYSIS_H_
 
@@ -25,46 +27,51 @@ using AnalysisItem =
     std::variant<std::unique_ptr<::Analysis::Series>, std::unique_ptr<::Analysis::Set>,
                  std::unique_ptr<::Analysis::Process>>;
 
+// The kinds of processes, as hosts number them.
+enum class ProcessKind : std::uint32_t {
+  zero_crossings = 0,
+  nothing = 1,
+  wave_trains = 2,
+};
+
 struct AnalysisTable {
   std::vector<AnalysisItem> items;
-  AnalysisTable* next = nullptr;  // among those that outlive their analysis
+  AnalysisTable* next = nullptr;  // in the list of tables that outlive their analysis
 };
 
 class Analysis {
  public:
   // The site must outlive the analysis.
   explicit Analysis(SiteFacade& site);
+  ~Analysis();
   Analysis(const Analysis&) = delete;
   Analysis& operator=(const Analysis&) = delete;
 
-  // Takes the tunable values. The tank is not ready from here until the next create_process.
+  // Sets the tank's tunable values. Then the tank is not ready until the next `create_process`.
   void set(Base::Params& in);
 
-  // Each of these returns the new item's ID, and leaves the table as it was when it fails.
+  // Each of these returns the new item's ID. If it fails, the table stays unchanged.
 
-  // A record with its "rate" and, for frequency analysis, its "x" and "y". Both are copied.
+  // A record with its "rate" and, for the separation of wave trains, its "x" and "y". Both
+  // arguments are copied.
   std::uint32_t add_series(const Base::Params& params, const std::vector<double>& samples);
-  // Cuts the series to "start_time" and "stop_time". Throws the texts of analysis/series.h.
+  // Cuts the series to "start_time" and "stop_time". Throws the messages of analysis/series.h.
   std::uint32_t create_set(const Base::Params& params, const std::vector<std::uint32_t>& series);
-  // 0 finds waves by zero crossings, 1 finds nothing, 2 separates wave trains. Any other kind
-  // makes no item and returns the ID that the next item will have: hosts are not told by a
-  // failure. Makes the tank ready, so that it fails unless `set` has come before. Writes its
-  // progress to the standard output stream.
+  // `kind` is a ProcessKind. Any other number creates no item and returns the ID that the next item
+  // will have; hosts rely on this not being a failure. Makes the tank ready, which fails unless
+  // `set` was called since it was last ready. Writes progress marks to standard output.
   std::uint32_t create_process(std::uint32_t set, std::uint32_t kind);
 
-  // Runs the process and adds its results. Throws the texts of the processes.
+  // Runs the process and adds its results to `out`. Throws the messages of the processes.
   void get_results(std::uint32_t process, const Base::Params& settings, Base::Params& out);
-  // The process's own data, refilled by the next get_results.
+  // Owned by the process, and refilled by its next `get_results`.
   const std::vector<double>& get_data(std::uint32_t process, const Base::Params& params);
 
-  // Nothing is freed and IDs count on.
+  // Does nothing on purpose: hosts rely on their IDs staying valid.
   void clear() {}
 
- protected:
-  ~Analysis();
-
  private:
-  // Throws the plain text unless the ID is that of such an item.
+  // Throws the character pointer `complaint` unless the ID belongs to an item of this type.
   template <typename T>
   T& item(std::uint32_t id, const char* complaint);
   template <typename T>

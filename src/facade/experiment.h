@@ -1,10 +1,13 @@
-// The facade of wave synthesis: one site, and a tree of definitions, specifications, components
-// and modifiers that the host addresses by small integers.
+// Wave synthesis: one site, and a tree of definitions, specifications, components and modifiers,
+// which the host addresses by ID.
 //
-// An ID is the item's place in the table; it rises by one with each item made and is not used
-// again until `clear`. The facade owns every object; parents keep plain pointers. Failures are
-// thrown as std::string, but for the plain text "Object not built" of whatever needs a site before
-// one has been read. Not guarded: calls on one object come one at a time.
+// An ID is the item's index in a table. Each new ID is one higher than the last, and none is used
+// again until `clear`. The experiment owns all objects; parents keep plain pointers to children.
+//
+// The guarded operations convert every failure as described in guard.h: `set` of the site, `clear`,
+// `run_build`, `messages`, `twod_build`, `twod_stats`, `animate_init`, `animate_build` and
+// `animate_build_slice`. The others throw std::string, or the character pointer "Object not built"
+// if they need a site and none has been read. Calls on one object must come one at a time.
 #ifndef KELPBOX_FACADE_EXPERIMENT_H_
 #define KELPBOX_FACADE_EXPERIMENT_H_
 
@@ -33,15 +36,15 @@ enum ItemType : std::uint32_t {
   ItemModifier = 4,
 };
 
-// One row of the table. The object of its type is there and no other.
+// One row of the table. Of the four objects only the one of its type is set.
 struct ExperimentItem {
   ItemType type = ItemNull;
-  std::uint32_t parent = 0;  // of all but definitions
+  std::uint32_t parent = 0;  // not used by definitions
   std::unique_ptr<Synthesis::Definition> definition;
   std::unique_ptr<Synthesis::Specification> specification;
   std::unique_ptr<Synthesis::Component> component;
   std::unique_ptr<Synthesis::Modifier> modifier;
-  std::vector<std::uint32_t> children;  // in order of making
+  std::vector<std::uint32_t> children;  // in order of creation
 };
 
 class Experiment : public SiteFacade {
@@ -53,11 +56,11 @@ class Experiment : public SiteFacade {
 
   std::string context_name();
   std::string context_string();
-  // Takes the tunable values and makes the tank ready again. Values that are refused leave it
-  // ready as it was; a failure to make it leaves it not ready.
+  // Sets the tank's tunable values and makes the tank ready again. If a value is refused, the tank
+  // stays ready as it was. If no tank can be made from the values, it is not ready.
   void set(Base::Params& in);
   std::uint32_t paddle_banks();
-  // A bank out of range throws the Script::LogItm of the site's arrays.
+  // Throws the Script::LogItm of the site's arrays if the bank is out of range.
   std::uint32_t paddle_bank_size(std::uint32_t bank);
   // Inserts "data_units" and the limits of the bank's machine, and returns the bank's name. Throws
   // "Paddle bank out of range".
@@ -65,7 +68,7 @@ class Experiment : public SiteFacade {
   // Inserts "paddle_num", "x", "y", "angle". Also throws "Paddle number out of range".
   void paddle_info(std::uint32_t bank, std::uint32_t paddle, Base::Params& out);
 
-  // The tree. Each `add_` returns the new item's ID, and leaves the table as it was when it fails.
+  // The tree. Each `add_...` returns the new item's ID. If it fails, the table stays unchanged.
 
   std::uint32_t add_definition(const std::string& name);
   std::uint32_t add_specification(std::uint32_t id);
@@ -73,19 +76,19 @@ class Experiment : public SiteFacade {
   std::uint32_t add_single(std::uint32_t id);
   std::uint32_t add_spectrum(std::uint32_t id, const std::string& name, const std::string& text);
   std::uint32_t add_timeexp(std::uint32_t id, const std::string& name, const std::string& text);
-  // The vector is the host's and must outlive the component.
+  // The component keeps a pointer to the vector, which must outlive it.
   std::uint32_t add_timeseries(std::uint32_t id, Base::Vector& vector);
   std::uint32_t add_modifier(std::uint32_t id, const std::string& type, const std::string& text);
   void query(std::uint32_t id, Base::Params& out);
   void set(std::uint32_t id, Base::Params& in);
-  // Removes the item and everything made under it.
+  // Removes the item and everything that was added under it.
   void remove(std::uint32_t id);
-  // Frees all items; IDs begin at 0 again. The site is kept.
+  // Frees all items and keeps the site. IDs begin at 0 again.
   void clear();
-  // Declares the parameters of the expressions in a text, which "#" separates.
+  // Declares the parameters of the formulas in the text, which are separated by "#".
   static void get_params(const std::string& text, Base::Params& out);
 
-  // Runs. Each takes the ID of a definition, which owns what a reference result refers to.
+  // Runs. Each takes the ID of a definition, which owns every object returned by reference.
 
   void run_build(std::uint32_t id);
   std::uint32_t run_size(std::uint32_t id);
@@ -103,12 +106,12 @@ class Experiment : public SiteFacade {
   const std::vector<double>& twod_data(std::uint32_t id, std::int32_t which);
   void twod_stats(std::uint32_t id, Base::Params& out);
 
-  // Animations. Each takes the ID of a definition, which owns the frames. From a second thread of
-  // the host: `animate_progress`, `animate_ready` and `animate_stop`, while the first one builds.
+  // Animations. Each takes the ID of a definition, which owns the frames. While one thread builds,
+  // a second one may call `animate_progress`, `animate_ready` and `animate_stop`.
 
   void animate_init(std::uint32_t id, Base::Params& in);
   void animate_build(std::uint32_t id, Base::Params& in);
-  // The columns from `first` up to `last` - 1. The parameters are not read.
+  // Builds the columns from `first` to `last` - 1. The parameters are not read.
   void animate_build_slice(std::uint32_t id, const Base::Params& in, std::uint32_t first,
                            std::uint32_t last);
   const std::vector<std::int16_t>& animate_data(std::uint32_t id, std::uint32_t index);
@@ -120,29 +123,29 @@ class Experiment : public SiteFacade {
   void animate_free(std::uint32_t id);
 
  protected:
-  // Give an object made elsewhere to a specification. Throw "ID out of range", and the object's
-  // name with "::Trying to add to invalid type".
+  // Add an object to the specification `id`. Throw "ID out of range", and the object's name
+  // followed by "::Trying to add to invalid type".
   std::uint32_t attach(std::uint32_t id, std::unique_ptr<Synthesis::Component> component);
   std::uint32_t attach(std::uint32_t id, std::unique_ptr<Synthesis::Modifier> modifier);
 
-  // Each throws "ID out of range", and "Trying to access <type>" for an item of another type.
+  // Each throws "ID out of range", or "Trying to access <type>" for an item of another type.
   Synthesis::Definition& definition(std::uint32_t id);
   Synthesis::Specification& specification(std::uint32_t id);
   Synthesis::Component& component(std::uint32_t id);
   Synthesis::Modifier& modifier(std::uint32_t id);
 
  private:
-  // The item of that ID. Throws "ID out of range".
+  // Throws "ID out of range".
   ExperimentItem& item(std::uint32_t id);
 
-  // The specification that takes an object of that name.
+  // The specification `id`, to which an object of this name is to be added.
   Synthesis::Specification& parent_of(const std::string& name, std::uint32_t id);
-  // Makes room, so that appending cannot fail once the parent has been told.
+  // Reserves memory, so that `append` cannot fail after the parent has received the object.
   void make_room(std::uint32_t parent);
   std::uint32_t append(ExperimentItem made, std::uint32_t parent);
 
   std::vector<ExperimentItem> items_;
-  std::vector<std::uint32_t> definitions_;  // live ones, in order of making
+  std::vector<std::uint32_t> definitions_;  // those not removed, in order of creation
 };
 
 }  // namespace Kelpbox

@@ -1,7 +1,7 @@
-// What the handle of an experiment and the handle of an analysis both refer to.
+// The object behind the handles of a Java host.
 //
-// Hosts make either with one and the same exported function, so that one object has to do the work
-// of both, on one site.
+// A Java host creates an experiment and an analysis with the same exported function, so one object
+// serves as both, on one site. A C++ host uses Experiment and Analysis directly.
 #ifndef KELPBOX_FACADE_FACADE_H_
 #define KELPBOX_FACADE_FACADE_H_
 

@@ -1,39 +1,38 @@
-// The guard inside the facades' top-level operations: it folds every failure into one string.
+// The guard inside the facades' top-level operations: it converts every failure to a std::string.
+//
+//   thrown inside                        thrown by the guard
+//   std::string                          the same string
+//   std::exception                       "<fixed message>: <what()>"
+//   Script::LogItm, LogItems::shown      "<fixed message>: <its message>"
+//   Script::LogItm, LogItems::hidden     the fixed message
+//   anything else, const char* included  the fixed message
 #ifndef KELPBOX_FACADE_GUARD_H_
 #define KELPBOX_FACADE_GUARD_H_
 
 #include <exception>
-#include <sstream>
 #include <string>
 
+#include "base/compose.h"
 #include "script/log.h"
 
 namespace Kelpbox {
 
 enum class LogItems { hidden, shown };
 
-inline std::string prefixed(const char* fixed_text, const std::string& detail) {
-  std::ostringstream out;
-  out << fixed_text << ": " << detail;
-  return out.str();
-}
-
-// Runs the operation. A string passes unchanged; a standard exception becomes the fixed text, a
-// colon, a blank and its own text, and so does a log item where log items are shown; anything
-// else, a plain text (const char*) among it, becomes the fixed text alone.
+// Returns what the operation returns.
 template <LogItems log_items = LogItems::hidden, typename Operation>
-auto guarded(const char* fixed_text, Operation operation) -> decltype(operation()) {
+auto guarded(const char* fixed_message, Operation operation) -> decltype(operation()) {
   try {
     return operation();
   } catch (const Script::LogItm& item) {
-    if constexpr (log_items == LogItems::shown) throw prefixed(fixed_text, item.text);
-    throw std::string(fixed_text);
+    if constexpr (log_items == LogItems::shown) throw Base::compose(fixed_message, ": ", item.text);
+    throw std::string(fixed_message);
   } catch (const std::string&) {
     throw;
   } catch (const std::exception& failure) {
-    throw prefixed(fixed_text, failure.what());
+    throw Base::compose(fixed_message, ": ", failure.what());
   } catch (...) {
-    throw std::string(fixed_text);
+    throw std::string(fixed_message);
   }
 }
 

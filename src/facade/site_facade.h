@@ -1,6 +1,5 @@
-// What both facades do with a site: read its script, and answer for its constants and its tank.
-//
-// A host's handle has one (facade.h), whichever facade it was made for.
+// The operations on a site that Experiment and Analysis share: reading its script, and asking for
+// its constants and its tank.
 #ifndef KELPBOX_FACADE_SITE_FACADE_H_
 #define KELPBOX_FACADE_SITE_FACADE_H_
 
@@ -20,29 +19,30 @@ class SiteFacade {
   SiteFacade(const SiteFacade&) = delete;
   SiteFacade& operator=(const SiteFacade&) = delete;
 
-  // Reads the site script and makes the tank ready; once, since the log can be attached only once.
-  void initialise(const std::string& file);
+  // These four convert failures as described in guard.h. Before `initialise`, the last three throw
+  // their fixed message.
 
-  // These throw std::string as told in guard.h, with the fixed text alone before `initialise`.
+  // Reads the site script and makes the tank ready. Succeeds only once: the log can be attached to
+  // the reader only once.
+  void initialise(const std::string& file);
   void get_consts(Base::Params& out);
+  // The tank's tunable values.
   void query(Base::Params& out);
-  // The depths along the tank at every "delta_x", which is read from the parameters.
+  // The depths along the tank, "delta_x" apart. `in` holds "delta_x".
   std::vector<double> profile(Base::Params& in);
 
-  // Both throw the plain text "Object not built" until `initialise` has read a site.
+  // Both throw the character pointer "Object not built" until `initialise` has read a site.
   Common::Context& context();
   Common::Tank& tank();
 
  protected:
-  ~SiteFacade() = default;
-
   std::uint32_t site_checksum() const { return reader_.checksum(); }
 
  private:
   std::string name_;
-  Script::SimpleLog log_;  // before the reader, which keeps its address
+  Script::SimpleLog log_;  // declared before the reader, which keeps its address
   Common::SiteReader reader_;
-  Common::Context* context_ = nullptr;  // the reader's, once a read has succeeded
+  Common::Context* context_ = nullptr;  // owned by the reader; set when a read has succeeded
   std::vector<double> profile_samples_;
 };
 

@@ -1,4 +1,4 @@
-// The classes of modifiers that a host may ask for by name.
+// The modifier classes that a host can request by name.
 #ifndef KELPBOX_FACADE_WAVE_MODIFIERS_H_
 #define KELPBOX_FACADE_WAVE_MODIFIERS_H_
 
@@ -10,8 +10,9 @@
 
 namespace Kelpbox {
 
-// Makes the modifier of a member of `WaveMod` from its text. Throws std::string "Unexpected wave
-// modifier in add_modifier" for a member without a class, "AngleSet" and "PhaseSet" among them.
+// Creates the modifier for a member of the enumeration `WaveMod` from its formula text. Throws
+// std::string "Unexpected wave modifier in add_modifier" for a member that has no class, such as
+// "AngleSet" and "PhaseSet".
 std::unique_ptr<Synthesis::Modifier> make_modifier(const Base::EnumValue& member,
                                                    const std::string& text);
 
