@@ -1,7 +1,7 @@
-// What an exported function may be given, one kind for each way in which an argument travels.
+// The arguments of exported functions: one struct for each way in which an argument is passed.
 //
-// A kind holds the raw argument. `take` reads it and returns false when the call is refused, with
-// a host exception pending; `value` is what the native operation gets.
+// Each holds the raw argument. `take` reads it; if it refuses the argument, it leaves an exception
+// pending in the host and returns false. `value` is what the native operation receives.
 #ifndef KELPBOX_EXPORTED_ARGUMENT_H_
 #define KELPBOX_EXPORTED_ARGUMENT_H_
 
@@ -16,13 +16,13 @@
 
 namespace Kelpbox {
 
-// A handle is an object's address; 0 stands for null.
+// A handle is the address of an object, and 0 stands for null.
 template <typename T>
 T* pointer_from(jlong handle) {
   return reinterpret_cast<T*>(handle);  // NOLINT(performance-no-int-to-ptr): hosts hold integers
 }
 
-// The object that a function belongs to. Not tested: 0 has undefined effect.
+// The object that a method is called on. Not checked: 0 has undefined effect.
 template <typename T>
 struct Self {
   jlong handle;
@@ -31,7 +31,8 @@ struct Self {
   T& value() const { return *pointer_from<T>(handle); }
 };
 
-// An object of the declared type T, `Base::Params&` say. 0 is refused with the type's text.
+// An object passed by reference. T is the declared type, such as `Base::Params&`, and the message
+// that refuses 0 names it.
 template <typename T>
 struct Reference {
   static_assert(std::is_reference_v<T>);
@@ -45,7 +46,7 @@ struct Reference {
   T value() const { return *pointer_from<std::remove_reference_t<T>>(handle); }
 };
 
-// A value for a vector of T. 0 is refused with the text of the vector's value_type.
+// A new element for a vector of T. The message that refuses 0 names the vector's value_type.
 template <typename T>
 struct Element {
   jlong handle;
@@ -58,8 +59,7 @@ struct Element {
   const T& value() const { return *pointer_from<const T>(handle); }
 };
 
-// A string. It is copied and the host's characters are released at once, before any other
-// argument is looked at.
+// A string. It is copied, and the host's characters are released before the next argument is taken.
 struct Text {
   explicit Text(jstring host_string) : raw(host_string) {}
 
@@ -69,7 +69,7 @@ struct Text {
       return false;
     }
     const char* characters = env->GetStringUTFChars(raw, nullptr);
-    // The virtual machine has posted its own exception.
+    // The virtual machine has left its own exception pending.
     if (characters == nullptr) return false;
     text = characters;
     env->ReleaseStringUTFChars(raw, characters);
@@ -81,7 +81,7 @@ struct Text {
   std::string text;
 };
 
-// An unsigned number: the low 32 bits of what the host passes.
+// An unsigned number: the low 32 bits of the host's long.
 struct Unsigned {
   jlong raw;
 
@@ -96,7 +96,7 @@ struct Bool {
   bool value() const { return raw != JNI_FALSE; }
 };
 
-// A number that travels as it is.
+// A number that needs no conversion.
 template <typename T>
 struct Number {
   T raw;

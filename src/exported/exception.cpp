@@ -8,7 +8,7 @@ struct Row {
   const char* class_name;
 };
 
-// The last row is the fallback.
+// Searched from the top. The last row is the fallback.
 constexpr Row table[] = {
     {Standard::out_of_memory, "java/lang/OutOfMemoryError"},
     {Standard::input_output, "java/io/IOException"},

@@ -1,6 +1,7 @@
-// Exceptions of the host.
+// Throwing exceptions in the host.
 //
-// Posting one does not unwind anything: it is raised when the native method returns.
+// These functions return normally: the virtual machine raises the pending exception when the native
+// method returns.
 #ifndef KELPBOX_EXPORTED_EXCEPTION_H_
 #define KELPBOX_EXPORTED_EXCEPTION_H_
 
@@ -8,7 +9,7 @@
 
 namespace Kelpbox {
 
-// Codes of the table of standard exceptions. Any other code gives "java/lang/UnknownError".
+// The codes of the standard exceptions. Any other code throws "java/lang/UnknownError".
 enum class Standard {
   end = 0,
   out_of_memory = 1,
@@ -22,13 +23,13 @@ enum class Standard {
   unknown = 9,
 };
 
-// Replaces any pending exception. Does nothing more when the class is not found: the virtual
-// machine has then posted an exception of its own.
+// Replaces any pending exception. If the class is not found, the exception that the virtual machine
+// has left for that stays pending.
 void throw_standard(JNIEnv* env, Standard code, const char* message);
 
-// "tidelab/waves/component/WaveSynthesisException", the one class of the domain. A pending
-// exception stays and the class is not tested on purpose: a host without the class is broken and
-// must show it.
+// Throws "tidelab/waves/component/WaveSynthesisException", the only exception class of the
+// library's own. Neither clears a pending exception nor checks the class, on purpose: a host
+// without the class is broken and must fail visibly.
 void throw_domain(JNIEnv* env, const char* message);
 
 }  // namespace Kelpbox

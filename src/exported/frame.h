@@ -1,15 +1,17 @@
-// The frame around every exported function: arguments in declared order, the native operation
-// behind a guard, the result.
+// The frame of every exported function: it takes the arguments in declared order, calls the native
+// operation inside a guard, and converts the result.
 //
 //   KELPBOX_EXPORT(jdouble, Kelpbox_1Params_1get)
 //   (JNIEnv* env, jclass, jlong self, jobject, jstring name, jstring units) {
 //     return call(env, &Base::Params::get, Self<Base::Params>{self}, Text(name), Text(units));
 //   }
 //
-// A refused argument and a caught failure leave a host exception pending, and the default of the
-// result (0, false, null) is returned. A plain text (const char*) passes every guard here on
-// purpose: a host that calls before `initialise` is broken and must not go on with a default. So
-// nothing on the way is noexcept.
+// A refused argument or a caught failure leaves an exception pending in the host, and the function
+// returns 0, false or null.
+//
+// A thrown character pointer passes every guard on purpose: a host that calls an operation before
+// `initialise` is broken, and must not continue with a default result. Therefore nothing between
+// the operation and the host is noexcept.
 #ifndef KELPBOX_EXPORTED_FRAME_H_
 #define KELPBOX_EXPORTED_FRAME_H_
 
@@ -45,20 +47,20 @@
 
 namespace Kelpbox {
 
-// Strings become the host's domain exception.
+// Converts a string to the library's exception class.
 struct DomainGuard {
   template <typename Body>
   static auto run(JNIEnv* env, Body body) -> decltype(body()) {
     try {
       return body();
-    } catch (const std::string& text) {
-      throw_domain(env, text.c_str());
+    } catch (const std::string& message) {
+      throw_domain(env, message.c_str());
       return decltype(body())();
     }
   }
 };
 
-// A bad index becomes the host's own exception; there is no handler for strings.
+// Converts a bad index to IndexOutOfBoundsException. Strings pass.
 struct IndexGuard {
   template <typename Body>
   static auto run(JNIEnv* env, Body body) -> decltype(body()) {
@@ -71,7 +73,7 @@ struct IndexGuard {
   }
 };
 
-// Whatever is thrown leaves the exported function.
+// Catches nothing.
 struct NoGuard {
   template <typename Body>
   static auto run(JNIEnv*, Body body) -> decltype(body()) {
@@ -84,7 +86,7 @@ auto call(JNIEnv* env, Operation operation, Arguments... arguments) {
   using Native = std::invoke_result_t<Operation, decltype(arguments.value())...>;
   using Host = typename Result<Native>::Host;
 
-  // The fold goes from left to right and ends at the first refusal.
+  // Takes the arguments from left to right and stops at the first one that is refused.
   if (!(arguments.take(env) && ...)) return Host();
   return Guard::run(env, [&]() -> Host {
     if constexpr (std::is_void_v<Native>) {
@@ -95,7 +97,7 @@ auto call(JNIEnv* env, Operation operation, Arguments... arguments) {
   });
 }
 
-// What an operation of the host's that is declared unsigned shows of a wider number.
+// The result of an operation that is declared `unsigned int` to the host.
 inline std::uint32_t low32(std::uint64_t number) { return static_cast<std::uint32_t>(number); }
 
 }  // namespace Kelpbox

@@ -1,5 +1,5 @@
-// Exported names of the operations of an analysis. Its life, and what it does with a site like an
-// experiment, are in native_site.cpp.
+// Analysis: series, sets and processes. native_site.cpp has its creation, its deletion and its
+// operations on the site, which it shares with Experiment.
 #include "exported/frame.h"
 #include "facade/facade.h"
 

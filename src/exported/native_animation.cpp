@@ -1,4 +1,4 @@
-// Exported names of the operations that animate a run.
+// Experiment: animation of a run.
 #include "exported/frame.h"
 #include "facade/facade.h"
 

@@ -1,4 +1,4 @@
-// Exported names of parameters, parameter sets and labelled vectors.
+// Param, Params and Vector.
 #include <string>
 #include <vector>
 
@@ -134,7 +134,7 @@ KELPBOX_EXPORT(jlong, Kelpbox_1Vector_1size)(JNIEnv* env, jclass, jlong self, jo
       env, [](const Vector& vector) { return vector.data.size(); }, Self<Vector>{self});
 }
 
-// The index is not tested: it is the host's word that the element is there.
+// The index is not checked: the host must pass one below the size.
 KELPBOX_EXPORT(jdouble, Kelpbox_1Vector_1getValue)
 (JNIEnv* env, jclass, jlong self, jobject, jint index) {
   return call(

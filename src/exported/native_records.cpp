@@ -1,7 +1,7 @@
-// Exported names of fronts, positions and run data.
+// Front, DisplayFront, TransferFront, Position and RunData.
 //
-// The records have fields of eight bytes, and hosts cannot tell which record a function was
-// written for: one function serves the same field of them all.
+// All fields of the first four have eight bytes, so one function reads the same field of each. Its
+// other names are aliases.
 #include <cstdint>
 #include <new>
 #include <type_traits>
@@ -31,7 +31,7 @@ double field(const double& first, std::size_t index) { return (&first)[index]; }
 
 }  // namespace
 
-// Life.
+// Creation and deletion.
 
 KELPBOX_EXPORT(jlong, new_1Kelpbox_1Front_1_1SWIG_10)(JNIEnv* env, jclass) {
   return call(env, [] { return new Front(); });
@@ -54,7 +54,7 @@ KELPBOX_EXPORT(jlong, new_1Kelpbox_1RunData)(JNIEnv* env, jclass) {
   return call(env, [] { return new RunData(); });
 }
 
-// The storage goes back without its size, which differs between the records.
+// Not `delete`, which would need the type: the sizes of the records differ.
 KELPBOX_EXPORT(void, delete_1Kelpbox_1Front)(JNIEnv*, jclass, jlong self) {
   ::operator delete(pointer_from<void>(self));
 }

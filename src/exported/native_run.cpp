@@ -1,4 +1,4 @@
-// Exported names of the operations that run a definition and read its results.
+// Experiment: building a run, reading its results, and the drive signals.
 #include "exported/frame.h"
 #include "facade/facade.h"
 

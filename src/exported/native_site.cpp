@@ -1,4 +1,4 @@
-// Exported names of a facade's life and of its site.
+// Experiment and Analysis: creation, deletion, and the operations on the site.
 #include <string>
 
 #include "exported/frame.h"

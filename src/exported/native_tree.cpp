@@ -1,4 +1,4 @@
-// Exported names of the operations on an experiment's tree of items.
+// Experiment: the tree of definitions, specifications, components and modifiers.
 #include <string>
 
 #include "exported/frame.h"

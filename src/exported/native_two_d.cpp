@@ -1,4 +1,4 @@
-// Exported names of the operations that tell the wave at a point.
+// Experiment: the wave at a point.
 #include "exported/frame.h"
 #include "facade/facade.h"
 

@@ -1,4 +1,4 @@
-// Exported names of the vector families: reading and writing elements.
+// The vector families: reading and writing elements.
 #include <string>
 #include <vector>
 
@@ -11,7 +11,7 @@ using namespace Kelpbox;
 
 namespace {
 
-// A number, or a string, is read by value.
+// Numbers and strings are read by value.
 template <typename T>
 T get(std::vector<T>& vector, jint index) {
   return element(vector, index);
@@ -119,7 +119,7 @@ KELPBOX_EXPORT(jstring, Kelpbox_1StdVectorString_1get)
                           Index{index});
 }
 
-// Records: an element is read in place.
+// Records are read in place: `get` returns the element's address.
 
 KELPBOX_EXPORT(void, Kelpbox_1StdVectorParam_1add)
 (JNIEnv* env, jclass, jlong self, jobject, jlong value, jobject) {

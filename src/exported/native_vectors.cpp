@@ -1,8 +1,7 @@
-// Exported names of the vector families: making, freeing and sizes.
+// The vector families: creation, deletion and sizes.
 //
-// Where an operation depends on no more than the width of the element, or not even on that, the
-// families share one function; hosts cannot tell them apart. The function stands under the name of
-// the first family and the others are aliases of it.
+// If an operation depends only on the width of the element, or not even on that, the families share
+// one function. It has the name of the first family, and the other names are aliases.
 #include <string>
 #include <vector>
 
@@ -13,7 +12,7 @@
 
 using namespace Kelpbox;
 
-// The shared functions below read a vector of one element through a vector of another.
+// The shared functions treat a vector of one element type as a vector of another.
 static_assert(sizeof(std::vector<double>) == sizeof(AnyVector));
 static_assert(sizeof(Synthesis::Front) == 32 && sizeof(Maths::DisplayFront) == 32 &&
               sizeof(Maths::TransferFront) == 32 && sizeof(std::string) == 32);
@@ -48,7 +47,7 @@ KELPBOX_ALIAS(Kelpbox_1StdVectorFront_1isEmpty, Kelpbox_1StdVectorDouble_1isEmpt
 KELPBOX_ALIAS(Kelpbox_1StdVectorDisplayFront_1isEmpty, Kelpbox_1StdVectorDouble_1isEmpty);
 KELPBOX_ALIAS(Kelpbox_1StdVectorTransferFront_1isEmpty, Kelpbox_1StdVectorDouble_1isEmpty);
 
-// Elements that need no destruction.
+// Families whose elements need no destructor.
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1StdVectorDouble)
 (JNIEnv*, jclass, jlong self) { delete pointer_from<AnyVector>(self); }
@@ -71,7 +70,7 @@ KELPBOX_ALIAS(Kelpbox_1StdVectorFront_1clear, Kelpbox_1StdVectorDouble_1clear);
 KELPBOX_ALIAS(Kelpbox_1StdVectorDisplayFront_1clear, Kelpbox_1StdVectorDouble_1clear);
 KELPBOX_ALIAS(Kelpbox_1StdVectorTransferFront_1clear, Kelpbox_1StdVectorDouble_1clear);
 
-// Elements that need destruction.
+// Families whose elements need a destructor.
 
 KELPBOX_EXPORT(void, delete_1Kelpbox_1StdVectorString)
 (JNIEnv*, jclass, jlong self) { delete pointer_from<std::vector<std::string>>(self); }
@@ -168,7 +167,7 @@ KELPBOX_EXPORT(jlong, new_1Kelpbox_1StdVectorParam_1_1SWIG_11)
   return call<NoGuard>(env, &make_vector<Base::Param>, Number<jlong>{count});
 }
 
-// Width 4.
+// Elements of 4 bytes.
 
 KELPBOX_EXPORT(jlong, Kelpbox_1StdVectorFloat_1size)
 (JNIEnv* env, jclass, jlong self, jobject) {
@@ -197,7 +196,7 @@ KELPBOX_EXPORT(jlong, new_1Kelpbox_1StdVectorFloat_1_1SWIG_11)
 }
 KELPBOX_ALIAS(new_1Kelpbox_1StdVectorUInt_1_1SWIG_11, new_1Kelpbox_1StdVectorFloat_1_1SWIG_11);
 
-// Width 32; strings share no more than the sizes.
+// Elements of 32 bytes. Strings share only `size` and `capacity`.
 
 KELPBOX_EXPORT(jlong, Kelpbox_1StdVectorFront_1size)
 (JNIEnv* env, jclass, jlong self, jobject) {

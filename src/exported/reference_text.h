@@ -1,4 +1,4 @@
-// The words with which a null reference is refused; each names the declared type.
+// The messages that refuse a null reference. Each names the declared type.
 #ifndef KELPBOX_EXPORTED_REFERENCE_TEXT_H_
 #define KELPBOX_EXPORTED_REFERENCE_TEXT_H_
 

@@ -1,4 +1,4 @@
-// How the result of a native operation travels to the host.
+// How the result of a native operation is returned to the host.
 #ifndef KELPBOX_EXPORTED_RESULT_H_
 #define KELPBOX_EXPORTED_RESULT_H_
 
@@ -11,13 +11,13 @@
 
 namespace Kelpbox {
 
-// The address of an object, for the host to hold.
+// The host's handle of an object: its address.
 template <typename T>
 jlong handle_of(T* object) {
   return reinterpret_cast<jlong>(object);
 }
 
-// An object by value becomes a copy on the heap, which the host frees.
+// An object returned by value is moved to the heap, and the host must delete it.
 template <typename Native>
 struct Result {
   using Host = jlong;
@@ -26,7 +26,7 @@ struct Result {
   }
 };
 
-// A reference or a pointer is handed on as it is.
+// An object returned by reference or pointer keeps its owner.
 template <typename T>
 struct Result<T&> {
   using Host = jlong;

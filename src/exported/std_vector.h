@@ -1,4 +1,4 @@
-// The operations of the exported families of vectors.
+// The operations of the vector families.
 #ifndef KELPBOX_EXPORTED_STD_VECTOR_H_
 #define KELPBOX_EXPORTED_STD_VECTOR_H_
 
@@ -11,11 +11,11 @@
 
 namespace Kelpbox {
 
-// The storage of a vector of anything that needs no destruction, for what does not depend on the
-// element at all. Its capacity counts bytes, so that the storage is freed with its true size.
+// Stands for a vector of any element type that needs no destructor, in operations that do not
+// depend on the element. It counts bytes, so it frees the storage with its true size.
 using AnyVector = std::vector<std::byte>;
 
-// Throws std::length_error beyond the most elements that a vector may have.
+// Throws std::length_error "vector<T> too long" above the maximum size of such a vector.
 template <typename T>
 std::size_t checked_length(jlong count) {
   const auto length = static_cast<std::size_t>(count);
