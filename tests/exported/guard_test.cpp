@@ -1,3 +1,4 @@
+<<<<<<< HEAD
 // The guard inside the facades' top-level operations.
 #include "facade/guard.h"
 
@@ -5,62 +6,22 @@
 #include <stdexcept>
 
 #include "facade/facade.h"
+=======
+// Failures before a site has been read, as a host sees them.
+>>>>>>> d865be1 (Test the facades without a JDK)
 #include "fixture.h"
-
-using namespace Kelpbox;
 
 namespace {
 
+<<<<<<< HEAD
 using Testing::HostTest;
 
 class Guard : public HostTest {};
+=======
+class BeforeInitialise : public HostTest {};
+>>>>>>> d865be1 (Test the facades without a JDK)
 
-template <LogItems items, typename Thrower>
-std::string folded(Thrower thrower) {
-  try {
-    guarded<items>("Fixed", thrower);
-  } catch (const std::string& text) {
-    return text;
-  }
-  return "nothing thrown";
-}
-
-Script::LogItm log_item() {
-  Script::LogItm item("General", Script::Level::error);
-  item.add("depth is ").add(12u);
-  return item;
-}
-
-TEST_F(Guard, AStringPassesUnchanged) {
-  const auto thrower = [] { throw std::string("plain words"); };
-  EXPECT_EQ(folded<LogItems::hidden>(thrower), "plain words");
-  EXPECT_EQ(folded<LogItems::shown>(thrower), "plain words");
-}
-
-TEST_F(Guard, AStandardExceptionGetsThePrefix) {
-  const auto thrower = [] { throw std::runtime_error("its own words"); };
-  EXPECT_EQ(folded<LogItems::hidden>(thrower), "Fixed: its own words");
-  EXPECT_EQ(folded<LogItems::shown>(thrower), "Fixed: its own words");
-}
-
-TEST_F(Guard, ALogItemIsShownInOneFormAndHiddenInTheOther) {
-  const auto thrower = [] { throw log_item(); };
-  EXPECT_EQ(folded<LogItems::hidden>(thrower), "Fixed");
-  EXPECT_EQ(folded<LogItems::shown>(thrower), "Fixed: depth is 12");
-}
-
-TEST_F(Guard, AnythingElseIsTheFixedTextAlone) {
-  EXPECT_EQ(folded<LogItems::hidden>([] { throw "Object not built"; }), "Fixed");
-  EXPECT_EQ(folded<LogItems::shown>([] { throw "Object not built"; }), "Fixed");
-  EXPECT_EQ(folded<LogItems::shown>([] { throw 42; }), "Fixed");
-}
-
-TEST_F(Guard, AResultPasses) {
-  EXPECT_EQ(guarded("Fixed", [] { return 7; }), 7);
-  EXPECT_EQ(guarded<LogItems::shown>("Fixed", [] { return std::string("x"); }), "x");
-}
-
-TEST_F(Guard, EachGuardedOperationHasItsOwnTextBeforeInitialise) {
+TEST_F(BeforeInitialise, EachGuardedOperationThrowsItsFixedMessage) {
   const jlong empty = empty_experiment();
   const jlong set = params({{"delta_x", 1.0, "m"}});
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1get_1consts), empty, proxy, set, proxy),
@@ -73,7 +34,7 @@ TEST_F(Guard, EachGuardedOperationHasItsOwnTextBeforeInitialise) {
   EXPECT_EQ(host.take_thrown(), domain("Uncaught Exception in Experiment profile"));
 }
 
-TEST_F(Guard, UnguardedOperationsLetThePlainTextLeaveBeforeInitialise) {
+TEST_F(BeforeInitialise, ACharacterPointerLeavesTheOtherOperations) {
   const jlong empty = empty_experiment();
   const jlong set = params();
   const std::string text = "Object not built";
@@ -89,6 +50,7 @@ TEST_F(Guard, UnguardedOperationsLetThePlainTextLeaveBeforeInitialise) {
   EXPECT_EQ(text_leaving(NATIVE(Kelpbox_1Experiment_1add_1definition), empty, proxy, "run"), text);
 }
 
+<<<<<<< HEAD
 // A component whose evaluation throws what the test wants.
 template <typename Thrower>
 class Throwing : public Synthesis::Component {
@@ -154,4 +116,6 @@ TEST_F(RunGuard, APlainTextIsMasked) {
             domain("Uncaught Exception in Run Build"));
 }
 
+=======
+>>>>>>> d865be1 (Test the facades without a JDK)
 }  // namespace
