@@ -3,15 +3,15 @@ import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 import java.io.IOException;
 
 /**
- * Reads the site of a wide basin, asks for a focused wave group and for an oblique regular wave
- * between side walls, and writes what the paddles have to do.
+ * Generates a focused wave group and an oblique regular wave between side walls in a wide basin,
+ * and writes the drive signals of the paddles.
  *
- * <p>Usage: {@code java Basin <library> <site script> <output folder>}. Ends with 1 when its own
- * check of the focus fails.
+ * <p>Usage: {@code java Basin <library> <site script> <output folder>}. Exits with 1 if its check
+ * of the focus fails.
  */
 public final class Basin {
 
-    // The group: a JONSWAP sea whose crests all meet at one point at one time.
+    // A JONSWAP spectrum whose crests all meet at one point at one time.
     static final Jonswap SEA = new Jonswap(0.06, 0.6, 3.3, 0.35, 1.4);
     static final double FOCUS_X = 12.0; // m
     static final double FOCUS_Y = 9.0; // m
@@ -46,9 +46,10 @@ public final class Basin {
         }
         double crest = new Propagation(tank.experiment).elevation(run, FOCUS_X, FOCUS_Y, FOCUS_T);
         boolean good = Math.abs(crest / predicted - 1) < 0.01;
-        System.out.printf("focus     crest %.4f m at x %.1f m, y %.1f m, t %.1f s; the spectrum predicts"
-                + " %.4f m: %s%n", crest, FOCUS_X, FOCUS_Y, FOCUS_T, predicted,
-                good ? "good" : "WRONG");
+        Results.printf(
+                "focus     crest %.4f m at x %.1f m, y %.1f m, t %.1f s; the spectrum predicts"
+                        + " %.4f m: %s%n",
+                crest, FOCUS_X, FOCUS_Y, FOCUS_T, predicted, good ? "good" : "WRONG");
         return good;
     }
 

@@ -1,41 +1,41 @@
 import java.util.function.DoubleUnaryOperator;
 
 /**
- * How the crests of wind waves are spread over directions: cos^2s(d / 2) of the deviation d, with an
- * s that is highest at the peak of the spectrum and falls to both sides of it. The law is that of
- * Mitsuyasu et al. (1975) in the form of Goda and Suzuki, as in Goda (2010), "Random Seas and Design
- * of Maritime Structures", section 2.3: s_max is 10 for wind waves, 25 for a short swell and 75 for a
- * long one.
+ * The directional spreading of wind waves: cos^2s(d / 2) of the deviation d from the mean
+ * direction. s is highest at the peak of the spectrum and falls to both sides. This is the law of
+ * Mitsuyasu et al. (1975) in the form of Goda and Suzuki, from Goda (2010), "Random Seas and Design
+ * of Maritime Structures", section 2.3. s_max is 10 for wind waves, 25 for a short swell and 75 for
+ * a long one.
  */
 record GodaSpread(double sMax, double fp) {
 
-    /** s as the library reads it: formula, limit, formula. */
+    /** s for the library: formula, limit, formula. */
     static final String TEXT = "s_max*($[Hz]/fp[Hz])^5#fp[Hz]@Hz#s_max*($[Hz]/fp[Hz])^(-2.5)";
 
     private static final int STRIPS = 2000;
 
-    /** Puts the parameters of the formula into the set. */
+    /** Adds the parameters of the formula. */
     void into(long params) {
         Native.number(params, "s_max", sMax, "");
         Native.number(params, "fp", fp, "Hz");
     }
 
-    /** The same s, computed here. */
+    /** The same s, for the host's own checks. */
     double s(double f) {
         return sMax * Math.pow(f / fp, f < fp ? 5 : -2.5);
     }
 
-    /** The share of the waves of a frequency below the deviation, of those between the two limits. */
+    /** The share of the energy between {@code low} and {@code high} that is below a deviation. */
     double share(double f, double deviation, double low, double high) {
         return sum(f, low, deviation, d -> 1) / sum(f, low, high, d -> 1);
     }
 
-    /** The mean of a function of the deviation, over the waves of a frequency between the limits. */
+    /** The mean of a function of the deviation between {@code low} and {@code high}. */
     double mean(double f, double low, double high, DoubleUnaryOperator function) {
         return sum(f, low, high, function) / sum(f, low, high, d -> 1);
     }
 
-    /** The integral of the law times the function, by the midpoint rule. */
+    /** The integral of the law times a function, by the midpoint rule. */
     private double sum(double f, double low, double high, DoubleUnaryOperator function) {
         double step = (high - low) / STRIPS;
         double sum = 0;

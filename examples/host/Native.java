@@ -1,6 +1,6 @@
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
-/** Short words for parameters and vectors behind handles. */
+/** Short forms of the calls on parameters and vectors. */
 final class Native {
 
     private Native() {}

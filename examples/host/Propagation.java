@@ -1,8 +1,9 @@
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 /**
- * Carries the fronts of a run from the paddle line to a point, by linear theory of its own: the
- * exact dispersion relation, Snell's law and energy flux over the sampled depth profile.
+ * Propagates the fronts of a run from the paddle line to a point by the host's own linear theory:
+ * the exact dispersion relation, Snell's law and conservation of energy flux over the depth
+ * profile.
  */
 final class Propagation {
 
@@ -38,19 +39,22 @@ final class Propagation {
                 double k = waveNumber(omega, depth(0.5 * (from + to)), g);
                 along += Math.sqrt(k * k - across * across) * (to - from);
             }
-            double shoaling = Math.sqrt(groupVelocity(omega, depth(0)) / groupVelocity(omega, depth(x)));
-            sum += shoaling * front.amplitude()
-                    * Math.cos(omega * t - along - across * y + front.phase());
+            double shoaling =
+                    Math.sqrt(groupVelocity(omega, depth(0)) / groupVelocity(omega, depth(x)));
+            sum +=
+                    shoaling
+                            * front.amplitude()
+                            * Math.cos(omega * t - along - across * y + front.phase());
         }
         return sum;
     }
 
-    /** The direction in radians that a front of the paddle line, on its way to the far end, has at x. */
+    /** The direction in radians at x of a front that travels away from the paddle line. */
     double direction(Front front, double x) {
         return Math.asin(across(front) / waveNumber(2 * Math.PI * front.frequency(), depth(x), g));
     }
 
-    /** The crosswise wave number, which stays the same along the tank. */
+    /** The wave number along y, which is constant along the tank by Snell's law. */
     private double across(Front front) {
         return waveNumber(2 * Math.PI * front.frequency(), depth(0), g) * Math.sin(front.angle());
     }

@@ -5,11 +5,11 @@ import java.util.Arrays;
 import java.util.List;
 
 /**
- * Asks a wide basin for a short-crested random sea, for a swell that meets a wind sea, and for a
- * focused group whose waves come from all sides, and writes what the paddles have to do.
+ * Generates a short-crested random sea, a swell that meets a wind sea, and a focused group whose
+ * waves come from many directions in a wide basin, and writes the drive signals of the paddles.
  *
- * <p>Usage: {@code java RandomSeas <library> <site script> <output folder>}. Ends with 1 when one of
- * its own checks fails.
+ * <p>Usage: {@code java RandomSeas <library> <site script> <output folder>}. Exits with 1 if one of
+ * its checks fails.
  */
 public final class RandomSeas {
 
@@ -30,42 +30,58 @@ public final class RandomSeas {
         long run = Seas.shortCrested(tank);
         tank.deliver("short_crested", run);
         List<Front> fronts = Front.of(tank.experiment, run);
-        return heightIs(fronts, Seas.SHORT_CRESTED.variance()) & directionsFollow(fronts)
+        return heightIs(fronts, Seas.SHORT_CRESTED.variance())
+                & directionsFollow(fronts)
                 & crestsAreAsShort(fronts);
     }
 
     private static boolean heightIs(List<Front> fronts, double m0) {
         double found = 4 * Math.sqrt(Front.variance(fronts));
-        double asked = 4 * Math.sqrt(m0);
-        return Tank.report(Math.abs(found / asked - 1) < 0.01,
+        double requested = 4 * Math.sqrt(m0);
+        return Results.report(
+                Math.abs(found / requested - 1) < 0.01,
                 "significant height of the fronts %.4f m; 4 sqrt(m0) of the spectrum %.4f m",
-                found, asked);
+                found,
+                requested);
     }
 
     /**
-     * Each direction as a share of the law of its own frequency: evenly spread, if the law is met. The
-     * largest gap to even, times the root of their number, passes 1.63 once in a hundred seas
-     * (Kolmogorov and Smirnov).
+     * Kolmogorov-Smirnov test of the directions. The cumulative law of its frequency maps each
+     * direction to a number that is uniform in 0 to 1 if the law is met. The statistic exceeds 1.63
+     * in one of a hundred seas.
      */
     private static boolean directionsFollow(List<Front> fronts) {
-        double[] shares = fronts.stream()
-                .mapToDouble(front -> Seas.SPREAD.share(
-                        front.frequency(), front.angle(), -Seas.RANGE, Seas.RANGE))
-                .sorted().toArray();
+        double[] shares =
+                fronts.stream()
+                        .mapToDouble(
+                                front ->
+                                        Seas.SPREAD.share(
+                                                front.frequency(),
+                                                front.angle(),
+                                                -Seas.RANGE,
+                                                Seas.RANGE))
+                        .sorted()
+                        .toArray();
         double gap = 0;
         for (int i = 0; i < shares.length; ++i) {
-            gap = Math.max(gap, Math.max(shares[i] - (double) i / shares.length,
-                    (i + 1.0) / shares.length - shares[i]));
+            gap =
+                    Math.max(
+                            gap,
+                            Math.max(
+                                    shares[i] - (double) i / shares.length,
+                                    (i + 1.0) / shares.length - shares[i]));
         }
         double statistic = gap * Math.sqrt(shares.length);
-        return Tank.report(statistic < 1.63,
+        return Results.report(
+                statistic < 1.63,
                 "directions of %d fronts against the law of their frequencies: %.2f, at most 1.63",
-                shares.length, statistic);
+                shares.length,
+                statistic);
     }
 
     /**
-     * How far the directions lie from the mean, by their cosines: the sum's distance from what the law
-     * predicts, in its standard deviations, passes 2.58 once in a hundred seas.
+     * Compares the sum of the cosines of the directions with its expectation by the law. The
+     * difference exceeds 2.58 standard deviations in one of a hundred seas.
      */
     private static boolean crestsAreAsShort(List<Front> fronts) {
         double distance = 0;
@@ -73,13 +89,14 @@ public final class RandomSeas {
         for (Front front : fronts) {
             double f = front.frequency();
             double mean = Seas.SPREAD.mean(f, -Seas.RANGE, Seas.RANGE, Math::cos);
-            double square = Seas.SPREAD.mean(
-                    f, -Seas.RANGE, Seas.RANGE, d -> Math.cos(d) * Math.cos(d));
+            double square =
+                    Seas.SPREAD.mean(f, -Seas.RANGE, Seas.RANGE, d -> Math.cos(d) * Math.cos(d));
             distance += Math.cos(front.angle()) - mean;
             variance += square - mean * mean;
         }
         double deviations = Math.abs(distance) / Math.sqrt(variance);
-        return Tank.report(deviations < 2.58,
+        return Results.report(
+                deviations < 2.58,
                 "their mean cosine is %.2f standard deviations from the law's, at most 2.58",
                 deviations);
     }
@@ -105,27 +122,49 @@ public final class RandomSeas {
             }
         }
         double found = energy[0] / Arrays.stream(energy).sum();
-        double asked = swell / (swell + windSea);
-        return good & Tank.report(!shared && Math.abs(found - asked) < 0.03,
-                "swell's share of the energy %.3f, of the spectra %.3f; no harmonic belongs to both",
-                found, asked);
+        double requested = swell / (swell + windSea);
+        return good
+                & Results.report(
+                        !shared && Math.abs(found - requested) < 0.03,
+                        "swell's share of the energy %.3f, of the spectra %.3f; no harmonic belongs"
+                            + " to both",
+                        found,
+                        requested);
     }
 
     private static boolean fan(Tank tank) throws IOException {
         long run = Seas.fan(tank);
         tank.deliver("fan", run);
-        double step = 1 / Kelpbox_RunData_value(
-                Kelpbox_Experiment_repeat(tank.experiment, null, run), null);
+        double step =
+                1
+                        / Kelpbox_RunData_value(
+                                Kelpbox_Experiment_repeat(tank.experiment, null, run), null);
         List<Front> fronts = Front.of(tank.experiment, run);
-        double predicted = fronts.stream()
-                .mapToDouble(front -> Math.sqrt(2 * Seas.GROUP.density(front.frequency()) * step)).sum();
+        double predicted =
+                fronts.stream()
+                        .mapToDouble(
+                                front ->
+                                        Math.sqrt(2 * Seas.GROUP.density(front.frequency()) * step))
+                        .sum();
         Propagation water = new Propagation(tank.experiment);
         double crest = water.elevation(run, Seas.FOCUS_X, Seas.FOCUS_Y, Seas.FOCUS_T);
-        double worst = fronts.stream().mapToDouble(front -> Math.abs(Seas.fanDirection(front.frequency())
-                - water.direction(front, Seas.FOCUS_X))).max().orElse(Math.PI);
-        return Tank.report(Math.abs(crest / predicted - 1) < 0.01,
-                "crest %.4f m at the focus; the spectrum predicts %.4f m", crest, predicted)
-                & Tank.report(worst < 0.01,
-                "directions at the focus are at most %.4f rad from the formula", worst);
+        double worst =
+                fronts.stream()
+                        .mapToDouble(
+                                front ->
+                                        Math.abs(
+                                                Seas.fanDirection(front.frequency())
+                                                        - water.direction(front, Seas.FOCUS_X)))
+                        .max()
+                        .orElse(Math.PI);
+        return Results.report(
+                        Math.abs(crest / predicted - 1) < 0.01,
+                        "crest %.4f m at the focus; the spectrum predicts %.4f m",
+                        crest,
+                        predicted)
+                & Results.report(
+                        worst < 0.01,
+                        "directions at the focus are at most %.4f rad from the formula",
+                        worst);
     }
 }

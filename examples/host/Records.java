@@ -7,14 +7,15 @@ import java.util.Arrays;
 import java.util.List;
 
 /**
- * Records of probes in a row, from a file: lines that begin with "#", then a head with the distance of
- * each probe from the paddles in m, then for each sample the time in s and the elevations in mm.
+ * The records of probes along the flume, from a file: comment lines that begin with "#", a header
+ * with the distance of each probe from the paddle in m, then for each sample the time in s and the
+ * elevations in mm.
  */
 final class Records {
 
     final double[] positions; // m
     final double rate; // Hz
-    private final double[][] samples; // by probe, m
+    private final double[][] samples; // m, by probe
 
     Records(Path file) throws IOException {
         List<String> lines =
@@ -32,7 +33,7 @@ final class Records {
         rate = (count - 1) / last;
     }
 
-    /** What stands behind the first column. */
+    /** The numbers after the first column. */
     private static double[] numbers(String line) {
         return Arrays.stream(line.split(",")).skip(1).mapToDouble(Double::parseDouble).toArray();
     }
@@ -41,7 +42,7 @@ final class Records {
         return samples[0].length / rate;
     }
 
-    /** Gives the records to an analysis, and returns the ID of their set. */
+    /** Adds the records to an analysis and returns the ID of their set. */
     long giveTo(long analysis) {
         long ids = new_Kelpbox_StdVectorUInt__SWIG_0();
         for (int p = 0; p < positions.length; ++p) {
@@ -53,7 +54,9 @@ final class Records {
             for (double sample : samples[p]) {
                 Kelpbox_StdVectorDouble_add(vector, null, sample);
             }
-            Kelpbox_StdVectorUInt_add(ids, null,
+            Kelpbox_StdVectorUInt_add(
+                    ids,
+                    null,
                     Kelpbox_Analysis_add_series(analysis, null, params, null, vector, null));
             delete_Kelpbox_StdVectorDouble(vector);
             delete_Kelpbox_Params(params);

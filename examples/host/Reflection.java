@@ -4,23 +4,25 @@ import java.io.IOException;
 import java.nio.file.Path;
 
 /**
- * Reads the records of five probes in front of a beach, and finds in them the wave, its reflection and
- * the free and bound waves of its second harmonic, then heights and period by zero crossings.
+ * Analyses the records of five probes in front of a beach. Separates the wave, its reflection and
+ * the free and bound waves of its second harmonic, then finds heights and period by zero crossings.
  *
- * <p>Usage: {@code java Reflection <library> <site script> <records>}. Ends with 1 when it does not find
- * what the records were made of.
+ * <p>Usage: {@code java Reflection <library> <site script> <records>}. Exits with 1 if a result
+ * differs from the waves that the records were made of.
  */
 public final class Reflection {
 
-    /** The kinds of a process. */
+    /** The kinds of processes. */
     private static final long ZERO_CROSSINGS = 0;
+
     private static final long WAVE_TRAINS = 2;
 
     /**
-     * What noise of 0.2 mm and steps of 0.1 mm leave in an element of a spectrum of 2000 samples, 0.01 mm,
-     * five times over: the equations of the second harmonic amplify it.
+     * Noise of 0.2 mm and a resolution of 0.1 mm leave an error of 0.01 mm in an element of a
+     * spectrum of 2000 samples. The equations of the second harmonic amplify it, up to five times.
      */
     private static final double TOLERANCE = 0.00005; // m
+
     private static final double REFLECTION_TOLERANCE = 0.002;
 
     private final long analysis = new_Kelpbox_Analysis();
@@ -43,7 +45,7 @@ public final class Reflection {
         System.exit(reflection.good ? 0 : 1);
     }
 
-    /** A process on the set. Each wants the values of the site to be set before it, changed or not. */
+    /** Creates a process. Before each, the values of the site must be set, even if unchanged. */
     private long process(long kind) {
         long params = new_Kelpbox_Params();
         Kelpbox_Analysis_query(analysis, null, params, null);
@@ -63,8 +65,9 @@ public final class Reflection {
         Native.number(settings, "freq", Beach.FREQUENCY, "Hz");
         Native.number(settings, "angle", 0, "rad");
         long out = results(process(WAVE_TRAINS), settings);
-        System.out.printf("records   %d probes, %.0f s at %.0f Hz%n", records.positions.length,
-                records.duration(), records.rate);
+        Results.printf(
+                "records   %d probes, %.0f s at %.0f Hz%n",
+                records.positions.length, records.duration(), records.rate);
         double forward = train(out, "Forward free fundamental", Beach.AMPLITUDE);
         double backward =
                 train(out, "Backward free fundamental", Beach.REFLECTION * Beach.AMPLITUDE);
@@ -72,42 +75,53 @@ public final class Reflection {
         train(out, "Backward bound harmonic", Beach.BOUND_BACK);
         train(out, "Forward free harmonic", Beach.FREE);
         train(out, "Backward free harmonic", Beach.FREE_BACK);
-        report(Math.abs(backward / forward - Beach.REFLECTION) < REFLECTION_TOLERANCE,
-                "reflection coefficient %.4f; made with %.4f", backward / forward, Beach.REFLECTION);
+        report(
+                Math.abs(backward / forward - Beach.REFLECTION) < REFLECTION_TOLERANCE,
+                "reflection coefficient %.4f; generated with %.4f",
+                backward / forward,
+                Beach.REFLECTION);
         delete_Kelpbox_Params(out);
         delete_Kelpbox_Params(settings);
     }
 
-    private double train(long out, String name, double made) {
+    private double train(long out, String name, double generated) {
         double found = Kelpbox_Params_get(out, null, name, "");
-        report(Math.abs(found - made) < TOLERANCE, "%-25s %7.3f mm; made with %7.3f mm", name,
-                1000 * found, 1000 * made);
+        report(
+                Math.abs(found - generated) < TOLERANCE,
+                "%-25s %7.3f mm; generated with %7.3f mm",
+                name,
+                1000 * found,
+                1000 * generated);
         return found;
     }
 
-    /** The heights differ from probe to probe, as they stand under a partly standing wave. */
+    /** The heights differ from probe to probe, since the wave is partly standing. */
     private void crossings() {
         long none = new_Kelpbox_Params();
         long process = process(ZERO_CROSSINGS);
         long out = results(process, none);
         double period = Kelpbox_Params_get(out, null, "reg_t", "s");
-        report(Math.abs(period * Beach.FREQUENCY - 1) < 0.001, "period %.4f s; made with %.4f s",
-                period, 1 / Beach.FREQUENCY);
-        double[] heights = Native.array(
-                Kelpbox_Analysis_get_data(analysis, null, process, none, null));
+        report(
+                Math.abs(period * Beach.FREQUENCY - 1) < 0.001,
+                "period %.4f s; generated with %.4f s",
+                period,
+                1 / Beach.FREQUENCY);
+        double[] heights =
+                Native.array(Kelpbox_Analysis_get_data(analysis, null, process, none, null));
         for (int p = 0; p < heights.length; ++p) {
-            double made = Beach.height(records.positions[p]);
-            report(Math.abs(heights[p] / made - 1) < 0.02,
-                    "height at %5.2f m %7.2f mm; made with %7.2f mm", records.positions[p],
-                    1000 * heights[p], 1000 * made);
+            double generated = Beach.height(records.positions[p]);
+            report(
+                    Math.abs(heights[p] / generated - 1) < 0.02,
+                    "height at %5.2f m %7.2f mm; generated with %7.2f mm",
+                    records.positions[p],
+                    1000 * heights[p],
+                    1000 * generated);
         }
         delete_Kelpbox_Params(out);
         delete_Kelpbox_Params(none);
     }
 
     private void report(boolean matches, String format, Object... numbers) {
-        System.out.printf("          %s: %s%n", String.format(format, numbers),
-                matches ? "good" : "WRONG");
-        good &= matches;
+        good &= Results.report(matches, format, numbers);
     }
 }

@@ -5,21 +5,21 @@ import java.io.PrintWriter;
 import java.util.stream.DoubleStream;
 
 /**
- * Animates a short-crested sea and a focused group over a wide basin, a slice of columns at a time,
- * and writes some of the frames.
+ * Animates a short-crested sea and a focused group over a wide basin, one slice of columns at a
+ * time, and writes some of the frames.
  *
- * <p>Usage: {@code java Surface <library> <site script> <output folder>}. Ends with 1 when one of its
- * own checks fails.
+ * <p>Usage: {@code java Surface <library> <site script> <output folder>}. Exits with 1 if one of
+ * its checks fails.
  */
 public final class Surface {
 
-    private static final double RATE = 4.0; // Hz, above twice the shortest wave's
-    private static final double STEP = 0.2; // m, some 4 points in the shortest wave
+    private static final double RATE = 4.0; // Hz, more than twice the highest frequency
+    private static final double STEP = 0.2; // m, about 4 points per shortest wave
     private static final double LENGTH = 30.0; // m, of the basin
     private static final double WIDTH = 20.0;
     private static final double SEA_T = 100.0; // s, a moment of the short-crested sea
     private static final double[] FILM = {-14, -7, -3.5, 0, 3.5, 7}; // s, from the focus
-    private static final double METRES = 4.0 / 32767; // of a count
+    private static final double METRES = 4.0 / 32767; // per count
 
     private final Tank tank;
     private final long run;
@@ -43,7 +43,8 @@ public final class Surface {
 
             Surface group = new Surface(tank, Seas.fan(tank));
             group.animate("group");
-            group.write("surface_group.csv",
+            group.write(
+                    "surface_group.csv",
                     DoubleStream.of(FILM).map(t -> Seas.FOCUS_T + t).toArray());
             good &= group.pointsAgree(Seas.FOCUS_T) & group.highestPointIsTheFocus();
             group.stop();
@@ -51,7 +52,7 @@ public final class Surface {
         System.exit(good ? 0 : 1);
     }
 
-    /** Makes the frames in four slices, between which a host could draw. */
+    /** Builds the frames in four slices. Between them a host could draw. */
     private void animate(String name) {
         long params = new_Kelpbox_Params();
         Native.number(params, "rate", RATE, "Hz");
@@ -64,27 +65,35 @@ public final class Surface {
         Kelpbox_Experiment_animate_init(tank.experiment, null, run, params, null);
         columns = 1 + Math.round(LENGTH / Kelpbox_Params_get(params, null, "x_step", "m"));
         rows = 1 + Math.round(WIDTH / Kelpbox_Params_get(params, null, "y_step", "m"));
-        System.out.printf("%-9s %d frames of %d x %d points:", name,
-                Kelpbox_Experiment_animate_size(tank.experiment, null, run), columns, rows);
+        Results.printf(
+                "%-9s %d frames of %d x %d points:",
+                name, Kelpbox_Experiment_animate_size(tank.experiment, null, run), columns, rows);
         for (int part = 0; part < 4; ++part) {
-            Kelpbox_Experiment_animate_build_slice(tank.experiment, null, run, params, null,
-                    part * columns / 4, (part + 1) * columns / 4);
-            System.out.printf(" %.0f %%",
+            Kelpbox_Experiment_animate_build_slice(
+                    tank.experiment,
+                    null,
+                    run,
+                    params,
+                    null,
+                    part * columns / 4,
+                    (part + 1) * columns / 4);
+            Results.printf(
+                    " %.0f %%",
                     100 * Kelpbox_Experiment_animate_progress(tank.experiment, null, run));
         }
-        System.out.println();
+        Results.printf("%n");
         delete_Kelpbox_Params(params);
     }
 
-    /** Ends the build in slices, and gives its memory back. */
+    /** Ends the build and frees its memory. */
     private void stop() {
         Kelpbox_Experiment_animate_stop(tank.experiment, null, run);
         Kelpbox_Experiment_animate_free(tank.experiment, null, run);
     }
 
     private double height(double t, long ix, long iy) {
-        long frame = Kelpbox_Experiment_animate_data(
-                tank.experiment, null, run, Math.round(t * RATE));
+        long frame =
+                Kelpbox_Experiment_animate_data(tank.experiment, null, run, Math.round(t * RATE));
         return METRES * Kelpbox_StdVectorShort_get(frame, null, (int) (rows * ix + iy));
     }
 
@@ -96,7 +105,7 @@ public final class Surface {
         return iy * WIDTH / (rows - 1);
     }
 
-    /** A block for each moment: the x in its first row, then a row for each y, which comes first. */
+    /** One block per moment: the values of x in its first row, then one row for each y. */
     private void write(String name, double... moments) throws IOException {
         try (PrintWriter file = tank.writer(name)) {
             for (double t : moments) {
@@ -118,7 +127,7 @@ public final class Surface {
         }
     }
 
-    /** Some points before, on and behind the ridge, against theory of the host's own. */
+    /** Compares points before, on and after the ridge with the host's own theory. */
     private boolean pointsAgree(double t) {
         Propagation water = new Propagation(tank.experiment);
         double worst = 0;
@@ -130,8 +139,11 @@ public final class Surface {
                 highest = Math.max(highest, Math.abs(expected));
             }
         }
-        return Tank.report(worst < 0.01 * highest,
-                "heights up to %.4f m are at most %.5f m from theory", highest, worst);
+        return Results.report(
+                worst < 0.01 * highest,
+                "heights up to %.4f m are at most %.5f m from theory",
+                highest,
+                worst);
     }
 
     private boolean highestPointIsTheFocus() {
@@ -147,7 +159,11 @@ public final class Surface {
                 }
             }
         }
-        return Tank.report(Math.hypot(atX - Seas.FOCUS_X, atY - Seas.FOCUS_Y) < STEP,
-                "highest point %.4f m at x %.1f m, y %.1f m", highest, atX, atY);
+        return Results.report(
+                Math.hypot(atX - Seas.FOCUS_X, atY - Seas.FOCUS_Y) < STEP,
+                "highest point %.4f m at x %.1f m, y %.1f m",
+                highest,
+                atX,
+                atY);
     }
 }

@@ -8,7 +8,7 @@ import java.util.ArrayList;
 import java.util.List;
 import java.util.Locale;
 
-/** An experiment on one site: its runs, and what is written of them into the output folder. */
+/** An experiment on one site, with its runs. Writes their results to the output folder. */
 final class Tank implements AutoCloseable {
 
     static final double RATE = 50.0; // Hz, of the drive signals
@@ -16,13 +16,13 @@ final class Tank implements AutoCloseable {
     final long experiment = new_Kelpbox_Experiment__SWIG_0();
     private final Path out;
 
-    /** From the arguments of a host: the library, the site script, the output folder. */
+    /** The arguments of a host are the library, the site script and the output folder. */
     Tank(String[] args) throws IOException {
         Kelpbox_Experiment_initialise(experiment, null, args[1]);
         out = Files.createDirectories(Path.of(args[2]));
     }
 
-    /** Comes before the first native call. */
+    /** Loads the library. Must come before the first native call. */
     static void load(String[] args) {
         Locale.setDefault(Locale.ROOT);
         System.load(Path.of(args[0]).toAbsolutePath().toString());
@@ -34,12 +34,15 @@ final class Tank implements AutoCloseable {
     }
 
     void describe() {
-        System.out.printf("site      %s%n", Kelpbox_Experiment_context_string(experiment, null));
+        Results.printf("site      %s%n", Kelpbox_Experiment_context_string(experiment, null));
         for (long bank = 0; bank < banks(); ++bank) {
             long info = new_Kelpbox_Params();
             String name = Kelpbox_Experiment_paddle_bank_info(experiment, null, bank, info, null);
-            System.out.printf("bank      %s, %d paddles, signals in %s%n", name,
-                    Kelpbox_Experiment_paddle_bank_size(experiment, null, bank), dataUnits(info));
+            Results.printf(
+                    "bank      %s, %d paddles, signals in %s%n",
+                    name,
+                    Kelpbox_Experiment_paddle_bank_size(experiment, null, bank),
+                    dataUnits(info));
             delete_Kelpbox_Params(info);
         }
     }
@@ -58,14 +61,14 @@ final class Tank implements AutoCloseable {
                 return units.equals("deg") || units.equals("rad") ? "rad" : "m";
             }
         }
-        throw new IllegalStateException("a bank without data_units");
+        throw new IllegalStateException("the bank has no data_units");
     }
 
     long definition(String name) {
         return Kelpbox_Experiment_add_definition(experiment, null, name);
     }
 
-    /** Waves whose phases are told for the place (x, y) in m and the time t in s. */
+    /** A group of waves. Their phases hold at the point (x, y) in m at the time t in s. */
     long specification(long run, double x, double y, double t) {
         long id = Kelpbox_Experiment_add_specification(experiment, null, run);
         long params = new_Kelpbox_Params();
@@ -77,25 +80,29 @@ final class Tank implements AutoCloseable {
     }
 
     void spectrum(long specification, Jonswap sea) {
-        long id = Kelpbox_Experiment_add_spectrum(
-                experiment, null, specification, "JONSWAP", Jonswap.TEXT);
+        long id =
+                Kelpbox_Experiment_add_spectrum(
+                        experiment, null, specification, "JONSWAP", Jonswap.TEXT);
         long params = new_Kelpbox_Params();
         sea.into(params);
         set(id, params);
     }
 
-    /** Adds a modifier and sets it. Frees the parameters. */
+    /** Adds a modifier, sets it, and deletes the parameters. */
     void modifier(long specification, String type, String text, long params) {
         set(Kelpbox_Experiment_add_modifier(experiment, null, specification, type, text), params);
     }
 
-    /** Sets an item, and frees the parameters. */
+    /** Sets an item and deletes the parameters. */
     void set(long id, long params) {
         Kelpbox_Experiment_set__SWIG_1(experiment, null, id, params, null);
         delete_Kelpbox_Params(params);
     }
 
-    /** Builds the run and its drive signals. The choices are members of Bool and WaveMerge. */
+    /**
+     * Builds the run and its drive signals. {@code dalrymple} is a member of the enumeration Bool,
+     * {@code waveMerge} one of WaveMerge.
+     */
     void build(long run, double repeat, String dalrymple, String waveMerge) {
         long params = new_Kelpbox_Params();
         Native.number(params, "repeat", repeat, "s");
@@ -109,21 +116,25 @@ final class Tank implements AutoCloseable {
         delete_Kelpbox_Params(params);
     }
 
-    /** Prints what came of a run, and writes its signals and fronts under its name. */
+    /** Prints the results of a run, and writes its signals and fronts to files with its name. */
     void deliver(String name, long run) throws IOException {
         long grid = Kelpbox_Experiment_repeat(experiment, null, run);
         long fronts = Kelpbox_Experiment_fronts__SWIG_2(experiment, null, run);
-        System.out.printf("%-9s repeat %.3f s as fitted, harmonics %d to %d, %d fronts at the paddles%n",
-                name, Kelpbox_RunData_value(grid, null), Kelpbox_RunData_harmonic(grid, null, 1),
-                Kelpbox_RunData_harmonic(grid, null, 0), Kelpbox_StdVectorFront_size(fronts, null));
+        Results.printf(
+                "%-9s fitted repeat time %.3f s, harmonics %d to %d, %d fronts at the paddles%n",
+                name,
+                Kelpbox_RunData_value(grid, null),
+                Kelpbox_RunData_harmonic(grid, null, 1),
+                Kelpbox_RunData_harmonic(grid, null, 0),
+                Kelpbox_StdVectorFront_size(fronts, null));
         for (long bank = 0; bank < banks(); ++bank) {
-            System.out.printf("          bank %d: %s%n", bank + 1, clipping(run, bank));
+            Results.printf("          bank %d: %s%n", bank + 1, clipping(run, bank));
         }
         long messages = Kelpbox_Experiment_messages(experiment, null, run);
         long count = Kelpbox_StdVectorString_size(messages, null);
-        System.out.printf("          %s%n", count == 0 ? "no messages" : count + " messages:");
+        Results.printf("          %s%n", count == 0 ? "no messages" : count + " messages:");
         for (int i = 0; i < count; ++i) {
-            System.out.printf("          %s%n", Kelpbox_StdVectorString_get(messages, null, i));
+            Results.printf("          %s%n", Kelpbox_StdVectorString_get(messages, null, i));
         }
         delete_Kelpbox_StdVectorString(messages);
         writeSignals(name, run);
@@ -135,15 +146,17 @@ final class Tank implements AutoCloseable {
         Kelpbox_Experiment_paddle_motion_stats(experiment, null, run, bank, stats, null);
         boolean clipped =
                 !Kelpbox_StdVectorParam_isEmpty(Kelpbox_Params_param_list(stats, null), null);
-        String text = clipped
-                ? String.format("%.2g of the half waves clip",
-                        Kelpbox_Params_get(stats, null, "clip_peak_ratio", ""))
-                : "nothing clips";
+        String text =
+                clipped
+                        ? String.format(
+                                "%.2g of the half waves clip",
+                                Kelpbox_Params_get(stats, null, "clip_peak_ratio", ""))
+                        : "nothing clips";
         delete_Kelpbox_Params(stats);
         return text;
     }
 
-    /** A row for each sample: the time, then the signal of each paddle of each bank. */
+    /** One row per sample: the time, then the signal of each paddle of each bank. */
     private void writeSignals(String name, long run) throws IOException {
         StringBuilder header = new StringBuilder("time_s");
         List<double[]> signals = new ArrayList<>();
@@ -155,8 +168,10 @@ final class Tank implements AutoCloseable {
             long paddles = Kelpbox_Experiment_paddle_bank_size(experiment, null, bank);
             for (long paddle = 0; paddle < paddles; ++paddle) {
                 header.append(String.format(",bank%d_paddle%d_%s", bank + 1, paddle + 1, units));
-                signals.add(Native.array(
-                        Kelpbox_Experiment_paddle_motion_data(experiment, null, run, bank, paddle)));
+                signals.add(
+                        Native.array(
+                                Kelpbox_Experiment_paddle_motion_data(
+                                        experiment, null, run, bank, paddle)));
             }
         }
         try (PrintWriter file = writer(name + "_signals.csv")) {
@@ -175,22 +190,17 @@ final class Tank implements AutoCloseable {
         try (PrintWriter file = writer(name + "_fronts.csv")) {
             file.println("frequency_Hz,amplitude_m,angle_rad,phase_rad");
             for (Front front : Front.of(experiment, run)) {
-                file.printf("%.9g,%.9g,%.9g,%.9g%n", front.frequency(), front.amplitude(),
-                        front.angle(), front.phase());
+                file.printf(
+                        "%.9g,%.9g,%.9g,%.9g%n",
+                        front.frequency(), front.amplitude(), front.angle(), front.phase());
             }
         }
     }
 
-    /** Prints the result of a check, and hands it on. */
-    static boolean report(boolean good, String format, Object... numbers) {
-        System.out.printf("          %s: %s%n", String.format(format, numbers), good ? "good" : "WRONG");
-        return good;
-    }
-
-    /** A file in the output folder, which is named on the standard output. */
+    /** Opens a file in the output folder and prints its path. */
     PrintWriter writer(String name) throws IOException {
         Path path = out.resolve(name);
-        System.out.printf("          %s%n", path);
+        Results.printf("          %s%n", path);
         return new PrintWriter(Files.newBufferedWriter(path));
     }
 }
