@@ -1,12 +1,13 @@
 package tidelab.KelpboxNativeLibrary;
 
 /**
- * The native functions of {@code libKelpboxSwig.so}, one for one.
+ * The native functions of {@code libKelpboxSwig.so}. The header that the library compiles against
+ * is generated from these declarations.
  *
- * <p>A {@code long} named {@code self}, or after a class, is the address of a native object; the
- * {@code Object} behind it is the host's proxy and is not used. Nothing here checks an address: see
- * {@code docs/native-interface.md} for who owns what, and until when it is valid. Unsigned numbers
- * travel as {@code long}.
+ * <p>A {@code long} that is named {@code self} or after a class is the address of a native object.
+ * The {@code Object} after it is the host's proxy, which the library does not use. No address is
+ * checked: {@code docs/native-ownership.md} says who owns each object and how long it is valid.
+ * Unsigned numbers are passed as {@code long}.
  */
 public final class KelpboxNativeLibraryJNI {
 

@@ -3,18 +3,21 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.function.Executable;
+
 import tidelab.waves.component.WaveSynthesisException;
 
-/** The road of a measurement, and the way round: a sea that is made, measured and found again. */
+/** The steps of an analysis, and a full circle: a sea is generated, measured and recovered. */
 class AnalysisTest {
 
-    /** Uneven, so that no two pairs of probes tell the same. */
+    /** Unevenly spaced, so that no two pairs of probes have the same distance. */
     private static final double[] PROBES = {8.0, 8.35, 8.9, 9.7, 10.9};
 
     private long analysis;
@@ -64,7 +67,7 @@ class AnalysisTest {
         return set;
     }
 
-    /** Sets the site's values as they are: each process wants a set before it. */
+    /** Sets the site's values, unchanged. Each process needs a set before it. */
     private void tune() {
         long params = new_Kelpbox_Params();
         Kelpbox_Analysis_query(analysis, null, params, null);
@@ -109,7 +112,7 @@ class AnalysisTest {
         return result;
     }
 
-    private static String failure(org.junit.jupiter.api.function.Executable call) {
+    private static String failure(Executable call) {
         return assertThrows(WaveSynthesisException.class, call).getMessage();
     }
 
@@ -144,25 +147,27 @@ class AnalysisTest {
     @Test
     void eachProcessWantsASetOfTheSiteBeforeIt() {
         long set = set(40, series(sine(0.05, 2, 50, 2000), 50, 8));
-        String already = "Uncaught Exception in Experiment create_process: "
-                + "Make ready called when already ready";
-        assertEquals(already,
-                failure(() -> Kelpbox_Analysis_create_process(analysis, null, set, 0)));
+        String already =
+                "Uncaught Exception in Experiment create_process: "
+                        + "Make ready called when already ready";
+        assertEquals(
+                already, failure(() -> Kelpbox_Analysis_create_process(analysis, null, set, 0)));
         assertEquals(2, process(set, 0));
-        assertEquals(already,
-                failure(() -> Kelpbox_Analysis_create_process(analysis, null, set, 0)));
+        assertEquals(
+                already, failure(() -> Kelpbox_Analysis_create_process(analysis, null, set, 0)));
     }
 
     @Test
-    void wrongIdsAreTold() {
+    void wrongIdsAreReported() {
         long set = set(40, series(sine(0.05, 2, 50, 2000), 50, 8));
         assertEquals("Uncaught Exception in Experiment create_set", failure(() -> set(40, set)));
-        assertEquals("Uncaught Exception in Experiment create_set: invalid vector<T> subscript",
+        assertEquals(
+                "Uncaught Exception in Experiment create_set: invalid vector<T> subscript",
                 failure(() -> set(40, 99)));
         assertEquals("Uncaught Exception in Experiment get_results", failure(() -> results(99)));
         assertEquals("Uncaught Exception in Experiment get_data", failure(() -> data(set)));
-        assertEquals("Uncaught Exception in Experiment create_process",
-                failure(() -> process(99, 0)));
+        assertEquals(
+                "Uncaught Exception in Experiment create_process", failure(() -> process(99, 0)));
         long next = process(set, 3);
         assertEquals("Uncaught Exception in Experiment get_results", failure(() -> results(next)));
         assertEquals(next, process(set, 0));
@@ -181,10 +186,11 @@ class AnalysisTest {
     }
 
     /**
-     * The surface under each probe, sampled over the repeat time, of the waves that an experiment sends
-     * from its paddle line: each front with the exact wave number of its frequency.
+     * What each probe measures over the repeat time of a run. Each front propagates from the paddle
+     * line with the exact wave number of its frequency.
      */
-    private static double[][] measured(long experiment, long definition, double repeat, double rate) {
+    private static double[][] measured(
+            long experiment, long definition, double repeat, double rate) {
         int n = (int) Math.round(repeat * rate);
         double[][] records = new double[PROBES.length][n];
         long fronts = Kelpbox_Experiment_fronts__SWIG_2(experiment, null, definition);
@@ -212,7 +218,7 @@ class AnalysisTest {
     }
 
     @Test
-    void aWaveAndTheOneAgainstItAreFoundAgain() {
+    void anIncidentAndAReflectedWaveAreRecovered() {
         final double there = 0.04;
         final double back = 0.01;
         final double repeat = 20;
@@ -226,7 +232,7 @@ class AnalysisTest {
         double[][] records = measured(experiment, definition, repeat, 50);
         delete_Kelpbox_Experiment(experiment);
 
-        // What comes back from the far end; no paddle makes it.
+        // The reflection from the far end, which no paddle generates.
         double k = Flume.waveNumber(Flume.TWO_PI * 0.7);
         for (int p = 0; p < PROBES.length; ++p) {
             for (int j = 0; j < records[p].length; ++j) {
@@ -234,20 +240,23 @@ class AnalysisTest {
             }
         }
         long out = results(process(setOf(records, repeat, 50), 2));
-        // The library's explicit wave number is within a few parts in 1e5 of the exact one, which over
-        // the 6 rad from the first probe to the last is a few parts in 1e4 of the wave.
+        // The library's explicit wave number is within a few parts in 1e5 of the exact one. Over
+        // the 6
+        // rad from the first probe to the last this adds up to a few parts in 1e4 of the wave.
         double tolerance = 5e-4 * there;
-        assertEquals(there, Kelpbox_Params_get(out, null, "Forward free fundamental", ""), tolerance);
-        assertEquals(back, Kelpbox_Params_get(out, null, "Backward free fundamental", ""), tolerance);
-        for (String name : new String[] {"Forward bound", "Backward bound", "Forward free",
-                "Backward free"}) {
+        assertEquals(
+                there, Kelpbox_Params_get(out, null, "Forward free fundamental", ""), tolerance);
+        assertEquals(
+                back, Kelpbox_Params_get(out, null, "Backward free fundamental", ""), tolerance);
+        for (String name :
+                new String[] {"Forward bound", "Backward bound", "Forward free", "Backward free"}) {
             assertEquals(0, Kelpbox_Params_get(out, null, name + " harmonic", ""), 1e-10);
         }
         delete_Kelpbox_Params(out);
     }
 
     @Test
-    void aRandomSeaIsAsHighAsAskedFor() {
+    void aRandomSeaHasTheRequestedHeight() {
         final double hs = 0.12;
         final double fp = 0.6;
         final double repeat = 1024;
@@ -260,12 +269,22 @@ class AnalysisTest {
         Flume.insert(params, "fp", fp, "Hz");
         Flume.insert(params, "low", 0.3, "Hz");
         Flume.insert(params, "high", 1.5, "Hz");
-        long spectrum = Kelpbox_Experiment_add_spectrum(experiment, null, specification, "JONSWAP",
-                "low[Hz] @Hz#" + jonswap("0.07") + "#fp[Hz] @Hz#" + jonswap("0.09") + "#high[Hz] @Hz");
+        long spectrum =
+                Kelpbox_Experiment_add_spectrum(
+                        experiment,
+                        null,
+                        specification,
+                        "JONSWAP",
+                        "low[Hz] @Hz#"
+                                + jonswap("0.07")
+                                + "#fp[Hz] @Hz#"
+                                + jonswap("0.09")
+                                + "#high[Hz] @Hz");
         Kelpbox_Experiment_set__SWIG_1(experiment, null, spectrum, params, null);
         Flume.insert(params, "ran_gen", "FullRandom", "RanGen");
         Flume.insert(params, "seed", 7, "");
-        long phases = Kelpbox_Experiment_add_modifier(experiment, null, specification, "PhaseRandom", "");
+        long phases =
+                Kelpbox_Experiment_add_modifier(experiment, null, specification, "PhaseRandom", "");
         Kelpbox_Experiment_set__SWIG_1(experiment, null, phases, params, null);
         delete_Kelpbox_Params(params);
         Flume.setDefinition(experiment, definition, repeat);
@@ -274,19 +293,24 @@ class AnalysisTest {
         delete_Kelpbox_Experiment(experiment);
 
         long waves = process(setOf(records, repeat, rate), 0);
-        // Two thirds of the waves are lower than the one that the library takes. Forristall (1978): a
-        // share exp(-(H / sqrt(m0))^2.126 / 8.42) is higher than H, which is 1/3 at 2.85 sqrt(m0); the
-        // narrow-banded law of Rayleigh puts it 4 per cent higher. The 700 waves of a record place it
-        // within 2 per cent, one standard deviation.
+        // The library reports the height that one third of the waves exceed. By Forristall (1978)
+        // the
+        // share of waves above H is exp(-(H / sqrt(m0))^2.126 / 8.42), which is 1/3 at 2.85
+        // sqrt(m0).
+        // The narrow-band law of Rayleigh gives 4 per cent more. The standard deviation over the
+        // 700
+        // waves of a record is 2 per cent.
         double expected = Math.pow(8.42 * Math.log(3), 1 / 2.126) * hs / 4;
         assertEquals(expected, result(waves, "sig_h", "m"), 0.08 * expected);
         assertTrue(Kelpbox_StdVectorDouble_isEmpty(data(waves), null));
     }
 
-    /** Goda's form with a peakedness of 3.3, by which the spectrum has the height asked for. */
+    /** Goda's form with a peakedness of 3.3, whose constant gives the requested height. */
     private static String jonswap(String width) {
         return "0.0624/(0.230+0.0336*3.3-0.185/(1.9+3.3))*Hs[m]^2*fp[Hz]^4/$[Hz]^5"
                 + "*exp(-1.25*(fp[Hz]/$[Hz])^4)"
-                + "*3.3^exp(-square($[Hz]/fp[Hz]-1)/(2*square(" + width + "))) @m2s";
+                + "*3.3^exp(-square($[Hz]/fp[Hz]-1)/(2*square("
+                + width
+                + "))) @m2s";
     }
 }

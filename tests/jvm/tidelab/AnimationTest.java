@@ -5,15 +5,18 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
-import java.util.concurrent.atomic.AtomicReference;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.function.Executable;
+
 import tidelab.waves.component.WaveSynthesisException;
 
-/** The wave field over the flume, built, sliced, watched and stopped. */
+import java.util.concurrent.atomic.AtomicReference;
+
+/** Animation of the flume: built whole or in slices, watched and stopped by a second thread. */
 class AnimationTest extends FlumeTest {
 
     private static final int COLUMNS = 21;
@@ -26,7 +29,7 @@ class AnimationTest extends FlumeTest {
     void make() {
         definition = Kelpbox_Experiment_add_definition(experiment, null, "run");
         long specification = Flume.specification(experiment, definition);
-        // Two harmonics, of which no cycle is shorter than the repeat time.
+        // The two harmonics have no common period shorter than the repeat time.
         for (double f : new double[] {0.5, 0.7}) {
             long single = Kelpbox_Experiment_add_single(experiment, null, specification);
             Flume.setSingle(experiment, single, f, 0.1, 0.3);
@@ -90,12 +93,12 @@ class AnimationTest extends FlumeTest {
     }
 
     @Test
-    void framesHoldTheSurfaceOfTheirMoment() {
+    void framesHoldTheSurfaceAtTheirTime() {
         build();
         assertEquals(FRAMES, size());
         assertEquals(1.0, progress());
         assertTrue(ready());
-        // The library's explicit wave numbers are a few parts in 1e5 off the ones used here.
+        // The library's explicit wave numbers differ by a few parts in 1e5 from the exact ones.
         double[] frequencies = {0.5, 0.7};
         for (int t = 0; t < FRAMES; t += 13) {
             short[] points = frame(t);
@@ -114,7 +117,7 @@ class AnimationTest extends FlumeTest {
     }
 
     @Test
-    void slicesShowWhatIsDoneSoFar() {
+    void progressCountsTheColumnsBuilt() {
         build();
         short[] whole = frame(77);
         stop();
@@ -129,7 +132,7 @@ class AnimationTest extends FlumeTest {
     }
 
     @Test
-    void whatIsAdjustedComesBack() {
+    void adjustedValuesAreWrittenBack() {
         grid(0.9);
         build();
         assertEquals(20.0 / 22, Kelpbox_Params_get(params, null, "x_step", "m"), 1e-15);
@@ -139,7 +142,7 @@ class AnimationTest extends FlumeTest {
     }
 
     @Test
-    void failuresArriveInTheirWords() {
+    void failuresArriveWithTheirMessages() {
         assertEquals("animate not initialised", message(() -> slice(0, 1)));
         build();
         assertEquals("invalid vector<T> subscript", message(() -> frame(FRAMES)));
@@ -158,15 +161,21 @@ class AnimationTest extends FlumeTest {
         for (int round = 0; round < 50; ++round) {
             Kelpbox_Experiment_animate_free(experiment, null, definition);
             AtomicReference<String> problem = new AtomicReference<>();
-            Thread watcher = new Thread(() -> {
-                double last = 0;
-                while (!ready()) {
-                    double now = progress();
-                    if (now < last || now > 1) problem.set(last + " then " + now);
-                    last = now;
-                }
-                if (progress() != 1) problem.set("ready with " + progress());
-            });
+            Thread watcher =
+                    new Thread(
+                            () -> {
+                                double last = 0;
+                                while (!ready()) {
+                                    double now = progress();
+                                    if (now < last || now > 1) {
+                                        problem.set(last + " then " + now);
+                                    }
+                                    last = now;
+                                }
+                                if (progress() != 1) {
+                                    problem.set("ready with " + progress());
+                                }
+                            });
             watcher.start();
             build();
             watcher.join();
@@ -183,12 +192,16 @@ class AnimationTest extends FlumeTest {
             Thread builder = new Thread(this::build);
             builder.setUncaughtExceptionHandler((thread, problem) -> thrown.set(problem));
             builder.start();
-            // A stop that comes before the build has begun is lost: it is repeated.
+            // A stop before the build has begun has no effect, so it is repeated.
             while (builder.isAlive()) {
-                if (progress() > moment) stop();
+                if (progress() > moment) {
+                    stop();
+                }
             }
             builder.join();
-            if (thrown.get() != null) assertEquals("Animate Cancelled", thrown.get().getMessage());
+            if (thrown.get() != null) {
+                assertEquals("Animate Cancelled", thrown.get().getMessage());
+            }
             stop();
             assertEquals(0.0, progress());
             assertFalse(ready());

@@ -3,18 +3,21 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 
+import org.junit.jupiter.api.Test;
+
+import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
+
 import java.io.BufferedReader;
 import java.io.InputStreamReader;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
 import java.util.TreeSet;
-import org.junit.jupiter.api.Test;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /** The native declarations and the symbols of the library are the same set. */
 class DeclarationsTest {
 
-    private static final String PREFIX = "Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_";
+    private static final String PREFIX =
+            "Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_";
 
     private static TreeSet<String> declared() {
         TreeSet<String> names = new TreeSet<>();
@@ -36,7 +39,7 @@ class DeclarationsTest {
                 new BufferedReader(new InputStreamReader(nm.getInputStream()))) {
             for (String line; (line = reader.readLine()) != null; ) {
                 String[] fields = line.trim().split("\\s+");
-                if (!fields[fields.length - 2].equals("A")) { // the version's own name
+                if (!fields[fields.length - 2].equals("A")) { // the name of the symbol version
                     names.add(fields[fields.length - 1].replaceAll("@.*", ""));
                 }
             }
@@ -63,7 +66,7 @@ class DeclarationsTest {
 
     @Test
     void noNameIsOverloaded() {
-        // An overload would be bound under a name that carries its signature.
+        // The names of overloads contain their signatures.
         long methods = 0;
         for (Method method : KelpboxNativeLibraryJNI.class.getDeclaredMethods()) {
             methods += Modifier.isNative(method.getModifiers()) ? 1 : 0;

@@ -7,7 +7,7 @@ import java.io.UncheckedIOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
 
-/** A flume of 1 m depth with one full-depth piston at its end, and short names for the tests. */
+/** A flume of 1 m depth with one full-depth piston at its end, and short forms of common calls. */
 final class Flume {
 
     static final double TWO_PI = 2.0 * Math.PI;
@@ -60,12 +60,12 @@ final class Flume {
         System.load(System.getProperty("kelpbox.so"));
     }
 
-    /** A file of that text, gone when the JVM ends. */
-    static String file(String text) {
+    /** A file with this content, deleted when the JVM ends. */
+    static String file(String content) {
         try {
             Path path = Files.createTempFile("kelpbox", ".site");
             path.toFile().deleteOnExit();
-            return Files.writeString(path, text).toString();
+            return Files.writeString(path, content).toString();
         } catch (IOException e) {
             throw new UncheckedIOException(e);
         }
@@ -81,7 +81,6 @@ final class Flume {
         return experiment;
     }
 
-    /** A parameter as the library wants it: the value, in the units. */
     static void insert(long params, String name, double value, String units) {
         Kelpbox_Params_insert__SWIG_0(params, null, name, value, units);
     }
@@ -90,7 +89,7 @@ final class Flume {
         Kelpbox_Params_insert__SWIG_1(params, null, name, member, type);
     }
 
-    /** A specification at the origin at time 0, set. */
+    /** Adds a specification and sets it to the origin and time 0. */
     static long specification(long experiment, long definition) {
         long specification = Kelpbox_Experiment_add_specification(experiment, null, definition);
         long params = new_Kelpbox_Params();

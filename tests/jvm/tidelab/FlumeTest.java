@@ -2,15 +2,17 @@ package tidelab;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
+
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.function.Executable;
+
 import tidelab.waves.component.WaveSynthesisException;
 
-/** A test on an experiment in the flume, with a set of parameters at hand. */
+/** A test with an experiment in the flume and an empty set of parameters. */
 abstract class FlumeTest {
 
     protected long experiment;
@@ -33,12 +35,12 @@ abstract class FlumeTest {
         delete_Kelpbox_Experiment(experiment);
     }
 
-    /** The site, which a test may vary. */
+    /** The site. Subclasses may change it. */
     String script() {
         return Flume.SCRIPT;
     }
 
-    static void fails(String text, Executable call) {
-        assertEquals(text, assertThrows(WaveSynthesisException.class, call).getMessage());
+    static void fails(String message, Executable call) {
+        assertEquals(message, assertThrows(WaveSynthesisException.class, call).getMessage());
     }
 }

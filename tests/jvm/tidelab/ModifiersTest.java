@@ -4,18 +4,19 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 
-/** What a host gets from each of the seven modifiers. */
+/** The effect of each of the seven modifiers. */
 class ModifiersTest extends FlumeTest {
 
     private long definition;
     private long specification;
 
-    /** For angles within 60 degrees. */
+    /** The flume with angles limited to 60 degrees. */
     @Override
     String script() {
         return Flume.SCRIPT.replace("maximum = 360; minimum = 0;", "maximum = 60; minimum = -60;");
@@ -37,7 +38,7 @@ class ModifiersTest extends FlumeTest {
         return Kelpbox_Experiment_add_modifier(experiment, null, specification, type, text);
     }
 
-    /** Sets the item with what has been put into the parameters. */
+    /** Sets the item with the current parameters. */
     private void set(long item) {
         Kelpbox_Experiment_set__SWIG_1(experiment, null, item, params, null);
     }
@@ -49,8 +50,12 @@ class ModifiersTest extends FlumeTest {
         double[][] result = new double[(int) Kelpbox_StdVectorFront_size(fronts, null)][];
         for (int i = 0; i < result.length; ++i) {
             long front = Kelpbox_StdVectorFront_get(fronts, null, i);
-            result[i] = new double[] {Kelpbox_Front_get_amp(front, null),
-                Kelpbox_Front_get_angle(front, null), Kelpbox_Front_get_phase(front, null)};
+            result[i] =
+                    new double[] {
+                        Kelpbox_Front_get_amp(front, null),
+                        Kelpbox_Front_get_angle(front, null),
+                        Kelpbox_Front_get_phase(front, null)
+                    };
         }
         return result;
     }
@@ -97,7 +102,8 @@ class ModifiersTest extends FlumeTest {
         Flume.insert(params, "ran_gen", "Distribute", "RanGen");
         Flume.insert(params, "seed", 12, "");
         set(add("AngleSpread", "4"));
-        assertEquals(0.0001 - Math.PI / 2, Kelpbox_Params_get(params, null, "min_angle", "rad"), 1e-9);
+        assertEquals(
+                0.0001 - Math.PI / 2, Kelpbox_Params_get(params, null, "min_angle", "rad"), 1e-9);
         assertEquals(20, Kelpbox_Params_get(params, null, "max_angle", "deg"), 1e-9);
         assertEquals(1, Kelpbox_Params_comment_size(params, null));
         assertEquals("Warning::Poor match", Kelpbox_Params_comment(params, null, 0));
@@ -109,7 +115,7 @@ class ModifiersTest extends FlumeTest {
     }
 
     @Test
-    void aMeanOutsideOfTheRangeIsRefused() {
+    void aMeanOutsideTheRangeIsRefused() {
         long spread = add("AngleSpread", "4");
         Flume.insert(params, "function", "Cos2S", "SpreadFunc");
         Flume.insert(params, "angle", 30, "deg");
@@ -120,7 +126,7 @@ class ModifiersTest extends FlumeTest {
     }
 
     @Test
-    void phasesAtRandomRepeatAndTheSeedChangesThem() {
+    void randomPhasesRepeatAndDependOnTheSeed() {
         long random = add("PhaseRandom", "");
         Flume.insert(params, "ran_gen", "Default", "RanGen");
         set(random);
@@ -137,7 +143,7 @@ class ModifiersTest extends FlumeTest {
     }
 
     @Test
-    void noiseChangesAmplitudesAndPhasesAsFarAsItsRateGoes() {
+    void noiseChangesAmplitudesAndPhasesUpToHalfItsRate() {
         Flume.insert(params, "ran_gen", "Default", "RanGen");
         Flume.insert(params, "rate", 1.5, "Hz");
         set(add("PhaseWNoise", ""));
@@ -148,16 +154,21 @@ class ModifiersTest extends FlumeTest {
     }
 
     @Test
-    void whatDoesNotFitIsRefused() {
+    void modifiersThatDoNotFitAreRefused() {
         add("PhaseRandom", "");
-        fails("add_modifier::Trying to overide an existing modifier", () -> add("PhaseChange", "1@rad"));
-        fails("add_modifier::AngleChangModifier::Trying to add to invalid type",
-                () -> Kelpbox_Experiment_add_modifier(
-                        experiment, null, definition, "AngleChange", "1@rad"));
+        fails(
+                "add_modifier::Trying to overide an existing modifier",
+                () -> add("PhaseChange", "1@rad"));
+        fails(
+                "add_modifier::AngleChangModifier::Trying to add to invalid type",
+                () ->
+                        Kelpbox_Experiment_add_modifier(
+                                experiment, null, definition, "AngleChange", "1@rad"));
         fails("Even number of functions in modifier expression", () -> add("GainAdjust", "1#1@Hz"));
         fails("Incorrect output units in expression 0 m, 17", () -> add("AngleChange", "1@m"));
         set(add("GainAdjust", ""));
-        fails("Gain::evaluate::there is no expression",
+        fails(
+                "Gain::evaluate::there is no expression",
                 () -> Kelpbox_Experiment_run_build(experiment, null, definition));
     }
 }

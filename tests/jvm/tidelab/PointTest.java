@@ -1,12 +1,13 @@
 package tidelab;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 
-/** The wave at a point of the flume, before anything moves. */
+/** The wave at a point of the flume. */
 class PointTest extends FlumeTest {
 
     private static final int TIME = 0;
@@ -64,7 +65,7 @@ class PointTest extends FlumeTest {
     }
 
     @Test
-    void theWaveStandsInItsHarmonicAndItsSector() {
+    void theWaveIsInItsHarmonicAndItsSector() {
         point(50, 6);
         build(Flume.TWO_PI / 8);
         double[] spectrum = data(SPECTRUM);
@@ -87,39 +88,41 @@ class PointTest extends FlumeTest {
         point(100, 6);
         Kelpbox_Experiment_twod_stats(experiment, null, definition, params, null);
         assertEquals(1 / F, Kelpbox_Params_get(params, null, "reg_t", "s"), 1e-4);
-        // Crests lie up to half a sample off.
+        // A crest is up to half a sample away from the nearest sample.
         double off = 1 - Math.cos(Flume.TWO_PI * F * 0.005);
         assertEquals(2 * A, Kelpbox_Params_get(params, null, "reg_h", "m"), 2 * A * off);
         assertEquals(2 * Math.sqrt(2) * A, Kelpbox_Params_get(params, null, "Hs", "m"), 1e-12);
         assertEquals(1 / F, Kelpbox_Params_get(params, null, "Ts", "s"), 1e-12);
-        assertEquals(Math.sqrt(A / Math.sqrt(2)), Kelpbox_Params_get(params, null, "Var", ""), 1e-12);
+        assertEquals(
+                Math.sqrt(A / Math.sqrt(2)), Kelpbox_Params_get(params, null, "Var", ""), 1e-12);
     }
 
     @Test
-    void whatTheLibraryFitsComesBack() {
+    void fittedValuesAreWrittenBack() {
         point(1.26, 0);
         build(0.9);
         assertEquals(1.3, Kelpbox_Params_get(params, null, "rate", "Hz"));
-        assertEquals(Flume.TWO_PI / 7, Kelpbox_Params_get(params, null, "delta_angle", "rad"), 1e-15);
+        assertEquals(
+                Flume.TWO_PI / 7, Kelpbox_Params_get(params, null, "delta_angle", "rad"), 1e-15);
         assertEquals(1, Kelpbox_Params_comment_size(params, null));
         assertEquals("Warning::Poor match", Kelpbox_Params_comment(params, null, 0));
     }
 
     @Test
-    void beforeABuildThereIsNothing() {
+    void beforeABuildAllDataIsEmpty() {
         for (int which : new int[] {TIME, SPECTRUM, VARIANCE, DIRECTION}) {
             assertEquals(0, data(which).length);
         }
     }
 
     @Test
-    void whatCannotBeToldIsRefused() {
+    void unknownDataAndPointsOutsideTheTankAreRefused() {
         for (int which : new int[] {4, -1, Integer.MAX_VALUE, Integer.MIN_VALUE}) {
-            fails("Unsupported enum to experiment::twod_data",
+            fails(
+                    "Unsupported enum to experiment::twod_data",
                     () -> Kelpbox_Experiment_twod_data(experiment, null, definition, which));
         }
-        fails("ID out of range",
-                () -> Kelpbox_Experiment_twod_data(experiment, null, 99, 4));
+        fails("ID out of range", () -> Kelpbox_Experiment_twod_data(experiment, null, 99, 4));
         point(50, 21);
         fails("Value x=21 is outside dimensions of tank", () -> build(1));
     }

@@ -3,13 +3,15 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+
 import tidelab.waves.component.WaveSynthesisException;
 
-/** The road of a run, from the site to the drive signal. */
+/** The steps of a run, from the site to the drive signal. */
 class RunTest extends FlumeTest {
 
     private long definition;
@@ -27,7 +29,7 @@ class RunTest extends FlumeTest {
     }
 
     @Test
-    void theSiteTellsWhatItCanDo() {
+    void theSiteDescribesItself() {
         assertEquals("Flume piston", Kelpbox_Experiment_context_name(experiment, null));
         String identity = Kelpbox_Experiment_context_string(experiment, null);
         assertTrue(identity.matches("Test::Flume::piston#0x[0-9a-f]+"), identity);
@@ -76,7 +78,7 @@ class RunTest extends FlumeTest {
     }
 
     @Test
-    void aSingleWaveDrivesThePistonAsTheClosedFormSays() {
+    void aSingleWaveDrivesThePistonAsInTheClosedForm() {
         final double f = 0.7;
         final double a = 0.04;
         final double phase = 0.3;
@@ -87,8 +89,10 @@ class RunTest extends FlumeTest {
         Flume.insert(params, "rate", rate, "Hz");
         Kelpbox_Experiment_paddle_motion_build(experiment, null, definition, params, null);
 
-        // A piston over the full depth makes 4 sinh^2(kd) / (sinh(2kd) + 2kd) of its stroke. The
-        // library's explicit wave number is within a few parts in 1e5 of the exact one used here.
+        // The wave amplitude of a full-depth piston is 4 sinh^2(kd) / (sinh(2kd) + 2kd) of its
+        // stroke.
+        // The library's explicit wave number is within a few parts in 1e5 of the exact one used
+        // here.
         double k = Flume.waveNumber(Flume.TWO_PI * f);
         double kd = k * Flume.DEPTH;
         double sinh = Math.sinh(kd);
@@ -106,7 +110,7 @@ class RunTest extends FlumeTest {
     }
 
     @Test
-    void theRepeatTimeComesBackAsFitted() {
+    void theFittedRepeatTimeIsWrittenBack() {
         Flume.insert(params, "repeat", 10.0004, "s");
         Flume.insert(params, "dalrymple", "False", "Bool");
         Flume.insert(params, "wave_merge", "Null", "WaveMerge");
@@ -136,14 +140,18 @@ class RunTest extends FlumeTest {
         assertEquals(0.02, Kelpbox_Front_get_amp(first, null), 1e-15);
         assertEquals(fronts, Kelpbox_Experiment_fronts__SWIG_1(experiment, null, definition, true));
         long transfer = Kelpbox_Experiment_fronts__SWIG_0(experiment, null, definition, 0);
-        assertEquals(5, Kelpbox_TransferFront_get_harmonic(
-                Kelpbox_StdVectorTransferFront_get(transfer, null, 0), null));
+        assertEquals(
+                5,
+                Kelpbox_TransferFront_get_harmonic(
+                        Kelpbox_StdVectorTransferFront_get(transfer, null, 0), null));
 
         long messages = Kelpbox_Experiment_messages(experiment, null, definition);
         assertEquals(2, Kelpbox_StdVectorString_size(messages, null));
-        assertEquals("Single frequency 0.55Hz altered to 0.6Hz to fit repeat time",
+        assertEquals(
+                "Single frequency 0.55Hz altered to 0.6Hz to fit repeat time",
                 Kelpbox_StdVectorString_get(messages, null, 0));
-        assertEquals("Discarding single frequency 5 as it is out of range",
+        assertEquals(
+                "Discarding single frequency 5 as it is out of range",
                 Kelpbox_StdVectorString_get(messages, null, 1));
         delete_Kelpbox_StdVectorString(messages);
     }
@@ -163,22 +171,30 @@ class RunTest extends FlumeTest {
         assertTrue(peak > 0.3, "peak " + peak);
         Kelpbox_Experiment_paddle_motion_stats(experiment, null, definition, 0, params, null);
         assertEquals(1.0, Kelpbox_Params_get(params, null, "clip_peak_ratio", ""));
-        assertEquals(1 - Math.pow(0.3 / peak, 2),
-                Kelpbox_Params_get(params, null, "clip_power_ratio", ""), 1e-6);
+        assertEquals(
+                1 - Math.pow(0.3 / peak, 2),
+                Kelpbox_Params_get(params, null, "clip_power_ratio", ""),
+                1e-6);
     }
 
     @Test
     void nothingIsDeliveredBeforeItIsBuilt() {
-        assertEquals("Bank out of range or paddle_motion not built",
-                assertThrows(WaveSynthesisException.class,
-                        () -> Kelpbox_Experiment_paddle_motion_data(experiment, null, definition, 0, 0))
+        assertEquals(
+                "Bank out of range or paddle_motion not built",
+                assertThrows(
+                                WaveSynthesisException.class,
+                                () ->
+                                        Kelpbox_Experiment_paddle_motion_data(
+                                                experiment, null, definition, 0, 0))
                         .getMessage());
         long single = Kelpbox_Experiment_add_single(experiment, null, specification);
         assertEquals(3, single - definition + 1);
         Flume.setDefinition(experiment, definition, 10);
-        assertEquals("Single::evaluate::when not ready",
-                assertThrows(WaveSynthesisException.class,
-                        () -> Kelpbox_Experiment_run_build(experiment, null, definition))
+        assertEquals(
+                "Single::evaluate::when not ready",
+                assertThrows(
+                                WaveSynthesisException.class,
+                                () -> Kelpbox_Experiment_run_build(experiment, null, definition))
                         .getMessage());
     }
 }

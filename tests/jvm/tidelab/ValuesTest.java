@@ -3,14 +3,16 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
-import java.util.ArrayList;
-import java.util.List;
 import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Test;
 
-/** Parameters, vectors and records: what goes in comes out, and everything can be freed. */
+import java.util.ArrayList;
+import java.util.List;
+
+/** Parameters, vectors and records keep their values and can be deleted. */
 class ValuesTest {
 
     @BeforeAll
@@ -68,7 +70,7 @@ class ValuesTest {
     }
 
     @Test
-    void textsComeBackAsTheyWent() {
+    void stringsKeepTheirCharacters() {
         long vector = new_Kelpbox_StdVectorString__SWIG_1(1);
         assertEquals("", Kelpbox_StdVectorString_get(vector, null, 0));
         String text = "Wellenhöhe 波高 λ = 2π/k";
@@ -82,7 +84,7 @@ class ValuesTest {
     }
 
     @Test
-    void recordsTakeTheFrequencyFirstAndKeepItLast() {
+    void frontsTakeTheFrequencyFirstAndStoreItLast() {
         long front = new_Kelpbox_Front__SWIG_1(1.0, 2.0, 3.0, 4.0);
         assertEquals(1.0, Kelpbox_Front_get_freq(front, null));
         assertEquals(2.0, Kelpbox_Front_get_amp(front, null));
@@ -102,7 +104,7 @@ class ValuesTest {
     }
 
     @Test
-    void deletingNothingDoesNothing() {
+    void deletingANullHandleDoesNothing() {
         delete_Kelpbox_StdVectorDouble(0);
         delete_Kelpbox_StdVectorString(0);
         delete_Kelpbox_StdVectorParam(0);
@@ -127,7 +129,7 @@ class ValuesTest {
     }
 
     @Test
-    void theListOfParametersIsASnapshotInOrderOfNames() {
+    void theListOfParametersIsASnapshotOrderedByName() {
         long params = new_Kelpbox_Params();
         Flume.insert(params, "alpha", 1.5, "mm");
         Flume.insert(params, "Zeta", "True", "Bool");
@@ -149,8 +151,9 @@ class ValuesTest {
     }
 
     @Test
-    void alternativesStartWithUnitsThatAreNotInTheList() {
-        assertEquals(List.of("km", "m", "cm", "mm", "ft", "in"), strings(Kelpbox_Param_alternate("km")));
+    void alternativesIncludeTheUnitsThemselves() {
+        assertEquals(
+                List.of("km", "m", "cm", "mm", "ft", "in"), strings(Kelpbox_Param_alternate("km")));
         assertEquals(List.of("N"), strings(Kelpbox_Param_alternate("N")));
     }
 
