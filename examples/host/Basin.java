@@ -10,7 +10,6 @@ import java.io.IOException;
  * of the focus fails.
  */
 public final class Basin {
-
     // A JONSWAP spectrum whose crests all meet at one point at one time.
     static final Jonswap SEA = new Jonswap(0.06, 0.6, 3.3, 0.35, 1.4);
     static final double FOCUS_X = 12.0; // m

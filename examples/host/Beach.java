@@ -9,7 +9,6 @@ import java.util.List;
  * harmonics too, as a piston with a sinusoidal motion generates them.
  */
 final class Beach {
-
     static final double DEPTH = 0.7; // in front of the beach
     static final double GRAVITY = 9.81;
     static final double RATE = 50.0; // Hz
@@ -45,36 +44,28 @@ final class Beach {
     static final double BOUND = bound(AMPLITUDE);
     static final double BOUND_BACK = bound(REFLECTION * AMPLITUDE);
 
-    private static final List<Train> TRAINS =
-            List.of(
-                    new Train(AMPLITUDE, K, OMEGA, 0.4),
-                    new Train(REFLECTION * AMPLITUDE, -K, OMEGA, 1.9),
-                    new Train(BOUND, 2 * K, 2 * OMEGA, 2 * 0.4),
-                    new Train(BOUND_BACK, -2 * K, 2 * OMEGA, 2 * 1.9),
-                    new Train(FREE, K_FREE, 2 * OMEGA, 2.6),
-                    new Train(FREE_BACK, -K_FREE, 2 * OMEGA, -0.7));
+    private static final List<Train> TRAINS = List.of(new Train(AMPLITUDE, K, OMEGA, 0.4),
+            new Train(REFLECTION* AMPLITUDE, -K, OMEGA, 1.9),
+            new Train(BOUND, 2 * K, 2 * OMEGA, 2 * 0.4),
+            new Train(BOUND_BACK, -2 * K, 2 * OMEGA, 2 * 1.9),
+            new Train(FREE, K_FREE, 2 * OMEGA, 2.6),
+            new Train(FREE_BACK, -K_FREE, 2 * OMEGA, -0.7));
 
     private Beach() {}
 
     /** Stokes' second harmonic of a wave of this amplitude. */
     private static double bound(double amplitude) {
         double kh = K * DEPTH;
-        return K
-                * amplitude
-                * amplitude
-                * Math.cosh(kh)
-                * (2 + Math.cosh(2 * kh))
+        return K * amplitude * amplitude * Math.cosh(kh) * (2 + Math.cosh(2 * kh))
                 / (4 * Math.pow(Math.sinh(kh), 3));
     }
 
     /** The surface at x, without noise. */
     static double elevation(double x, double t) {
         return TRAINS.stream()
-                .mapToDouble(
-                        train ->
-                                train.amplitude()
-                                        * Math.cos(
-                                                train.omega() * t - train.k() * x + train.phase()))
+                .mapToDouble(train
+                        -> train.amplitude()
+                                * Math.cos(train.omega() * t - train.k() * x + train.phase()))
                 .sum();
     }
 

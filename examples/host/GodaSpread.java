@@ -8,7 +8,6 @@ import java.util.function.DoubleUnaryOperator;
  * a long one.
  */
 record GodaSpread(double sMax, double fp) {
-
     /** s for the library: formula, limit, formula. */
     static final String TEXT = "s_max*($[Hz]/fp[Hz])^5#fp[Hz]@Hz#s_max*($[Hz]/fp[Hz])^(-2.5)";
 

@@ -3,23 +3,14 @@
  * Hz. Goda's constant makes the significant height hold for any peakedness.
  */
 record Jonswap(double hs, double fp, double gamma, double low, double high) {
-
     /** The density for the library: limit, formula, limit, formula, limit. */
-    static final String TEXT =
-            String.join(
-                    "#",
-                    "f_low[Hz] @Hz",
-                    formula("0.07") + " @m2s",
-                    "fp[Hz] @Hz",
-                    formula("0.09") + " @m2s",
-                    "f_high[Hz] @Hz");
+    static final String TEXT = String.join("#", "f_low[Hz] @Hz", formula("0.07") + " @m2s",
+            "fp[Hz] @Hz", formula("0.09") + " @m2s", "f_high[Hz] @Hz");
 
     private static String formula(String width) {
         return "0.0624/(0.230+0.0336*peakedness-0.185/(1.9+peakedness))"
                 + "*Hs[m]^2*fp[Hz]^4/$[Hz]^5*exp(-1.25*(fp[Hz]/$[Hz])^4)"
-                + "*peakedness^exp(-square($[Hz]/fp[Hz]-1)/(2*square("
-                + width
-                + ")))";
+                + "*peakedness^exp(-square($[Hz]/fp[Hz]-1)/(2*square(" + width + ")))";
     }
 
     /** Adds the parameters of the formula. */
@@ -36,13 +27,8 @@ record Jonswap(double hs, double fp, double gamma, double low, double high) {
         double alpha = 0.0624 / (0.230 + 0.0336 * gamma - 0.185 / (1.9 + gamma));
         double width = f < fp ? 0.07 : 0.09;
         double peak = Math.exp(-Math.pow(f / fp - 1, 2) / (2 * width * width));
-        return alpha
-                * hs
-                * hs
-                * Math.pow(fp, 4)
-                / Math.pow(f, 5)
-                * Math.exp(-1.25 * Math.pow(fp / f, 4))
-                * Math.pow(gamma, peak);
+        return alpha * hs * hs * Math.pow(fp, 4) / Math.pow(f, 5)
+                * Math.exp(-1.25 * Math.pow(fp / f, 4)) * Math.pow(gamma, peak);
     }
 
     /** The variance m0 of the band in m2, by the midpoint rule. */

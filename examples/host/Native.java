@@ -2,7 +2,6 @@ import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 /** Short forms of the calls on parameters and vectors. */
 final class Native {
-
     private Native() {}
 
     static void number(long params, String name, double value, String units) {

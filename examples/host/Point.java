@@ -11,7 +11,6 @@ import java.io.PrintWriter;
  * checks fails.
  */
 public final class Point {
-
     private static final double RIDGE_X = 14.0; // m
     private static final double RIDGE_Y = 12.0;
     private static final double[] TIMES = {10, 100, 200}; // s
@@ -69,9 +68,8 @@ public final class Point {
             for (int h = 0; h < densities.length; ++h) {
                 double f = h / Seas.REPEAT;
                 boolean inside = f >= sea.low() && f <= sea.high();
-                file.printf(
-                        "%.9g,%.9g,%.9g,%.9g%n",
-                        f, amplitudes[h], densities[h], inside ? sea.density(f) : 0.0);
+                file.printf("%.9g,%.9g,%.9g,%.9g%n", f, amplitudes[h], densities[h],
+                        inside ? sea.density(f) : 0.0);
             }
         }
     }
@@ -92,11 +90,8 @@ public final class Point {
                 double requested = 0;
                 for (int h = 1; h < densities.length; ++h) {
                     if (densities[h] > 0) {
-                        requested +=
-                                densities[h]
-                                        / total
-                                        * (below(middle + width / 2, h)
-                                                - below(middle - width / 2, h));
+                        requested += densities[h] / total
+                                * (below(middle + width / 2, h) - below(middle - width / 2, h));
                     }
                 }
                 file.printf("%.9g,%.9g,%.9g%n", b * width, shares[b], requested);
@@ -124,11 +119,8 @@ public final class Point {
                 Kelpbox_Params_get(params, null, "max_amp", "m"),
                 Kelpbox_Params_get(params, null, "Ts", "s"));
         delete_Kelpbox_Params(params);
-        return Results.report(
-                Math.abs(found / requested - 1) < 0.01,
-                "significant height %.4f m; 4 sqrt(m0) of the spectrum %.4f m",
-                found,
-                requested);
+        return Results.report(Math.abs(found / requested - 1) < 0.01,
+                "significant height %.4f m; 4 sqrt(m0) of the spectrum %.4f m", found, requested);
     }
 
     /**
@@ -140,19 +132,13 @@ public final class Point {
         Propagation water = new Propagation(tank.experiment);
         double worst = 0;
         for (double t : TIMES) {
-            worst =
-                    Math.max(
-                            worst,
-                            Math.abs(
-                                    eta[(int) Math.round(t * RATE)]
-                                            - water.elevation(run, RIDGE_X, RIDGE_Y, t)));
+            worst = Math.max(worst,
+                    Math.abs(eta[(int) Math.round(t * RATE)]
+                            - water.elevation(run, RIDGE_X, RIDGE_Y, t)));
         }
-        return Results.report(
-                worst < 0.01 * Seas.SHORT_CRESTED.hs(),
+        return Results.report(worst < 0.01 * Seas.SHORT_CRESTED.hs(),
                 "elevation on the ridge, x %.1f m, y %.1f m, within %.2g m of the host's own"
-                    + " theory",
-                RIDGE_X,
-                RIDGE_Y,
-                worst);
+                        + " theory",
+                RIDGE_X, RIDGE_Y, worst);
     }
 }

@@ -8,7 +8,6 @@ import java.util.Random;
  * 0.1 mm: examples/records/reflecting_beach.csv. Beach describes the waves.
  */
 public final class ProbeRecords {
-
     private static final long SEED = 1;
 
     private ProbeRecords() {}

@@ -6,7 +6,6 @@ import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
  * profile.
  */
 final class Propagation {
-
     private static final double STEP = 0.02; // m, along the tank
 
     private final long experiment;
@@ -41,10 +40,8 @@ final class Propagation {
             }
             double shoaling =
                     Math.sqrt(groupVelocity(omega, depth(0)) / groupVelocity(omega, depth(x)));
-            sum +=
-                    shoaling
-                            * front.amplitude()
-                            * Math.cos(omega * t - along - across * y + front.phase());
+            sum += shoaling * front.amplitude()
+                    * Math.cos(omega * t - along - across * y + front.phase());
         }
         return sum;
     }

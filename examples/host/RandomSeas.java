@@ -12,7 +12,6 @@ import java.util.List;
  * its checks fails.
  */
 public final class RandomSeas {
-
     private RandomSeas() {}
 
     public static void main(String[] args) throws IOException {
@@ -30,18 +29,15 @@ public final class RandomSeas {
         long run = Seas.shortCrested(tank);
         tank.deliver("short_crested", run);
         List<Front> fronts = Front.of(tank.experiment, run);
-        return heightIs(fronts, Seas.SHORT_CRESTED.variance())
-                & directionsFollow(fronts)
+        return heightIs(fronts, Seas.SHORT_CRESTED.variance()) & directionsFollow(fronts)
                 & crestsAreAsShort(fronts);
     }
 
     private static boolean heightIs(List<Front> fronts, double m0) {
         double found = 4 * Math.sqrt(Front.variance(fronts));
         double requested = 4 * Math.sqrt(m0);
-        return Results.report(
-                Math.abs(found / requested - 1) < 0.01,
-                "significant height of the fronts %.4f m; 4 sqrt(m0) of the spectrum %.4f m",
-                found,
+        return Results.report(Math.abs(found / requested - 1) < 0.01,
+                "significant height of the fronts %.4f m; 4 sqrt(m0) of the spectrum %.4f m", found,
                 requested);
     }
 
@@ -51,32 +47,22 @@ public final class RandomSeas {
      * in one of a hundred seas.
      */
     private static boolean directionsFollow(List<Front> fronts) {
-        double[] shares =
-                fronts.stream()
-                        .mapToDouble(
-                                front ->
-                                        Seas.SPREAD.share(
-                                                front.frequency(),
-                                                front.angle(),
-                                                -Seas.RANGE,
-                                                Seas.RANGE))
-                        .sorted()
-                        .toArray();
+        double[] shares = fronts.stream()
+                                  .mapToDouble(front
+                                          -> Seas.SPREAD.share(front.frequency(), front.angle(),
+                                                  -Seas.RANGE, Seas.RANGE))
+                                  .sorted()
+                                  .toArray();
         double gap = 0;
         for (int i = 0; i < shares.length; ++i) {
-            gap =
-                    Math.max(
-                            gap,
-                            Math.max(
-                                    shares[i] - (double) i / shares.length,
-                                    (i + 1.0) / shares.length - shares[i]));
+            gap = Math.max(gap,
+                    Math.max(shares[i] - (double) i / shares.length,
+                            (i + 1.0) / shares.length - shares[i]));
         }
         double statistic = gap * Math.sqrt(shares.length);
-        return Results.report(
-                statistic < 1.63,
+        return Results.report(statistic < 1.63,
                 "directions of %d fronts against the law of their frequencies: %.2f, at most 1.63",
-                shares.length,
-                statistic);
+                shares.length, statistic);
     }
 
     /**
@@ -95,8 +81,7 @@ public final class RandomSeas {
             variance += square - mean * mean;
         }
         double deviations = Math.abs(distance) / Math.sqrt(variance);
-        return Results.report(
-                deviations < 2.58,
+        return Results.report(deviations < 2.58,
                 "their mean cosine is %.2f standard deviations from the law's, at most 2.58",
                 deviations);
     }
@@ -124,47 +109,35 @@ public final class RandomSeas {
         double found = energy[0] / Arrays.stream(energy).sum();
         double requested = swell / (swell + windSea);
         return good
-                & Results.report(
-                        !shared && Math.abs(found - requested) < 0.03,
+                & Results.report(!shared && Math.abs(found - requested) < 0.03,
                         "swell's share of the energy %.3f, of the spectra %.3f; no harmonic belongs"
-                            + " to both",
-                        found,
-                        requested);
+                                + " to both",
+                        found, requested);
     }
 
     private static boolean fan(Tank tank) throws IOException {
         long run = Seas.fan(tank);
         tank.deliver("fan", run);
-        double step =
-                1
-                        / Kelpbox_RunData_value(
-                                Kelpbox_Experiment_repeat(tank.experiment, null, run), null);
+        double step = 1
+                / Kelpbox_RunData_value(
+                        Kelpbox_Experiment_repeat(tank.experiment, null, run), null);
         List<Front> fronts = Front.of(tank.experiment, run);
         double predicted =
                 fronts.stream()
-                        .mapToDouble(
-                                front ->
-                                        Math.sqrt(2 * Seas.GROUP.density(front.frequency()) * step))
+                        .mapToDouble(front
+                                -> Math.sqrt(2 * Seas.GROUP.density(front.frequency()) * step))
                         .sum();
         Propagation water = new Propagation(tank.experiment);
         double crest = water.elevation(run, Seas.FOCUS_X, Seas.FOCUS_Y, Seas.FOCUS_T);
-        double worst =
-                fronts.stream()
-                        .mapToDouble(
-                                front ->
-                                        Math.abs(
-                                                Seas.fanDirection(front.frequency())
-                                                        - water.direction(front, Seas.FOCUS_X)))
-                        .max()
-                        .orElse(Math.PI);
-        return Results.report(
-                        Math.abs(crest / predicted - 1) < 0.01,
-                        "crest %.4f m at the focus; the spectrum predicts %.4f m",
-                        crest,
-                        predicted)
-                & Results.report(
-                        worst < 0.01,
-                        "directions at the focus are at most %.4f rad from the formula",
-                        worst);
+        double worst = fronts.stream()
+                               .mapToDouble(front
+                                       -> Math.abs(Seas.fanDirection(front.frequency())
+                                               - water.direction(front, Seas.FOCUS_X)))
+                               .max()
+                               .orElse(Math.PI);
+        return Results.report(Math.abs(crest / predicted - 1) < 0.01,
+                       "crest %.4f m at the focus; the spectrum predicts %.4f m", crest, predicted)
+                & Results.report(worst < 0.01,
+                        "directions at the focus are at most %.4f rad from the formula", worst);
     }
 }

@@ -12,7 +12,6 @@ import java.util.List;
  * elevations in mm.
  */
 final class Records {
-
     final double[] positions; // m
     final double rate; // Hz
     private final double[][] samples; // m, by probe
@@ -54,9 +53,7 @@ final class Records {
             for (double sample : samples[p]) {
                 Kelpbox_StdVectorDouble_add(vector, null, sample);
             }
-            Kelpbox_StdVectorUInt_add(
-                    ids,
-                    null,
+            Kelpbox_StdVectorUInt_add(ids, null,
                     Kelpbox_Analysis_add_series(analysis, null, params, null, vector, null));
             delete_Kelpbox_StdVectorDouble(vector);
             delete_Kelpbox_Params(params);

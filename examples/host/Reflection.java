@@ -11,7 +11,6 @@ import java.nio.file.Path;
  * differs from the waves that the records were made of.
  */
 public final class Reflection {
-
     /** The kinds of processes. */
     private static final long ZERO_CROSSINGS = 0;
 
@@ -65,9 +64,8 @@ public final class Reflection {
         Native.number(settings, "freq", Beach.FREQUENCY, "Hz");
         Native.number(settings, "angle", 0, "rad");
         long out = results(process(WAVE_TRAINS), settings);
-        Results.printf(
-                "records   %d probes, %.0f s at %.0f Hz%n",
-                records.positions.length, records.duration(), records.rate);
+        Results.printf("records   %d probes, %.0f s at %.0f Hz%n", records.positions.length,
+                records.duration(), records.rate);
         double forward = train(out, "Forward free fundamental", Beach.AMPLITUDE);
         double backward =
                 train(out, "Backward free fundamental", Beach.REFLECTION * Beach.AMPLITUDE);
@@ -75,10 +73,8 @@ public final class Reflection {
         train(out, "Backward bound harmonic", Beach.BOUND_BACK);
         train(out, "Forward free harmonic", Beach.FREE);
         train(out, "Backward free harmonic", Beach.FREE_BACK);
-        report(
-                Math.abs(backward / forward - Beach.REFLECTION) < REFLECTION_TOLERANCE,
-                "reflection coefficient %.4f; generated with %.4f",
-                backward / forward,
+        report(Math.abs(backward / forward - Beach.REFLECTION) < REFLECTION_TOLERANCE,
+                "reflection coefficient %.4f; generated with %.4f", backward / forward,
                 Beach.REFLECTION);
         delete_Kelpbox_Params(out);
         delete_Kelpbox_Params(settings);
@@ -86,12 +82,8 @@ public final class Reflection {
 
     private double train(long out, String name, double generated) {
         double found = Kelpbox_Params_get(out, null, name, "");
-        report(
-                Math.abs(found - generated) < TOLERANCE,
-                "%-25s %7.3f mm; generated with %7.3f mm",
-                name,
-                1000 * found,
-                1000 * generated);
+        report(Math.abs(found - generated) < TOLERANCE, "%-25s %7.3f mm; generated with %7.3f mm",
+                name, 1000 * found, 1000 * generated);
         return found;
     }
 
@@ -101,21 +93,15 @@ public final class Reflection {
         long process = process(ZERO_CROSSINGS);
         long out = results(process, none);
         double period = Kelpbox_Params_get(out, null, "reg_t", "s");
-        report(
-                Math.abs(period * Beach.FREQUENCY - 1) < 0.001,
-                "period %.4f s; generated with %.4f s",
-                period,
-                1 / Beach.FREQUENCY);
+        report(Math.abs(period * Beach.FREQUENCY - 1) < 0.001,
+                "period %.4f s; generated with %.4f s", period, 1 / Beach.FREQUENCY);
         double[] heights =
                 Native.array(Kelpbox_Analysis_get_data(analysis, null, process, none, null));
         for (int p = 0; p < heights.length; ++p) {
             double generated = Beach.height(records.positions[p]);
-            report(
-                    Math.abs(heights[p] / generated - 1) < 0.02,
-                    "height at %5.2f m %7.2f mm; generated with %7.2f mm",
-                    records.positions[p],
-                    1000 * heights[p],
-                    1000 * generated);
+            report(Math.abs(heights[p] / generated - 1) < 0.02,
+                    "height at %5.2f m %7.2f mm; generated with %7.2f mm", records.positions[p],
+                    1000 * heights[p], 1000 * generated);
         }
         delete_Kelpbox_Params(out);
         delete_Kelpbox_Params(none);

@@ -9,7 +9,6 @@ import java.nio.charset.StandardCharsets;
  * standard output, so the property keeps the two apart.
  */
 final class Results {
-
     private static final PrintStream OUT = open();
 
     private Results() {}

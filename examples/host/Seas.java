@@ -5,7 +5,6 @@ import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
  * and returns the ID of its definition.
  */
 final class Seas {
-
     /** The point of the random seas: in front of the ridge, in the middle of the basin. */
     static final double X = 5.0; // m
 
@@ -72,10 +71,7 @@ final class Seas {
         Native.number(params, "fan", FAN, "rad");
         Native.number(params, "low", GROUP.low(), "Hz");
         Native.number(params, "high", GROUP.high(), "Hz");
-        tank.modifier(
-                waves,
-                "AngleChange",
-                "fan[rad]*(($[Hz]-low[Hz])/(high[Hz]-low[Hz])-0.5)@rad",
+        tank.modifier(waves, "AngleChange", "fan[rad]*(($[Hz]-low[Hz])/(high[Hz]-low[Hz])-0.5)@rad",
                 params);
         tank.build(run, GROUP_REPEAT, "False", "Null");
         return run;

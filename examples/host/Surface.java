@@ -12,7 +12,6 @@ import java.util.stream.DoubleStream;
  * its checks fails.
  */
 public final class Surface {
-
     private static final double RATE = 4.0; // Hz, more than twice the highest frequency
     private static final double STEP = 0.2; // m, about 4 points per shortest wave
     private static final double LENGTH = 30.0; // m, of the basin
@@ -43,8 +42,7 @@ public final class Surface {
 
             Surface group = new Surface(tank, Seas.fan(tank));
             group.animate("group");
-            group.write(
-                    "surface_group.csv",
+            group.write("surface_group.csv",
                     DoubleStream.of(FILM).map(t -> Seas.FOCUS_T + t).toArray());
             good &= group.pointsAgree(Seas.FOCUS_T) & group.highestPointIsTheFocus();
             group.stop();
@@ -65,20 +63,12 @@ public final class Surface {
         Kelpbox_Experiment_animate_init(tank.experiment, null, run, params, null);
         columns = 1 + Math.round(LENGTH / Kelpbox_Params_get(params, null, "x_step", "m"));
         rows = 1 + Math.round(WIDTH / Kelpbox_Params_get(params, null, "y_step", "m"));
-        Results.printf(
-                "%-9s %d frames of %d x %d points:",
-                name, Kelpbox_Experiment_animate_size(tank.experiment, null, run), columns, rows);
+        Results.printf("%-9s %d frames of %d x %d points:", name,
+                Kelpbox_Experiment_animate_size(tank.experiment, null, run), columns, rows);
         for (int part = 0; part < 4; ++part) {
-            Kelpbox_Experiment_animate_build_slice(
-                    tank.experiment,
-                    null,
-                    run,
-                    params,
-                    null,
-                    part * columns / 4,
-                    (part + 1) * columns / 4);
-            Results.printf(
-                    " %.0f %%",
+            Kelpbox_Experiment_animate_build_slice(tank.experiment, null, run, params, null,
+                    part * columns / 4, (part + 1) * columns / 4);
+            Results.printf(" %.0f %%",
                     100 * Kelpbox_Experiment_animate_progress(tank.experiment, null, run));
         }
         Results.printf("%n");
@@ -139,11 +129,8 @@ public final class Surface {
                 highest = Math.max(highest, Math.abs(expected));
             }
         }
-        return Results.report(
-                worst < 0.01 * highest,
-                "heights up to %.4f m are at most %.5f m from theory",
-                highest,
-                worst);
+        return Results.report(worst < 0.01 * highest,
+                "heights up to %.4f m are at most %.5f m from theory", highest, worst);
     }
 
     private boolean highestPointIsTheFocus() {
@@ -159,11 +146,7 @@ public final class Surface {
                 }
             }
         }
-        return Results.report(
-                Math.hypot(atX - Seas.FOCUS_X, atY - Seas.FOCUS_Y) < STEP,
-                "highest point %.4f m at x %.1f m, y %.1f m",
-                highest,
-                atX,
-                atY);
+        return Results.report(Math.hypot(atX - Seas.FOCUS_X, atY - Seas.FOCUS_Y) < STEP,
+                "highest point %.4f m at x %.1f m, y %.1f m", highest, atX, atY);
     }
 }

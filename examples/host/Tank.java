@@ -10,7 +10,6 @@ import java.util.Locale;
 
 /** An experiment on one site, with its runs. Writes their results to the output folder. */
 final class Tank implements AutoCloseable {
-
     static final double RATE = 50.0; // Hz, of the drive signals
 
     final long experiment = new_Kelpbox_Experiment__SWIG_0();
@@ -38,11 +37,8 @@ final class Tank implements AutoCloseable {
         for (long bank = 0; bank < banks(); ++bank) {
             long info = new_Kelpbox_Params();
             String name = Kelpbox_Experiment_paddle_bank_info(experiment, null, bank, info, null);
-            Results.printf(
-                    "bank      %s, %d paddles, signals in %s%n",
-                    name,
-                    Kelpbox_Experiment_paddle_bank_size(experiment, null, bank),
-                    dataUnits(info));
+            Results.printf("bank      %s, %d paddles, signals in %s%n", name,
+                    Kelpbox_Experiment_paddle_bank_size(experiment, null, bank), dataUnits(info));
             delete_Kelpbox_Params(info);
         }
     }
@@ -80,9 +76,8 @@ final class Tank implements AutoCloseable {
     }
 
     void spectrum(long specification, Jonswap sea) {
-        long id =
-                Kelpbox_Experiment_add_spectrum(
-                        experiment, null, specification, "JONSWAP", Jonswap.TEXT);
+        long id = Kelpbox_Experiment_add_spectrum(
+                experiment, null, specification, "JONSWAP", Jonswap.TEXT);
         long params = new_Kelpbox_Params();
         sea.into(params);
         set(id, params);
@@ -122,11 +117,8 @@ final class Tank implements AutoCloseable {
         long fronts = Kelpbox_Experiment_fronts__SWIG_2(experiment, null, run);
         Results.printf(
                 "%-9s fitted repeat time %.3f s, harmonics %d to %d, %d fronts at the paddles%n",
-                name,
-                Kelpbox_RunData_value(grid, null),
-                Kelpbox_RunData_harmonic(grid, null, 1),
-                Kelpbox_RunData_harmonic(grid, null, 0),
-                Kelpbox_StdVectorFront_size(fronts, null));
+                name, Kelpbox_RunData_value(grid, null), Kelpbox_RunData_harmonic(grid, null, 1),
+                Kelpbox_RunData_harmonic(grid, null, 0), Kelpbox_StdVectorFront_size(fronts, null));
         for (long bank = 0; bank < banks(); ++bank) {
             Results.printf("          bank %d: %s%n", bank + 1, clipping(run, bank));
         }
@@ -146,12 +138,9 @@ final class Tank implements AutoCloseable {
         Kelpbox_Experiment_paddle_motion_stats(experiment, null, run, bank, stats, null);
         boolean clipped =
                 !Kelpbox_StdVectorParam_isEmpty(Kelpbox_Params_param_list(stats, null), null);
-        String text =
-                clipped
-                        ? String.format(
-                                "%.2g of the half waves clip",
-                                Kelpbox_Params_get(stats, null, "clip_peak_ratio", ""))
-                        : "nothing clips";
+        String text = clipped ? String.format("%.2g of the half waves clip",
+                              Kelpbox_Params_get(stats, null, "clip_peak_ratio", ""))
+                              : "nothing clips";
         delete_Kelpbox_Params(stats);
         return text;
     }
@@ -168,10 +157,8 @@ final class Tank implements AutoCloseable {
             long paddles = Kelpbox_Experiment_paddle_bank_size(experiment, null, bank);
             for (long paddle = 0; paddle < paddles; ++paddle) {
                 header.append(String.format(",bank%d_paddle%d_%s", bank + 1, paddle + 1, units));
-                signals.add(
-                        Native.array(
-                                Kelpbox_Experiment_paddle_motion_data(
-                                        experiment, null, run, bank, paddle)));
+                signals.add(Native.array(Kelpbox_Experiment_paddle_motion_data(
+                        experiment, null, run, bank, paddle)));
             }
         }
         try (PrintWriter file = writer(name + "_signals.csv")) {
@@ -190,9 +177,8 @@ final class Tank implements AutoCloseable {
         try (PrintWriter file = writer(name + "_fronts.csv")) {
             file.println("frequency_Hz,amplitude_m,angle_rad,phase_rad");
             for (Front front : Front.of(experiment, run)) {
-                file.printf(
-                        "%.9g,%.9g,%.9g,%.9g%n",
-                        front.frequency(), front.amplitude(), front.angle(), front.phase());
+                file.printf("%.9g,%.9g,%.9g,%.9g%n", front.frequency(), front.amplitude(),
+                        front.angle(), front.phase());
             }
         }
     }

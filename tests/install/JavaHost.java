@@ -2,7 +2,6 @@ import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 /** Usage: {@code java JavaHost <site script>}. Loads the library by its name and names the site. */
 public final class JavaHost {
-
     private JavaHost() {}
 
     public static void main(String[] args) {

@@ -10,7 +10,6 @@ package tidelab.KelpboxNativeLibrary;
  * Unsigned numbers are passed as {@code long}.
  */
 public final class KelpboxNativeLibraryJNI {
-
     private KelpboxNativeLibraryJNI() {}
 
     // StdVectorDouble
@@ -295,16 +294,14 @@ public final class KelpboxNativeLibraryJNI {
             long self, Object proxy, long id, long params, Object paramsProxy);
     public static native void Kelpbox_Experiment_animate_build(
             long self, Object proxy, long id, long params, Object paramsProxy);
-    public static native void Kelpbox_Experiment_animate_build_slice(
-            long self, Object proxy, long id, long params, Object paramsProxy, long first,
-            long last);
+    public static native void Kelpbox_Experiment_animate_build_slice(long self, Object proxy,
+            long id, long params, Object paramsProxy, long first, long last);
     public static native long Kelpbox_Experiment_animate_data(
             long self, Object proxy, long id, long index);
     public static native long Kelpbox_Experiment_animate_size(long self, Object proxy, long id);
     public static native double Kelpbox_Experiment_animate_progress(
             long self, Object proxy, long id);
-    public static native boolean Kelpbox_Experiment_animate_ready(
-            long self, Object proxy, long id);
+    public static native boolean Kelpbox_Experiment_animate_ready(long self, Object proxy, long id);
     public static native void Kelpbox_Experiment_animate_stop(long self, Object proxy, long id);
     public static native void Kelpbox_Experiment_animate_free(long self, Object proxy, long id);
     public static native void Kelpbox_Experiment_twod_build(
@@ -326,17 +323,14 @@ public final class KelpboxNativeLibraryJNI {
             long self, Object proxy, long params, Object paramsProxy);
     public static native long Kelpbox_Analysis_profile(
             long self, Object proxy, long params, Object paramsProxy);
-    public static native long Kelpbox_Analysis_add_series(
-            long self, Object proxy, long params, Object paramsProxy, long samples,
-            Object samplesProxy);
-    public static native long Kelpbox_Analysis_create_set(
-            long self, Object proxy, long params, Object paramsProxy, long series,
-            Object seriesProxy);
+    public static native long Kelpbox_Analysis_add_series(long self, Object proxy, long params,
+            Object paramsProxy, long samples, Object samplesProxy);
+    public static native long Kelpbox_Analysis_create_set(long self, Object proxy, long params,
+            Object paramsProxy, long series, Object seriesProxy);
     public static native long Kelpbox_Analysis_create_process(
             long self, Object proxy, long set, long kind);
-    public static native void Kelpbox_Analysis_get_results(
-            long self, Object proxy, long process, long settings, Object settingsProxy, long out,
-            Object outProxy);
+    public static native void Kelpbox_Analysis_get_results(long self, Object proxy, long process,
+            long settings, Object settingsProxy, long out, Object outProxy);
     public static native long Kelpbox_Analysis_get_data(
             long self, Object proxy, long process, long params, Object paramsProxy);
     public static native void Kelpbox_Analysis_clear(long self, Object proxy);

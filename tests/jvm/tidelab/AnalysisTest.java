@@ -3,7 +3,6 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.AfterEach;
@@ -11,12 +10,10 @@ import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.function.Executable;
-
 import tidelab.waves.component.WaveSynthesisException;
 
 /** The steps of an analysis, and a full circle: a sea is generated, measured and recovered. */
 class AnalysisTest {
-
     /** Unevenly spaced, so that no two pairs of probes have the same distance. */
     private static final double[] PROBES = {8.0, 8.35, 8.9, 9.7, 10.9};
 
@@ -147,9 +144,8 @@ class AnalysisTest {
     @Test
     void eachProcessWantsASetOfTheSiteBeforeIt() {
         long set = set(40, series(sine(0.05, 2, 50, 2000), 50, 8));
-        String already =
-                "Uncaught Exception in Experiment create_process: "
-                        + "Make ready called when already ready";
+        String already = "Uncaught Exception in Experiment create_process: "
+                + "Make ready called when already ready";
         assertEquals(
                 already, failure(() -> Kelpbox_Analysis_create_process(analysis, null, set, 0)));
         assertEquals(2, process(set, 0));
@@ -161,8 +157,7 @@ class AnalysisTest {
     void wrongIdsAreReported() {
         long set = set(40, series(sine(0.05, 2, 50, 2000), 50, 8));
         assertEquals("Uncaught Exception in Experiment create_set", failure(() -> set(40, set)));
-        assertEquals(
-                "Uncaught Exception in Experiment create_set: invalid vector<T> subscript",
+        assertEquals("Uncaught Exception in Experiment create_set: invalid vector<T> subscript",
                 failure(() -> set(40, 99)));
         assertEquals("Uncaught Exception in Experiment get_results", failure(() -> results(99)));
         assertEquals("Uncaught Exception in Experiment get_data", failure(() -> data(set)));
@@ -269,17 +264,9 @@ class AnalysisTest {
         Flume.insert(params, "fp", fp, "Hz");
         Flume.insert(params, "low", 0.3, "Hz");
         Flume.insert(params, "high", 1.5, "Hz");
-        long spectrum =
-                Kelpbox_Experiment_add_spectrum(
-                        experiment,
-                        null,
-                        specification,
-                        "JONSWAP",
-                        "low[Hz] @Hz#"
-                                + jonswap("0.07")
-                                + "#fp[Hz] @Hz#"
-                                + jonswap("0.09")
-                                + "#high[Hz] @Hz");
+        long spectrum = Kelpbox_Experiment_add_spectrum(experiment, null, specification, "JONSWAP",
+                "low[Hz] @Hz#" + jonswap("0.07") + "#fp[Hz] @Hz#" + jonswap("0.09")
+                        + "#high[Hz] @Hz");
         Kelpbox_Experiment_set__SWIG_1(experiment, null, spectrum, params, null);
         Flume.insert(params, "ran_gen", "FullRandom", "RanGen");
         Flume.insert(params, "seed", 7, "");
@@ -309,8 +296,6 @@ class AnalysisTest {
     private static String jonswap(String width) {
         return "0.0624/(0.230+0.0336*3.3-0.185/(1.9+3.3))*Hs[m]^2*fp[Hz]^4/$[Hz]^5"
                 + "*exp(-1.25*(fp[Hz]/$[Hz])^4)"
-                + "*3.3^exp(-square($[Hz]/fp[Hz]-1)/(2*square("
-                + width
-                + "))) @m2s";
+                + "*3.3^exp(-square($[Hz]/fp[Hz]-1)/(2*square(" + width + "))) @m2s";
     }
 }

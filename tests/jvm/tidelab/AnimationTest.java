@@ -5,20 +5,16 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
+import java.util.concurrent.atomic.AtomicReference;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.function.Executable;
-
 import tidelab.waves.component.WaveSynthesisException;
-
-import java.util.concurrent.atomic.AtomicReference;
 
 /** Animation of the flume: built whole or in slices, watched and stopped by a second thread. */
 class AnimationTest extends FlumeTest {
-
     private static final int COLUMNS = 21;
     private static final int ROWS = 5;
     private static final int FRAMES = 200;
@@ -161,21 +157,19 @@ class AnimationTest extends FlumeTest {
         for (int round = 0; round < 50; ++round) {
             Kelpbox_Experiment_animate_free(experiment, null, definition);
             AtomicReference<String> problem = new AtomicReference<>();
-            Thread watcher =
-                    new Thread(
-                            () -> {
-                                double last = 0;
-                                while (!ready()) {
-                                    double now = progress();
-                                    if (now < last || now > 1) {
-                                        problem.set(last + " then " + now);
-                                    }
-                                    last = now;
-                                }
-                                if (progress() != 1) {
-                                    problem.set("ready with " + progress());
-                                }
-                            });
+            Thread watcher = new Thread(() -> {
+                double last = 0;
+                while (!ready()) {
+                    double now = progress();
+                    if (now < last || now > 1) {
+                        problem.set(last + " then " + now);
+                    }
+                    last = now;
+                }
+                if (progress() != 1) {
+                    problem.set("ready with " + progress());
+                }
+            });
             watcher.start();
             build();
             watcher.join();

@@ -3,19 +3,16 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 
-import org.junit.jupiter.api.Test;
-
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
-
 import java.io.BufferedReader;
 import java.io.InputStreamReader;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
 import java.util.TreeSet;
+import org.junit.jupiter.api.Test;
+import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /** The native declarations and the symbols of the library are the same set. */
 class DeclarationsTest {
-
     private static final String PREFIX =
             "Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_";
 
@@ -36,8 +33,8 @@ class DeclarationsTest {
                         .start();
         TreeSet<String> names = new TreeSet<>();
         try (BufferedReader reader =
-                new BufferedReader(new InputStreamReader(nm.getInputStream()))) {
-            for (String line; (line = reader.readLine()) != null; ) {
+                        new BufferedReader(new InputStreamReader(nm.getInputStream()))) {
+            for (String line; (line = reader.readLine()) != null;) {
                 String[] fields = line.trim().split("\\s+");
                 if (!fields[fields.length - 2].equals("A")) { // the name of the symbol version
                     names.add(fields[fields.length - 1].replaceAll("@.*", ""));

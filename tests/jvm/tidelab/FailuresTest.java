@@ -2,18 +2,15 @@ package tidelab;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.function.Executable;
-
 import tidelab.waves.component.WaveSynthesisException;
 
 /** Each kind of failure arrives as the right class with the exact message. */
 class FailuresTest {
-
     @BeforeAll
     static void load() {
         Flume.load();
@@ -32,17 +29,11 @@ class FailuresTest {
     @Test
     void aNullStringIsRefusedBeforeTheOperation() {
         long experiment = new_Kelpbox_Experiment__SWIG_0();
-        fails(
-                NullPointerException.class,
-                "null std::string",
+        fails(NullPointerException.class, "null std::string",
                 () -> Kelpbox_Experiment_initialise(experiment, null, null));
-        fails(
-                NullPointerException.class,
-                "null std::string",
+        fails(NullPointerException.class, "null std::string",
                 () -> new_Kelpbox_Experiment__SWIG_1(null));
-        fails(
-                NullPointerException.class,
-                "null std::string",
+        fails(NullPointerException.class, "null std::string",
                 () -> Kelpbox_Param_convert("m", null));
         delete_Kelpbox_Experiment(experiment);
     }
@@ -50,25 +41,16 @@ class FailuresTest {
     @Test
     void aNullReferenceIsRefusedWithItsType() {
         long experiment = new_Kelpbox_Experiment__SWIG_0();
-        fails(
-                NullPointerException.class,
-                "Base::Params & reference is null",
+        fails(NullPointerException.class, "Base::Params & reference is null",
                 () -> Kelpbox_Experiment_query(experiment, null, 0, null));
-        fails(
-                NullPointerException.class,
-                "Synthesis::DispFronts const & reference is null",
+        fails(NullPointerException.class, "Synthesis::DispFronts const & reference is null",
                 () -> Kelpbox_Experiment_add_fronts(experiment, null, 0, 0, null));
-        fails(
-                NullPointerException.class,
-                "Base::Vector & reference is null",
+        fails(NullPointerException.class, "Base::Vector & reference is null",
                 () -> Kelpbox_Experiment_add_timeseries(experiment, null, 0, 0, null));
-        fails(
-                NullPointerException.class,
-                "std::vector< double > const & reference is null",
+        fails(NullPointerException.class, "std::vector< double > const & reference is null",
                 () -> new_Kelpbox_Vector("label", "m", 0, null));
         long fronts = new_Kelpbox_StdVectorFront__SWIG_0();
-        fails(
-                NullPointerException.class,
+        fails(NullPointerException.class,
                 "std::vector< Synthesis::Front >::value_type const & reference is null",
                 () -> Kelpbox_StdVectorFront_add(fronts, null, 0, null));
         delete_Kelpbox_StdVectorFront(fronts);
@@ -77,9 +59,7 @@ class FailuresTest {
 
     @Test
     void aNullStringHidesALaterNullReference() {
-        fails(
-                NullPointerException.class,
-                "null std::string",
+        fails(NullPointerException.class, "null std::string",
                 () -> new_Kelpbox_Vector("label", null, 0, null));
     }
 
@@ -87,13 +67,9 @@ class FailuresTest {
     void anIndexOutsideAVectorIsAnIndexOutOfBoundsException() {
         long vector = new_Kelpbox_StdVectorDouble__SWIG_1(3);
         for (int index : new int[] {-1, 3, Integer.MIN_VALUE, Integer.MAX_VALUE}) {
-            fails(
-                    IndexOutOfBoundsException.class,
-                    "vector index out of range",
+            fails(IndexOutOfBoundsException.class, "vector index out of range",
                     () -> Kelpbox_StdVectorDouble_get(vector, null, index));
-            fails(
-                    IndexOutOfBoundsException.class,
-                    "vector index out of range",
+            fails(IndexOutOfBoundsException.class, "vector index out of range",
                     () -> Kelpbox_StdVectorDouble_set(vector, null, index, 1.0));
         }
         delete_Kelpbox_StdVectorDouble(vector);
@@ -103,14 +79,11 @@ class FailuresTest {
     void beforeInitialiseOperationsGiveTheirFixedMessages() {
         long experiment = new_Kelpbox_Experiment__SWIG_1("empty");
         long params = new_Kelpbox_Params();
-        fails(
-                "Uncaught Exception in Experiment Query",
+        fails("Uncaught Exception in Experiment Query",
                 () -> Kelpbox_Experiment_query(experiment, null, params, null));
-        fails(
-                "Uncaught Exception in Experiment set",
+        fails("Uncaught Exception in Experiment set",
                 () -> Kelpbox_Experiment_set(experiment, null, params, null));
-        fails(
-                "Uncaught Exception in Experiment get consts",
+        fails("Uncaught Exception in Experiment get consts",
                 () -> Kelpbox_Experiment_get_consts(experiment, null, params, null));
         fails("ID out of range", () -> Kelpbox_Experiment_run_build(experiment, null, 0));
         delete_Kelpbox_Params(params);
@@ -120,8 +93,7 @@ class FailuresTest {
     @Test
     void aMissingScriptIsNamed() {
         long experiment = new_Kelpbox_Experiment__SWIG_0();
-        fails(
-                "File \"/nowhere/no.site\" does not exist",
+        fails("File \"/nowhere/no.site\" does not exist",
                 () -> Kelpbox_Experiment_initialise(experiment, null, "/nowhere/no.site"));
         delete_Kelpbox_Experiment(experiment);
     }
@@ -130,8 +102,7 @@ class FailuresTest {
     void anUnsetKeyFailsTheLoad() {
         String file = Flume.file(Flume.SCRIPT.replace("base_rho = 1000;", ""));
         long experiment = new_Kelpbox_Experiment__SWIG_0();
-        fails(
-                file + "::Failed to verify",
+        fails(file + "::Failed to verify",
                 () -> Kelpbox_Experiment_initialise(experiment, null, file));
         delete_Kelpbox_Experiment(experiment);
     }
@@ -140,8 +111,7 @@ class FailuresTest {
     void aSyntaxErrorGivesTheFixedMessage() {
         String file = Flume.file("context { site_name = ; }");
         long experiment = new_Kelpbox_Experiment__SWIG_0();
-        fails(
-                "Uncaught Exception in Experiment Initialise",
+        fails("Uncaught Exception in Experiment Initialise",
                 () -> Kelpbox_Experiment_initialise(experiment, null, file));
         delete_Kelpbox_Experiment(experiment);
     }
@@ -157,8 +127,7 @@ class FailuresTest {
     @Test
     void aSecondInitialiseGivesTheFixedMessage() {
         long experiment = Flume.experiment();
-        fails(
-                "Uncaught Exception in Experiment Initialise",
+        fails("Uncaught Exception in Experiment Initialise",
                 () -> Kelpbox_Experiment_initialise(experiment, null, Flume.file(Flume.SCRIPT)));
         assertEquals("Flume piston", Kelpbox_Experiment_context_name(experiment, null));
         delete_Kelpbox_Experiment(experiment);
@@ -172,8 +141,7 @@ class FailuresTest {
         fails("depth::Not found", () -> Kelpbox_Params_get(params, null, "depth", "m"));
         Flume.insert(params, "depth", 1, "m");
         fails("\"depth\"::Duplicate parameter:", () -> Flume.insert(params, "depth", 1, "m"));
-        fails(
-                "Enum type::Window::Bartlett::Not found",
+        fails("Enum type::Window::Bartlett::Not found",
                 () -> Flume.insert(params, "window", "Bartlett", "Window"));
         delete_Kelpbox_Params(params);
     }
@@ -182,11 +150,9 @@ class FailuresTest {
     void banksAndPaddlesOutOfRangeAreReported() {
         long experiment = Flume.experiment();
         long params = new_Kelpbox_Params();
-        fails(
-                "Paddle bank out of range",
+        fails("Paddle bank out of range",
                 () -> Kelpbox_Experiment_paddle_bank_info(experiment, null, 1, params, null));
-        fails(
-                "Paddle number out of range",
+        fails("Paddle number out of range",
                 () -> Kelpbox_Experiment_paddle_info(experiment, null, 0, 1, params, null));
         delete_Kelpbox_Params(params);
         delete_Kelpbox_Experiment(experiment);

@@ -3,61 +3,32 @@ package tidelab;
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import java.io.IOException;
+import java.io.InputStream;
 import java.io.UncheckedIOException;
+import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 
-/** A flume of 1 m depth with one full-depth piston at its end, and short forms of common calls. */
+/** The flume of flume.site, and short forms of common calls. */
 final class Flume {
-
     static final double TWO_PI = 2.0 * Math.PI;
     static final double DEPTH = 1.0;
     static final double GRAVITY = 9.81;
 
-    static final String SCRIPT = """
-        context {
-            site_name = "Test";
-            tank_name = "Flume";
-            config_name = "piston";
-            tank {
-                geometry = TwoDimensional;
-                units = m;
-                max_y = 0.5;
-                min_y = -0.5;
-                section[2..1] { offset = Absolute; x = 20; }
-                section[1] { x = 0; depth = "1.0"; }
-                param[1..1] {
-                    name = "beach";
-                    value = 0.25; max = 1; min = 0; error = 0.01;
-                    units = "m";
-                }
-            }
-            limits {
-                frequency { units = "Hz"; maximum = 2; minimum = 0.1; }
-                angle { units = "deg"; maximum = 360; minimum = 0; }
-            }
-            wavemaker_bank[1..1] {
-                name = "west";
-                pad_pos[1..1] { x = 0; y = 0; angle = 0; }
-                piston {
-                    paddle_width = 1;
-                    critical_dimension = 0;
-                    dimension_type = ToBottom;
-                    paddle_motion { clip_limit = 0.3; maximum = 0.4; minimum = -0.4; units = "m"; }
-                    constant[1..1] { name = "gain"; units = "V"; value = 2.5; }
-                }
-            }
-            rate_units = Hz;
-            base_rate = 100;
-            base_g = 9.81;
-            base_rho = 1000;
-        }
-        """;
+    static final String SCRIPT = resource("flume.site");
 
     private Flume() {}
 
     static void load() {
         System.load(System.getProperty("kelpbox.so"));
+    }
+
+    private static String resource(String name) {
+        try (InputStream in = Flume.class.getResourceAsStream(name)) {
+            return new String(in.readAllBytes(), StandardCharsets.UTF_8);
+        } catch (IOException e) {
+            throw new UncheckedIOException(e);
+        }
     }
 
     /** A file with this content, deleted when the JVM ends. */

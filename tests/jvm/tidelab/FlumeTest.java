@@ -2,19 +2,16 @@ package tidelab;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.function.Executable;
-
 import tidelab.waves.component.WaveSynthesisException;
 
 /** A test with an experiment in the flume and an empty set of parameters. */
 abstract class FlumeTest {
-
     protected long experiment;
     protected long params;
 

@@ -4,7 +4,6 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.BeforeEach;
@@ -12,7 +11,6 @@ import org.junit.jupiter.api.Test;
 
 /** The effect of each of the seven modifiers. */
 class ModifiersTest extends FlumeTest {
-
     private long definition;
     private long specification;
 
@@ -50,12 +48,8 @@ class ModifiersTest extends FlumeTest {
         double[][] result = new double[(int) Kelpbox_StdVectorFront_size(fronts, null)][];
         for (int i = 0; i < result.length; ++i) {
             long front = Kelpbox_StdVectorFront_get(fronts, null, i);
-            result[i] =
-                    new double[] {
-                        Kelpbox_Front_get_amp(front, null),
-                        Kelpbox_Front_get_angle(front, null),
-                        Kelpbox_Front_get_phase(front, null)
-                    };
+            result[i] = new double[] {Kelpbox_Front_get_amp(front, null),
+                    Kelpbox_Front_get_angle(front, null), Kelpbox_Front_get_phase(front, null)};
         }
         return result;
     }
@@ -156,19 +150,16 @@ class ModifiersTest extends FlumeTest {
     @Test
     void modifiersThatDoNotFitAreRefused() {
         add("PhaseRandom", "");
-        fails(
-                "add_modifier::Trying to overide an existing modifier",
+        fails("add_modifier::Trying to overide an existing modifier",
                 () -> add("PhaseChange", "1@rad"));
-        fails(
-                "add_modifier::AngleChangModifier::Trying to add to invalid type",
-                () ->
-                        Kelpbox_Experiment_add_modifier(
+        fails("add_modifier::AngleChangModifier::Trying to add to invalid type",
+                ()
+                        -> Kelpbox_Experiment_add_modifier(
                                 experiment, null, definition, "AngleChange", "1@rad"));
         fails("Even number of functions in modifier expression", () -> add("GainAdjust", "1#1@Hz"));
         fails("Incorrect output units in expression 0 m, 17", () -> add("AngleChange", "1@m"));
         set(add("GainAdjust", ""));
-        fails(
-                "Gain::evaluate::there is no expression",
+        fails("Gain::evaluate::there is no expression",
                 () -> Kelpbox_Experiment_run_build(experiment, null, definition));
     }
 }

@@ -1,7 +1,6 @@
 package tidelab;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.BeforeEach;
@@ -9,7 +8,6 @@ import org.junit.jupiter.api.Test;
 
 /** The wave at a point of the flume. */
 class PointTest extends FlumeTest {
-
     private static final int TIME = 0;
     private static final int SPECTRUM = 1;
     private static final int VARIANCE = 2;
@@ -118,8 +116,7 @@ class PointTest extends FlumeTest {
     @Test
     void unknownDataAndPointsOutsideTheTankAreRefused() {
         for (int which : new int[] {4, -1, Integer.MAX_VALUE, Integer.MIN_VALUE}) {
-            fails(
-                    "Unsupported enum to experiment::twod_data",
+            fails("Unsupported enum to experiment::twod_data",
                     () -> Kelpbox_Experiment_twod_data(experiment, null, definition, which));
         }
         fails("ID out of range", () -> Kelpbox_Experiment_twod_data(experiment, null, 99, 4));

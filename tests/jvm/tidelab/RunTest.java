@@ -3,17 +3,14 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-
 import tidelab.waves.component.WaveSynthesisException;
 
 /** The steps of a run, from the site to the drive signal. */
 class RunTest extends FlumeTest {
-
     private long definition;
     private long specification;
 
@@ -140,18 +137,15 @@ class RunTest extends FlumeTest {
         assertEquals(0.02, Kelpbox_Front_get_amp(first, null), 1e-15);
         assertEquals(fronts, Kelpbox_Experiment_fronts__SWIG_1(experiment, null, definition, true));
         long transfer = Kelpbox_Experiment_fronts__SWIG_0(experiment, null, definition, 0);
-        assertEquals(
-                5,
+        assertEquals(5,
                 Kelpbox_TransferFront_get_harmonic(
                         Kelpbox_StdVectorTransferFront_get(transfer, null, 0), null));
 
         long messages = Kelpbox_Experiment_messages(experiment, null, definition);
         assertEquals(2, Kelpbox_StdVectorString_size(messages, null));
-        assertEquals(
-                "Single frequency 0.55Hz altered to 0.6Hz to fit repeat time",
+        assertEquals("Single frequency 0.55Hz altered to 0.6Hz to fit repeat time",
                 Kelpbox_StdVectorString_get(messages, null, 0));
-        assertEquals(
-                "Discarding single frequency 5 as it is out of range",
+        assertEquals("Discarding single frequency 5 as it is out of range",
                 Kelpbox_StdVectorString_get(messages, null, 1));
         delete_Kelpbox_StdVectorString(messages);
     }
@@ -171,30 +165,24 @@ class RunTest extends FlumeTest {
         assertTrue(peak > 0.3, "peak " + peak);
         Kelpbox_Experiment_paddle_motion_stats(experiment, null, definition, 0, params, null);
         assertEquals(1.0, Kelpbox_Params_get(params, null, "clip_peak_ratio", ""));
-        assertEquals(
-                1 - Math.pow(0.3 / peak, 2),
-                Kelpbox_Params_get(params, null, "clip_power_ratio", ""),
-                1e-6);
+        assertEquals(1 - Math.pow(0.3 / peak, 2),
+                Kelpbox_Params_get(params, null, "clip_power_ratio", ""), 1e-6);
     }
 
     @Test
     void nothingIsDeliveredBeforeItIsBuilt() {
-        assertEquals(
-                "Bank out of range or paddle_motion not built",
-                assertThrows(
-                                WaveSynthesisException.class,
-                                () ->
-                                        Kelpbox_Experiment_paddle_motion_data(
-                                                experiment, null, definition, 0, 0))
+        assertEquals("Bank out of range or paddle_motion not built",
+                assertThrows(WaveSynthesisException.class,
+                        ()
+                                -> Kelpbox_Experiment_paddle_motion_data(
+                                        experiment, null, definition, 0, 0))
                         .getMessage());
         long single = Kelpbox_Experiment_add_single(experiment, null, specification);
         assertEquals(3, single - definition + 1);
         Flume.setDefinition(experiment, definition, 10);
-        assertEquals(
-                "Single::evaluate::when not ready",
-                assertThrows(
-                                WaveSynthesisException.class,
-                                () -> Kelpbox_Experiment_run_build(experiment, null, definition))
+        assertEquals("Single::evaluate::when not ready",
+                assertThrows(WaveSynthesisException.class,
+                        () -> Kelpbox_Experiment_run_build(experiment, null, definition))
                         .getMessage());
     }
 }

@@ -1,14 +1,12 @@
 package tidelab;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 
 import org.junit.jupiter.api.Test;
 
 /** IDs, the tree of items, and the messages about items that do not fit into it. */
 class TreeTest extends FlumeTest {
-
     @Test
     void idsStartAtZeroAndAreNotReused() {
         assertEquals(0, Kelpbox_Experiment_add_definition(experiment, null, "run"));
@@ -24,11 +22,9 @@ class TreeTest extends FlumeTest {
     void itemsUnderTheWrongParentAreRefused() {
         Kelpbox_Experiment_add_definition(experiment, null, "run");
         Kelpbox_Experiment_add_specification(experiment, null, 0);
-        fails(
-                "Single::Trying to add to invalid type",
+        fails("Single::Trying to add to invalid type",
                 () -> Kelpbox_Experiment_add_single(experiment, null, 0));
-        fails(
-                "Adding an Specification to invalid type",
+        fails("Adding an Specification to invalid type",
                 () -> Kelpbox_Experiment_add_specification(experiment, null, 1));
         fails("ID out of range", () -> Kelpbox_Experiment_add_single(experiment, null, 2));
         fails("ID out of range", () -> Kelpbox_Experiment_fronts__SWIG_2(experiment, null, 9));
@@ -43,8 +39,7 @@ class TreeTest extends FlumeTest {
         Kelpbox_Experiment_remove(experiment, null, 0);
         for (int id = 0; id < 3; ++id) {
             final int item = id;
-            fails(
-                    "Trying to query an inactive type",
+            fails("Trying to query an inactive type",
                     () -> Kelpbox_Experiment_query__SWIG_1(experiment, null, item, params, null));
         }
         fails("removing item of type NULL", () -> Kelpbox_Experiment_remove(experiment, null, 0));
@@ -54,11 +49,9 @@ class TreeTest extends FlumeTest {
     void onlyADefinitionCanBeRun() {
         Kelpbox_Experiment_add_definition(experiment, null, "run");
         Kelpbox_Experiment_add_specification(experiment, null, 0);
-        fails(
-                "Trying to access Definition",
+        fails("Trying to access Definition",
                 () -> Kelpbox_Experiment_run_build(experiment, null, 1));
-        fails(
-                "Evaluate before setting state",
+        fails("Evaluate before setting state",
                 () -> Kelpbox_Experiment_run_build(experiment, null, 0));
     }
 
@@ -67,15 +60,12 @@ class TreeTest extends FlumeTest {
         Kelpbox_Experiment_add_definition(experiment, null, "run");
         Kelpbox_Experiment_add_specification(experiment, null, 0);
         for (String name : new String[] {"AngleSet", "PhaseSet"}) {
-            fails(
-                    "Unexpected wave modifier in add_modifier",
+            fails("Unexpected wave modifier in add_modifier",
                     () -> Kelpbox_Experiment_add_modifier(experiment, null, 1, name, ""));
         }
-        fails(
-                "Enum type::WaveMod::Swirl::Not found",
+        fails("Enum type::WaveMod::Swirl::Not found",
                 () -> Kelpbox_Experiment_add_modifier(experiment, null, 99, "Swirl", ""));
-        fails(
-                "ID out of range",
+        fails("ID out of range",
                 () -> Kelpbox_Experiment_add_modifier(experiment, null, 99, "AngleSet", ""));
     }
 
@@ -86,8 +76,7 @@ class TreeTest extends FlumeTest {
         assertEquals(2, Kelpbox_StdVectorParam_size(list, null));
         assertEquals("Hs", Kelpbox_Param_name(Kelpbox_StdVectorParam_get(list, null, 0), null));
         assertEquals("fmax", Kelpbox_Param_name(Kelpbox_StdVectorParam_get(list, null, 1), null));
-        fails(
-                "Error while parsing expression ::2 3",
+        fails("Error while parsing expression ::2 3",
                 () -> Kelpbox_Experiment_get_params("2 3", params, null));
     }
 }

@@ -3,18 +3,15 @@ package tidelab;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-
 import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
-
-import org.junit.jupiter.api.BeforeAll;
-import org.junit.jupiter.api.Test;
 
 import java.util.ArrayList;
 import java.util.List;
+import org.junit.jupiter.api.BeforeAll;
+import org.junit.jupiter.api.Test;
 
 /** Parameters, vectors and records keep their values and can be deleted. */
 class ValuesTest {
-
     @BeforeAll
     static void load() {
         Flume.load();

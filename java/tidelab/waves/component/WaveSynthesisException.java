@@ -2,7 +2,6 @@ package tidelab.waves.component;
 
 /** A failure of the wave library. The message is the library's own. */
 public class WaveSynthesisException extends RuntimeException {
-
     private static final long serialVersionUID = 1L;
 
     public WaveSynthesisException(String message) {
