@@ -8,7 +8,9 @@
 
 #include "facade/experiment.h"
 #include "flume.h"
+#include "support/output.h"
 #include "support/test_site.h"
+#include "support/thrown.h"
 
 using Kelpbox::ProcessKind;
 using Testing::thrown;
@@ -59,12 +61,9 @@ struct OpenAnalysis : Kelpbox::Analysis {
 
   template <typename Operation>
   std::uint32_t quietly(Operation operation) {
-    struct Capture {
-      explicit Capture(std::string& text) : out(text) { testing::internal::CaptureStdout(); }
-      ~Capture() { out = testing::internal::GetCapturedStdout(); }
-      std::string& out;
-    } capture(progress);
-    return operation();
+    std::uint32_t id = 0;
+    progress = Testing::printed([&] { id = operation(); });
+    return id;
   }
 
   Kelpbox::SiteFacade& site;

@@ -8,6 +8,8 @@
 #include "flume.h"
 #include "support/test_run.h"
 #include "support/test_site.h"
+#include "support/thrown.h"
+#include "support/wave_number.h"
 
 using Testing::thrown;
 
@@ -40,7 +42,6 @@ TEST_F(ExperimentTest, RefusesBanksAndPaddlesThatDoNotExist) {
 
 TEST_F(ExperimentTest, RefusesASecondInitialise) {
   EXPECT_EQ(thrown([&] { open_flume(experiment); }), "Uncaught Exception in Experiment Initialise");
-  testing::internal::GetCapturedStdout();
   EXPECT_EQ(experiment.context_name(), "Flume 1 beach 1:10");
 }
 
@@ -98,13 +99,15 @@ TEST_F(ExperimentTest, DrivesThePistonAsWavemakerTheoryDemands) {
   experiment.paddle_motion_build(run, params);
 
   const double omega = 2.0 * std::numbers::pi * frequency;
-  const double k = Testing::wave_number(omega, flume_depth);
+  const double k = Testing::exact_wave_number(omega, flume_depth);
   const double stroke = amplitude / Testing::theory_ratio(k, flume_depth, flume_depth, false);
   const std::vector<double>& signal = experiment.paddle_motion_data(run, 0, 0);
+  // The library's explicit wave number is a few parts in 1e5 off.
+  const double tolerance = 1e-4 * stroke;
   ASSERT_EQ(signal.size(), 500u);
   for (std::size_t j = 0; j < signal.size(); ++j) {
     const double t = static_cast<double>(j) / rate;
-    EXPECT_NEAR(signal[j], stroke * std::sin(omega * t + phase), 1e-9);
+    EXPECT_NEAR(signal[j], stroke * std::sin(omega * t + phase), tolerance);
   }
 }
 

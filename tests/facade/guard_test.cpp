@@ -10,6 +10,7 @@
 #include "facade/experiment.h"
 #include "flume.h"
 #include "support/test_site.h"
+#include "support/thrown.h"
 
 using namespace Kelpbox;
 using Testing::thrown;
@@ -72,7 +73,7 @@ TEST(Guard, EachOperationOnTheSiteHasItsFixedMessageBeforeInitialise) {
 TEST(Guard, UnguardedOperationsThrowTheCharacterPointerBeforeInitialise) {
   Experiment empty;
   Base::Params params;
-  const std::string message = "a plain text: Object not built";
+  const std::string message = "plain: Object not built";
   EXPECT_EQ(thrown([&] { empty.context_name(); }), message);
   EXPECT_EQ(thrown([&] { empty.context_string(); }), message);
   EXPECT_EQ(thrown([&] { empty.paddle_banks(); }), message);
