@@ -92,8 +92,7 @@ class Throwing : public Synthesis::Component {
  protected:
   void on_query(Base::Params&) override {}
   void on_set(Base::Params&, Base::Params&) override {}
-  void on_evaluate(const Base::Params&, Maths::FrontSet&, const Maths::RunData&,
-                   Synthesis::Messages&) override {
+  void on_evaluate(const Base::Params&, Maths::FrontSet&, const Synthesis::RunContext&) override {
     operation_();
   }
 
