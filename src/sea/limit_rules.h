@@ -13,8 +13,9 @@ namespace Synthesis {
 
 using Limits = std::vector<double>;
 
-// A modifier's expression of frequency. Limits may be equal. Function i holds above limit i - 1, up
-// to limit i and on it; the last function holds above the last limit. A NaN limit is passed over.
+// A modifier's expression of frequency. Limits may be equal. Function i holds above limit i - 1 and
+// up to limit i, including limit i itself. The last function holds above the last limit. A NaN
+// limit is skipped.
 bool frequencies_in_order(const Limits& limits);
 std::size_t function_at_frequency(const Limits& limits, double frequency);
 
@@ -25,9 +26,9 @@ std::size_t function_at_frequency(const Limits& limits, double frequency);
 bool angles_in_order(const Limits& limits);
 std::size_t function_at_angle(const Limits& limits, double angle);
 
-// A component's expression. Limits rise, so none is NaN. Function i holds between limit i and limit
-// i + 1. The two walks below visit it in rising order and pass one limit at most for each visit:
-// hosts rely on a second limit waiting for the next one.
+// A component's expression. Limits must rise, which excludes NaN. Function i holds between limit i
+// and limit i + 1. The two walks below go along the expression in rising order, and pass one limit
+// at most per step. A second limit waits for the next step: hosts rely on that.
 bool limits_rise(const Limits& limits);
 
 // The walk over the bands of a spectrum.
@@ -52,10 +53,10 @@ class TimeWalk {
  public:
   explicit TimeWalk(const Limits& limits) : limits_(limits) {}
 
-  // How many limits have been passed at a time from the first limit on: n limits lead to function n
-  // - 1. A sample on a later limit still belongs to the function before it. The result is 0 when
-  // the first limit is NaN, and the number of limits when the time is beyond the last one; the walk
-  // then ends.
+  // How many limits the walk has passed at a time that is not before the first limit. After n
+  // limits function n - 1 holds. A sample exactly at a later limit belongs to the function before
+  // it. A NaN first limit is never passed. After the last limit no function holds, and the walk
+  // must end.
   std::size_t limits_passed(double time);
 
  private:

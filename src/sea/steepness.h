@@ -11,7 +11,8 @@ namespace Synthesis {
 // The largest differences between samples, without their signs.
 class Steepness {
  public:
-  // Takes sample i of a signal. Samples that are left out count as the one before them.
+  // Takes sample i of a signal. Differences are from the last sample that was taken, or from 0 when
+  // there was none before a sample other than 0.
   void add(std::size_t i, double x);
 
   double first() const { return first_; }    // from one sample to the next
