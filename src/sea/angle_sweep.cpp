@@ -7,6 +7,7 @@
 
 #include "base/compose.h"
 #include "base/constants.h"
+#include "base/memory.h"
 #include "maths/angle.h"
 #include "maths/rounding.h"
 
@@ -34,12 +35,11 @@ constexpr double negligible_weight = 1e-6;
 constexpr std::size_t most_fronts = std::size_t{1} << 24;
 constexpr std::int32_t most_steps = std::int32_t{1} << 26;
 
-// How many directions a fan can have when every harmonic in use gets one.
-std::size_t most_directions(const Maths::FrontSet& fronts) {
-  const auto used = static_cast<std::size_t>(
+// Each harmonic in use gets a fan.
+std::size_t count_used(const Maths::FrontSet& fronts) {
+  return static_cast<std::size_t>(
       std::count_if(fronts.slots.begin(), fronts.slots.end(),
                     [](const std::vector<Maths::HarmonicFront>& slot) { return !slot.empty(); }));
-  return most_fronts / std::max<std::size_t>(used, 1);
 }
 
 // Stops once there is one direction more than `most`.
@@ -83,10 +83,13 @@ void AngleSweepModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet
                         " rad gives no usable fan of directions");
   };
   if (n > most_steps) refuse();
-  const std::size_t most = most_directions(fronts);
+  const std::size_t used = count_used(fronts);
+  const std::size_t most = most_fronts / std::max<std::size_t>(used, 1);
   const Fan fan = make_fan(*this, lo, span / n, n, most);
   // Without a step there is no direction to weight.
   if (n == 0 || fan.directions.size() > most) refuse();
+  Base::require_memory(used * fan.directions.size() * sizeof(Maths::HarmonicFront),
+                       "Front set::more fronts");
   for (std::vector<Maths::HarmonicFront>& slot : fronts.slots) {
     if (slot.empty()) continue;
     const Maths::HarmonicFront first = slot.front();

@@ -155,7 +155,8 @@ TEST(PaddleReports, ARateWithoutAUsableNumberOfSamplesIsRefused) {
            {1e300, "1e+300"},
            {1.35e7, "1.35e+07"},
            {std::numeric_limits<double>::infinity(), "inf"}}) {
-    EXPECT_EQ(thrown([&] { run.definition.paddle_motion_build(rate_params(rate)); }),
+    const Base::Params params = rate_params(rate);
+    EXPECT_EQ(thrown([&] { run.definition.paddle_motion_build(params); }),
               "rate::" + text + " Hz gives no usable number of samples in a repeat time of 10 s");
   }
 }
