@@ -61,47 +61,24 @@ void TankRun::build_ladder(std::uint64_t harmonic, double x) {
   if (std::isnan(x)) throw_outside(x);
   const double w = omega(harmonic);
   push_rung(0.0, knum(w, tank_.paddle_depth, tank_.g));
-  double end_depth = tank_.paddle_depth;
-  if (x > 0) end_depth = walk_forward(w, x);
-  if (x < 0) end_depth = walk_backward(w, x);
-  ladder_end_depth_ = end_depth;
+  ladder_end_depth_ = x == 0 ? tank_.paddle_depth : walk(w, x);
   push_rung(0.0, knum(w, ladder_end_depth_, tank_.g));
 }
 
-double TankRun::walk_forward(double w, double x) {
+double TankRun::walk(double w, double x) {
   const std::vector<ProfilePoint>& profile = tank_.profile;
+  const bool forward = x > 0;
   double x_prev = 0.0;
   double d_prev = tank_.paddle_depth;
-  for (std::size_t i = std::size_t{tank_.paddle_index} + 1; i < profile.size(); ++i) {
+  // Backward, the walk starts at the paddle's own point and ends when the index passes 0 and wraps.
+  std::size_t i = std::size_t{tank_.paddle_index} + (forward ? 1 : 0);
+  for (; i < profile.size(); forward ? ++i : --i) {
     double x_i = profile[i].x;
     double d_i = profile[i].depth;
     const double dx = x_i - x_prev;
-    if (dx > 1e-6) {
-      if (x <= x_i) {
+    if ((forward ? dx : -dx) > 1e-6) {
+      if (forward ? x <= x_i : x_i <= x) {
         const double t = (x_i - x) / dx;
-        d_i = (1 - t) * d_i + t * d_prev;
-        x_i = x;
-      }
-      push_rung(x_i - x_prev, knum(w, (d_prev + d_i) * 0.5, tank_.g));
-    }
-    x_prev = x_i;
-    d_prev = d_i;
-    if (x_i == x) return d_i;
-  }
-  throw_outside(x);
-}
-
-double TankRun::walk_backward(double w, double x) {
-  const std::vector<ProfilePoint>& profile = tank_.profile;
-  if (tank_.paddle_index >= profile.size()) throw_outside(x);
-  double x_prev = 0.0;
-  double d_prev = tank_.paddle_depth;
-  for (std::size_t left = std::size_t{tank_.paddle_index} + 1; left > 0; --left) {
-    double x_i = profile[left - 1].x;
-    double d_i = profile[left - 1].depth;
-    if (x_prev - x_i > 1e-6) {
-      if (x_i <= x) {
-        const double t = (x_i - x) / (x_i - x_prev);
         d_i = (1 - t) * d_i + t * d_prev;
         x_i = x;
       }

@@ -59,9 +59,8 @@ class TankRun {
  private:
   // Builds the ladder unless it is the present one.
   void ensure_ladder(std::uint64_t harmonic, double x);
-  // Both push the rungs from the paddle line to x, and return the depth there.
-  double walk_forward(double w, double x);
-  double walk_backward(double w, double x);
+  // Pushes the rungs from the paddle line to x, and returns the depth there.
+  double walk(double w, double x);
   void push_rung(double dx, double k);
 
   TankConfig tank_;
