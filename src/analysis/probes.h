@@ -27,8 +27,8 @@ ProbeRow locate_probes(const std::vector<Base::DataSet>& sets, double direction)
 
 void sort_by_position(std::vector<ProbeRecord>& records);
 
-// Counts the first probe, and each that is more than a tenth of a radian of phase beyond the last
-// one counted. Needs at least one record, sorted by position. k in rad/m.
+// Counts the first probe, and each probe that is more than a tenth of a radian of phase after the
+// last counted one. Needs at least one record, sorted by position. k in rad/m.
 std::uint32_t independent_probes(const std::vector<ProbeRecord>& records, double k);
 
 }  // namespace Analysis

@@ -32,8 +32,8 @@ class Animate {
   // Prepares a build in slices, with frames for the whole repeat time. Frames that exist already
   // are kept, whatever the grid. The build is active until `stop`.
   void init(const Maths::FrontSet& fronts, const Maths::RunData& run, Base::Params& params);
-  // Builds the columns from `from` up to `to` - 1, up to the end of the grid. Throws "animate
-  // not initialised".
+  // Builds the columns from `from` to `to` - 1, at most to the end of the grid. Throws "animate not
+  // initialised".
   void build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
                    const Maths::RunData& run, std::uint32_t from, std::uint32_t to);
 

@@ -91,7 +91,8 @@ void AnimationColumns::carry_fronts(double x) {
       const double lag = tank_.phase_lag(h, x, 0.0, front.angle);
       const double ky = std::sin(front.angle) * k0;
       if (angles_ == FrontAngles::shown) Base::progress() << front.angle << '\n';
-      // A front that the tank refuses keeps its slot with no amplitude; its phase may be NaN.
+      // A front outside the tank's angle limits keeps its slot with amplitude 0. Its phase can be
+      // NaN.
       if (front.amp == 0.0) continue;
       column_.push_back({h / grid_.divisor, shoaling * front.amp, front.phase, lag, ky});
     }

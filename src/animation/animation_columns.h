@@ -18,7 +18,8 @@ namespace Synthesis {
 // Whether the angle of each front is written to the standard output, a line each, for each column.
 enum class FrontAngles { hidden, shown };
 
-// Throws std::bad_alloc if a build needs more memory beside its frames than the machine has.
+// Throws std::bad_alloc if a build needs more memory in addition to its frames than the machine
+// has.
 void prove_columns(const Maths::FrontSet& fronts, const AnimationGrid& grid);
 
 // Made for one build. Everything passed to the constructor must outlive it.

@@ -15,7 +15,7 @@ namespace {
 
 using Frames = std::vector<std::vector<std::int16_t>>;
 
-// Bytes for the samples of all frames, with each frame's place in the list and the smallest block
+// Bytes for the samples of all frames, with each frame's entry in the list and the smallest block
 // of the heap: short frames need more than their samples.
 std::uint64_t room(std::uint64_t samples, std::uint64_t frames) {
   constexpr std::uint64_t beside = sizeof(Frames::value_type) + 32;
@@ -52,7 +52,7 @@ void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t) {
         return;
       }
       frame.resize(points);
-      // The check above counted what older, larger frames hold in excess as available.
+      // The check above counted the excess memory of older, larger frames as available.
       frame.shrink_to_fit();
     }
   } catch (...) {

@@ -1,8 +1,8 @@
 // One signal in time form and frequency form, with its sampling rate and parameters.
 //
 // A missing form is computed when it is first read. Because reading can write, only one thread may
-// use a DataSet at a time. Failures are thrown as std::string and leave the data unchanged. The one
-// other exception is std::length_error, from `pad` as from BaseVec::insert.
+// use a DataSet at a time. Failures are thrown as std::string; `pad` can also throw
+// std::length_error, as BaseVec::insert does. A failure leaves the data unchanged.
 #ifndef KELPBOX_BASE_DATA_SET_H_
 #define KELPBOX_BASE_DATA_SET_H_
 

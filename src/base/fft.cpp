@@ -59,7 +59,7 @@ Plan checked_plan(fftw_plan plan, std::size_t samples) {
 // Needs a spectrum of at least n / 2 + 1 elements.
 void to_freq(const Samples& time, Spectrum& freq) {
   const int n = checked_size(time.size());
-  // FFTW writes to the samples neither when it plans nor, as asked here, when it runs.
+  // With these flags FFTW writes nothing to the samples, either when it plans or when it runs.
   auto* const samples = const_cast<double*>(time.data());
   const Plan plan =
       checked_plan(fftw_plan_dft_r2c_1d(n, samples, raw(freq), FFTW_ESTIMATE | FFTW_PRESERVE_INPUT),
@@ -155,8 +155,8 @@ void consume_to_time(std::vector<std::complex<double>>& freq, std::vector<double
 }
 
 std::uint64_t transform_memory(std::size_t samples) {
-  // For most lengths FFTW's tables take three quarters of the memory of the samples. It transforms
-  // a large prime factor by convolution, which needs padded copies and more tables.
+  // For most lengths FFTW's tables take three quarters of the memory of the samples. FFTW
+  // transforms a large prime factor by convolution, which needs padded copies and more tables.
   constexpr std::uint64_t table_bytes_per_sample = 6;
   constexpr std::uint64_t convolution_bytes = 40;  // for each unit of the prime factor
   constexpr std::uint64_t large_prime = 1000;

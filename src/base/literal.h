@@ -1,5 +1,4 @@
-// Numbers from their digits, as the scanners of scripts and formulas meet them. The process's
-// locale does not matter.
+// Converts the number literals of scripts and formulas. The process's locale has no effect.
 #ifndef KELPBOX_BASE_LITERAL_H_
 #define KELPBOX_BASE_LITERAL_H_
 

@@ -37,7 +37,7 @@ bool addresses_fit(std::uint64_t bytes) {
 }
 
 bool fits_now(std::uint64_t bytes) {
-  // Reading what the system reports takes longer than a small request is worth.
+  // Reading the system's report is too slow for small requests.
   constexpr std::uint64_t small = 16_MiB;
   return addresses_fit(bytes) && (bytes < small || bytes <= available_memory());
 }

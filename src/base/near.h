@@ -1,4 +1,4 @@
-// How far two numbers are apart, for near-equality.
+// The relative difference of two numbers, for near-equality.
 #ifndef KELPBOX_BASE_NEAR_H_
 #define KELPBOX_BASE_NEAR_H_
 

@@ -124,8 +124,8 @@ class Params {
 
   // Stores a value given in the base unit of the category. Throws as `find` and Quantity::set.
   Entries::iterator set(const std::string& name, double value, UnitCategory category);
-  // As `set`, for a value that replaces the one asked for. Adds the warning "Poor match" if the two
-  // differ by the relative tolerance or more. Throws "Invalid value" if none was asked for.
+  // As `set`, for a value that replaces the requested one. Adds the warning "Poor match" if the two
+  // differ by the relative tolerance or more. Throws "Invalid value" if no value was requested.
   Entries::iterator set_checked(const std::string& name, double value, UnitCategory category,
                                 double tolerance);
 

@@ -44,7 +44,7 @@ std::uint64_t number_in(const std::string& path, std::uint64_t missing) {
   return file >> value ? value : missing;
 }
 
-// a - b, or 0 where b is the greater.
+// a - b, or 0 if b is greater.
 std::uint64_t difference(std::uint64_t a, std::uint64_t b) { return a - std::min(a, b); }
 
 // The file names of control groups, which differ between the two versions.

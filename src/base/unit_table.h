@@ -33,7 +33,7 @@ struct PrefixRow {
 // Row 0 is not a unit and has no name that resolves. Row 1 is the plain number.
 extern const std::array<UnitRow, 90> unit_table;
 extern const std::array<UnitAlias, 8> unit_aliases;
-// Row 0 stands for no prefix.
+// Row 0 means no prefix.
 extern const std::array<PrefixRow, 10> prefix_table;
 // Indexed by category number. The entry of category 0 is not used.
 extern const std::array<Units, 24> default_units_table;

@@ -59,7 +59,7 @@ void BaseVec<T>::insert(std::uint64_t front, std::uint64_t back, const T& fill) 
   }
   // A copy, because `fill` can refer to an element of this vector.
   const T value = fill;
-  // After this allocation nothing can fail half way.
+  // After this allocation nothing can fail.
   data.reserve(data.size() + front + back);
   data.insert(data.begin(), front, value);
   data.insert(data.end(), back, value);

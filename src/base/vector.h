@@ -13,7 +13,7 @@
 
 namespace Base {
 
-// The number of elements in the spectrum of that many samples.
+// The number of elements in the spectrum of a signal.
 constexpr std::uint64_t spectrum_size(std::uint64_t samples) { return samples / 2 + 1; }
 
 // `length` is the number of time samples that the data represents. It is stored separately because
@@ -22,8 +22,8 @@ template <typename T>
 class BaseVec {
  public:
   BaseVec() = default;
-  // A length of 0 stands for the number of elements. Any other length must equal that number:
-  // throws "Mismatched length".
+  // A length of 0 means the number of elements. Throws "Mismatched length" if any other length
+  // differs from that number.
   BaseVec(std::string label, Units units, std::vector<T> data, std::uint64_t length = 0);
   virtual ~BaseVec() = default;
 
@@ -32,7 +32,7 @@ class BaseVec {
   BaseVec& operator=(const BaseVec&) = default;
   BaseVec& operator=(BaseVec&&) noexcept = default;
 
-  // The number of elements needed for that many time samples.
+  // The number of elements that represent a signal of this number of time samples.
   virtual std::uint64_t storage_size(std::uint64_t samples) const { return samples; }
 
   // Throws "Index N out of range" for an index greater than the number of elements. An index equal

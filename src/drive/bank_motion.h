@@ -1,8 +1,8 @@
 // The drive signals of one wavemaker bank.
 //
 // The fronts of a run become one spectrum for each paddle (paddle_spectrum.h), and each spectrum
-// one signal. No signal is limited: what exceeds the machine's clip_limit is counted (maths/clip.h)
-// and stays in the signal.
+// one signal. Signals are not clipped: what exceeds the machine's clip_limit is counted
+// (maths/clip.h) and stays in the signal.
 #ifndef KELPBOX_DRIVE_BANK_MOTION_H_
 #define KELPBOX_DRIVE_BANK_MOTION_H_
 
@@ -40,7 +40,7 @@ class BankMotion {
  private:
   using Spectrum = std::vector<std::complex<double>>;
 
-  // Throws unless the spectra and signals of so many paddles fit in memory.
+  // Throws unless the spectra and signals of all paddles fit in memory.
   void require_memory(std::size_t paddles) const;
   // The spectrum of each paddle's signal.
   std::vector<Spectrum> spectra(const Common::Paddles& paddles,

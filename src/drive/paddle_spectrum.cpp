@@ -42,7 +42,8 @@ void add_front(const PaddleRow& row, const PaddleHarmonic& harmonic,
   const double kc = std::cos(front.angle) * harmonic.k;
   const double ks = std::sin(front.angle) * harmonic.k;
 
-  // Neighbouring paddles mostly face the same way. The gain is computed anew only when they do not.
+  // Neighbouring paddles mostly face the same way. The gain is computed again only where the normal
+  // changes.
   double normal = std::numeric_limits<double>::quiet_NaN();
   double gain = 0.0;
   bool made = false;

@@ -1,4 +1,4 @@
-// What each paddle of a row has to do to make a wave front: the hot loop of the drive signals.
+// The motion with which each paddle of a row makes a wave front: the hot loop of the drive signals.
 //
 // The paddle's motion is the front's amplitude divided by the machine's ratio, times the obliquity
 // factor (maths/wavemaker_ratio.h) of the angle between the front and the paddle's normal. Its
@@ -24,7 +24,7 @@ struct PaddleRow {
   std::vector<double> angle;
 };
 
-// What all fronts of one harmonic have in common.
+// The values that all fronts of one harmonic share.
 struct PaddleHarmonic {
   // `ratio` is wave amplitude per unit of paddle motion, `paddle_width` is in metres.
   PaddleHarmonic(double wave_number, double ratio, double paddle_width);

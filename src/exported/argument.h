@@ -16,13 +16,13 @@
 
 namespace Kelpbox {
 
-// A handle is the address of an object, and 0 stands for null.
+// A handle is the address of an object. The handle 0 is null.
 template <typename T>
 T* pointer_from(jlong handle) {
   return reinterpret_cast<T*>(handle);  // NOLINT(performance-no-int-to-ptr): hosts hold integers
 }
 
-// The object that a method is called on. Not checked: 0 has undefined effect.
+// The object that a method is called on. It is not checked: the handle 0 has undefined behaviour.
 template <typename T>
 struct Self {
   jlong handle;

@@ -23,13 +23,13 @@ enum class Standard {
   unknown = 9,
 };
 
-// Replaces any pending exception. If the class is not found, the exception that the virtual machine
-// has left for that stays pending.
+// Replaces any pending exception. If the class is not found, the virtual machine's own exception
+// stays pending.
 void throw_standard(JNIEnv* env, Standard code, const char* message);
 
-// Throws "tidelab/waves/component/WaveSynthesisException", the only exception class of the
-// library's own. Neither clears a pending exception nor checks the class, on purpose: a host
-// without the class is broken and must fail visibly.
+// Throws "tidelab/waves/component/WaveSynthesisException", the library's only exception class. It
+// does not clear a pending exception or check the class, on purpose: a host without the class is
+// broken and must fail visibly.
 void throw_domain(JNIEnv* env, const char* message);
 
 }  // namespace Kelpbox

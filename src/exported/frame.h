@@ -32,8 +32,8 @@
 #define KELPBOX_QUOTED(token) #token
 #define KELPBOX_QUOTED_NAME(token) KELPBOX_QUOTED(token)
 
-// Opens the definition of an exported function. In `name` each underscore of the Java method is
-// written `_1`. Does not compile unless Java declares the method with these types.
+// Opens the definition of an exported function. In `name`, write each underscore of the Java method
+// as `_1`. Does not compile unless Java declares the method with these types.
 #define KELPBOX_EXPORT(type, name)                                 \
   static_assert(std::is_function_v<decltype(KELPBOX_NAME(name))>); \
   extern "C" JNIEXPORT type JNICALL KELPBOX_NAME(name)

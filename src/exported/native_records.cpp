@@ -54,7 +54,7 @@ KELPBOX_EXPORT(jlong, new_1Kelpbox_1RunData)(JNIEnv* env, jclass) {
   return call(env, [] { return new RunData(); });
 }
 
-// Not `delete`, which would need the type: the sizes of the records differ.
+// Not a `delete` expression, which would need the type: the sizes of the records differ.
 KELPBOX_EXPORT(void, delete_1Kelpbox_1Front)(JNIEnv*, jclass, jlong self) {
   ::operator delete(pointer_from<void>(self));
 }

@@ -11,8 +11,8 @@
 
 namespace Kelpbox {
 
-// Stands for a vector of any element type that needs no destructor, in operations that do not
-// depend on the element. It counts bytes, so it frees the storage with its true size.
+// Replaces a vector of any element type without a destructor in operations that do not depend on
+// the element. It counts bytes, so it frees the storage with its true size.
 using AnyVector = std::vector<std::byte>;
 
 // Throws std::length_error "vector<T> too long" above the maximum size of such a vector.

@@ -17,7 +17,7 @@ constexpr std::string_view syntax_error = "ExpressionParser error::";
 constexpr std::size_t longest_token = 1048576;
 constexpr std::size_t brackets = 2;  // of a UNITS token
 
-// What a message calls a token of unlimited length. Null for other tokens.
+// The word for a token of unlimited length in messages. Null for other tokens.
 const char* long_token_name(int kind) {
   switch (kind) {
     case CONST_VAL:

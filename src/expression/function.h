@@ -3,7 +3,7 @@
 // `$[units]` is the variable and a name is a parameter. The units of the result follow the first
 // `@`; without it the result is a plain number. A function is parsed, then bound to parameters,
 // then evaluated as often as needed. After binding, evaluation only reads. Every failure is thrown
-// as a std::string.
+// as a std::string. The functions that a formula can call, such as sqrt, are in operators.h.
 #ifndef KELPBOX_EXPRESSION_FUNCTION_H_
 #define KELPBOX_EXPRESSION_FUNCTION_H_
 

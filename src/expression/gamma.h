@@ -2,7 +2,7 @@
 //
 // From 1 to 2 it is a rational approximation (W. J. Cody, "An overview of software development for
 // special functions", 1976), up to 12 the recurrence relation, and above that Stirling's series.
-// These have 13 to 15 correct digits. Below 0.001 a short series has 6.
+// These have 13 to 15 correct digits. Below 0.001 a short series is used, with 6 correct digits.
 #ifndef KELPBOX_EXPRESSION_GAMMA_H_
 #define KELPBOX_EXPRESSION_GAMMA_H_
 

@@ -114,7 +114,7 @@ double BinaryOp::eval(const Base::Quantity& variable) const {
   return result;
 }
 
-// In two steps, since the order in which the arguments of a call are evaluated is open.
+// In two steps, since the language does not fix the order in which arguments are evaluated.
 double BinaryOp::compute(const Base::Quantity& variable) const {
   const double left = left_->eval(variable);
   return apply_binary(op_, left, right_->eval(variable));

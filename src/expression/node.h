@@ -23,7 +23,7 @@
 
 namespace Expression {
 
-// The value to evaluate a part without a variable with. Any value would do.
+// The argument with which a part without a variable is evaluated. Any value would do.
 Base::Quantity no_variable();
 
 class Node {
@@ -44,7 +44,7 @@ class Node {
   virtual bool compatible(std::uint32_t unit_row) const = 0;
   virtual double eval(const Base::Quantity& variable) const = 0;
   virtual void print(std::ostream& out) const = 0;
-  // Frees the nodes below this one, which can only be destroyed after that.
+  // Frees the nodes below this one. It must be called before this node is destroyed.
   virtual void destroy_children() = 0;
 };
 

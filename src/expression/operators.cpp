@@ -9,7 +9,8 @@
 namespace Expression {
 namespace {
 
-// By operator number. "sqr" and "log10" are kept although the language reads other names.
+// By operator number. "sqr" and "log10" are printed on purpose, although the names in a formula are
+// "square" and "lg10".
 constexpr std::array<const char*, 16> unary_prefixes{
     "-(",    "sqr(",  "sqrt(", "tan(",  "cos(", "sin(", "atan(",  "acos(",
     "asin(", "tanh(", "cosh(", "sinh(", "exp(", "log(", "log10(", "tgamma("};

@@ -1,5 +1,6 @@
 // The operators and functions of the expression language: their numbers, their values and their
-// printed forms. The names that a formula calls the functions by are in expression_scan.l.
+// printed forms. expression_scan.l has the names of the functions in a formula. docs/expressions.md
+// describes them.
 #ifndef KELPBOX_EXPRESSION_OPERATORS_H_
 #define KELPBOX_EXPRESSION_OPERATORS_H_
 
@@ -7,7 +8,7 @@
 
 namespace Expression {
 
-// A plain number, since `mod` has one that cannot be evaluated.
+// A plain number and not an enumeration, since the number of `mod` has no evaluation.
 using OperatorNumber = std::uint32_t;
 
 namespace Unary {
@@ -36,7 +37,7 @@ inline constexpr OperatorNumber divide = 2;
 inline constexpr OperatorNumber plus = 3;
 inline constexpr OperatorNumber minus = 4;
 inline constexpr OperatorNumber arc_tangent = 5;
-// Kept without an evaluation: hosts rely on `mod` being parsed.
+// Kept although it cannot be evaluated: hosts rely on `mod` being parsed.
 inline constexpr OperatorNumber modulo = 6;
 }  // namespace Binary
 
@@ -45,7 +46,7 @@ inline constexpr OperatorNumber modulo = 6;
 double apply_unary(OperatorNumber op, double x);
 double apply_binary(OperatorNumber op, double left, double right);
 
-// What is printed before and between the operands. A ")" follows the last one.
+// The text printed before and between the operands. A ")" follows the last operand.
 const char* unary_prefix(OperatorNumber op);
 const char* binary_prefix(OperatorNumber op);
 const char* binary_infix(OperatorNumber op);

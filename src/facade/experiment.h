@@ -1,7 +1,7 @@
 // Wave synthesis: one site, and a tree of definitions, specifications, components and modifiers,
 // which the host addresses by ID.
 //
-// An ID is the item's index in a table. Each new ID is one higher than the last, and none is used
+// An ID is the item's index in a table. Each new ID is one higher than the last, and no ID is used
 // again until `clear`. The experiment owns all objects; parents keep plain pointers to children.
 //
 // The guarded operations convert every failure as described in guard.h: `set` of the site, `clear`,
@@ -36,7 +36,7 @@ enum ItemType : std::uint32_t {
   ItemModifier = 4,
 };
 
-// One row of the table. Of the four objects only the one of its type is set.
+// One row of the table. Only the object that matches `type` is set.
 struct ExperimentItem {
   ItemType type = ItemNull;
   std::uint32_t parent = 0;  // not used by definitions
@@ -138,7 +138,7 @@ class Experiment : public SiteFacade {
   // Throws "ID out of range".
   ExperimentItem& item(std::uint32_t id);
 
-  // The specification `id`, to which an object of this name is to be added.
+  // The specification `id`, as the parent of an object with this name.
   Synthesis::Specification& parent_of(const std::string& name, std::uint32_t id);
   // Reserves memory, so that `append` cannot fail after the parent has received the object.
   void make_room(std::uint32_t parent);

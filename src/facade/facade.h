@@ -1,4 +1,4 @@
-// The object behind the handles of a Java host.
+// The object that the handles of a Java host refer to.
 //
 // A Java host creates an experiment and an analysis with the same exported function, so one object
 // serves as both, on one site. A C++ host uses Experiment and Analysis directly.

@@ -1,5 +1,5 @@
-// The operations on a site that Experiment and Analysis share: reading its script, and asking for
-// its constants and its tank.
+// The operations on a site that Experiment and Analysis share: reading the script, and reporting
+// its constants, tunable values and depths.
 #ifndef KELPBOX_FACADE_SITE_FACADE_H_
 #define KELPBOX_FACADE_SITE_FACADE_H_
 

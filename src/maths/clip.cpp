@@ -30,7 +30,7 @@ void clip_scan(const Base::Vector& signal, ClipStats& stats, std::vector<ClipPea
   const std::vector<double>& v = signal.data;
   const double L = stats.limit;
   peaks.clear();
-  // The scan starts at the first sign change and goes round to it.
+  // The scan starts at the first sign change and ends there after one cycle.
   std::size_t start = 1;
   while (start < v.size() && (v[start] > 0) == (v[0] > 0)) ++start;
   if (start >= v.size()) return;

@@ -23,7 +23,7 @@ void FrontSet::add_front(std::uint64_t slot, const HarmonicFront& front) {
     throw std::string("Help");
   }
   if (front.amp == 0.0) return;
-  // The number of fronts is not known in advance, so memory is checked again and again.
+  // The number of fronts is not known in advance, so memory is checked after each step.
   constexpr std::uint64_t step = 64_MiB;
   unchecked_ += list_memory(1);
   if (unchecked_ >= step) {

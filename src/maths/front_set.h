@@ -17,7 +17,7 @@ class FrontSet {
   // writes a line to the standard output stream and throws std::string "Help". When memory runs
   // out, throws "Front set::more fronts need ... GiB of memory, ... GiB are available".
   void add_front(std::uint64_t slot, const HarmonicFront& front);
-  // Makes that many empty slots. Throws what require_slots throws.
+  // Replaces all slots by `slot_count` empty ones. Throws what require_slots throws.
   void reset(std::uint64_t slot_count);
   // Append all fronts, slot by slot.
   void display_fronts(std::vector<Synthesis::Front>& out, const RunData& run) const;
@@ -37,11 +37,11 @@ class FrontSet {
 // memory, ... GiB are available".
 void require_slots(std::uint64_t set_count, std::uint64_t slot_count);
 
-// The bytes that a copy of the fronts takes, for the slots from `first` up to, and without, `last`.
+// The bytes that a copy of the fronts takes, for the slots from `first` to `last` - 1.
 std::uint64_t front_memory(const FrontSet& set, std::size_t first, std::size_t last);
 
-// Whether all fronts share one angle, which goes to `out`. One-sided on purpose: hosts rely on a
-// smaller angle passing. A set without fronts returns true and leaves `out` unchanged.
+// Whether all fronts have the same angle, which is stored in `out`. One-sided on purpose: hosts
+// rely on a smaller angle passing. A set without fronts returns true and leaves `out` unchanged.
 bool common_angle(const FrontSet& set, double& out);
 
 // The shortest sample count after which the set repeats: n, less for a single harmonic, or 0 for a

@@ -18,7 +18,7 @@ namespace Maths {
 
 class RunFronts {
  public:
-  // Makes that many sets, each with run.size() empty slots. Throws what require_slots throws.
+  // Makes `set_count` sets, each with run.size() empty slots. Throws what require_slots throws.
   void resize(std::size_t set_count);
 
   // Gives each harmonic to one set, so that each set's share of the energy is even over the

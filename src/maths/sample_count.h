@@ -10,8 +10,9 @@
 
 namespace Maths {
 
-// The count, converted. Throws std::string "rate::<rate> Hz gives no usable number of samples in a
-// repeat time of <repeat> s" for a count that is negative, NaN, or above 2^27, which takes 1 GiB.
+// Converts the count to an integer. Throws std::string "rate::<rate> Hz gives no usable number of
+// samples in a repeat time of <repeat> s" for a count that is negative, NaN, or above 2^27, which
+// takes 1 GiB.
 inline std::uint32_t usable_count(double count, double repeat, double rate) {
   constexpr double max_samples = 1 << 27;
   if (count >= 0.0 && count <= max_samples) return static_cast<std::uint32_t>(count);
@@ -25,8 +26,7 @@ inline std::uint32_t sample_count(double repeat, double rate) {
   return usable_count(std::floor(repeat * rate + 0.5), repeat, rate);
 }
 
-// The bytes that a signal of that many samples takes with its spectrum and the transform between
-// them, at least.
+// A lower bound for the bytes that a signal, its spectrum and the transform between them take.
 inline std::uint64_t signal_memory(std::uint64_t samples) {
   return 2 * sizeof(double) * samples + Base::transform_memory(samples);
 }

@@ -38,8 +38,8 @@ double large_power(double c, int m) {
 // series S c^(m + 1) (1 + (m + 2) / 3 S^2 (1 + (m + 4) / 5 S^2 (1 + ...))) of the incomplete beta
 // function (Abramowitz and Stegun 1972, section 26.5).
 double quarter_integral(int m, double S, double c) {
-  // Beyond this sine squared, c^m is below exp(-40), and the rest of the integral is below its
-  // rounding.
+  // If the square of the sine is above this, c^m is below exp(-40), and the rest of the integral is
+  // less than its rounding error.
   const double most = 80.0 / m;
   // Not S * S: the power of c multiplies the rounding of c by m, and this form cancels it.
   double square = 1 - c * c;

@@ -1,4 +1,5 @@
-// What wave mathematics needs to know of a tank: a plain value that each run copies.
+// The properties of a tank that the wave computations use: a plain value that each run copies.
+// src/site/make_config.cpp fills it from the site script.
 #ifndef KELPBOX_MATHS_TANK_CONFIG_H_
 #define KELPBOX_MATHS_TANK_CONFIG_H_
 

@@ -2,9 +2,8 @@
 // shoaling, refracted phase.
 //
 // Linear theory: Dean and Dalrymple (1991), "Water Wave Mechanics for Engineers and Scientists",
-// chapter 4. Angles in radians, lengths in metres, omega in rad/s. Not for two threads at once,
-// since the wave numbers of the last harmonic and position are kept. Failures are thrown as
-// std::string.
+// chapter 4. Angles in radians, lengths in metres, omega in rad/s. One thread at a time, since the
+// wave numbers of the last harmonic and position are cached. Failures are thrown as std::string.
 #ifndef KELPBOX_MATHS_TANK_RUN_H_
 #define KELPBOX_MATHS_TANK_RUN_H_
 
@@ -57,7 +56,7 @@ class TankRun {
   bool angle_in_range(double theta) const;
 
  private:
-  // Builds the ladder unless it is the present one.
+  // Builds the ladder unless it is already there.
   void ensure_ladder(std::uint64_t harmonic, double x);
   // Pushes the rungs from the paddle line to x, and returns the depth there.
   double walk(double w, double x);

@@ -19,7 +19,8 @@ double flap_ratio_angled(double k, double depth, double e, double w, double thet
 double piston_ratio_angled(double k, double depth, double e, double w, double theta);
 
 // The motion of a segment of width `w` for a wave at the angle `theta` to its normal, relative to
-// that for a wave along it. The angled ratios are the plain ones divided by this factor.
+// the motion for a wave along the normal. The angled ratios are the plain ones divided by this
+// factor.
 double obliquity_factor(double k, double w, double theta);
 
 }  // namespace Maths

@@ -19,7 +19,7 @@ std::size_t harmonic_count(const Maths::FrontSet& fronts, const PointSpec& point
   return std::min(Base::spectrum_size(point.samples), fronts.slots.size());
 }
 
-// A front that the tank refuses keeps its place with amplitude 0. Its phase can be NaN.
+// A front outside the tank's angle limits keeps its slot with amplitude 0. Its phase can be NaN.
 bool refused(const Maths::HarmonicFront& front) { return front.amp == 0.0; }
 
 void require_in_tank(const Maths::TankRun& run, double x) { static_cast<void>(run.depth_at(x)); }

@@ -36,7 +36,7 @@ const BankMotion& bank_at(const std::vector<BankMotion>& banks, std::uint32_t ba
   return banks[bank];
 }
 
-// Empties the list and reserves memory for that many records.
+// Empties the list and reserves memory for `count` records.
 template <typename Record>
 void make_room(std::vector<Record>& list, std::uint64_t count) {
   list.clear();

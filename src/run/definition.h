@@ -39,7 +39,8 @@ class Definition {
 
   // Evaluates and merges the specifications and refers the result to the paddles. Throws "Evaluate
   // before setting state", Script::LogItm from a context that is not ready, and the messages of the
-  // steps. A failure leaves the sets evaluated before it, and `merged` as it was.
+  // steps. After a failure, the sets that were evaluated before it remain, and `merged` is
+  // unchanged.
   const Maths::RunFronts& run_build();
   std::uint32_t run_size() const { return static_cast<std::uint32_t>(run_.sets.size()); }
   Maths::RunData& repeat() { return run_.run; }

@@ -1,5 +1,5 @@
-// Several objects of one base class, of which a script opens the ones that it wants: the flap or
-// the piston of a wavemaker bank.
+// Objects of one base class from which a script chooses: the flap or the piston of a wavemaker
+// bank.
 #ifndef KELPBOX_SCRIPT_ALTERNATIVES_H_
 #define KELPBOX_SCRIPT_ALTERNATIVES_H_
 

@@ -1,4 +1,4 @@
-// Reports of the site model, and where they go.
+// Reports of the site model, and the logs that receive them.
 #ifndef KELPBOX_SCRIPT_LOG_H_
 #define KELPBOX_SCRIPT_LOG_H_
 

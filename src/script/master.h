@@ -30,9 +30,8 @@ class Master {
   Log* log_ = nullptr;
 };
 
-// An object of the tree. It declares its fields, the reader fills them and sets its path, and then
-// it finishes itself, children before parents. It forwards reports and saving to the root of the
-// tree.
+// An object of the tree. It declares its fields. The reader fills them, sets its path and calls its
+// `create`, children before parents. It forwards reports and saving to the root of the tree.
 class Declared : public Master {
  public:
   // The name of the class, such as "Tank". It is part of the checksum.

@@ -10,8 +10,8 @@
 namespace Script {
 namespace {
 
-// The bound of a whole script, since each statement is bounded but there may be many. Copies count
-// because they take as long.
+// The bound of a whole script. Each statement is bounded too, but a script may have many. Copies
+// count because they take as long.
 constexpr std::uint64_t most_elements_in_all = 200000;
 
 }  // namespace

@@ -17,8 +17,8 @@ struct script_parse_pstate;
 
 namespace Script {
 
-// The token for a name that stands for the given entry, or TOKEN_IDENT when there is none. Throws
-// const char* "Unexpected type for an Ident!" for a literal.
+// The token for a name, from the entry that it refers to, or TOKEN_IDENT if there is no entry.
+// Throws const char* "Unexpected type for an Ident!" for a literal.
 int ident_token(const Variable& found);
 
 class ScriptParse {
@@ -28,10 +28,10 @@ class ScriptParse {
   ScriptParse(const ScriptParse&) = delete;
   ScriptParse& operator=(const ScriptParse&) = delete;
 
-  // Takes the next token and runs the actions that it decides. The value is empty for a token that
-  // has none. Returns false when the parser's stack is exhausted. A syntax error is reported, and
-  // then thrown as const char*: "yydefact from yypact error", "yytable error" or "yydefact after
-  // YYTRANSLATE added error".
+  // Takes the next token and runs the grammar actions that it completes. The value is empty for a
+  // token that has none. Returns false when the parser's stack is exhausted. A syntax error is
+  // reported, and then thrown as const char*: "yydefact from yypact error", "yytable error" or
+  // "yydefact after YYTRANSLATE added error".
   bool push(int token, Variable value);
   // As push, for the end of the input.
   bool finish();
@@ -42,7 +42,8 @@ class ScriptParse {
   // Receives the description of a syntax error, for the author of the script.
   virtual void report(const std::string& error) = 0;
 
-  // The actions of the grammar. Each takes the values that it uses up and keeps the one it makes.
+  // The actions of the grammar. `take` removes an operand from the stored values, `keep` stores a
+  // result.
   void enter(const Variable& object);
   void enter_first(const Variable& array);
   void enter_element(const Variable& array, const Variable& index);

@@ -23,7 +23,7 @@ unsigned printable_count(const List& list, bool adjustable_only);
 
 class Checksum {
  public:
-  // Several texts add the same as their concatenation.
+  // Adding several texts gives the same sum as adding their concatenation.
   void add_text(const char* text);
   // Adds the class names and the fields below the list. With `fixed_only` it leaves out adjustable
   // fields. Throws const char* "No other types can form part of a checksum".

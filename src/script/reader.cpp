@@ -15,7 +15,7 @@ namespace fs = boost::filesystem;
 namespace {
 
 constexpr unsigned deepest_include = 200;
-// Needed beside the depth: files that include several others multiply.
+// Needed in addition to the limit of depth: files that each include several others multiply.
 constexpr unsigned most_files = 1000;
 constexpr std::size_t longest_token = 1048576;
 constexpr std::size_t quotes = 2;  // of a string token
@@ -27,7 +27,8 @@ struct Source {
   ScriptScan scan;
 };
 
-// What a message calls a token of unlimited length that is kept in memory. Null for other tokens.
+// The word for a token of unlimited length in messages, if the token is kept in memory. Null for
+// other tokens.
 const char* long_token_name(int token) {
   switch (token) {
     case TOKEN_SIMPLE_VALUE:
@@ -72,7 +73,7 @@ bool SubSerial::Parser::read(const fs::path& file) {
     const int token = next_token(source->scan, file);
     if (token == TOKEN_END) break;
     if (token == TOKEN_INCLUDE) {
-      // Only the innermost file of a failed parse has a leaving line.
+      // After a failed parse only the innermost file gets the line "Leaving file".
       if (!include(source->scan, file)) return false;
     } else {
       good = push_token(source->scan, token);

@@ -29,7 +29,7 @@ class SubSerial::Parser : public ScriptParse {
     const ScriptScan* scan;
   };
 
-  // The next token. Throws std::string when it is longer than a script may make it.
+  // The next token. Throws std::string if it is too long (docs/limits.md).
   int next_token(ScriptScan& scan, const boost::filesystem::path& file) const;
   // Gives the token to the parser. A name is looked up first.
   bool push_token(ScriptScan& scan, int token);
@@ -43,7 +43,7 @@ class SubSerial::Parser : public ScriptParse {
 
   // The file being read is the last, after those that include it.
   std::vector<Open> open_;
-  unsigned opened_ = 0;  // files in all, open or left
+  unsigned opened_ = 0;  // files opened so far, left ones included
 };
 
 }  // namespace Script

@@ -1,7 +1,8 @@
 // The grammar of site scripts.
 //
 // A name arrives as the kind of the entry that it finds in the innermost open block. Actions that
-// open or close a block therefore stand as early as possible, before the next name is looked up.
+// open or close a block are therefore placed as early as possible, before the next name is looked
+// up.
 
 %require "3.8"
 %define api.pure full
@@ -24,7 +25,7 @@
 }
 
 %code {
-// Only called when the stack is exhausted: syntax errors go to yyreport_syntax_error.
+// Only called when the stack is exhausted: yyreport_syntax_error handles syntax errors.
 static void script_parse_error(Script::ScriptParse& parse, const char* error) {
   parse.report(std::string(error) + ", the script is nested too deeply");
 }

@@ -18,15 +18,15 @@ class SubSerial : public Master {
   ~SubSerial() override;
 
   // Reads the main script and then the second one, unless its path is empty, as one stream of
-  // tokens. Then verifies the tree, sets its paths and lets its objects finish themselves. Lines
-  // for missing keys, ready to paste into a script, go to `report`.
+  // tokens. Then verifies the tree, sets its paths and calls `create` of its objects. Lines for
+  // missing keys, ready to paste into a script, go to `report`.
   //
-  // Throws std::string: `File "<path>" does not exist`, `Unable to open file "<path>" for
-  // input`, "<main>::parse error", "<main>::Failed to verify", "<main>::No log object found",
-  // "Caught log exception" (the item goes to the log), "<main>::<message>" for a string thrown by
-  // a finishing object, "Incorrect syntax in include directive", `File "<path>" includes itself`,
-  // and the messages of docs/limits.md. Throws const char* for syntax errors and misuse of the
-  // framework. After a failure the tree is partly filled and must not be used.
+  // Throws std::string: `File "<path>" does not exist`, `Unable to open file "<path>" for input`,
+  // "<main>::parse error", "<main>::Failed to verify", "<main>::No log object found", "Caught log
+  // exception" (the item goes to the log), "<main>::<message>" for a string thrown by `create`,
+  // "Incorrect syntax in include directive", `File "<path>" includes itself`, and the messages of
+  // docs/limits.md. Throws const char* for syntax errors and misuse of the framework. After a
+  // failure the tree is partly filled and must not be used.
   void read(std::ostream& report, const std::string& main_path, const std::string& second_path);
 
   // Writes the adjustable fields to the second path, unless it is empty. A file that cannot be

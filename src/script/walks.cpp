@@ -16,7 +16,7 @@ bool same_name(const char* left, const char* right) {
   return std::string_view(left) == right;
 }
 
-// What follows a missing key in the line to paste.
+// The text after a missing key in the line to paste.
 const char* placeholder(VarType type) {
   if (type == VarType::object) return "{}";
   return type == VarType::array ? "[$..$]" : " = $;";

@@ -22,7 +22,7 @@ void set_paths(const List& list, Master& owner, const std::string& path = "");
 // The first log that an object supplies, depth first, or null.
 Log* find_log(const List& list);
 
-// Lets each object finish itself, children before parents. Throws const char*: "calling create on
+// Calls `create` of each object, children before parents. Throws const char*: "calling create on
 // undefined object".
 void create(const List& list);
 

@@ -55,7 +55,7 @@ class WrapObj : public BaseWrapObj {
 
   // Null until built.
   T* get() const { return object_.get(); }
-  // Throws const char* "Object not built" instead.
+  // As `get`, but throws const char* "Object not built" instead of returning null.
   T& built() const {
     if (!object_) throw "Object not built";
     return *object_;

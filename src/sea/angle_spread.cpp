@@ -17,10 +17,10 @@ namespace {
 
 namespace Category = Base::Category;
 
-// Serves when the host chooses none.
+// Used if the host chooses no seed.
 constexpr std::uint32_t default_seed = 1;
 
-// A change of a limit by this part is noted.
+// A change of a limit by this fraction or more is a "Poor match".
 constexpr double noted_change = 0.01;
 
 // Just short of a half turn.

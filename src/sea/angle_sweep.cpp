@@ -27,7 +27,7 @@ struct Fan {
   double weight_sum = 0.0;
 };
 
-// A direction of no more weight than this is left out.
+// A direction with this weight or less is left out.
 constexpr double negligible_weight = 1e-6;
 
 // Only a mistaken step gives more fronts or more steps than these. They take seconds, at 20 to 200
@@ -42,7 +42,7 @@ std::size_t count_used(const Maths::FrontSet& fronts) {
                     [](const std::vector<Maths::HarmonicFront>& slot) { return !slot.empty(); }));
 }
 
-// Stops once there is one direction more than `most`.
+// Stops as soon as there are more directions than `most`.
 Fan make_fan(const Modifier& modifier, double lo, double step, std::int32_t n, std::size_t most) {
   Fan fan;
   for (std::int32_t i = 0; i <= n && fan.directions.size() <= most; ++i) {

@@ -8,8 +8,8 @@ namespace Synthesis {
 
 namespace {
 
-// The two rules agree when they differ by no more than this part of the density at the centre, or
-// by `least_tolerance` where that is greater.
+// The two rules agree when they differ by at most this fraction of the density at the centre, or by
+// at most `least_tolerance` if that is greater.
 constexpr double relative_tolerance = 0.001;
 constexpr double least_tolerance = 1e-7;
 constexpr int most_parts = 256;

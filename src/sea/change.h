@@ -8,7 +8,8 @@
 
 namespace Synthesis {
 
-// Multiplies each amplitude by the expression, a plain number. Takes no parameters of the class.
+// Multiplies each amplitude by the expression, a plain number. Has only the parameters of the
+// expression.
 class GainChangeModifier : public Modifier {
  public:
   explicit GainChangeModifier(const std::string& text);

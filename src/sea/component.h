@@ -26,8 +26,8 @@ class Component {
 
   // Declares the parameters that the component needs.
   void query(Base::Params& out) { on_query(out); }
-  // Reads the parameters, from nothing each time. A set that fails leaves the component as ready as
-  // it was, on purpose: each class checks in evaluation what a failed set may have left.
+  // Reads all parameters again each time. A failed set does not change whether the component is
+  // ready, on purpose: each class checks during evaluation what a failed set may have left.
   void set(Base::Params& in);
   // Adds the fronts to the set. Throws "<name>::evaluate::when not ready" without a good set.
   void evaluate(Maths::FrontSet& fronts, const RunContext& context);

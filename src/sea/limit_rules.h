@@ -1,5 +1,5 @@
-// The limits of a piecewise expression: the order in which they must be, and which function holds
-// between them. Each use of an expression has its own rule.
+// The limits of a piecewise expression: their required order, and which function holds between
+// them. Each use of an expression has its own rule.
 //
 // Limits are in the base unit of their category. Functions and limits are counted from 0.
 #ifndef KELPBOX_SEA_LIMIT_RULES_H_
@@ -21,8 +21,8 @@ std::size_t function_at_frequency(const Limits& limits, double frequency);
 
 // A modifier's expression of angle. Limits and angle lie between -pi and pi, and limits may pass
 // through pi once. Function 0 holds outside the limits, function i from limit i - 1 to below limit
-// i. Exactly on the last limit, and only there, the function after it holds. A single limit does
-// not divide a circle, so function 0 then holds everywhere.
+// i. The last function holds only for an angle equal to the last limit. A single limit does not
+// divide a circle, so function 0 then holds everywhere.
 bool angles_in_order(const Limits& limits);
 std::size_t function_at_angle(const Limits& limits, double angle);
 

@@ -1,4 +1,4 @@
-// What changes the fronts of a Specification after its components have made them.
+// The modifiers, which change the fronts of a Specification after its components have made them.
 //
 // A modifier may carry an expression, a piecewise function of frequency or of angle. It is made,
 // then set with parameters, then evaluated as often as needed, with the same result each time.

@@ -18,7 +18,7 @@ namespace {
 
 namespace Category = Base::Category;
 
-// Serves when the host chooses none.
+// Used if the host chooses no seed.
 constexpr std::uint32_t default_seed = 5;
 
 // Truncated, not rounded, and then the low 32 bits: hosts rely on both.

@@ -12,7 +12,7 @@ namespace Synthesis {
 // have a mean square of 1. The energy of the sea varies from harmonic to harmonic as in nature
 // (Tucker, Challenor and Carter 1984, "Numerical simulation of a random sea", Applied Ocean
 // Research 6). All fronts of a harmonic get the same factor and phase. Harmonics above half the
-// rate keep theirs. The expression is checked and has no effect.
+// rate are not changed. The expression is checked and has no effect.
 //
 // Evaluation throws "rate::<value> Hz gives no usable number of samples in a repeat time of <value>
 // s" and "rate::<value> Hz gives <samples> samples of noise, which need ... GiB of memory, ... GiB

@@ -10,7 +10,7 @@ namespace Synthesis {
 
 namespace {
 
-// Serves when the host chooses none.
+// Used if the host chooses no seed.
 constexpr std::uint32_t default_seed = 4;
 
 }  // namespace

@@ -63,7 +63,7 @@ std::size_t Piecewise::function_at(double x) const {
   const bool angles = units_.limit == Base::Category::angle;
   const std::size_t found =
       angles ? function_at_angle(limits_, x) : function_at_frequency(limits_, x);
-  // Limits that were appended twice have no functions of their own.
+  // Limits that a second `set` appended have no functions.
   return std::min(found, function_count() - 1);
 }
 

@@ -19,7 +19,7 @@ namespace Synthesis {
 // Limits and functions, in the order of the text.
 using Formulas = std::vector<Expression::Function>;
 
-// The categories of the limits, of what the functions take and of what they return.
+// The categories of the limits, and of the arguments and results of the functions.
 struct PieceUnits {
   Base::UnitCategory limit = Base::Category::error;
   Base::UnitCategory input = Base::Category::error;
@@ -53,8 +53,8 @@ class Piecewise {
   // Appends the limits to those of earlier calls. Throws "Incompatible expression", "Limiting
   // function not constant", "Limits out of order".
   void append_limits();
-  // The function that holds at x, and its value there: from and to base units. There has to be a
-  // function.
+  // The function that holds at x, and its value there, both in base units. There must be at least
+  // one function.
   std::size_t function_at(double x) const;
   double evaluate(double x) const;
 

@@ -1,4 +1,4 @@
-// What an evaluation knows of its run.
+// The parts of a run that an evaluation uses.
 #ifndef KELPBOX_SEA_RUN_CONTEXT_H_
 #define KELPBOX_SEA_RUN_CONTEXT_H_
 

@@ -1,4 +1,4 @@
-// The seed of a modifier that draws at random: its own, or one that the host chooses.
+// The seed of a modifier that draws at random: the seed of its class, or one that the host chooses.
 #ifndef KELPBOX_SEA_SEED_H_
 #define KELPBOX_SEA_SEED_H_
 

@@ -98,7 +98,7 @@ void SetFronts::on_evaluate(const Base::Params&, Maths::FrontSet& fronts,
           Base::compose("Repeat time ", repeat, " does not match synthetic wave ", fitted));
     }
   }
-  // Hosts know this message by its spelling, and by a hundredth of the error.
+  // On purpose: hosts know this message by its spelling, with a hundredth of the error.
   if (error > most_error)
     messages.push_back(Base::compose("Frequency mismath of ", error / 100, "%"));
   for (const Front& front : fronts_) {

@@ -13,8 +13,8 @@ namespace Category = Base::Category;
 
 namespace {
 
-// A part in a thousand of the greater of the two frequencies is not reported, with room for
-// rounding: hosts rely on 0.4995 Hz passing as 0.5 Hz.
+// A shift of up to a thousandth of the greater of the two frequencies is not reported. The margin
+// allows for rounding: hosts rely on 0.4995 Hz passing as 0.5 Hz.
 constexpr double silent_shift = 0.001 * (1.0 + 1e-9);
 
 }  // namespace

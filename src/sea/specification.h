@@ -14,7 +14,7 @@
 
 namespace Synthesis {
 
-// Components and modifiers are owned elsewhere, and are removed before they are destroyed. Failures
+// Does not own its components and modifiers. Each must be removed before it is destroyed. Failures
 // are thrown as std::string.
 class Specification {
  public:

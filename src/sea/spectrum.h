@@ -1,4 +1,5 @@
-// A spectrum written as formulas of frequency, integrated over each harmonic's band.
+// A spectrum written as formulas of frequency, integrated over each harmonic's band
+// (band_integral.h).
 #ifndef KELPBOX_SEA_SPECTRUM_H_
 #define KELPBOX_SEA_SPECTRUM_H_
 
@@ -13,7 +14,7 @@ namespace Synthesis {
 
 // A variance density in m2s gives each harmonic the amplitude sqrt(2 * integral over its band). An
 // amplitude density in ms and a length in m give the integral itself. Every front has angle 0 and
-// phase 0: directions and phases are the modifiers' work.
+// phase 0: modifiers set directions and phases.
 //
 // The text is as for parse_component_text. A `set` throws as Piecewise::check_limits_rise does.
 // Evaluation throws "Wave number out of range" for a spectrum outside the run, and "Evaluate has

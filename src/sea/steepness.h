@@ -25,9 +25,10 @@ class Steepness {
   double last_difference_ = 0.0;
 };
 
-// Writes a line on how steep a signal x of samples dt seconds apart is, and at most one line on its
-// join, to the standard output stream. A signal that stops early meets silence there, any other
-// starts again. The join is reported when it is steeper than the signal inside.
+// Writes a line on the steepness of a signal x with samples dt seconds apart, and at most one line
+// on its join, to the standard output stream. At the join, a signal that stops early is followed by
+// zero, and any other by its own start. The join is reported if it is steeper than the signal
+// inside.
 void report_steepness(const std::string& name, const std::vector<double>& x, double dt,
                       const Steepness& inside, bool stops_early);
 

@@ -16,8 +16,8 @@ namespace Synthesis {
 void add_time_fronts(Base::DataSet signal, Maths::FrontSet& fronts, const Maths::RunData& run);
 
 // Refuses a signal that rounds to no samples, or to more than 2^27 of them: that is a gigabyte,
-// which only a mistaken rate asks for. Throws std::string "<name>::N samples in the signal, not 1
-// to 134217728".
+// which only a mistaken rate gives. Throws std::string "<name>::N samples in the signal, not 1 to
+// 134217728".
 void check_sample_count(const std::string& name, double samples);
 
 // Refuses a signal that the machine cannot hold together with its spectrum. Throws std::string

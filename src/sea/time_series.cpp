@@ -15,7 +15,7 @@ namespace {
 
 namespace Category = Base::Category;
 
-// A change of "ramp_time" by this part is noted.
+// A change of "ramp_time" by this fraction or more is a "Poor match".
 constexpr double noted_change = 0.01;
 
 // Brings the signal to N samples. A signal that is too long is cut at its end to N + overlap
@@ -67,7 +67,7 @@ void TimeSeries::on_evaluate(const Base::Params& stored, Maths::FrontSet& fronts
   const double scaled_rate = rate * std::sqrt(scale_ratio);
   const std::uint32_t N = Maths::round_to_u32(repeat * scaled_rate);
   const std::int64_t overlap = Maths::round_to_i64(ramp_time * scaled_rate);
-  // A time per sample where a rate belongs, on purpose. Nothing reads it.
+  // The entry "rate" is a time per sample here, on purpose. Nothing reads it.
   Base::Params params;
   params.insert("rate", (static_cast<double>(data_->data.size()) / scaled_rate) / N,
                 Base::default_units(Category::frequency));

@@ -1,4 +1,4 @@
-// The steps from a site script to the TankConfig, on which all calculation stands.
+// The steps from a site script to the TankConfig, which all computations use.
 //
 // Context::create, after the script has been read:
 //   1. get_consts collects the limits of tank, frequency and direction, the base rate and gravity,

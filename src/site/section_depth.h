@@ -15,8 +15,8 @@ class SectionDepth {
  public:
   SectionDepth(const Section& section, std::int32_t script_index);
 
-  // The depth in m at a position along the tank in m. It may be NaN or infinite. Throws what an
-  // expression throws, and when its units are not a length.
+  // The depth in m at a position along the tank in m. It may be NaN or infinite. Throws as
+  // Expression::Function does, and if its units are not a length.
   double at(double x) const;
   // Throws "depth <depth> at x = <x> is not a number" unless the depth is finite. A depth below 0
   // is dry ground, which is allowed.
