@@ -118,7 +118,7 @@ void compare(const Job& job) {
 
   Frames frames;
   const double plain = seconds([&] { frames = point_by_point(fronts, tank_run, points, job); });
-  // Keeps the angles that a build writes out of the report.
+  // Hides the lines with angles that a build writes.
   std::ostringstream angles;
   std::streambuf* const terminal = std::cout.rdbuf(angles.rdbuf());
   Synthesis::Animate animate;

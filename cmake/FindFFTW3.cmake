@@ -1,4 +1,4 @@
-# Finds FFTW 3, which brings no CMake package in Debian: FFTW3::fftw3, and FFTW3::fftw3_threads with
+# Finds FFTW 3, which has no CMake package in Debian: FFTW3::fftw3, and FFTW3::fftw3_threads with
 # the guard that makes its planner safe to call from several threads. Installed with Kelpbox, whose
 # users link both.
 find_package(Threads QUIET)

@@ -1,8 +1,8 @@
 import java.util.List;
 
 /**
- * A regular wave in front of a partly reflecting beach. The records of examples/records are made of
- * it, so an analysis of them has to find it.
+ * A regular wave in front of a partly reflecting beach. The records in examples/records are
+ * computed from it, so an analysis of them must find it.
  *
  * <p>Lengths are in metres, times in seconds, angles in radians. The second harmonics that are
  * bound to the wave and to its reflection follow Stokes' second-order theory. There are free second
@@ -34,7 +34,7 @@ final class Beach {
 
     static final double NOISE = 0.0002; // standard deviation
 
-    /** The wave number k is negative for a wave that comes back; the phase holds at x = 0. */
+    /** The wave number k is negative for a reflected wave. The phase holds at x = 0. */
     record Train(double amplitude, double k, double omega, double phase) {}
 
     private static final double OMEGA = 2 * Math.PI * FREQUENCY;

@@ -43,8 +43,8 @@ public final class RandomSeas {
 
     /**
      * Kolmogorov-Smirnov test of the directions. The cumulative law of its frequency maps each
-     * direction to a number that is uniform in 0 to 1 if the law is met. The statistic exceeds 1.63
-     * in one of a hundred seas.
+     * direction to a number that is uniform between 0 and 1 if the directions follow the law. The
+     * statistic exceeds 1.63 in one of a hundred seas.
      */
     private static boolean directionsFollow(List<Front> fronts) {
         double[] shares = fronts.stream()

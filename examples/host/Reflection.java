@@ -8,7 +8,7 @@ import java.nio.file.Path;
  * the free and bound waves of its second harmonic, then finds heights and period by zero crossings.
  *
  * <p>Usage: {@code java Reflection <library> <site script> <records>}. Exits with 1 if a result
- * differs from the waves that the records were made of.
+ * differs from the waves that the records were computed from.
  */
 public final class Reflection {
     /** The kinds of processes. */

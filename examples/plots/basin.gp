@@ -1,4 +1,4 @@
-# Draws what the paddles have to do and the spectrum that they make. Needs the variable `folder`.
+# Draws the motion of the paddles and the spectrum that they generate. Needs the variable `folder`.
 set terminal pngcairo size 1400,1000 font "DejaVu Sans,11"
 set output folder."/basin.png"
 set datafile separator ","

@@ -8,7 +8,7 @@ array moments[6] = [18, 25, 28.5, 32, 35.5, 39]  # s, of the blocks of the file
 
 stats group index 3 nonuniform matrix using 3 nooutput name "S_"
 set palette defined (-1 "#053061", -0.5 "#4393c3", 0 "#f7f7f7", 0.5 "#d6604d", 1 "#67001f")
-# The crest stands above the colours, so that the waves before and after it are to be seen.
+# The crest exceeds the range of the colours, so that the waves before and after it are visible.
 s = 0.5 * S_max
 set cbrange [-s:s]
 set xrange [0:30]

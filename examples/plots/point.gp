@@ -1,4 +1,4 @@
-# Draws where the waves at a point go to, and their spectrum. Needs the variable `folder`.
+# Draws the directions of the waves at a point, and their spectrum. Needs the variable `folder`.
 set terminal pngcairo size 1400,700 font "DejaVu Sans,11"
 set output folder."/point.png"
 set datafile separator ","

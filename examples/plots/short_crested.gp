@@ -1,4 +1,4 @@
-# Draws what the paddles have to do for a short-crested sea, and the waves it is made of. Needs the
+# Draws the motion of the paddles for a short-crested sea, and the waves of that sea. Needs the
 # variable `folder`.
 set terminal pngcairo size 1400,1000 font "DejaVu Sans,11"
 set output folder."/short_crested.png"
@@ -11,7 +11,7 @@ step = T_max / (T_records - 1)
 stats signals skip 1 matrix every 1::1 nooutput name "S_"
 s = S_max > -S_min ? S_max : -S_min
 
-# The spread asked for: s_max 10 at the peak of 0.6 Hz, after Goda and Suzuki. The deviation of
+# The requested spread: s_max 10 at the peak of 0.6 Hz, after Goda and Suzuki. The deviation of
 # cos^2s(d/2) is about sqrt(2 / (1 + s)).
 exponent(f) = 10 * (f < 0.6 ? (f / 0.6)**5 : (f / 0.6)**(-2.5))
 deviation(f) = sqrt(2 / (1 + exponent(f))) * 180 / pi

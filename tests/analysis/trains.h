@@ -161,7 +161,7 @@ struct Sea {
     return out;
   }
 
-  // With the wave numbers that the separation assumes: the tests of maths prove them.
+  // With the wave numbers that the separation assumes. The tests of maths prove them.
   std::vector<Train> trains(double depth, const Reading& reading = {}) const {
     return trains([&](std::size_t h) { return Maths::knum(reading.omega(h * bin), depth, 9.81); });
   }

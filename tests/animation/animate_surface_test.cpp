@@ -38,7 +38,7 @@ Given wild_sea() {
   return fronts;
 }
 
-// Expects the samples to be the rounded sums of the fronts; looks at some of them.
+// Expects the samples to be the rounded sums of the fronts. Checks some of them.
 void expect_sum(AnimatedSea& sea, const GridText& grid) {
   const std::vector<Synthesis::Front> fronts = displayed(sea);
   const std::uint32_t columns = sea.frames().size(1);
@@ -146,8 +146,9 @@ struct Cycle {
 };
 
 TEST(AnimateSurface, ASingleHarmonicHasAShortCycle) {
-  // Of 100 samples, 2 * 2 * 5 * 5, those primes are divided out which the sum of the slot and the
-  // lowest harmonic, 1, has as well: 6, 10, 13, 14 and 20. The cycle does not always fit the wave.
+  // The sample count 100 = 2 * 2 * 5 * 5 is divided by the primes that it shares with the sum of
+  // the slot and the lowest harmonic, 1. Here the sums are 6, 10, 13, 14 and 20. The cycle does not
+  // always fit the wave.
   for (const auto& [slot, cycle] :
        {Cycle{5, 50}, Cycle{9, 10}, Cycle{12, 100}, Cycle{13, 50}, Cycle{19, 5}}) {
     AnimatedSea sea({{slot, {1.0, 0.4, 0.3}}});

@@ -22,7 +22,7 @@ Base::Params small_grid() {
   return grid.params();
 }
 
-// Each meeting of the threads is repeated, at moments that move on through a build.
+// Each interaction of the threads is repeated, at later and later moments of a build.
 constexpr int rounds = 40;
 double moment(int round) { return static_cast<double>(round) / rounds; }
 
@@ -62,7 +62,7 @@ TEST(AnimateThreads, AWatcherSeesProgressRiseFromZeroToOne) {
         const double progress = run.definition.animate_progress();
         ASSERT_GE(progress, last);
         ASSERT_LE(progress, 1.0);
-        // What was ready before stays so.
+        // Frames that were ready before stay ready.
         ASSERT_TRUE(!ready || progress == 1.0);
         ASSERT_TRUE(progress < 1.0 || run.definition.animate_ready());
         last = progress;

@@ -106,7 +106,7 @@ TEST(ColumnSurface, HarmonicsAboveHalfTheSamplingRateAreIgnored) {
   EXPECT_EQ(surface.series(0), std::vector<double>(10, 0.0));
 }
 
-// So that the memory of a block does not grow with the cycle.
+// The memory of a block must not grow with the cycle.
 TEST(ColumnSurface, LongCyclesHaveSmallBlocks) {
   EXPECT_GT(ColumnSurface(4096, 200, 100).block_rows(), 1u);
   for (const std::uint32_t samples : {1u << 18, 1u << 19, 1u << 21}) {

@@ -52,7 +52,7 @@ struct AnimatedSea {
   const Maths::TankConfig& tank() { return site.context().tank_config(); }
   Synthesis::AnimationFrames& frames() { return animate.frames(); }
 
-  // Each returns what was written to the standard output. When a build fails, that is `output`.
+  // Each returns what was written to the standard output. When a build fails, `output` holds it.
   std::string build(Base::Params& params) {
     std::exception_ptr failure;
     output = printed([&] {

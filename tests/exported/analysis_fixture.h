@@ -88,8 +88,8 @@ class AnalysisTest : public HostTest {
     return host.call(NATIVE(Kelpbox_1Analysis_1get_1data), self, proxy, id, params(), proxy);
   }
 
-  // What the last of these calls has thrown. Hides Testing::thrown(): failures are exceptions of
-  // the host here.
+  // The failure of the last of these calls. Hides Testing::thrown(): failures are exceptions of the
+  // host here.
   Thrown thrown() { return host.take_thrown(); }
 
   static Thrown uncaught(const std::string& operation) {

@@ -1,5 +1,5 @@
-// Records of six noisy probes on a slanting line, against a least squares fit, and how badly
-// described probes are refused.
+// Records of six noisy probes on a slanting line, against a least squares fit, and the refusal of
+// probes with a bad description.
 #include <algorithm>
 #include <array>
 #include <complex>

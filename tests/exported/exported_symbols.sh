@@ -1,7 +1,6 @@
 #!/bin/sh
-# exported_symbols.sh <nm> <module> <archive>
-# What leaves the module is what the archive of exported functions defines for a host, no more and
-# no less.
+# exported_symbols.sh <nm> <module> <archive> Checks that the module exports exactly the symbols
+# that the archive of exported functions defines for a host.
 set -eu
 prefix=Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_
 work=$(mktemp -d)

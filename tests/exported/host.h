@@ -42,7 +42,7 @@ class Host {
   // The pending exception, which is then no longer pending. Empty when there is none.
   Thrown take_thrown();
 
-  // What the library has asked of the environment, in order, such as "FindClass java/...".
+  // The calls that the library made to the environment, in order, such as "FindClass java/...".
   std::vector<std::string> log;
   std::set<std::string> missing_classes;
   bool refuses_characters = false;

@@ -28,7 +28,8 @@ struct PlaneWave {
   double phase;
 };
 
-// Half the ratio of the energy flux to k, up to a constant: amplitudes go with its inverse root.
+// Half the ratio of the energy flux to k, up to a constant: amplitudes are proportional to the
+// inverse of its square root.
 double flux(double k, double depth) { return (1 + 2 * k * depth / std::sinh(2 * k * depth)) / k; }
 
 // The steps of data/shelf.txt. The paddle line is in the second one.

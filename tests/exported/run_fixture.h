@@ -17,8 +17,8 @@ class RunHostTest : public HostTest {
   jlong add_single();
   void set_single(jlong wave, double f, double a, double angle, double phase);
   Thrown thrown_by_run_build();
-  // Takes the tank away until the site is set again: an analysis on the same object leaves it to
-  // its next process to make the tank.
+  // Takes the tank away until the site is set again: after its `set`, an analysis on the same
+  // object makes the tank only with its next process.
   void unmake_tank();
 
   jlong experiment = 0;

@@ -251,7 +251,7 @@ TEST_F(Site, AProfileNeedsAStepThatIsALength) {
             domain("delta_x::not convertable"));
 }
 
-// An analysis on the same object leaves it to its next process to make the tank.
+// After its `set`, an analysis on the same object makes the tank only with its next process.
 TEST_F(Site, AProfileWithoutATankThrowsTheFixedMessage) {
   const jlong experiment = basin();
   const jlong values = params({{"beach", 0.5, "m"}, {"delay", 30, "msec"}});

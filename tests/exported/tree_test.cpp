@@ -283,8 +283,8 @@ TEST_F(Tree, AModifierIsAnItemOfTheTree) {
   EXPECT_EQ(thrown_by_query(3), inactive);
 }
 
-// No host can make a specification lose a component, and still a removal must keep the table in
-// order if it fails halfway. So these two tests look at the items themselves.
+// A host cannot make a specification lose a component, but a removal that fails halfway must keep
+// the table consistent. Therefore these two tests access the items directly.
 class OpenExperiment : public Kelpbox::Facade {
  public:
   using Kelpbox::Experiment::component;

@@ -71,7 +71,7 @@ Base::Params parameters() {
   return params;
 }
 
-// Reads "1.5 Hz"; "-" stands for no variable.
+// Reads "1.5 Hz"; "-" means no variable.
 Base::Quantity variable_of(const std::string& column) {
   if (column == "-") return quantity(0.0, "");
   char* end = nullptr;

@@ -40,7 +40,7 @@ TankRun flat_tank() {
   return {tank, run};
 }
 
-// As the library has it: dispersion_test.cpp proves it.
+// The library's wave number, which dispersion_test.cpp proves.
 double wave_number(std::size_t harmonic) {
   return Maths::knum(2 * pi * static_cast<double>(harmonic) / 10.0, depth, g);
 }

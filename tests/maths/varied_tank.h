@@ -34,7 +34,7 @@ inline Maths::TankConfig varied() {
 
 inline Maths::TankRun varied_run() { return {varied(), grid()}; }
 
-// The wave number of harmonic 10, 1 Hz, as the library has it: dispersion_test.cpp proves it.
+// The library's wave number of harmonic 10, 1 Hz, which dispersion_test.cpp proves.
 inline double k_of(double depth) { return Maths::knum(2 * pi, depth, g); }
 
 inline std::string outside(const std::string& x) {

@@ -1,5 +1,5 @@
-// Seas at a point, against the density that was asked for and against linear theory: exact
-// dispersion, Snell's law, energy flux.
+// Seas at a point, against the requested density and against linear theory: exact dispersion,
+// Snell's law, energy flux.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -32,8 +32,8 @@ Maths::RunData grid() {
   return run;
 }
 
-// Fronts at the paddle line, and the tank that they enter: 1 m deep, with a slope to 0.5 m from
-// x = 5 to x = 10 if asked for, where it is 0.4 m deep behind the paddles.
+// Fronts at the paddle line, and the tank that they enter: 1 m deep, or on request with a slope to
+// 0.5 m from x = 5 to x = 10 and a depth of 0.4 m behind the paddles.
 struct Waves {
   explicit Waves(bool slope = false) {
     tank.g = 9.81;
@@ -215,7 +215,7 @@ TEST(DirectionAt, TheStepIsATenthOfARadianInTheLocalWaveNumber) {
     return std::atan2(std::arg(zy / z), std::arg(zx / z));
   };
   // The wave number at the paddle line is taken at the profile's first depth until the shoaling at
-  // some point has been asked for. Hosts rely on it.
+  // some point has been computed. Hosts rely on it.
   EXPECT_NEAR(waves.directions({x, 0.0, 200}).data[8], expected(k_of(8, 0.4)), 1e-9);
   Maths::TankRun run(waves.tank, grid());
   run.shoaling(8, x);

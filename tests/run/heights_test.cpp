@@ -1,5 +1,5 @@
-// The heights of the fronts and of the record are those of the density that was asked for, for each
-// kind of spectrum that the examples use.
+// The heights of the fronts and of the record are those of the requested density, for each kind of
+// spectrum that the examples use.
 
 #include <gtest/gtest.h>
 

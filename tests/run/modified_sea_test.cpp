@@ -209,8 +209,8 @@ void expect_owned(const Maths::RunFronts& run, std::uint64_t h, std::size_t owne
   expect_at_paddles(run.merged.slots[h][0], made, owner, h);
 }
 
-// Each harmonic goes to the sea that is owed most energy: its own so far, less that of the
-// harmonics it was given. Worked out by hand for harmonics 2 to 20.
+// The sea that is owed most energy receives the harmonic. It is owed its own energy so far, less
+// the energy of the harmonics that it received. Computed by hand for harmonics 2 to 20.
 TEST(ModifiedSea, RmsMergesThreeSeasOfModifiersWithTheirPositions) {
   Site site;
   ThreeSeas seas(site, "RMS");

@@ -107,8 +107,8 @@ TEST(SignalMemory, AWaveAtAPointHoldsASignalOnceBesidesItsResults) {
   for (const int builds : {1, 2}) {
     EXPECT_TRUE(Testing::good_alone([&] {
       Site site;
-      // The time takes the place of a component's signal. Spectrum and variance are one signal
-      // more, the directions half of one.
+      // The time history counts as the signal. Spectrum and variance are one signal more, the
+      // directions half of one.
       return peak_in_signals([&](SampledRun& run) {
                Maths::TankRun tank(site.context().tank_config(), run.data);
                Synthesis::TwoD point_data;

@@ -80,8 +80,8 @@ TEST(WaveMerge, NullKeepsAllFronts) {
   }
 }
 
-// What a specification is owed is its own energy so far, less that of the harmonics it was given.
-// Worked out by hand for harmonics 2 to 20.
+// A specification is owed its own energy so far, less the energy of the harmonics that it received.
+// Computed by hand for harmonics 2 to 20.
 TEST(WaveMerge, RmsGivesEachHarmonicToTheSpecificationThatIsOwedMost) {
   Site site;
   ThreeParts parts(site);

@@ -9,7 +9,7 @@
 #include "support/output.h"
 #include "support/thrown.h"
 
-// What came of a read.
+// The outcome of a read.
 struct ReadResult {
   std::string failure;  // nothing_thrown after a success
   std::string printed;  // on standard output

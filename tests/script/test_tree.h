@@ -19,8 +19,8 @@ inline constexpr const char* untouched_text = "untouched";
 inline const Script::Rule any_size{};
 inline const Script::Rule optional_object{Script::SizeRule::at_most, 1, 0, 0};
 
-// Lists the keys that a script has changed, one a line, as "Tank.Section[2].width = 7". A number
-// without a value is shown as `$`.
+// Lists the keys that a script has changed, one on each line, as "Tank.Section[2].width = 7". A
+// number without a value is shown as `$`.
 class Dump {
  public:
   void number(const std::string& key, double value) {

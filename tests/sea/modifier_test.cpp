@@ -1,4 +1,4 @@
-// What all modifiers share: the text, the parameters, and which function holds.
+// The behaviour that all modifiers share: the text, the parameters, and which function holds.
 #include "sea/modifier.h"
 
 #include <gtest/gtest.h>

@@ -27,7 +27,7 @@ using Testing::thrown;
 constexpr int most_parts = 256;
 
 // The mean of the rules for a constant density that starts from another value at its left end: the
-// midpoint rule is exact, and the trapezium rule has half a part of the difference too much.
+// midpoint rule is exact, and the trapezium rule is too large by half a part of the difference.
 double from_another_value(double left_value, double density, double width, int parts) {
   return width * (density + (left_value - density) / (4.0 * parts));
 }
@@ -224,8 +224,8 @@ TEST(Spectrum, LimitAtABandsRightEdgeIsTakenInTheNextBand) {
 }
 
 TEST(Spectrum, OnlyOneLimitIsTakenInABand) {
-  // Both inner limits lie in the band of 0.5 Hz. The second one is met in the next band, where its
-  // left part is negative.
+  // Both inner limits lie in the band of 0.5 Hz. The second one is passed in the next band, where
+  // its left part is negative.
   const Evaluated result =
       fronts_of("0.5@Hz#1@ms#0.51@Hz#1@ms#0.53@Hz#0@ms#1@Hz", run_of(8.0, 0.125, 4.0));
   EXPECT_NEAR(result.amp(4), 1.0 / 8, 1e-15);

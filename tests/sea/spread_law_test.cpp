@@ -78,8 +78,8 @@ std::vector<double> deviations(const std::string& text, const char* function, Ra
   return found;
 }
 
-// Expects the deviations to follow the law and not the other one, and each to have the share of the
-// law below it that was drawn for it.
+// Expects the deviations to follow `law` and not `other`. The share of the law below each deviation
+// must be the number that was drawn for it.
 void expect_law(const std::vector<double>& found, const Law& law, const Law& other, double power) {
   EXPECT_LT(kolmogorov_smirnov(found, law), 1.95) << power;
   EXPECT_GT(kolmogorov_smirnov(found, other), 3.0) << power;

@@ -136,7 +136,7 @@ TEST(TimeExp, FirstLimitAboveZeroStartsWithZeros) {
   const auto formula = [](double t) { return t < 1.0 ? 0.0 : 3.0; };
   const Evaluated result = evaluated("1@s#3@m#8@s", 8.0, run8());
   expect_harmonics(result, samples_of(64, formula), run8());
-  // Eight zeros, then one step of 3 m up from them and nothing more; the last 3 m meets a first 0.
+  // Eight zeros, then a step up to a constant 3 m. At the join, 3 m is followed by 0.
   EXPECT_EQ(result.output,
             "64 64 8\n"
             "Time series \"wave\" has max rate of 24 and acceleration of 192\n");
@@ -199,7 +199,7 @@ TEST(TimeExp, TopHarmonicIsLeftOut) {
 }
 
 TEST(TimeExp, WritesCountsAndSteepnessOfASmoothJoin) {
-  // 0 1 2 1 0 -1 -2 -1 at 1 Hz, round and round: steps of 1 m, which turn by 2 m at the crests.
+  // 0 1 2 1 0 -1 -2 -1 at 1 Hz, repeated: steps of 1 m, which turn by 2 m at the crests.
   const Evaluated result =
       evaluated("0@s#$[s]@m#2.5@s#4-$[s]@m#6.5@s#$[s]-8@m#8@s", 1.0, run_of(8.0, 0.125, 0.5));
   EXPECT_EQ(result.output,

@@ -18,8 +18,8 @@ TEST(ProfileLimits, DryGroundOfConstantHeightIsAccepted) {
   EXPECT_DOUBLE_EQ(config.paddle_depth, 1.0);
 }
 
-// Above the water the change relative to the depth is negative. Each candidate is then behind the
-// point and its step is reversed, without regard to the longest step.
+// Above the water the change relative to the depth is negative. Each candidate is then at a smaller
+// x than the point. Its step is reversed, and the longest step does not limit it.
 TEST(ProfileLimits, ADryBeachIsAccepted) {
   const TankConfig config =
       config_of(sections({{"0", "Relative", "1"}, {"90", "Relative", "0 - 0.5 - $[m]/20"}}, "100"));

@@ -119,8 +119,7 @@ Base::Params run_params(double repeat, const std::string& wave_merge = "Null",
 Base::Params rate_params(double rate);
 
 // The wave number that the library works with. The tests of maths prove it against the exact root,
-// so the tests of what follows from it need no tolerance for its error; see also
-// support/wave_number.h.
+// so other tests need no tolerance for its error; see also support/wave_number.h.
 double wave_number(double omega, double depth, double g = 9.81);
 
 }  // namespace Testing

@@ -181,7 +181,7 @@ class AnalysisTest {
     }
 
     /**
-     * What each probe measures over the repeat time of a run. Each front propagates from the paddle
+     * The record of each probe over the repeat time of a run. Each front propagates from the paddle
      * line with the exact wave number of its frequency.
      */
     private static double[][] measured(
@@ -236,8 +236,8 @@ class AnalysisTest {
         }
         long out = results(process(setOf(records, repeat, 50), 2));
         // The library's explicit wave number is within a few parts in 1e5 of the exact one. Over
-        // the 6
-        // rad from the first probe to the last this adds up to a few parts in 1e4 of the wave.
+        // the 6 rad from the first probe to the last, this adds up to a few parts in 1e4 of the
+        // wave.
         double tolerance = 5e-4 * there;
         assertEquals(
                 there, Kelpbox_Params_get(out, null, "Forward free fundamental", ""), tolerance);
@@ -281,12 +281,9 @@ class AnalysisTest {
 
         long waves = process(setOf(records, repeat, rate), 0);
         // The library reports the height that one third of the waves exceed. By Forristall (1978)
-        // the
-        // share of waves above H is exp(-(H / sqrt(m0))^2.126 / 8.42), which is 1/3 at 2.85
-        // sqrt(m0).
-        // The narrow-band law of Rayleigh gives 4 per cent more. The standard deviation over the
-        // 700
-        // waves of a record is 2 per cent.
+        // the share of waves above H is exp(-(H / sqrt(m0))^2.126 / 8.42), which is 1/3 at 2.85
+        // sqrt(m0). Rayleigh's law for a narrow band gives 4 per cent more. The standard deviation
+        // over the 700 waves of a record is 2 per cent.
         double expected = Math.pow(8.42 * Math.log(3), 1 / 2.126) * hs / 4;
         assertEquals(expected, result(waves, "sig_h", "m"), 0.08 * expected);
         assertTrue(Kelpbox_StdVectorDouble_isEmpty(data(waves), null));

@@ -87,9 +87,8 @@ class RunTest extends FlumeTest {
         Kelpbox_Experiment_paddle_motion_build(experiment, null, definition, params, null);
 
         // The wave amplitude of a full-depth piston is 4 sinh^2(kd) / (sinh(2kd) + 2kd) of its
-        // stroke.
-        // The library's explicit wave number is within a few parts in 1e5 of the exact one used
-        // here.
+        // stroke. The library's explicit wave number is within a few parts in 1e5 of the exact one
+        // that is used here.
         double k = Flume.waveNumber(Flume.TWO_PI * f);
         double kd = k * Flume.DEPTH;
         double sinh = Math.sinh(kd);
