@@ -45,7 +45,7 @@ void RunFronts::resize(std::size_t set_count) {
 void RunFronts::build_merged(const TankConfig& tank, std::uint64_t copied) {
   if (sets.empty()) return;
   TankRun tank_run(tank, run);
-  // Not in `merged`: a set that cannot be carried leaves the last result as it was.
+  // Not in `merged`: a set that cannot be carried must not change the last result.
   const std::size_t slot_count = sets.front().slots.size();
   Base::require_memory(front_memory(sets.front(), 0, slot_count) + slot_count * sizeof(Slot),
                        "Front set::the merged fronts");

@@ -40,8 +40,8 @@ class Piecewise {
   // Declares the parameters of the formulas.
   void declare(Base::Params& out) const;
 
-  // For components: binds the formulas anew, and reads each limit as soon as it is bound. A failure
-  // leaves the limits before it.
+  // For components: binds the formulas again, and reads each limit as soon as it is bound. After a
+  // failure, the limits before it remain.
   void bind_with_limits(const Base::Params& in, Base::Params& stored);
   // Whether the last bind_with_limits read all limits.
   bool has_all_limits() const { return limits_.size() == function_count() + 1; }

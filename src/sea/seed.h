@@ -13,8 +13,8 @@ namespace Synthesis {
 void query_seed(Base::Params& out);
 // Copies "ran_gen", and "seed" when "ran_gen" is not Default.
 void set_seed(const Base::Params& in, Base::Params& stored);
-// A generator with its first number drawn. For Default it has the seed of the class, for FullRandom
-// and Distribute alike the parameter "seed", rounded.
+// A generator with its first number drawn. For Default it has the seed of the class. For FullRandom
+// and Distribute it has the parameter "seed", rounded.
 Maths::PureRandom make_generator(const Base::Params& stored, std::uint32_t class_seed);
 
 }  // namespace Synthesis
