@@ -35,7 +35,7 @@ constexpr double negligible_weight = 1e-6;
 constexpr std::size_t most_fronts = std::size_t{1} << 24;
 constexpr std::int32_t most_steps = std::int32_t{1} << 26;
 
-// Each harmonic in use gets a fan.
+// The number of harmonics in use. Each of them gets a fan.
 std::size_t count_used(const Maths::FrontSet& fronts) {
   return static_cast<std::size_t>(
       std::count_if(fronts.slots.begin(), fronts.slots.end(),

@@ -12,8 +12,8 @@ namespace Synthesis {
 // The expression, a function of angle, weights them. The amplitudes of a fan, not its energies, add
 // up to the amplitude of the harmonic's first front. The other fronts are discarded.
 //
-// Evaluation throws "Sweep has zero output", and "AngleSweepModifier::..." for a step that gives no
-// fan or too large a one.
+// Evaluation throws "Sweep has zero output", "AngleSweepModifier::..." for a step that gives no fan
+// or too large a fan, and "Front set::more fronts need ... GiB of memory, ... GiB are available".
 class AngleSweepModifier : public Modifier {
  public:
   explicit AngleSweepModifier(const std::string& text);
