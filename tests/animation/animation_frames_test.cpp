@@ -44,7 +44,7 @@ TEST(SurfaceCode, FourMetresAreTheFullScale) {
   EXPECT_EQ(surface_code(1.0), 8192);  // 8191.75
 }
 
-TEST(SurfaceCode, HalvesGoAwayFromZero) {
+TEST(SurfaceCode, HalvesAreRoundedAwayFromZero) {
   const double half = 0.5 * 4.0 / 32767.0;
   EXPECT_EQ(surface_code(half * 1.000001), 1);
   EXPECT_EQ(surface_code(-half * 1.000001), -1);

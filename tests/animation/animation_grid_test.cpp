@@ -98,7 +98,7 @@ TEST(AnimationGrid, AStepMayChangeByATenthAndARateByAHundredth) {
   EXPECT_EQ(remarks(1.0, 1.0, 3.959), 1u);
 }
 
-TEST(AnimationGrid, StepsComeBackInTheHostsUnits) {
+TEST(AnimationGrid, StepsAreWrittenBackInTheHostsUnits) {
   Base::Params params;
   params.insert("rate", 600.0, "rpm");
   for (const auto& [name, value] : std::vector<std::pair<std::string, double>>{{"x_step", 480},

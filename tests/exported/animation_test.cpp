@@ -120,7 +120,7 @@ TEST_F(Animation, EachColumnWritesTheAnglesOfItsFronts) {
   EXPECT_EQ(output, "0.3\n-0.2\n0.3\n-0.2\n0.3\n-0.2\n");
 }
 
-TEST_F(Animation, StepsAndRateComeBackAsFitted) {
+TEST_F(Animation, StepsAndRateAreWrittenBackAsFitted) {
   build_oblique_run();
   const jlong values = grid(20.04, 1.3, 10);
   ASSERT_EQ(thrown_by_build(values), Thrown{});

@@ -87,7 +87,7 @@ TEST_F(Point, TheResultsBelongToTheDefinitionAndAreRefilled) {
   EXPECT_EQ(values_of(time).size(), 200u);
 }
 
-TEST_F(Point, RateAndSectorComeBackAsFitted) {
+TEST_F(Point, RateAndSectorAreWrittenBackAsFitted) {
   build_run();
   const jlong values =
       params({{"rate", 1.26, "Hz"}, {"x", 1, "m"}, {"y", 0, "m"}, {"delta_angle", 0.9, "rad"}});

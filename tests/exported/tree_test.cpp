@@ -132,7 +132,7 @@ TEST_F(Tree, AnIdOutOfRangeIsTheFirstFailure) {
   }
 }
 
-TEST_F(Tree, ASpecificationGoesOnlyUnderADefinition) {
+TEST_F(Tree, ASpecificationIsAddedOnlyUnderADefinition) {
   const jlong group = add_specification(add_definition());
   const Thrown refused = domain("Adding an Specification to invalid type");
   const auto add = NATIVE(Kelpbox_1Experiment_1add_1specification);
@@ -142,7 +142,7 @@ TEST_F(Tree, ASpecificationGoesOnlyUnderADefinition) {
   EXPECT_EQ(thrown_by(add, experiment, proxy, 0), refused);
 }
 
-TEST_F(Tree, AComponentGoesOnlyUnderASpecificationAndNamesItself) {
+TEST_F(Tree, AComponentIsAddedOnlyUnderASpecificationAndNamesItself) {
   const jlong run = add_definition();
   const std::string refused = "::Trying to add to invalid type";
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1add_1single), experiment, proxy, run),
@@ -236,7 +236,7 @@ TEST_F(Tree, AnIdIsNotReused) {
   EXPECT_EQ(add_definition(), 3);
 }
 
-TEST_F(Tree, NothingGoesUnderARemovedItem) {
+TEST_F(Tree, NothingCanBeAddedUnderARemovedItem) {
   const jlong group = add_specification(add_definition());
   remove(group);
   EXPECT_EQ(thrown_by(NATIVE(Kelpbox_1Experiment_1add_1single), experiment, proxy, group),

@@ -262,7 +262,7 @@ TEST(UnaryOp, FreesItsChild) {
   EXPECT_EQ(freed, "a");
 }
 
-TEST(UnaryOp, GivesTheAnswersOfItsChild) {
+TEST(UnaryOp, ReturnsTheAnswersOfItsChild) {
   for (const bool fixed : {false, true}) {
     Visits child{.fixed = fixed};
     UnaryOp node(Unary::sine, witness(child));

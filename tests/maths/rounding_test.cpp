@@ -13,7 +13,7 @@ constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
 
-TEST(Rounding, HalvesGoUp) {
+TEST(Rounding, HalvesAreRoundedUp) {
   EXPECT_EQ(round_to_i64(2.5), 3);
   EXPECT_EQ(round_to_i64(-2.5), -2);
   EXPECT_EQ(round_to_i32(-2.51), -3);
@@ -21,7 +21,7 @@ TEST(Rounding, HalvesGoUp) {
   EXPECT_EQ(round_to_u32(1000.5), 1001u);
 }
 
-TEST(Rounding, TruncationGoesTowardsZero) {
+TEST(Rounding, TruncationIsTowardsZero) {
   EXPECT_EQ(truncate_to_i64(2.99), 2);
   EXPECT_EQ(truncate_to_i64(-2.99), -2);
   EXPECT_EQ(truncate_to_i32(-2.99), -2);

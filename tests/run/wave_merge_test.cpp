@@ -169,7 +169,7 @@ TEST(WaveMerge, AFailedBuildKeepsTheMergedFronts) {
 
 // A trench in front of the specification's place turns oblique waves back, so that they have no
 // phase at the paddles. The angle limits of the site refuse them.
-TEST(WaveMerge, AFrontRefusedOfEachSpecificationDoesNotAffectTheDrive) {
+TEST(WaveMerge, ARefusedFrontOfEachSpecificationDoesNotAffectTheDrive) {
   Testing::SiteText text;
   text.depths = {"0.5@m", "3@m", "0.5@m"};
   text.breaks = {5.0, 10.0};

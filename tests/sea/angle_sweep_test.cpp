@@ -119,7 +119,7 @@ TEST(AngleSweep, AnExpressionOfZeroHasNoOutput) {
   }
 }
 
-TEST(AngleSweep, AMinimumAboveTheMaximumGoesThroughPi) {
+TEST(AngleSweep, AMinimumAboveTheMaximumPassesThroughPi) {
   // The table of units has not quite 360 degrees to a turn.
   expect_near(Swept("1", 150, -150, 20).degrees(), {150, 170, -170, -150}, 1e-3);
   expect_near(Swept("1", 10, -10, 85).degrees(), {10, 95, 180, -95, -10}, 1e-3);

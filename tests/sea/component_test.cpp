@@ -111,7 +111,7 @@ TEST(Component, ASecondSetReplacesTheParameters) {
   EXPECT_EQ(evaluate(probe, run8()).messages, Strings{"own = 2 m"});
 }
 
-TEST(Component, LimitsHaveToRise) {
+TEST(Component, LimitsMustRise) {
   for (const char* text :
        {"2@s#1@m#2@s", "2@s#1@m#1@s", "1@s#1@m#3@s#1@m#2@s", "0/0@s#1@m#2@s", "1@s#1@m#0/0@s"}) {
     TimeExp wave("wave", text);

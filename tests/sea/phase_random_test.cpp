@@ -105,7 +105,7 @@ TEST(PhaseRandom, TheOtherTwoGeneratorsBothTakeTheSeedRounded) {
   }
 }
 
-TEST(PhaseRandom, DrawsGoInOrderOfHarmonicAndList) {
+TEST(PhaseRandom, DrawsAreMadeInOrderOfHarmonicAndList) {
   expect_draws(phases(by_default(), {9, 2, 2, 5, 9, 9}), 4);
   // The mean takes a draw too.
   expect_draws(phases(by_default(), {0, 1, 2}), 4);

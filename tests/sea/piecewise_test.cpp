@@ -108,7 +108,7 @@ TEST(PiecewiseText, LaterFunctionsTakeTheSame) {
   EXPECT_EQ(refusal("1@Hz#$[Hz]@m#2@Hz#$[m]@m#3@Hz"), "Inconsistent input units");
 }
 
-TEST(PiecewiseText, ConstantFunctionsGoWithAnyInput) {
+TEST(PiecewiseText, ConstantFunctionsMatchAnyInput) {
   for (const char* text : {"1@Hz#1@m2s#2@Hz", "1@Hz#top[m]@m#2@Hz", "1@Hz#4@m#2@Hz#$[Hz]@m#3@Hz",
                            "1@Hz#4@m#2@Hz#$[s]@m#3@Hz", "1@Hz#$[s]@m#2@Hz#4@m#3@Hz"}) {
     EXPECT_EQ(refusal(text), nothing_thrown) << text;

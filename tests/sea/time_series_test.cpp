@@ -95,7 +95,7 @@ TEST(TimeSeries, DeclaredParametersWithoutAValueAreRefused) {
   EXPECT_EQ(thrown([&] { component.set(in); }), "Invalid value");
 }
 
-TEST(TimeSeries, RampTypeHasToBeARamp) {
+TEST(TimeSeries, RampTypeMustBeARamp) {
   const Base::Vector data = vector_of(record(64));
   TimeSeries component(data);
   Base::Params in = params_of(1.0, 8.0, 0.0);
@@ -226,7 +226,7 @@ TEST(TimeSeries, RampTypeMakesNoDifference) {
   }
 }
 
-TEST(TimeSeries, RampOfMoreThanHalfTheDurationComesBackReduced) {
+TEST(TimeSeries, RampOfMoreThanHalfTheDurationIsWrittenBackReduced) {
   const Base::Vector data = vector_of(record(64));
   TimeSeries component(data);
   Base::Params in = params_of(4.0, 8.0, 3.0);
