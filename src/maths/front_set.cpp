@@ -12,10 +12,11 @@ namespace {
 
 using Base::operator""_MiB;
 
-// What a list of fronts takes from the heap, with the word that the heap adds to each block.
-std::uint64_t list_memory(std::uint64_t fronts) { return fronts * sizeof(HarmonicFront) + 8; }
+constexpr char more_fronts[] = "Front set::more fronts";
 
 }  // namespace
+
+std::uint64_t list_memory(std::uint64_t fronts) { return fronts * sizeof(HarmonicFront) + 8; }
 
 void FrontSet::add_front(std::uint64_t slot, const HarmonicFront& front) {
   if (slot >= slots.size()) {
@@ -27,10 +28,14 @@ void FrontSet::add_front(std::uint64_t slot, const HarmonicFront& front) {
   constexpr std::uint64_t step = 64_MiB;
   unchecked_ += list_memory(1);
   if (unchecked_ >= step) {
-    Base::require_memory(step, "Front set::more fronts");
+    Base::require_memory(step, more_fronts);
     unchecked_ = 0;
   }
-  slots[slot].push_back(front);
+  std::vector<HarmonicFront>& list = slots[slot];
+  // A full list moves to a block of twice its size.
+  const std::uint64_t block = list_memory(2 * list.size());
+  if (list.size() == list.capacity() && block >= step) Base::require_memory(block, more_fronts);
+  list.push_back(front);
 }
 
 void FrontSet::reset(std::uint64_t slot_count) {

@@ -37,6 +37,9 @@ class FrontSet {
 // memory, ... GiB are available".
 void require_slots(std::uint64_t set_count, std::uint64_t slot_count);
 
+// The bytes of a list of fronts, with the word that the heap adds to each block.
+std::uint64_t list_memory(std::uint64_t fronts);
+
 // The bytes that a copy of the fronts takes, for the slots from `first` to `last` - 1.
 std::uint64_t front_memory(const FrontSet& set, std::size_t first, std::size_t last);
 

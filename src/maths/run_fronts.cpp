@@ -36,7 +36,8 @@ void add_carried(FrontSet& sum, const FrontSet& set, TankRun& tank, std::uint64_
 }  // namespace
 
 void RunFronts::resize(std::size_t set_count) {
-  sets.assign(set_count, FrontSet{});
+  sets.clear();  // frees the slots of an earlier build before those of this one are checked
+  sets.resize(set_count);
   if (sets.empty()) return;
   require_slots(set_count, run.size());
   for (FrontSet& set : sets) set.reset(run.size());

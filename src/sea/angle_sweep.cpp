@@ -42,6 +42,14 @@ std::size_t count_used(const Maths::FrontSet& fronts) {
                     [](const std::vector<Maths::HarmonicFront>& slot) { return !slot.empty(); }));
 }
 
+// Grows a full list after a check of the memory: its length is known only at the end.
+void make_room(std::vector<Direction>& directions) {
+  if (directions.size() < directions.capacity()) return;
+  const std::size_t capacity = std::max<std::size_t>(64, 2 * directions.capacity());
+  Base::require_memory(capacity * sizeof(Direction), "Front set::more fronts");
+  directions.reserve(capacity);
+}
+
 // Stops as soon as there are more directions than `most`.
 Fan make_fan(const Modifier& modifier, double lo, double step, std::int32_t n, std::size_t most) {
   Fan fan;
@@ -49,6 +57,7 @@ Fan make_fan(const Modifier& modifier, double lo, double step, std::int32_t n, s
     const double a = Maths::wrap_angle(i * step + lo);
     const double w = modifier.value(a);
     if (w > negligible_weight) {
+      make_room(fan.directions);
       fan.directions.push_back({a, w});
       fan.weight_sum += w;
     }
@@ -88,8 +97,7 @@ void AngleSweepModifier::on_evaluate(const Base::Params& stored, Maths::FrontSet
   const Fan fan = make_fan(*this, lo, span / n, n, most);
   // Without a step there is no direction to weight.
   if (n == 0 || fan.directions.size() > most) refuse();
-  Base::require_memory(used * fan.directions.size() * sizeof(Maths::HarmonicFront),
-                       "Front set::more fronts");
+  Base::require_memory(used * Maths::list_memory(fan.directions.size()), "Front set::more fronts");
   for (std::vector<Maths::HarmonicFront>& slot : fronts.slots) {
     if (slot.empty()) continue;
     const Maths::HarmonicFront first = slot.front();

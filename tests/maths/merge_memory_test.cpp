@@ -142,4 +142,30 @@ TEST(MergeMemory, FrontsBeyondTheMemoryAreRefused) {
   }));
 }
 
+// A list doubles, which takes more at once than the fronts that were added since the last check.
+TEST(MergeMemory, ALongListOfFrontsBeyondTheMemoryIsRefused) {
+  if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
+  EXPECT_TRUE(Testing::good_alone([] {
+    FrontSet set;
+    set.reset(10);
+    Testing::leave_room(2.5e8);
+    const std::string message = thrown([&] {
+      for (;;) set.add_front(5, {0.1, 0.2, 0.3});
+    });
+    return message.starts_with("Front set::more fronts need 0.") && set.front_count() > 1000000;
+  }));
+}
+
+TEST(MergeMemory, TheSetsOfAnEarlierBuildMakeRoom) {
+  if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
+  EXPECT_TRUE(Testing::good_alone([] {
+    RunFronts fronts;
+    fronts.run.init(1e6, 10.0, 0.1, 4.0, false);
+    Testing::leave_room(1.5e8);
+    // The slots need 96 MB each time.
+    for (int build = 0; build < 3; ++build) fronts.resize(1);
+    return fronts.sets[0].slots.size() == 4000001;
+  }));
+}
+
 }  // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/modifiers.h"
+#include "support/own_process.h"
 #include "support/thrown.h"
 
 namespace {
@@ -189,7 +190,7 @@ TEST(AngleSweep, MoreThanSixteenMillionFrontsAreRefused) {
             "AngleSweepModifier::delta_angle of 6.10352e-05" + no_usable_fan);
 }
 
-TEST(AngleSweep, TooManyDirectionsAreRefusedEvenWithoutFronts) {
+TEST(AngleSweep, ARangeOfTooManyStepsIsRefusedEvenWithoutFronts) {
   for (const char* text : {"1", "0#0.25@rad#1#0.75@rad#0"}) {
     Sea sea;
     sea.tank.min_angle = 0.0;
@@ -199,6 +200,21 @@ TEST(AngleSweep, TooManyDirectionsAreRefusedEvenWithoutFronts) {
     EXPECT_EQ(thrown([&] { sea.modify(sweep); }),
               "AngleSweepModifier::delta_angle of 1e-09" + no_usable_fan);
   }
+}
+
+TEST(AngleSweep, DirectionsThatDoNotFitIntoMemoryAreRefused) {
+  if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
+  EXPECT_TRUE(Testing::good_alone([] {
+    Sea sea;
+    sea.tank.min_angle = 0.0;
+    sea.tank.max_angle = 1.0;
+    sea.at(5) = {{0.1, 0.0, 0.0}};
+    AngleSweepModifier sweep("1");
+    set(sweep, Filled().with("delta_angle", 4e-7, "rad"));  // 2.5 million directions, 40 MB
+    Testing::leave_room(30e6);
+    return thrown([&] { sea.modify(sweep); }).starts_with("Front set::more fronts need 0.0") &&
+           sea.at(5).size() == 1;
+  }));
 }
 
 // More than 16 million directions for all harmonics, of which 26 or 27 each lie in the sector.
