@@ -52,31 +52,71 @@ struct GroupFiles {
   const char* mount;
   const char* limit;
   const char* usage;
+  const char* swap_limit;
+  const char* swap_usage;
   const char* cache_prefix;
+  bool swap_includes_memory;
 };
-constexpr GroupFiles version_1 = {"/sys/fs/cgroup/memory", "/memory.limit_in_bytes",
-                                  "/memory.usage_in_bytes", "total_"};
-constexpr GroupFiles version_2 = {"/sys/fs/cgroup", "/memory.max", "/memory.current", ""};
+constexpr GroupFiles version_1 = {"/sys/fs/cgroup/memory",
+                                  "/memory.limit_in_bytes",
+                                  "/memory.usage_in_bytes",
+                                  "/memory.memsw.limit_in_bytes",
+                                  "/memory.memsw.usage_in_bytes",
+                                  "total_",
+                                  true};
+constexpr GroupFiles version_2 = {"/sys/fs/cgroup",
+                                  "/memory.max",
+                                  "/memory.current",
+                                  "/memory.swap.max",
+                                  "/memory.swap.current",
+                                  "",
+                                  false};
 
-// The bytes left under the limit of one group. Its file cache counts as free, since the system
+// The bytes left under several limits.
+struct Room {
+  std::uint64_t memory = no_limit;
+  std::uint64_t swap = no_limit;
+  std::uint64_t both = no_limit;  // memory and swap together
+
+  void limit(const Room& other) {
+    memory = std::min(memory, other.memory);
+    swap = std::min(swap, other.swap);
+    both = std::min(both, other.both);
+  }
+  std::uint64_t total() const {
+    return std::min(both, memory > no_limit - swap ? no_limit : memory + swap);
+  }
+};
+
+// The bytes left under the limits of one group. Its file cache counts as free, since the system
 // drops it first.
-std::uint64_t group_room(const std::string& folder, const GroupFiles& files) {
+Room group_room(const std::string& folder, const GroupFiles& files) {
   const std::uint64_t limit = number_in(folder + files.limit, no_limit);
-  if (limit == no_limit) return no_limit;
+  const std::uint64_t swap_limit = number_in(folder + files.swap_limit, no_limit);
   const Figures figures(folder + "/memory.stat");
   const std::string prefix = files.cache_prefix;
   const std::uint64_t cache =
       figures.get(prefix + "inactive_file", 0) + figures.get(prefix + "active_file", 0);
-  return difference(limit, difference(number_in(folder + files.usage, 0), cache));
+  const auto left = [&](std::uint64_t most, const char* usage, std::uint64_t free) {
+    if (most == no_limit) return no_limit;
+    return difference(most, difference(number_in(folder + usage, 0), free));
+  };
+  Room room;
+  room.memory = left(limit, files.usage, cache);
+  if (files.swap_includes_memory) {
+    room.both = left(swap_limit, files.swap_usage, cache);
+  } else {
+    room.swap = left(swap_limit, files.swap_usage, 0);
+  }
+  return room;
 }
 
 // A group and the groups around it, from the inside out. A container may not see the inner folders.
 // The limit then shows at the mount itself.
-std::uint64_t nested_groups_room(const std::string& mount, std::string path,
-                                 const GroupFiles& files) {
-  std::uint64_t room = group_room(mount, files);
+Room nested_groups_room(const std::string& mount, std::string path, const GroupFiles& files) {
+  Room room = group_room(mount, files);
   while (!path.empty()) {
-    room = std::min(room, group_room(mount + path, files));
+    room.limit(group_room(mount + path, files));
     const std::size_t last = path.rfind('/');
     path.erase(last == std::string::npos ? 0 : last);
   }
@@ -85,8 +125,8 @@ std::uint64_t nested_groups_room(const std::string& mount, std::string path,
 
 // The least room of all groups that the process is in. /proc/self/cgroup has a line
 // "<number>:<controllers>:<path>" for each. Version 2 has one line without controllers.
-std::uint64_t groups_room(const std::string& root) {
-  std::uint64_t room = no_limit;
+Room groups_room(const std::string& root) {
+  Room room;
   std::ifstream groups(root + "/proc/self/cgroup");
   for (std::string line; std::getline(groups, line);) {
     const std::size_t first = line.find(':');
@@ -98,7 +138,7 @@ std::uint64_t groups_room(const std::string& root) {
     const GroupFiles& files = memory ? version_1 : version_2;
     std::string path = line.substr(second + 1);
     if (path == "/") path.clear();
-    room = std::min(room, nested_groups_room(root + files.mount, path, files));
+    room.limit(nested_groups_room(root + files.mount, path, files));
   }
   return room;
 }
@@ -107,8 +147,9 @@ std::uint64_t groups_room(const std::string& root) {
 
 std::uint64_t system_memory(const std::string& root) {
   const Figures machine(root + "/proc/meminfo");
-  std::uint64_t room = std::min(machine.get("MemAvailable", no_limit), groups_room(root));
-  if (room != no_limit) room += machine.get("SwapFree", 0);
+  Room least = groups_room(root);
+  least.limit({machine.get("MemAvailable", no_limit), machine.get("SwapFree", 0), no_limit});
+  std::uint64_t room = least.total();
   constexpr std::uint64_t strict_overcommit = 2;
   if (number_in(root + "/proc/sys/vm/overcommit_memory", 0) == strict_overcommit) {
     room = std::min(

@@ -88,6 +88,48 @@ TEST_F(SystemMemory, TheFirstVersionOfControlGroupsIsSupported) {
   EXPECT_EQ(room(), 1030U + 500U * 1024U);
 }
 
+TEST_F(SystemMemory, AControlGroupLimitsTheSwap) {
+  write_machine();
+  write("/proc/self/cgroup", "0::/jobs/one\n");
+  write("/sys/fs/cgroup/jobs/one/memory.max", "9000\n");
+  write("/sys/fs/cgroup/jobs/one/memory.current", "8000\n");
+  write("/sys/fs/cgroup/jobs/one/memory.swap.max", "max\n");
+  write("/sys/fs/cgroup/jobs/one/memory.swap.current", "20\n");
+  EXPECT_EQ(room(), 1000U + 500U * 1024U);
+  write("/sys/fs/cgroup/jobs/one/memory.swap.max", "70\n");
+  EXPECT_EQ(room(), 1050U);
+  // More than the machine has.
+  write("/sys/fs/cgroup/jobs/one/memory.swap.max", "9000000\n");
+  EXPECT_EQ(room(), 1000U + 500U * 1024U);
+  write("/sys/fs/cgroup/jobs/memory.swap.max", "0\n");
+  EXPECT_EQ(room(), 1000U);
+}
+
+TEST_F(SystemMemory, AControlGroupWithoutSwapLeavesTheMemoryOfTheMachine) {
+  write_machine();
+  write("/proc/self/cgroup", "0::/jobs\n");
+  write("/sys/fs/cgroup/jobs/memory.max", "max\n");
+  write("/sys/fs/cgroup/jobs/memory.swap.max", "0\n");
+  EXPECT_EQ(room(), 3000U * 1024U);
+}
+
+TEST_F(SystemMemory, TheFirstVersionOfControlGroupsLimitsMemoryAndSwapTogether) {
+  write_machine();
+  write("/proc/self/cgroup", "4:memory:/a\n");
+  write("/sys/fs/cgroup/memory/a/memory.limit_in_bytes", "9000\n");
+  write("/sys/fs/cgroup/memory/a/memory.usage_in_bytes", "8000\n");
+  write("/sys/fs/cgroup/memory/a/memory.memsw.limit_in_bytes", "9223372036854771712\n");
+  write("/sys/fs/cgroup/memory/a/memory.memsw.usage_in_bytes", "8500\n");
+  EXPECT_EQ(room(), 1000U + 500U * 1024U);
+  write("/sys/fs/cgroup/memory/a/memory.memsw.limit_in_bytes", "9100\n");
+  EXPECT_EQ(room(), 600U);
+  write("/sys/fs/cgroup/memory/a/memory.stat", "total_inactive_file 30\n");
+  EXPECT_EQ(room(), 630U);
+  // The limit of the memory alone still applies.
+  write("/sys/fs/cgroup/memory/a/memory.memsw.limit_in_bytes", "11000\n");
+  EXPECT_EQ(room(), 2530U);
+}
+
 TEST_F(SystemMemory, StrictOvercommitLimitsTheMemory) {
   write_machine();
   write("/proc/sys/vm/overcommit_memory", "1\n");
