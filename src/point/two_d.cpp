@@ -1,6 +1,7 @@
 #include "point/two_d.h"
 
 #include <algorithm>
+#include <complex>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -53,7 +54,10 @@ void TwoD::build(const Maths::FrontSet& fronts, Maths::TankRun& run, const Point
       Maths::signal_memory(point.samples) + 3 * sizeof(double) * Base::spectrum_size(point.samples);
   const std::uint64_t held =
       sizeof(double) * (time_.data.size() + spectrum_.data.size() + variance_.data.size());
-  require_point_memory(params, point, bytes - std::min(bytes, held));
+  // The earlier results are freed once the surface and the directions exist.
+  const std::uint64_t before_release =
+      (sizeof(std::complex<double>) + sizeof(double)) * Base::spectrum_size(point.samples);
+  require_point_memory(params, point, std::max(before_release, bytes - std::min(bytes, held)));
   Base::Cvector surface;
   surface_at(surface, fronts, run, point);
   Base::Vector directions;
