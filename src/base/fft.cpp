@@ -6,7 +6,6 @@
 #include <climits>
 #include <cstddef>
 #include <mutex>
-#include <new>
 #include <string>
 
 #include "base/compose.h"
@@ -20,10 +19,6 @@ using Spectrum = std::vector<std::complex<double>>;
 // FFTW chooses its plan by alignment. Every vector has the alignment that FFTW looks for, so one
 // input always gives the same result, wherever the vector lies in memory.
 static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ % 16 == 0);
-
-struct Free {
-  void operator()(void* memory) const { fftw_free(memory); }
-};
 
 struct DestroyPlan {
   void operator()(fftw_plan plan) const { fftw_destroy_plan(plan); }
@@ -72,23 +67,14 @@ void to_freq(const Samples& time, Spectrum& freq) {
   std::fill(freq.begin() + static_cast<std::ptrdiff_t>(elements), freq.end(), 0.0);
 }
 
-// A plan for transforms of one size to the time form, with a buffer for a copy of the spectrum.
+// Transforms of one size to the time form, with a buffer for a copy of the spectrum.
 class ToTime {
  public:
-  explicit ToTime(std::size_t samples) : size_(samples) {
-    const int n = checked_size(samples);
-    // FFTW looks at the alignment of these arrays only. Nothing is written to them, so they take up
-    // addresses but no memory.
-    const std::unique_ptr<fftw_complex[], Free> in(
-        fftw_alloc_complex(Base::spectrum_size(samples)));
-    const std::unique_ptr<double[], Free> out(fftw_alloc_real(samples));
-    if (!in || !out) {
-      throw std::bad_alloc();
-    }
-    plan_ = checked_plan(fftw_plan_dft_c2r_1d(n, in.get(), out.get(), FFTW_ESTIMATE), samples);
-  }
+  explicit ToTime(std::size_t samples) : size_(samples), n_(checked_size(samples)) {}
 
   void run(const Spectrum& freq, Samples& time) {
+    // Growing the copy afterwards would hold two of them for a moment.
+    spectrum_.reserve(Base::spectrum_size(size_));
     const std::size_t given = std::min(freq.size(), Base::spectrum_size(size_));
     spectrum_.assign(freq.begin(), freq.begin() + static_cast<std::ptrdiff_t>(given));
     consume(spectrum_, time);
@@ -96,6 +82,10 @@ class ToTime {
 
   void consume(Spectrum& freq, Samples& time) {
     freq.resize(Base::spectrum_size(size_));
+    if (!plan_) {
+      // Planning on the first arrays takes no others. FFTW looks at their alignment only.
+      plan_ = checked_plan(fftw_plan_dft_c2r_1d(n_, raw(freq), time.data(), FFTW_ESTIMATE), size_);
+    }
     for (std::size_t h = 0; h < freq.size(); ++h) {
       // FFTW adds each harmonic's conjugate, hence the halves. Only the real parts of the mean and
       // of the Nyquist element contribute to the samples.
@@ -107,6 +97,7 @@ class ToTime {
 
  private:
   std::size_t size_;
+  int n_;  // the size as FFTW takes it
   Plan plan_;
   Spectrum spectrum_;
 };
