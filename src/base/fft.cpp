@@ -146,13 +146,18 @@ void consume_to_time(std::vector<std::complex<double>>& freq, std::vector<double
 }
 
 std::uint64_t transform_memory(std::size_t samples) {
-  // For most lengths FFTW's tables take three quarters of the memory of the samples. FFTW
-  // transforms a large prime factor by convolution, which needs padded copies and more tables.
-  constexpr std::uint64_t table_bytes_per_sample = 6;
-  constexpr std::uint64_t convolution_bytes = 40;  // for each unit of the prime factor
+  if (samples == 0) return 0;
+  // FFTW ends the process if it gets too little, so these are above the measured peaks of its
+  // addresses: 9 bytes a sample for powers of two, 20 for other small factors. FFTW transforms a
+  // large prime factor by convolution, which needs padded copies and more tables: up to 70 bytes
+  // more for each unit of the factor.
+  constexpr std::uint64_t planner_bytes = 1 << 20;  // and what the heap takes in advance
+  constexpr std::uint64_t table_bytes_per_sample = 21;
+  constexpr std::uint64_t convolution_bytes = 80;
   constexpr std::uint64_t large_prime = 1000;
   const std::uint64_t prime = largest_prime_factor(samples);
-  return table_bytes_per_sample * samples + (prime > large_prime ? convolution_bytes * prime : 0);
+  return planner_bytes + table_bytes_per_sample * samples +
+         (prime > large_prime ? convolution_bytes * prime : 0);
 }
 
 FFT_Plan::FFT_Plan(unsigned samples, unsigned, FFT_Type) : samples_(samples) {

@@ -28,7 +28,8 @@ namespace Base {
 // The same result as KLPFFT_freq_to_time. Overwrites the spectrum instead of copying it.
 void consume_to_time(std::vector<std::complex<double>>& freq, std::vector<double>& time);
 
-// A lower bound for the bytes that a transform needs in addition to its samples and its spectrum.
+// An upper bound for the bytes that consume_to_time and KLPFFT_time_to_freq need in addition to the
+// samples and the spectrum.
 std::uint64_t transform_memory(std::size_t samples);
 
 enum class FFT_Type : unsigned { freq_to_time = 0 };

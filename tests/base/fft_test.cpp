@@ -5,11 +5,14 @@
 #include <cmath>
 #include <complex>
 #include <cstddef>
+#include <cstdint>
 #include <numbers>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "base/memory.h"
+#include "support/own_process.h"
 #include "support/thrown.h"
 
 namespace {
@@ -264,12 +267,62 @@ TEST(FftPlan, GivesTheSameResultFromASpectrumItMayOverwrite) {
 }
 
 TEST(Fft, TheEstimatedMemoryGrowsWithTheLargestPrime) {
+  constexpr std::uint64_t fixed = 1 << 20;
   EXPECT_EQ(Base::transform_memory(0), 0U);
-  EXPECT_EQ(Base::transform_memory(1 << 20), 6U << 20);
+  EXPECT_EQ(Base::transform_memory(1 << 20), fixed + (21U << 20));
   // 2 * 3 * 174763, and a prime.
-  EXPECT_EQ(Base::transform_memory(1048578), 6U * 1048578 + 40U * 174763);
-  EXPECT_EQ(Base::transform_memory(1048583), 46U * 1048583);
+  EXPECT_EQ(Base::transform_memory(1048578), fixed + 21U * 1048578 + 80U * 174763);
+  EXPECT_EQ(Base::transform_memory(1048583), fixed + 101U * 1048583);
 }
+
+// Transforms of a number of samples, each after a check of its memory.
+class CheckedTransform : public testing::TestWithParam<std::size_t> {};
+
+enum class Outcome { transformed, refused, ended };
+
+Outcome transform_in_room(std::size_t n, double room) {
+  const auto transform = [n] {
+    Base::require_memory(16 * n + Base::transform_memory(n), "Samples");
+    Spectrum freq(n / 2 + 1);
+    freq[1] = 1.0;
+    Values time(n);
+    Base::consume_to_time(freq, time);
+    KLPFFT_time_to_freq(&time, &freq);
+    return true;
+  };
+  const auto transformed = [&] {
+    Testing::leave_room(room);
+    return transform();
+  };
+  const auto refused = [&] {
+    Testing::leave_room(room);
+    return thrown(transform).starts_with("Samples need ");
+  };
+  if (Testing::good_alone(transformed)) return Outcome::transformed;
+  return Testing::good_alone(refused) ? Outcome::refused : Outcome::ended;
+}
+
+TEST_P(CheckedTransform, SucceedsOrIsRefusedWhateverRoomIsLeft) {
+  if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
+  const std::size_t n = GetParam();
+  const auto checked = static_cast<double>(16 * n + Base::transform_memory(n));
+  constexpr int steps = 24;
+  bool refused = false;
+  bool transformed = false;
+  for (int step = 0; step <= steps; ++step) {
+    const double room = checked * (0.4 + 0.8 * step / steps);
+    const Outcome outcome = transform_in_room(n, room);
+    EXPECT_TRUE(outcome != Outcome::ended) << room << " bytes of " << checked;
+    refused = refused || outcome == Outcome::refused;
+    transformed = transformed || outcome == Outcome::transformed;
+  }
+  EXPECT_TRUE(refused);
+  EXPECT_TRUE(transformed);
+}
+
+// A power of two, small odd factors, twice a prime, a prime.
+INSTANTIATE_TEST_SUITE_P(Lengths, CheckedTransform,
+                         testing::Values(262144, 114427, 231542, 150373));
 
 TEST(FftPlan, AcceptsZeroSamples) {
   FFT_Plan plan(0, 1, FFT_Type::freq_to_time);
