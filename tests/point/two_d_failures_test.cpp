@@ -1,5 +1,6 @@
 // Which points are refused, in which order, and what a refusal leaves unchanged.
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <limits>
 #include <numbers>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "point/two_d.h"
+#include "support/own_process.h"
 #include "support/test_run.h"
 #include "support/thrown_item.h"
 
@@ -39,6 +41,22 @@ struct WaveAtPoint : testing::Test {
   BuiltRun run{SiteText{}, {{8, {0.04, 0.0, 0.0}}}};
   Synthesis::Definition& definition = run.definition;
 };
+
+TEST_F(WaveAtPoint, LargeEarlierResultsDoNotHideWhatIsNeededBesideThem) {
+  if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
+  EXPECT_TRUE(Testing::good_alone([&] {
+    // 64 MB of results, more than the later build needs in all.
+    Base::Params params = point_params((1 << 22) / 10.0, 1.0, 1.0);
+    definition.twod_build(params);
+    malloc_trim(0);
+    // Less than the 12 MB of the later surface and directions.
+    Testing::leave_room(8e6);
+    return refusal(definition, point_params((1 << 20) / 10.0, 1.0, 1.0))
+               .starts_with(
+                   "rate::104858 Hz gives 1048576 samples at the point, which need 0.01 ") &&
+           definition.twod_data(TwoD::time).size() == 1 << 22;
+  }));
+}
 
 TEST_F(WaveAtPoint, UnknownDataIsRefused) {
   for (const int type : {4, -1, 1000}) {
