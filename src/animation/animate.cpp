@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <string>
 
+#include "base/memory.h"
 #include "maths/tank_run.h"
 
 namespace Synthesis {
@@ -26,8 +28,7 @@ void Animate::build(const Maths::FrontSet& fronts, const Maths::TankConfig& tank
   const auto cycle = static_cast<std::uint32_t>(Maths::reduced_length(fronts, grid.samples, run));
   grid.divisor = grid.samples / cycle;
   grid.samples = cycle;
-  frames_.setup(grid.x.count, grid.y.count, grid.samples);
-  prove_columns(fronts, grid);
+  frames_.setup(grid.x.count, grid.y.count, grid.samples, columns_memory(fronts, grid));
   AnimationColumns columns(fronts, grid, tank_run, frames_, FrontAngles::shown);
   build_columns(columns, 0, grid.x.count);
   frames_.end();
@@ -36,7 +37,7 @@ void Animate::build(const Maths::FrontSet& fronts, const Maths::TankConfig& tank
 void Animate::init(const Maths::FrontSet& fronts, const Maths::RunData& run, Base::Params& params) {
   grid_ = start(fronts, run, params);
   if (frames_.running() && !frames_.ready()) {
-    frames_.setup(grid_.x.count, grid_.y.count, grid_.samples);
+    frames_.setup(grid_.x.count, grid_.y.count, grid_.samples, columns_memory(fronts, grid_));
   }
 }
 
@@ -46,7 +47,8 @@ void Animate::build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig
   to = std::min(to, grid_.x.count);
   if (from >= to) return;
   Maths::TankRun tank_run(tank, run);
-  prove_columns(fronts, grid_);
+  // Other memory may have been taken since the frames were allocated.
+  if (!Base::memory_fits(columns_memory(fronts, grid_))) throw std::bad_alloc();
   AnimationColumns columns(fronts, grid_, tank_run, frames_, FrontAngles::hidden);
   build_columns(columns, from, to);
 }

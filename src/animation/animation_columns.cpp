@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
 
 #include "animation/surface_code.h"
-#include "base/memory.h"
 #include "base/streams.h"
 
 namespace Synthesis {
@@ -30,6 +28,10 @@ std::size_t bins_of(const AnimationGrid& grid, std::size_t top) {
   return (top + grid.divisor - 1) / grid.divisor;
 }
 
+// From row to row of the encoded series. The gap prevents neighbouring rows from sharing cache
+// lines.
+std::size_t stride_of(const AnimationGrid& grid) { return std::size_t{grid.samples} + 32; }
+
 std::size_t count_fronts(const Maths::FrontSet& fronts, std::size_t top) {
   std::size_t count = 0;
   for (std::size_t h = 0; h < top; ++h) count += fronts.slots[h].size();
@@ -44,13 +46,12 @@ std::uint32_t row_of_axis(const GridAxis& y) {
 
 }  // namespace
 
-void prove_columns(const Maths::FrontSet& fronts, const AnimationGrid& grid) {
+std::uint64_t columns_memory(const Maths::FrontSet& fronts, const AnimationGrid& grid) {
   const std::size_t top = top_slot(fronts, grid);
-  const std::uint64_t bytes =
-      ColumnSurface::memory(grid.samples, rows_of(grid), bins_of(grid, top)) +
-      sizeof(std::int16_t) * std::uint64_t{grid.samples} +
-      sizeof(ColumnFront) * std::uint64_t{count_fronts(fronts, top)};
-  if (!Base::memory_fits(bytes)) throw std::bad_alloc();
+  const std::uint64_t code = sizeof(std::int16_t) * stride_of(grid) *
+                             ColumnSurface::rows_of_block(grid.samples, rows_of(grid));
+  return ColumnSurface::memory(grid.samples, rows_of(grid), bins_of(grid, top)) + code +
+         sizeof(ColumnFront) * std::uint64_t{count_fronts(fronts, top)};
 }
 
 AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid,
@@ -63,8 +64,7 @@ AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const Animatio
       angles_(angles),
       top_(top_slot(fronts, grid)),
       surface_(grid.samples, rows_of(grid), bins_of(grid, top_)),
-      // The gap prevents neighbouring rows from sharing cache lines.
-      stride_(std::size_t{grid.samples} + 32),
+      stride_(stride_of(grid)),
       code_(stride_ * surface_.block_rows()) {
   column_.reserve(count_fronts(fronts, top_));
 }

@@ -18,9 +18,8 @@ namespace Synthesis {
 // Whether the angle of each front is written to the standard output, a line each, for each column.
 enum class FrontAngles { hidden, shown };
 
-// Throws std::bad_alloc if a build needs more memory in addition to its frames than the machine
-// has.
-void prove_columns(const Maths::FrontSet& fronts, const AnimationGrid& grid);
+// The bytes that a build needs in addition to its frames.
+std::uint64_t columns_memory(const Maths::FrontSet& fronts, const AnimationGrid& grid);
 
 // Made for one build. Everything passed to the constructor must outlive it.
 class AnimationColumns {

@@ -24,21 +24,22 @@ std::uint64_t room(std::uint64_t samples, std::uint64_t frames) {
 
 // Checks all the memory that is still to be allocated. A request that is too large fails here. If
 // it were allocated frame by frame, a system that overcommits would end the process.
-void prove_room(std::uint64_t needed, const Frames& held) {
+void prove_room(std::uint64_t needed, const Frames& held, std::uint64_t besides) {
   std::uint64_t samples = 0;
   for (const std::vector<std::int16_t>& frame : held) samples += frame.capacity();
-  const std::uint64_t bytes = needed - std::min(needed, room(samples, held.size()));
+  const std::uint64_t bytes = needed - std::min(needed, room(samples, held.size())) + besides;
   if (!Base::memory_fits(bytes)) throw std::bad_alloc();
 }
 
 }  // namespace
 
-void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t) {
+void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t,
+                            std::uint64_t besides) {
   const std::uint64_t points = std::uint64_t{x} * y;
   if (points > std::numeric_limits<std::uint32_t>::max()) {
     throw std::length_error("vector<T> too long");
   }
-  prove_room(room(points * t, t), frames_);
+  prove_room(room(points * t, t), frames_, besides);
   x_lim_ = x;
   y_lim_ = y;
   t_lim_ = t;

@@ -37,9 +37,10 @@ class AnimationFrames {
   // Whether there are frames to fill.
   bool ready() const { return has(ready_flag); }
 
-  // Makes t frames of x columns and y rows. A stop leaves none. Throws std::bad_alloc and
-  // std::length_error.
-  void setup(std::uint32_t x, std::uint32_t y, std::uint32_t t);
+  // Makes t frames of x columns and y rows. A stop leaves none. Throws std::length_error, and
+  // std::bad_alloc, before anything is allocated if the machine does not have the memory for the
+  // frames and for `besides` bytes of a build.
+  void setup(std::uint32_t x, std::uint32_t y, std::uint32_t t, std::uint64_t besides = 0);
   // Stores the series of column x and of the rows from y. Throws "Animate Cancelled", "Adding a
   // time series to uninitialised animation object", "Error x >= x_lim", "Error y >= y_lim" once
   // the rows before it are stored, and, after a line on the standard output stream, "Error

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/vector.h"
+
 namespace Synthesis {
 namespace {
 
@@ -14,10 +16,6 @@ static_assert(most_rows % lanes == 0);
 
 // Values of one row of a block, and of all rows together.
 constexpr std::uint32_t most_values = 1 << 20;
-
-std::uint32_t rows_of_block(std::uint32_t samples, std::uint32_t rows) {
-  return std::min(std::clamp(most_values / samples, std::uint32_t{1}, most_rows), rows);
-}
 
 // Harmonics that a spectrum holds.
 std::size_t elements_of(std::uint32_t samples, std::size_t bins) {
@@ -62,8 +60,15 @@ void add_front(const ColumnFront& front, const GridAxis& y, std::uint32_t first,
 
 }  // namespace
 
+std::uint32_t ColumnSurface::rows_of_block(std::uint32_t samples, std::uint32_t rows) {
+  return std::min(std::clamp(most_values / samples, std::uint32_t{1}, most_rows), rows);
+}
+
 std::uint64_t ColumnSurface::memory(std::uint32_t samples, std::uint32_t rows, std::size_t bins) {
-  return elements_of(samples, bins) * sizeof(std::complex<double>) * rows_of_block(samples, rows) +
+  constexpr std::uint64_t element = sizeof(std::complex<double>);
+  // Transforms of short cycles copy a spectrum.
+  const std::uint64_t copy = samples < most_values ? element * Base::spectrum_size(samples) : 0;
+  return element * elements_of(samples, bins) * rows_of_block(samples, rows) + copy +
          sizeof(double) * std::uint64_t{samples} + Base::transform_memory(samples);
 }
 

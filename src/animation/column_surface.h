@@ -29,7 +29,9 @@ struct ColumnFront {
 // Works on one block of rows at a time, small enough to stay in the processor's cache.
 class ColumnSurface {
  public:
-  // The least number of bytes that a surface needs.
+  // The largest number of rows of a block, for columns of `rows`.
+  static std::uint32_t rows_of_block(std::uint32_t samples, std::uint32_t rows);
+  // The bytes that a surface needs.
   static std::uint64_t memory(std::uint32_t samples, std::uint32_t rows, std::size_t bins);
   // For cycles of `samples` (at least 1) and columns of `rows`. Only harmonics below `bins` may
   // have fronts.

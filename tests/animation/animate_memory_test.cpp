@@ -63,11 +63,35 @@ TEST(AnimateMemory, TheMemoryOfAColumnIsRefusedAsThatOfTheFrames) {
     try {
       sea.slice(0, 1);
     } catch (const std::bad_alloc&) {
-      // None of the 22 MB was used.
+      // None of the 40 MB was used.
       return peak_memory() - before < 1e6 && sea.frames().ready();
     }
     return false;
   }));
+}
+
+TEST(AnimateMemory, FramesAreRefusedIfTheirColumnsDoNotFitBesideThem) {
+  if (sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
+  GridText grid;
+  grid.rate = 100000.0;
+  grid.x_step = 10.0;
+  grid.y_step = 4.0;
+  const auto refused_unused = [&](const auto& start) {
+    return good_alone([&] {
+      AnimatedSea sea({{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}});
+      // Frames of 64 MB and columns of 40 MB.
+      leave_room(8e7);
+      const double before = peak_memory();
+      try {
+        start(sea);
+      } catch (const std::bad_alloc&) {
+        return peak_memory() - before < 2e6 && !sea.frames().ready();
+      }
+      return false;
+    });
+  };
+  EXPECT_TRUE(refused_unused([&](AnimatedSea& sea) { sea.build(grid); }));
+  EXPECT_TRUE(refused_unused([&](AnimatedSea& sea) { sea.init(grid); }));
 }
 
 TEST(AnimateMemory, ManySmallFramesAreRefusedBeforeAnyIsMade) {
