@@ -151,7 +151,7 @@ std::uint64_t transform_memory(std::size_t samples) {
   // addresses: 9 bytes a sample for powers of two, 20 for other small factors. FFTW transforms a
   // large prime factor by convolution, which needs padded copies and more tables: up to 70 bytes
   // more for each unit of the factor.
-  constexpr std::uint64_t planner_bytes = 1 << 20;  // and what the heap takes in advance
+  constexpr std::uint64_t planner_bytes = 2 << 20;  // and what the heap takes in advance
   constexpr std::uint64_t table_bytes_per_sample = 21;
   constexpr std::uint64_t convolution_bytes = 80;
   constexpr std::uint64_t large_prime = 1000;

@@ -267,7 +267,7 @@ TEST(FftPlan, GivesTheSameResultFromASpectrumItMayOverwrite) {
 }
 
 TEST(Fft, TheEstimatedMemoryGrowsWithTheLargestPrime) {
-  constexpr std::uint64_t fixed = 1 << 20;
+  constexpr std::uint64_t fixed = 2 << 20;
   EXPECT_EQ(Base::transform_memory(0), 0U);
   EXPECT_EQ(Base::transform_memory(1 << 20), fixed + (21U << 20));
   // 2 * 3 * 174763, and a prime.
