@@ -140,24 +140,24 @@ bool refused(const std::string& start, const std::function<void(SampledRun&)>& w
 
 TEST(SignalMemory, SignalsThatTheMachineCannotHoldAreRefused) {
   if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
-  // 22 bytes per sample: two values of 8 and the tables of the transform.
-  EXPECT_TRUE(refused("wave::16777216 samples in the signal need 0.34", evaluate_time_exp));
-  EXPECT_TRUE(refused("record::16777216 samples in the signal need 0.34", evaluate_time_series));
+  // 37 bytes per sample and 2 MiB: two values of 8 and the working memory of the transform.
+  EXPECT_TRUE(refused("wave::16777216 samples in the signal need 0.58", evaluate_time_exp));
+  EXPECT_TRUE(refused("record::16777216 samples in the signal need 0.58", evaluate_time_series));
   EXPECT_TRUE(
-      refused("rate::16 Hz gives 16777216 samples of noise, which need 0.34", evaluate_noise));
+      refused("rate::16 Hz gives 16777216 samples of noise, which need 0.58", evaluate_noise));
 }
 
 TEST(SignalMemory, APointThatTheMachineCannotHoldIsRefused) {
   if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
   Synthesis::TwoD point_data;
-  EXPECT_TRUE(refused("rate::16 Hz gives 16777216 samples at the point, which need 0.53",
+  EXPECT_TRUE(refused("rate::16 Hz gives 16777216 samples at the point, which need 0.77",
                       [&](SampledRun& run) {
                         Maths::TankRun tank(Maths::TankConfig(), run.data);
                         Base::Params params = Testing::point_params(16.0, 1.0, 1.0);
                         const Synthesis::PointSpec point = Synthesis::fit_point(params, run.data);
                         point_data.build(run.fronts, tank, point, params);
                       }));
-  EXPECT_TRUE(refused("rate::16 Hz gives 16777216 samples at the point, which need 0.34",
+  EXPECT_TRUE(refused("rate::16 Hz gives 16777216 samples at the point, which need 0.58",
                       [&](SampledRun& run) {
                         Maths::TankRun tank(Maths::TankConfig(), run.data);
                         Base::Params params = Testing::point_params(16.0, 1.0, 1.0);
