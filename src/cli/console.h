@@ -1,0 +1,32 @@
+// What the command writes, and how it ends.
+#ifndef KELPBOX_CLI_CONSOLE_H_
+#define KELPBOX_CLI_CONSOLE_H_
+
+#include <ostream>
+#include <string>
+
+namespace Cli {
+
+// Exit codes of the command.
+namespace Exit {
+inline constexpr int good = 0;
+inline constexpr int check_failed = 1;  // with --strict
+inline constexpr int bad_input = 2;
+inline constexpr int cannot_write = 3;
+inline constexpr int interrupted = 130;
+}  // namespace Exit
+
+struct Console {
+  std::ostream& out;  // results
+  std::ostream& err;  // everything else
+  bool out_colour = false;
+  bool err_colour = false;
+  bool progress = false;  // standard error is a terminal
+  bool json = false;
+  bool quiet = false;
+  bool verbose = false;
+};
+
+}  // namespace Cli
+
+#endif  // KELPBOX_CLI_CONSOLE_H_

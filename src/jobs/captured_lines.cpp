@@ -1,0 +1,1 @@
+#include "jobs/captured_lines.h"

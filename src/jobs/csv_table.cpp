@@ -1,0 +1,1 @@
+#include "jobs/csv_table.h"

@@ -1,0 +1,1 @@
+#include "jobs/drive_signals.h"

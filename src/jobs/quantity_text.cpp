@@ -1,0 +1,1 @@
+#include "jobs/quantity_text.h"

@@ -1,0 +1,1 @@
+#include "jobs/read_toml.h"

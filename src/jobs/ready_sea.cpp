@@ -1,0 +1,1 @@
+#include "jobs/ready_sea.h"

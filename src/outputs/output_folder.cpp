@@ -1,0 +1,1 @@
+#include "outputs/output_folder.h"

@@ -1,0 +1,1 @@
+#include "outputs/write_run.h"
