@@ -23,7 +23,10 @@ void FrontSet::add_front(std::uint64_t slot, const HarmonicFront& front) {
     Base::progress() << "front error " << slot << " " << slots.size() << std::endl;
     throw std::string("Help");
   }
-  if (front.amp == 0.0) return;
+  if (front.amp != 0.0) append(slot, front);
+}
+
+void FrontSet::append(std::uint64_t slot, const HarmonicFront& front) {
   // The number of fronts is not known in advance, so memory is checked after each step.
   constexpr std::uint64_t step = 64_MiB;
   unchecked_ += list_memory(1);

@@ -14,9 +14,12 @@ namespace Maths {
 class FrontSet {
  public:
   // Appends the front to its slot. A front of amplitude 0 is discarded. A slot beyond the set
-  // writes a line to the standard output stream and throws std::string "Help". When memory runs
-  // out, throws "Front set::more fronts need ... GiB of memory, ... GiB are available".
+  // writes a line to the standard output stream and throws std::string "Help". Throws what `append`
+  // throws.
   void add_front(std::uint64_t slot, const HarmonicFront& front);
+  // Appends the front to an existing slot, whatever its amplitude. When memory runs out, throws
+  // std::string "Front set::more fronts need ... GiB of memory, ... GiB are available".
+  void append(std::uint64_t slot, const HarmonicFront& front);
   // Replaces all slots by `slot_count` empty ones. Throws what require_slots throws.
   void reset(std::uint64_t slot_count);
   // Append all fronts, slot by slot.

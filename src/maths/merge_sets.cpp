@@ -39,7 +39,7 @@ void merge_sets(FrontSet& target, const FrontSet& other) {
         ours[j].amp = std::abs(sum);
         ours[j].phase = std::atan2(sum.imag(), sum.real());
       } else {
-        ours.push_back(theirs[j]);
+        target.append(slot, theirs[j]);
       }
     }
   }

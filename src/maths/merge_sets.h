@@ -8,7 +8,7 @@ namespace Maths {
 
 // Adds `other` to `target`. Fronts of equal angle at the same place in the lists of a harmonic
 // become one front; all others are appended. Throws std::string "Error in position when merging
-// fronts", "Mismatched sizes in front sets".
+// fronts", "Mismatched sizes in front sets", and what FrontSet::append throws.
 void merge_sets(FrontSet& target, const FrontSet& other);
 
 }  // namespace Maths

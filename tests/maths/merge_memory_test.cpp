@@ -156,6 +156,24 @@ TEST(MergeMemory, ALongListOfFrontsBeyondTheMemoryIsRefused) {
   }));
 }
 
+// Two lists with different angles: the sum is longer than the copies that were checked before.
+TEST(MergeMemory, AMergedListThatGrowsBeyondTheMemoryIsRefused) {
+  if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
+  EXPECT_TRUE(Testing::good_alone([] {
+    RunFronts fronts;
+    fronts.run.init(10.0, 10.0, 0.1, 4.0, false);
+    fronts.resize(2);
+    constexpr std::size_t count = 1 << 21;
+    // 50 MB in each set, and as much in the sum and in the copy. The sum then moves to 101 MB.
+    fronts.sets[0].slots[7].assign(count, {0.1, 0.2, 0.3});
+    fronts.sets[1].slots[7].assign(count, {0.1, 0.4, 0.3});
+    Testing::leave_room(1.5e8);
+    const std::string message = thrown([&] { fronts.build_merged(uneven()); });
+    return message.starts_with("Front set::more fronts need 0.09 GiB of memory, 0.0") &&
+           fronts.merged.slots.empty();
+  }));
+}
+
 TEST(MergeMemory, TheSetsOfAnEarlierBuildMakeRoom) {
   if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
   EXPECT_TRUE(Testing::good_alone([] {
