@@ -24,7 +24,12 @@ std::uint64_t room(std::uint64_t samples, std::uint64_t frames) {
 
 // Checks all the memory that is still to be allocated. A request that is too large fails here. If
 // it were allocated frame by frame, a system that overcommits would end the process.
-void prove_room(std::uint64_t needed, const Frames& held, std::uint64_t besides) {
+void prove_room(std::uint64_t points, std::uint32_t t, const Frames& held, std::uint64_t besides) {
+  const std::uint64_t needed = room(points * t, t);
+  // A frame whose size changes moves to a new block before its old one is freed.
+  if (!held.empty() && held.front().capacity() != points) {
+    besides += sizeof(std::int16_t) * std::min<std::uint64_t>(points, held.front().capacity());
+  }
   std::uint64_t samples = 0;
   for (const std::vector<std::int16_t>& frame : held) samples += frame.capacity();
   const std::uint64_t bytes = needed - std::min(needed, room(samples, held.size())) + besides;
@@ -39,7 +44,7 @@ void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t,
   if (points > std::numeric_limits<std::uint32_t>::max()) {
     throw std::length_error("vector<T> too long");
   }
-  prove_room(room(points * t, t), frames_, besides);
+  prove_room(points, t, frames_, besides);
   x_lim_ = x;
   y_lim_ = y;
   t_lim_ = t;
@@ -52,6 +57,8 @@ void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t,
         frames_.clear();
         return;
       }
+      // On its own, `resize` may reserve twice what the frame had.
+      frame.reserve(points);
       frame.resize(points);
       // The check above counted the excess memory of older, larger frames as available.
       frame.shrink_to_fit();

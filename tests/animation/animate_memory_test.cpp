@@ -125,4 +125,37 @@ TEST(AnimateMemory, LargerFramesMakeRoomForMoreSmallOnes) {
   }));
 }
 
+// A frame that grows moves to a new block, and both exist for a moment.
+TEST(AnimateMemory, AFrameThatGrowsNeedsItsNewBlockBesideItsOldOne) {
+  if (sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
+  const auto grown = [](double room, bool fits) {
+    return good_alone([=] {
+      Synthesis::AnimationFrames frames;
+      frames.begin();
+      frames.setup(1 << 12, 1 << 12, 1);  // 34 MB
+      leave_room(room);
+      try {
+        frames.setup(1 << 12, 3 << 11, 1);  // 50 MB
+      } catch (const std::bad_alloc&) {
+        return !fits && frames.ready() && frames.data(0).size() == 1 << 24;
+      }
+      return fits && frames.ready() && frames.data(0).size() == 3 << 23;
+    });
+  };
+  EXPECT_TRUE(grown(4e7, false));
+  EXPECT_TRUE(grown(6e7, true));
+}
+
+TEST(AnimateMemory, FramesOfAnUnchangedSizeNeedNoMoreMemory) {
+  if (sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
+  EXPECT_TRUE(good_alone([] {
+    Synthesis::AnimationFrames frames;
+    frames.begin();
+    frames.setup(1 << 12, 1 << 12, 1);  // 34 MB
+    leave_room(1e6);
+    frames.setup(1 << 12, 1 << 12, 1);
+    return frames.ready();
+  }));
+}
+
 }  // namespace
