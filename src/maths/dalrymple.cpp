@@ -43,11 +43,11 @@ void add_modes(Modes& modes, const HarmonicFront& front, const std::vector<doubl
 }
 
 // A mode is a front and its mirror image, which are in antiphase for odd m.
-void append_pair(std::vector<HarmonicFront>& fronts, std::complex<double> mode, std::size_t m,
+void append_pair(FrontSet& set, std::size_t slot, std::complex<double> mode, std::size_t m,
                  double angle) {
   const double sign = m % 2 == 1 ? -1.0 : 1.0;
-  fronts.push_back({std::abs(mode), angle, std::arg(mode)});
-  fronts.push_back({sign * std::abs(mode), -angle, std::arg(mode)});
+  set.append(slot, {std::abs(mode), angle, std::arg(mode)});
+  set.append(slot, {sign * std::abs(mode), -angle, std::arg(mode)});
 }
 
 }  // namespace
@@ -70,16 +70,18 @@ void dalrymple(FrontSet& set, const TankRun& tank, double width) {
     }
 
     fronts.clear();
+    // Growing could take twice the memory that `append` checks.
+    fronts.reserve((forward.empty() || backward.empty() ? 1 : 2) * (2 * std::size_t{N} + 1));
     if (!forward.empty()) {
-      fronts.push_back({std::abs(forward[0]), 0.0, std::arg(forward[0])});
+      set.append(slot, {std::abs(forward[0]), 0.0, std::arg(forward[0])});
       for (std::size_t m = 1; m <= N; ++m) {
-        append_pair(fronts, forward[m], m, mode_angle(m, kW));
+        append_pair(set, slot, forward[m], m, mode_angle(m, kW));
       }
     }
     if (!backward.empty()) {
-      fronts.push_back({std::abs(backward[0]), Base::Pi, std::arg(backward[0])});
+      set.append(slot, {std::abs(backward[0]), Base::Pi, std::arg(backward[0])});
       for (std::size_t m = 1; m <= N; ++m) {
-        append_pair(fronts, backward[m], m, mode_angle(m, kW) - Base::Pi);
+        append_pair(set, slot, backward[m], m, mode_angle(m, kW) - Base::Pi);
       }
     }
   }

@@ -14,7 +14,7 @@ namespace Maths {
 
 // Replaces the fronts of each harmonic by the modes of a tank of that width (m). A slot that is
 // empty or holds a single front along the tank is not changed. Throws std::string "Dalrymple
-// treatment::unusable number of modes for k * width = ...".
+// treatment::unusable number of modes for k * width = ...", and what FrontSet::append throws.
 void dalrymple(FrontSet& set, const TankRun& tank, double width);
 
 // Fills in the amplitude of each cross-tank mode for a front of amplitude 1 and angle `theta`

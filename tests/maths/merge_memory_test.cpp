@@ -174,6 +174,23 @@ TEST(MergeMemory, AMergedListThatGrowsBeyondTheMemoryIsRefused) {
   }));
 }
 
+// The treatment turns one front of a harmonic into up to 245 here, 160 MB in all.
+TEST(MergeMemory, ModesBetweenTheSideWallsBeyondTheMemoryAreRefused) {
+  if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
+  EXPECT_TRUE(Testing::good_alone([] {
+    RunFronts fronts;
+    fronts.run.init(20000.0, 10.0, 0.1, 4.0, true);
+    fronts.resize(1);
+    for (std::size_t slot = 2000; slot < fronts.sets[0].slots.size(); ++slot) {
+      fronts.sets[0].slots[slot] = {{0.1, 0.3, 0.2}};
+    }
+    Testing::leave_room(1e8);
+    const std::string message = thrown([&] { fronts.build_merged(uneven()); });
+    return message.starts_with("Front set::more fronts need 0.06 GiB of memory, 0.0") &&
+           fronts.merged.slots.empty();
+  }));
+}
+
 TEST(MergeMemory, TheSetsOfAnEarlierBuildMakeRoom) {
   if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs more addresses than a limit leaves";
   EXPECT_TRUE(Testing::good_alone([] {
