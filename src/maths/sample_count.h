@@ -26,7 +26,7 @@ inline std::uint32_t sample_count(double repeat, double rate) {
   return usable_count(std::floor(repeat * rate + 0.5), repeat, rate);
 }
 
-// A lower bound for the bytes that a signal, its spectrum and the transform between them take.
+// The bytes that a signal, its spectrum and the transform between them take at most.
 inline std::uint64_t signal_memory(std::uint64_t samples) {
   return 2 * sizeof(double) * samples + Base::transform_memory(samples);
 }
