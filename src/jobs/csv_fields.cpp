@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <system_error>
 
-namespace Jobs {
+namespace Jobs::Csv {
 
 namespace {
 
@@ -51,4 +51,4 @@ std::optional<double> number_in(std::string_view field) {
   return value;
 }
 
-}  // namespace Jobs
+}  // namespace Jobs::Csv

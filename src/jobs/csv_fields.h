@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-namespace Jobs {
+namespace Jobs::Csv {
 
 // Without blanks, tabs and carriage returns at both ends.
 std::string_view trimmed(std::string_view text);
@@ -36,6 +36,6 @@ class Fields {
 // number beyond the range of a double.
 std::optional<double> number_in(std::string_view field);
 
-}  // namespace Jobs
+}  // namespace Jobs::Csv
 
 #endif  // KELPBOX_JOBS_CSV_FIELDS_H_

@@ -5,7 +5,7 @@
 #include "base/units.h"
 #include "jobs/csv_fields.h"
 
-namespace Jobs {
+namespace Jobs::Csv {
 
 namespace {
 
@@ -80,4 +80,4 @@ std::vector<CsvColumn> read_heads(std::string_view line, char separator) {
   return columns;
 }
 
-}  // namespace Jobs
+}  // namespace Jobs::Csv

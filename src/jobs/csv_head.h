@@ -8,7 +8,7 @@
 
 #include "jobs/csv_table.h"
 
-namespace Jobs {
+namespace Jobs::Csv {
 
 // A column without values: "eta [mm]", "eta (mm)" and "eta_mm" are all "eta" in "mm". What follows
 // an underscore counts as units only if the library knows them.
@@ -18,6 +18,6 @@ CsvColumn read_head(std::string_view head);
 // blank as separator does not part a name from units in brackets: "t [s] eta [mm]" has two heads.
 std::vector<CsvColumn> read_heads(std::string_view line, char separator);
 
-}  // namespace Jobs
+}  // namespace Jobs::Csv
 
 #endif  // KELPBOX_JOBS_CSV_HEAD_H_

@@ -12,6 +12,10 @@ namespace Jobs {
 
 namespace {
 
+using Csv::Fields;
+using Csv::number_in;
+using Csv::trimmed;
+
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 // For a message: short, and without characters that a terminal might obey.
@@ -69,7 +73,7 @@ class Reader {
     }
     while (!text.empty()) {
       ++line_;
-      take(take_line(text));
+      take(Csv::take_line(text));
     }
     if (table_.columns.empty() || table_.columns[0].values.empty()) {
       throw name_ + ": there are no numbers";
@@ -84,7 +88,7 @@ class Reader {
       table_.comments.emplace_back(trimmed(line).substr(1));
       return;
     }
-    if (!separator_) separator_ = separator_in(trimmed(line));
+    if (!separator_) separator_ = Csv::separator_in(trimmed(line));
     const char separator = separator_.value_or(',');
     if (!table_.columns.empty()) {
       take_numbers(line, separator);
@@ -93,7 +97,7 @@ class Reader {
       for (; fields.more(); fields.next()) table_.columns.emplace_back();
       take_numbers(line, separator);
     } else {
-      table_.columns = read_heads(line, separator);
+      table_.columns = Csv::read_heads(line, separator);
     }
   }
 
