@@ -1,0 +1,43 @@
+// The files that a job names: how they are found, read, and named below inputs/.
+#ifndef KELPBOX_JOBS_INPUT_FILES_H_
+#define KELPBOX_JOBS_INPUT_FILES_H_
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "jobs/job.h"
+#include "jobs/run.h"
+
+namespace Jobs {
+
+// A path that the job gives, as it is opened: relative to the job's folder.
+std::string opened_path(const Job& job, const std::string& given);
+
+// The folder that a given path is looked for in, for messages.
+std::string folder_of(const Job& job, const std::string& given);
+
+// The contents of a regular file. Throws std::string that says what is wrong with it, such as "does
+// not exist", to be put after the path.
+std::string read_file(const std::string& path);
+
+// The files that the library reports as opened, in order, each once.
+std::vector<std::string> opened_files(const std::string& progress);
+
+// The place of a file that was read before, under whatever path.
+std::optional<std::size_t> find_input(const std::vector<InputFile>& inputs,
+                                      const std::string& path);
+
+// Gives each input its name. The first `site_files` are the site script and what it includes: they
+// keep their places relative to one another, so that the script finds its includes below inputs/
+// alone. The others go to the folder "records". A run of the copied job gives the same names.
+void name_inputs(std::vector<InputFile>& inputs, std::size_t site_files);
+
+// Replaces the paths of inputs in lines of the library by "inputs/<name>", so that the lines do not
+// depend on where the job lies.
+std::string without_paths(const std::string& lines, const std::vector<InputFile>& inputs);
+
+}  // namespace Jobs
+
+#endif  // KELPBOX_JOBS_INPUT_FILES_H_

@@ -1,0 +1,105 @@
+#include "jobs/preparation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+#include "base/units.h"
+#include "jobs/captured_lines.h"
+#include "jobs/failure.h"
+#include "jobs/input_files.h"
+
+namespace Jobs {
+namespace {
+
+// Comments begin with their severity. "Poor match" says less than the values themselves.
+std::string comment_text(std::string comment) {
+  for (const std::string prefix : {"Error::", "Warning::", "Detail::"}) {
+    if (comment.starts_with(prefix)) return comment.substr(prefix.size());
+  }
+  return comment;
+}
+
+std::string shown(double value, Base::Units units) {
+  std::string text = fmt::format("{:.10g}", value);
+  const std::string name = Base::units_text(units);
+  return name.empty() ? text : text + " " + name;
+}
+
+// The library converts values to and from base units, which changes the last digits.
+bool changed(double before, double after) {
+  return std::abs(after - before) > 1e-9 * std::max(std::abs(before), std::abs(after));
+}
+
+}  // namespace
+
+Span span_of(const Part& part, const std::string& key) {
+  const Value* value = part.parameters.find(key);
+  return value == nullptr ? part.span : value->span;
+}
+
+bool in_library(Preparation& p, const Span& place, const std::string& title,
+                const std::function<void()>& operation) {
+  CapturedLines lines;
+  bool good = true;
+  try {
+    operation();
+  } catch (...) {
+    const std::string message = message_of_current();
+    p.faults.push_back({title.empty() ? message : title + ": " + message, place, ""});
+    good = false;
+  }
+  p.run.log += lines.progress() + lines.faults();
+  return good;
+}
+
+bool set_with_remarks(Preparation& p, const Part& part, const std::string& title,
+                      Base::Params& params, const std::function<void(Base::Params&)>& set) {
+  const Base::Params::Entries before = params.entries();
+  const std::uint32_t comments = params.comment_size();
+  if (!in_library(p, part.span, title, [&] { set(params); })) return false;
+  for (std::uint32_t i = comments; i < params.comment_size(); ++i) {
+    const std::string text = comment_text(params.comment(i));
+    if (text != "Poor match") p.run.remarks.push_back(title + ": " + text);
+  }
+  for (const auto& [name, quantity] : params.entries()) {
+    const auto old = before.find(name);
+    if (old == before.end() || quantity.is_enum()) continue;
+    if (part.parameters.find(name) == nullptr) continue;
+    if (!changed(old->second.value, quantity.value)) continue;
+    p.run.remarks.push_back(title + ": " + name + ": " +
+                            shown(old->second.value, old->second.units) + " became " +
+                            shown(quantity.value, quantity.units));
+  }
+  return true;
+}
+
+std::string title_in_sea(const Part& part, const std::string& sea) {
+  return part.title + " of " + sea;
+}
+
+std::optional<std::size_t> read_part_file(Preparation& p, const Part& part) {
+  const Value* file = part.parameters.find("file");
+  if (file == nullptr) {
+    p.faults.push_back({fmt::format("`file` is missing in {}", part.title), part.span,
+                        "a CSV file, relative to the job's folder"});
+    return std::nullopt;
+  }
+  if (file->kind != Value::Kind::text || file->text.empty()) {
+    p.faults.push_back({"`file` is a path", file->span, "write it as text"});
+    return std::nullopt;
+  }
+  const std::string path = opened_path(p.run.job, file->text);
+  if (const auto found = find_input(p.run.inputs, path)) return found;
+  try {
+    p.run.inputs.push_back({path, "", read_file(path)});
+    return p.run.inputs.size() - 1;
+  } catch (const std::string& problem) {
+    p.faults.push_back({fmt::format("the file `{}` {}", file->text, problem), file->span,
+                        "looked for in " + folder_of(p.run.job, file->text)});
+    return std::nullopt;
+  }
+}
+
+}  // namespace Jobs

@@ -1,0 +1,94 @@
+#include "jobs/record_samples.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+
+#include "base/units.h"
+#include "jobs/asked_density.h"
+
+namespace Jobs {
+namespace {
+
+bool is_time(const CsvColumn& column) {
+  std::string name = column.name;
+  for (char& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return name == "t" || name == "time";
+}
+
+double seconds(const CsvColumn& column) {
+  if (column.units.empty()) return 1.0;
+  return Base::factor(Base::resolve_units(column.units), Base::default_units(Base::Category::time));
+}
+
+std::optional<std::size_t> uneven_row(const std::vector<double>& t) {
+  const double length = t.back() - t.front();
+  const double step = length / static_cast<double>(t.size() - 1);
+  for (std::size_t i = 1; i < t.size(); ++i) {
+    const double even = t.front() + static_cast<double>(i) * step;
+    const bool fits = std::abs(t[i] - even) <= 1e-6 * length &&
+                      std::abs(t[i] - t[i - 1] - step) <= 0.01 * step;
+    if (!fits) return i;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+const CsvColumn* only_signal(const CsvTable& table) {
+  const CsvColumn* found = nullptr;
+  for (const CsvColumn& column : table.columns) {
+    if (is_time(column)) continue;
+    if (found != nullptr) return nullptr;
+    found = &column;
+  }
+  return found;
+}
+
+TimeColumn time_column(const CsvTable& table, const CsvColumn& signal) {
+  TimeColumn result;
+  for (const CsvColumn& column : table.columns) {
+    if (&column == &signal || !is_time(column)) continue;
+    result.name = column.name;
+    const std::vector<double>& t = column.values;
+    if (t.size() < 2) return result;
+    result.uneven_row = uneven_row(t);
+    result.rate = static_cast<double>(t.size() - 1) / ((t.back() - t.front()) * seconds(column));
+    return result;
+  }
+  return result;
+}
+
+std::size_t line_of_row(std::string_view text, const CsvTable& table, std::size_t row) {
+  const bool has_heads = std::any_of(table.columns.begin(), table.columns.end(),
+                                     [](const CsvColumn& column) { return !column.head.empty(); });
+  std::size_t rows_left = row + (has_heads ? 1 : 0);
+  for (std::size_t line = 1;; ++line) {
+    const std::size_t end = text.find('\n');
+    const std::string_view content = text.substr(0, end);
+    const std::size_t first = content.find_first_not_of(" \t\r");
+    const bool is_row = first != std::string_view::npos && content[first] != '#';
+    if (is_row && rows_left-- == 0) return line;
+    if (end == std::string_view::npos) return line;
+    text.remove_prefix(end + 1);
+  }
+}
+
+double record_variance(std::vector<double> samples, const Base::Params& params, double repeat) {
+  const double scale = params.read("scale_ratio", Base::Category::unit);
+  const double rate = params.read("rate", Base::Category::frequency) * std::sqrt(scale);
+  const double ramp = params.read("ramp_time", Base::Category::time);
+  const double wanted = std::floor(repeat * rate + 0.5);
+  constexpr double most_samples = 1 << 27;
+  // The library refuses such a record when it is built.
+  if (!(wanted >= 1 && wanted <= most_samples)) return 0.0;
+  const auto n = static_cast<std::size_t>(wanted);
+  const auto overlap = static_cast<std::size_t>(std::floor(std::max(ramp, 0.0) * rate + 0.5));
+  samples.resize(std::min(samples.size(), n + overlap));
+  for (std::size_t i = n; i < samples.size(); ++i) samples[i - n] += samples[i];
+  samples.resize(n);
+  for (double& sample : samples) sample /= scale;
+  return variance_of(samples);
+}
+
+}  // namespace Jobs

@@ -1,0 +1,29 @@
+// A variance density between the points of a table.
+#ifndef KELPBOX_JOBS_TABULATED_DENSITY_H_
+#define KELPBOX_JOBS_TABULATED_DENSITY_H_
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "jobs/asked_wave.h"
+
+namespace Jobs {
+
+// Linear between its points, 0 outside them.
+struct TabulatedDensity {
+  std::vector<double> frequencies;  // Hz
+  std::vector<double> densities;    // m2/Hz
+
+  // The first row whose frequency does not rise or is negative, or whose density is negative.
+  std::optional<std::size_t> bad_row() const;
+  double at(double frequency) const;
+  // Exact: the sum of trapezia.
+  double integral(double from, double to) const;
+  AskedWave asked(const std::string& kind) const;
+};
+
+}  // namespace Jobs
+
+#endif  // KELPBOX_JOBS_TABULATED_DENSITY_H_
