@@ -195,17 +195,17 @@ void add_change(Preparation& p, const Part& part, BuiltSea& sea, Taken& taken) {
   if (!change) return;
   ModifierPtr modifier;
   if (!in_library(p, change->formula_span, "", [&] {
-        modifier = Kelpbox::make_modifier(Base::make_enum("WaveMod", change->modifier),
-                                          change->formula);
+        modifier =
+            Kelpbox::make_modifier(Base::make_enum("WaveMod", change->modifier), change->formula);
       })) {
     return;
   }
   const Part*& first = taken[modifier->slot()];
   const bool is_second = first != nullptr;
   if (is_second) {
-    p.faults.push_back({fmt::format("a second change of {} in {}", slot_name(modifier->slot()),
-                                    sea.name),
-                        part.span, fmt::format("the first is `{}`", first->kind)});
+    p.faults.push_back(
+        {fmt::format("a second change of {} in {}", slot_name(modifier->slot()), sea.name),
+         part.span, fmt::format("the first is `{}`", first->kind)});
   } else {
     first = &part;
   }

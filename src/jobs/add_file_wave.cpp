@@ -149,8 +149,8 @@ void add_record(Preparation& p, const WavePlace& wave) {
   auto params = bind_parameters(part, declared, p.faults);
   if (column == nullptr) return;
   const auto units = key_text(p, part, "units");
-  auto samples = in_base_units(p, *file, *column, units.value_or(column->units), Category::length,
-                               "mm");
+  auto samples =
+      in_base_units(p, *file, *column, units.value_or(column->units), Category::length, "mm");
   if (!params || !samples) return;
   for (const char* name : {"rate", "scale_ratio"}) {
     if (params->at(name).value > 0.0) continue;
@@ -168,8 +168,8 @@ void add_record(Preparation& p, const WavePlace& wave) {
   hand_over(p, wave, *params, [&] { return p.run.experiment.add_timeseries(wave.sea.id, record); });
   AskedWave asked;
   asked.kind = part.kind;
-  asked.variance = record_variance(record.data, *params,
-                                   p.run.experiment.repeat(p.run.definition).value());
+  asked.variance =
+      record_variance(record.data, *params, p.run.experiment.repeat(p.run.definition).value());
   wave.sea.asked.push_back(std::move(asked));
 }
 
@@ -238,10 +238,10 @@ void add_table(Preparation& p, const WavePlace& wave) {
     if (energy > 0.0) fronts.emplace_back(run.freq(h), std::sqrt(2.0 * energy), 0.0, 0.0);
   }
   if (fronts.empty()) {
-    return add_fault(p, *file,
-                     fmt::format("{} has no energy at the run's harmonics, {:.4g} to {:.4g} Hz",
-                                 file->given, run.freq(run.min_harmonic()),
-                                 run.freq(run.max_harmonic())));
+    return add_fault(
+        p, *file,
+        fmt::format("{} has no energy at the run's harmonics, {:.4g} to {:.4g} Hz", file->given,
+                    run.freq(run.min_harmonic()), run.freq(run.max_harmonic())));
   }
   wave.sea.asked.push_back(density.asked(wave.part.kind));
   hand_over(p, wave, *params, [&] { return p.run.experiment.add_fronts(wave.sea.id, fronts); });

@@ -89,9 +89,9 @@ bool lies_in_run(Preparation& p, const Piecewise& formulas, const Span& place) {
       run.is_inrange(std::min(formulas.limits().back(), high))) {
     return true;
   }
-  p.faults.push_back({fmt::format("the wave lies outside the run's harmonics, {:.4g} to {:.4g} Hz",
-                                  low, high),
-                      place, ""});
+  p.faults.push_back(
+      {fmt::format("the wave lies outside the run's harmonics, {:.4g} to {:.4g} Hz", low, high),
+       place, ""});
   return false;
 }
 
@@ -210,9 +210,8 @@ void add_ready(Preparation& p, const WavePlace& wave, const ReadySea& ready) {
   const OpenEnds ends{wave.part.parameters.find("f_min") == nullptr,
                       wave.part.parameters.find("f_max") == nullptr};
   add_density(p, wave, parsed, *params, ends);
-  hand_over(p, wave, *params, [&] {
-    return p.run.experiment.add_spectrum(wave.sea.id, wave.name, ready.formula);
-  });
+  hand_over(p, wave, *params,
+            [&] { return p.run.experiment.add_spectrum(wave.sea.id, wave.name, ready.formula); });
 }
 
 }  // namespace
@@ -256,8 +255,8 @@ const Value* formula_of(Preparation& p, const Part& part, const std::string& exa
     return nullptr;
   }
   if (formula->kind != Value::Kind::text) {
-    p.faults.push_back({"`formula` is a text", formula->span,
-                        fmt::format("such as \"{}\"", example)});
+    p.faults.push_back(
+        {"`formula` is a text", formula->span, fmt::format("such as \"{}\"", example)});
     return nullptr;
   }
   return formula;

@@ -43,7 +43,8 @@ std::string shown(const Value& value) {
 
 std::string kind_of_value(const Base::Quantity& declared) {
   if (is_bool(declared)) return "true or false";
-  if (declared.is_enum()) return "one of " + fmt::format("{}", fmt::join(members_of(declared), ", "));
+  if (declared.is_enum())
+    return "one of " + fmt::format("{}", fmt::join(members_of(declared), ", "));
   return kind_of(declared.units);
 }
 
@@ -59,9 +60,9 @@ std::optional<Base::Quantity> bind_enum(const std::string& name, const Value& va
   if (value.kind == Value::Kind::boolean && is_bool(declared)) {
     member = value.boolean ? "True" : "False";
   } else if (value.kind != Value::Kind::text) {
-    faults.push_back({fmt::format("`{}` is {}, but the job has {}", name, kind_of_value(declared),
-                                  shown(value)),
-                      value.span, "use " + fmt::format("{}", fmt::join(members, ", "))});
+    faults.push_back(
+        {fmt::format("`{}` is {}, but the job has {}", name, kind_of_value(declared), shown(value)),
+         value.span, "use " + fmt::format("{}", fmt::join(members, ", "))});
     return std::nullopt;
   }
   if (std::find(members.begin(), members.end(), member) == members.end()) {
@@ -147,9 +148,9 @@ std::optional<Base::Quantity> bind_value(const std::string& name, const Value& v
   if (declared.is_enum()) return bind_enum(name, value, declared, faults);
   if (value.kind == Value::Kind::number) return bind_number(name, value, declared, faults);
   if (value.kind == Value::Kind::text) return bind_text(name, value, declared, faults);
-  faults.push_back({fmt::format("`{}` is {}, but the job has {}", name, kind_of(declared.units),
-                                shown(value)),
-                    value.span, units_advice(declared)});
+  faults.push_back(
+      {fmt::format("`{}` is {}, but the job has {}", name, kind_of(declared.units), shown(value)),
+       value.span, units_advice(declared)});
   return std::nullopt;
 }
 
@@ -175,6 +176,7 @@ std::optional<Base::Params> bind_parameters(const Part& part, const Declared& de
   }
   for (const auto& [name, quantity] : declared.params.entries()) {
     if (part.parameters.find(name) != nullptr || misspelt.count(name) != 0) continue;
+    if (!quantity.state.invalid()) continue;
     const auto fallback = declared.fallbacks.find(name);
     if (fallback == declared.fallbacks.end()) {
       faults.push_back(missing(part, name, quantity, declared));

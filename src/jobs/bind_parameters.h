@@ -15,7 +15,8 @@
 namespace Jobs {
 
 struct Declared {
-  Base::Params params;  // as the library's `query` declares them
+  // As the library's `query` declares them. One that has a value need not be given.
+  Base::Params params;
   // Values that need not be given, as a job would write them: "0 deg", "False".
   std::map<std::string, std::string> fallbacks;
   std::map<std::string, std::string> meanings;  // for the message of a missing one

@@ -27,16 +27,6 @@ std::string quoted_path(const std::string& path) {
   return quoted + '"';
 }
 
-std::optional<std::string> unquoted_path(std::string_view text) {
-  if (text.empty() || text.front() != '"') return std::nullopt;
-  std::string path;
-  for (std::size_t i = 1; i < text.size() && text[i] != '"'; ++i) {
-    if (text[i] == '&' && i + 1 < text.size()) ++i;
-    path += text[i];
-  }
-  return path;
-}
-
 fs::path normal(const std::string& path) { return fs::absolute(path).lexically_normal(); }
 
 // The deepest folder that all files lie in.
@@ -44,7 +34,8 @@ fs::path common_folder(const std::vector<fs::path>& files) {
   fs::path common = files.front().parent_path();
   for (const fs::path& file : files) {
     const fs::path folder = file.parent_path();
-    const auto end = std::mismatch(common.begin(), common.end(), folder.begin(), folder.end()).first;
+    const auto end =
+        std::mismatch(common.begin(), common.end(), folder.begin(), folder.end()).first;
     fs::path shared;
     for (auto part = common.begin(); part != end; ++part) shared /= *part;
     common = shared;
@@ -99,15 +90,26 @@ std::string read_file(const std::string& path) {
   return text.str();
 }
 
+std::string unquoted_path(std::string_view text) {
+  std::string path;
+  for (std::size_t i = 1; i < text.size() && text[i] != '"'; ++i) {
+    if (text[i] == '&' && i + 1 < text.size()) ++i;
+    path += text[i];
+  }
+  return path;
+}
+
 std::vector<std::string> opened_files(const std::string& progress) {
   std::vector<std::string> files;
   std::istringstream lines(progress);
   for (std::string line; std::getline(lines, line);) {
-    const std::string_view text = std::string_view(line).substr(
-        std::min(line.find_first_not_of(' '), line.size()));
+    const std::string_view text =
+        std::string_view(line).substr(std::min(line.find_first_not_of(' '), line.size()));
     if (text.substr(0, opening.size()) != opening) continue;
-    const auto path = unquoted_path(text.substr(opening.size()));
-    if (path && std::find(files.begin(), files.end(), *path) == files.end()) files.push_back(*path);
+    std::string path = unquoted_path(text.substr(opening.size()));
+    if (std::find(files.begin(), files.end(), path) == files.end()) {
+      files.push_back(std::move(path));
+    }
   }
   return files;
 }

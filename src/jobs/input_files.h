@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "jobs/job.h"
@@ -21,6 +22,9 @@ std::string folder_of(const Job& job, const std::string& given);
 // The contents of a regular file. Throws std::string that says what is wrong with it, such as "does
 // not exist", to be put after the path.
 std::string read_file(const std::string& path);
+
+// The path that the library writes in quotation marks.
+std::string unquoted_path(std::string_view text);
 
 // The files that the library reports as opened, in order, each once.
 std::vector<std::string> opened_files(const std::string& progress);

@@ -26,8 +26,8 @@ std::optional<std::size_t> uneven_row(const std::vector<double>& t) {
   const double step = length / static_cast<double>(t.size() - 1);
   for (std::size_t i = 1; i < t.size(); ++i) {
     const double even = t.front() + static_cast<double>(i) * step;
-    const bool fits = std::abs(t[i] - even) <= 1e-6 * length &&
-                      std::abs(t[i] - t[i - 1] - step) <= 0.01 * step;
+    const bool fits =
+        std::abs(t[i] - even) <= 1e-6 * length && std::abs(t[i] - t[i - 1] - step) <= 0.01 * step;
     if (!fits) return i;
   }
   return std::nullopt;

@@ -18,7 +18,7 @@ const CsvColumn* only_signal(const CsvTable& table);
 
 struct TimeColumn {
   std::string name;
-  double rate = 0.0;                       // Hz; 0 without a time column
+  double rate = 0.0;                      // Hz; 0 without a time column
   std::optional<std::size_t> uneven_row;  // the first whose time does not fit
 };
 

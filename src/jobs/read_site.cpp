@@ -1,0 +1,195 @@
+#include "jobs/read_site.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <regex>
+#include <sstream>
+
+#include "base/streams.h"
+#include "jobs/bind_parameters.h"
+#include "jobs/captured_lines.h"
+#include "jobs/division_fault.h"
+#include "jobs/failure.h"
+#include "jobs/input_files.h"
+#include "script/log.h"
+#include "site/context.h"
+
+namespace Jobs {
+namespace {
+
+// What the library gives for a failure whose own message it does not pass on.
+constexpr const char* no_message = "Uncaught Exception in Experiment Initialise";
+
+struct SiteFailure {
+  std::string message;
+  std::string progress;
+  std::string faults;
+};
+
+void add_site_fault(Preparation& p, const std::string& fault) {
+  p.faults.push_back(
+      {fmt::format("the site `{}`: {}", p.run.job.site, fault), p.run.job.site_span, ""});
+}
+
+bool is_readable(Preparation& p, const std::string& path) {
+  const Job& job = p.run.job;
+  try {
+    read_file(path);
+    return true;
+  } catch (const std::string& problem) {
+    p.faults.push_back({fmt::format("the site `{}` {}", job.site, problem), job.site_span,
+                        "looked for in " + folder_of(job, job.site)});
+    return false;
+  }
+}
+
+// Reads the script once more, without the experiment, which hides some messages.
+std::string hidden_message(const std::string& path) {
+  const CapturedLines lines;
+  Script::SimpleLog log(Base::progress());
+  Common::SiteReader reader("context");
+  reader.attach_log(log);
+  try {
+    reader.read(Base::script_faults(), path, "");
+    return "it cannot be used";
+  } catch (...) {
+    return message_of_current();
+  }
+}
+
+// The lines of a text that begin like that, without the beginning.
+std::vector<std::string> lines_after(const std::string& text, const std::string& beginning) {
+  std::vector<std::string> found;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with(beginning)) found.push_back(line.substr(beginning.size()));
+  }
+  return found;
+}
+
+std::uint32_t token_length(const std::string& text, std::uint32_t line, std::uint32_t column) {
+  std::istringstream lines(text);
+  std::string content;
+  for (std::uint32_t i = 0; i < line && std::getline(lines, content);) ++i;
+  if (column == 0 || column > content.size()) return 1;
+  const std::size_t end = content.find_first_of(" \t\r;={}[]", column);
+  return static_cast<std::uint32_t>(std::min(end, content.size()) - (column - 1));
+}
+
+// `<fault> in "<file>" at line N column M`.
+std::optional<Diagnostic> syntax_fault(const std::string& report) {
+  static const std::regex form("(.*) in (\".*\") at line ([0-9]{1,9}) column ([0-9]{1,9})");
+  std::smatch parts;
+  if (!std::regex_match(report, parts, form)) return std::nullopt;
+  Span span;
+  span.line = static_cast<std::uint32_t>(std::stoul(parts[3]));
+  span.column = static_cast<std::uint32_t>(std::stoul(parts[4]));
+  const std::string path = unquoted_path(parts[2].str());
+  try {
+    span.source = std::make_shared<SourceText>(SourceText{path, read_file(path)});
+  } catch (const std::string&) {
+    return std::nullopt;
+  }
+  span.length = token_length(span.source->text, span.line, span.column);
+  return Diagnostic{parts[1], span, ""};
+}
+
+void report(Preparation& p, const std::string& path, const SiteFailure& failure) {
+  for (const std::string& line : lines_after(failure.faults, "Failing at ")) {
+    if (auto fault = syntax_fault(line)) {
+      p.faults.push_back(std::move(*fault));
+    } else {
+      add_site_fault(p, line);
+    }
+    return;
+  }
+  if (failure.message == path + "::Failed to verify") {
+    for (const std::string& line : lines_after(failure.faults, "")) {
+      add_site_fault(p, "it does not set " + line);
+    }
+    return;
+  }
+  const std::vector<std::string> logged = lines_after(failure.progress, "Exception:-");
+  if (failure.message == "Caught log exception" && !logged.empty()) {
+    return add_site_fault(p, logged.front());
+  }
+  std::string message = failure.message == no_message ? hidden_message(path) : failure.message;
+  if (message.starts_with(path + "::")) message.erase(0, path.size() + 2);
+  add_site_fault(p, message);
+}
+
+// The files that the library has opened, as they are now.
+void keep_files(Preparation& p, const std::string& progress) {
+  for (const std::string& path : opened_files(progress)) {
+    if (find_input(p.run.inputs, path)) continue;
+    try {
+      p.run.inputs.push_back({path, "", read_file(path)});
+    } catch (const std::string& problem) {
+      add_site_fault(p, fmt::format("{} {}", path, problem));
+    }
+  }
+  p.site_files = p.run.inputs.size();
+}
+
+void tune(Preparation& p) {
+  const Part& part = p.run.job.tune;
+  if (part.parameters.members.empty()) return;
+  Declared declared;
+  Base::Params consts;
+  if (!in_library(p, part.span, part.title, [&] {
+        p.run.experiment.query(declared.params);
+        p.run.experiment.get_consts(consts);
+      })) {
+    return;
+  }
+  auto params = bind_parameters(part, declared, p.faults);
+  if (!params) return;
+  for (const Member& member : part.parameters.members) {
+    const std::string units = Base::units_text(declared.params.at(member.key).units);
+    const double value = params->get(member.key, units);
+    const double low = consts.get("min_" + member.key, units);
+    const double high = consts.get("max_" + member.key, units);
+    if (value >= low && value <= high) continue;
+    p.faults.push_back(
+        {fmt::format("`{}` is not between {:g} and {:g} {}", member.key, low, high, units),
+         member.value.span, "the limits that the site sets"});
+    return;
+  }
+  in_library(p, part.span, part.title, [&] { p.run.experiment.set(*params); });
+}
+
+}  // namespace
+
+void read_site(Preparation& p) {
+  const Job& job = p.run.job;
+  if (job.site.empty()) {
+    if (p.faults.empty()) p.faults.push_back({"`site` is missing", job.site_span, ""});
+    return;
+  }
+  const std::string path = opened_path(job, job.site);
+  if (!is_readable(p, path)) return;
+  SiteFailure failure;
+  bool divided = false;
+  {
+    const CapturedLines lines;
+    try {
+      divided = !without_division_fault([&] { p.run.experiment.initialise(path); });
+    } catch (...) {
+      failure.message = message_of_current();
+    }
+    failure.progress = lines.progress();
+    failure.faults = lines.faults();
+  }
+  p.run.log += failure.progress + failure.faults;
+  if (divided) return add_site_fault(p, "it divides an integer by 0; write 1.0/n");
+  if (!failure.message.empty()) return report(p, path, failure);
+  keep_files(p, failure.progress);
+  p.has_site = true;
+  tune(p);
+}
+
+}  // namespace Jobs
