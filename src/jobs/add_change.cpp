@@ -145,7 +145,14 @@ std::optional<Base::Params> bind_change(Preparation& p, const Change& change,
   }
   if (ready == nullptr) return bind_parameters(change.part, declared, p.faults);
   auto params = bind_parameters(change.part, without_fixed(declared, *ready), p.faults);
-  if (params && !add_fixed(p, change, declared, *ready, *params)) return std::nullopt;
+  if (!params) return std::nullopt;
+  try {
+    check_values(ready->parameters, *params);
+  } catch (const std::string& message) {
+    add_refusal(p, change.part, message);
+    return std::nullopt;
+  }
+  if (!add_fixed(p, change, declared, *ready, *params)) return std::nullopt;
   return params;
 }
 

@@ -95,15 +95,18 @@ bool lies_in_run(Preparation& p, const Piecewise& formulas, const Span& place) {
   return false;
 }
 
-void add_density(Preparation& p, const WavePlace& wave, const Parsed& parsed, Base::Params& params,
-                 OpenEnds ends) {
+bool add_density(Preparation& p, const WavePlace& wave, const Parsed& parsed,
+                 const Base::Params& params, OpenEnds ends) {
   const Span place = parsed.text != nullptr ? parsed.text->span : wave.part.span;
-  if (!bind_formulas(p, *parsed.formulas, place, params)) return;
-  if (!lies_in_run(p, *parsed.formulas, place)) return;
   AskedWave asked;
-  if (!in_library(p, place, "", [&] { asked = asked_density(parsed.formulas, ends); })) return;
+  if (!bind_formulas(p, *parsed.formulas, place, params) ||
+      !lies_in_run(p, *parsed.formulas, place) ||
+      !in_library(p, place, "", [&] { asked = asked_density(parsed.formulas, ends); })) {
+    return false;
+  }
   asked.kind = wave.part.kind;
   wave.sea.asked.push_back(std::move(asked));
+  return true;
 }
 
 void add_spectrum(Preparation& p, const WavePlace& wave) {
@@ -115,7 +118,7 @@ void add_spectrum(Preparation& p, const WavePlace& wave) {
     return;
   auto params = bind_parameters(wave.part, declared, p.faults);
   if (!params) return;
-  add_density(p, wave, *parsed, *params, {});
+  if (!add_density(p, wave, *parsed, *params, {})) return;
   hand_over(p, wave, *params, [&] {
     return p.run.experiment.add_spectrum(wave.sea.id, wave.name, parsed->text->text);
   });
@@ -160,6 +163,7 @@ Declared declared_by(const ReadySea& sea) {
     declared.params.declare(parameter.name, Base::resolve_units(parameter.units));
     declared.meanings[parameter.name] = parameter.meaning;
     if (parameter.fallback) declared.fallbacks[parameter.name] = *parameter.fallback;
+    if (!parameter.required()) declared.optional.push_back(parameter.name);
   }
   if (sea.makes == ReadySea::Makes::single_wave) {
     Base::Params single;
@@ -173,43 +177,40 @@ Declared declared_by(const ReadySea& sea) {
   return declared;
 }
 
-ReadyContext ready_context(Kelpbox::Experiment& experiment) {
-  const Common::Context& site = experiment.context();
-  return {site.get(Common::Limit::min_freq), site.get(Common::Limit::max_freq),
-          site.get(Common::Limit::base_g), site.tank_config().paddle_depth};
-}
-
-// A message "hs::must be above 0" is about that parameter.
-void add_refusal(Preparation& p, const Part& part, const std::string& message) {
-  const std::size_t colons = message.find("::");
-  const std::string name = message.substr(0, colons);
-  if (colons == std::string::npos || part.parameters.find(name) == nullptr) {
-    p.faults.push_back({fmt::format("{}: {}", part.title, message), part.span, ""});
-  } else {
-    p.faults.push_back(
-        {fmt::format("`{}` {}", name, message.substr(colons + 2)), span_of(part, name), ""});
-  }
+ReadyContext ready_context(Preparation& p) {
+  const Common::Context& site = p.run.experiment.context();
+  ReadyContext context;
+  context.min_freq = site.get(Common::Limit::min_freq);
+  context.max_freq = site.get(Common::Limit::max_freq);
+  context.g = site.get(Common::Limit::base_g);
+  context.depth = site.tank_config().paddle_depth;
+  if (p.has_grid) context.repeat = p.run.experiment.repeat(p.run.definition).value();
+  return context;
 }
 
 void add_ready(Preparation& p, const WavePlace& wave, const ReadySea& ready) {
   auto params = bind_parameters(wave.part, declared_by(ready), p.faults);
   if (!params || !p.has_site) return;
+  Parsed parsed;
+  const bool is_single = ready.makes == ReadySea::Makes::single_wave;
   try {
-    ready.complete(*params, ready_context(p.run.experiment));
+    ready.complete(*params, ready_context(p));
+    if (!is_single) {
+      parsed.formulas = std::make_shared<Piecewise>(Synthesis::parse_component_text(ready.formula));
+    }
   } catch (...) {
     return add_refusal(p, wave.part, message_of_current());
   }
-  if (ready.makes == ReadySea::Makes::single_wave) {
-    return add_single_wave(p, wave, *params, wave.part.kind);
-  }
-  Parsed parsed;
-  in_library(p, wave.part.span, wave.part.title, [&] {
-    parsed.formulas = std::make_shared<Piecewise>(Synthesis::parse_component_text(ready.formula));
-  });
-  if (parsed.formulas == nullptr) return;
-  const OpenEnds ends{wave.part.parameters.find("f_min") == nullptr,
-                      wave.part.parameters.find("f_max") == nullptr};
-  add_density(p, wave, parsed, *params, ends);
+  if (is_single) return add_single_wave(p, wave, *params, wave.part.kind);
+
+  const bool whole_axis = !ready.ends_at_limits;
+  const OpenEnds ends{whole_axis && wave.part.parameters.find("f_min") == nullptr,
+                      whole_axis && wave.part.parameters.find("f_max") == nullptr};
+  if (!add_density(p, wave, parsed, *params, ends)) return;
+  AskedWave& asked = wave.sea.asked.back();
+  asked.peak = ready.peak(*params);
+  // The crest is that of the run's harmonics, and the integral that of the density.
+  if (params->contains("crest")) asked.crest = params->read("crest", Category::length);
   hand_over(p, wave, *params,
             [&] { return p.run.experiment.add_spectrum(wave.sea.id, wave.name, ready.formula); });
 }

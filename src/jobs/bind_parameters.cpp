@@ -21,6 +21,10 @@ bool is_bool(const Base::Quantity& quantity) {
   return quantity.is_enum() && quantity.enum_type() == Base::EnumType::Bool;
 }
 
+bool contains(const std::vector<std::string>& names, const std::string& name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
 
 // The value as the job has it, for messages.
@@ -65,7 +69,7 @@ std::optional<Base::Quantity> bind_enum(const std::string& name, const Value& va
          value.span, "use " + fmt::format("{}", fmt::join(members, ", "))});
     return std::nullopt;
   }
-  if (std::find(members.begin(), members.end(), member) == members.end()) {
+  if (!contains(members, member)) {
     faults.push_back({fmt::format("`{}` has no member {}", name, shown(value)), value.span,
                       advice(member, members)});
     return std::nullopt;
@@ -158,17 +162,16 @@ std::optional<Base::Params> bind_parameters(const Part& part, const Declared& de
                                             Diagnostics& faults) {
   const std::size_t faults_before = faults.size();
   const std::vector<std::string> known = known_keys(declared);
-  Base::Params bound;  // without the comments that a query may have added
-  for (const Base::Params::Entry& entry : declared.params.entries()) bound.merge(entry);
+  Base::Params bound;
   std::set<std::string> misspelt;  // what unknown keys probably mean
 
   for (const Member& member : part.parameters.members) {
     const std::string& name = member.key;
     if (declared.params.contains(name)) {
-      if (const auto value = bind_value(name, member.value, bound.at(name), faults)) {
-        bound.at(name) = *value;
+      if (const auto value = bind_value(name, member.value, declared.params.at(name), faults)) {
+        bound.merge({name, *value});
       }
-    } else if (std::find(known.begin(), known.end(), name) == known.end()) {
+    } else if (!contains(declared.own_keys, name)) {
       if (const auto near = nearest(name, known)) misspelt.insert(*near);
       faults.push_back({fmt::format("unknown key `{}` in {}", name, part.title), member.key_span,
                         known.empty() ? "it takes no keys" : advice(name, known)});
@@ -176,18 +179,19 @@ std::optional<Base::Params> bind_parameters(const Part& part, const Declared& de
   }
   for (const auto& [name, quantity] : declared.params.entries()) {
     if (part.parameters.find(name) != nullptr || misspelt.count(name) != 0) continue;
-    if (!quantity.state.invalid()) continue;
     const auto fallback = declared.fallbacks.find(name);
-    if (fallback == declared.fallbacks.end()) {
+    if (!quantity.state.invalid()) {
+      bound.merge({name, quantity});
+    } else if (fallback != declared.fallbacks.end()) {
+      Value value;
+      value.kind = Value::Kind::text;
+      value.text = fallback->second;
+      value.span = part.span;
+      if (const auto filled = bind_value(name, value, quantity, faults)) {
+        bound.merge({name, *filled});
+      }
+    } else if (!contains(declared.optional, name)) {
       faults.push_back(missing(part, name, quantity, declared));
-      continue;
-    }
-    Value value;
-    value.kind = Value::Kind::text;
-    value.text = fallback->second;
-    value.span = part.span;
-    if (const auto bound_value = bind_value(name, value, quantity, faults)) {
-      bound.at(name) = *bound_value;
     }
   }
   if (faults.size() != faults_before) return std::nullopt;

@@ -20,6 +20,7 @@ struct Declared {
   // Values that need not be given, as a job would write them: "0 deg", "False".
   std::map<std::string, std::string> fallbacks;
   std::map<std::string, std::string> meanings;  // for the message of a missing one
+  std::vector<std::string> optional;            // absent from the result unless they are given
   std::vector<std::string> own_keys;            // of the part, read elsewhere: "formula", "file"
 };
 

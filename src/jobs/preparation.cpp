@@ -75,6 +75,17 @@ bool set_with_remarks(Preparation& p, const Part& part, const std::string& title
   return true;
 }
 
+void add_refusal(Preparation& p, const Part& part, const std::string& message) {
+  const std::size_t colons = message.find("::");
+  const std::string name = message.substr(0, colons);
+  if (colons == std::string::npos || part.parameters.find(name) == nullptr) {
+    p.faults.push_back({fmt::format("{}: {}", part.title, message), part.span, ""});
+  } else {
+    p.faults.push_back(
+        {fmt::format("`{}` {}", name, message.substr(colons + 2)), span_of(part, name), ""});
+  }
+}
+
 std::string title_in_sea(const Part& part, const std::string& sea) {
   return part.title + " of " + sea;
 }

@@ -36,6 +36,9 @@ bool in_library(Preparation& p, const Span& place, const std::string& title,
 bool set_with_remarks(Preparation& p, const Part& part, const std::string& title,
                       Base::Params& params, const std::function<void(Base::Params&)>& set);
 
+// Adds the fault of a ready sea or change: "hs::must be above 0" is about the value of `hs`.
+void add_refusal(Preparation& p, const Part& part, const std::string& message);
+
 // "a `jonswap` wave of storm", for remarks and messages outside the job's text.
 std::string title_in_sea(const Part& part, const std::string& sea);
 
