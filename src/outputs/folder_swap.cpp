@@ -1,0 +1,95 @@
+#include "outputs/folder_swap.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "outputs/cannot_write.h"
+#include "outputs/earlier_results.h"
+
+namespace fs = std::filesystem;
+
+namespace Outputs {
+namespace {
+
+void flush(const fs::path& path, const std::string& shown) {
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor == -1) cannot_write(shown, errno);
+  const int error = fsync(descriptor) == 0 ? 0 : errno;
+  close(descriptor);
+  // Some file systems cannot flush folders.
+  if (error != 0 && error != EINVAL && error != ENOTSUP) cannot_write(shown, error);
+}
+
+// Whether the file system, or the kernel, lacks this kind of rename.
+bool unsupported(int error) { return error == EINVAL || error == ENOSYS || error == ENOTSUP; }
+
+int rename_with(unsigned flags, const std::string& from, const std::string& to) {
+  return renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), flags) == 0 ? 0 : errno;
+}
+
+// Keeps the access rights that the user gave to the old folder.
+void copy_rights(const std::string& from, const std::string& to) {
+  struct stat old {};
+  if (stat(from.c_str(), &old) == 0 && chmod(to.c_str(), old.st_mode & 07777) != 0) {
+    // The results matter more than the rights of their folder.
+  }
+}
+
+}  // namespace
+
+void flush_folder(const std::string& folder, const std::string& shown) {
+  try {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
+      flush(entry.path(), shown + "/" + entry.path().lexically_relative(folder).string());
+    }
+  } catch (const fs::filesystem_error& failure) {
+    cannot_write(shown, failure.code().value());
+  }
+  flush(folder, shown);
+}
+
+std::string swap_in_two_steps(const std::string& folder, const std::string& place,
+                              const std::string& shown) {
+  std::string old = folder + "-old";
+  if (rename(place.c_str(), old.c_str()) != 0) cannot_write(shown, errno);
+  if (rename(folder.c_str(), place.c_str()) == 0) return old;
+  const int error = errno;
+  // Nothing more can be done if this fails too.
+  static_cast<void>(rename(old.c_str(), place.c_str()));
+  cannot_write(shown, error);
+}
+
+std::string put_in_place(const std::string& folder, const std::string& place,
+                         const std::string& shown) {
+  // Another process may make or remove the place meanwhile.
+  int error = 0;
+  std::string old;
+  for (int attempt = 0; attempt < 10; ++attempt) {
+    std::error_code ignored;
+    const bool exists = fs::exists(fs::symlink_status(place, ignored));
+    if (exists) {
+      require_replaceable(place, shown);
+      copy_rights(place, folder);
+      error = rename_with(RENAME_EXCHANGE, folder, place);
+      if (error == 0) old = folder;
+      if (unsupported(error)) {
+        old = swap_in_two_steps(folder, place, shown);
+        error = 0;
+      }
+    } else {
+      error = rename_with(RENAME_NOREPLACE, folder, place);
+      if (unsupported(error)) error = rename_with(0, folder, place);
+    }
+    if (error != (exists ? ENOENT : EEXIST)) break;
+  }
+  if (error != 0) cannot_write(shown, error);
+  flush(fs::path(place).parent_path(), shown);
+  return old;
+}
+
+}  // namespace Outputs

@@ -1,0 +1,39 @@
+#include "outputs/checksum.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "outputs/refused.h"
+#include "support/temp_dir.h"
+
+namespace Outputs {
+namespace {
+
+// FIPS 180-2, appendices B.1 to B.3.
+const std::string of_abc = "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad";
+const std::string of_two_blocks =
+    "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1";
+const std::string of_a_million = "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0";
+
+TEST(Checksum, OfTextsIsThePublishedOne) {
+  EXPECT_EQ(sha256("abc"), of_abc);
+  EXPECT_EQ(sha256("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq"), of_two_blocks);
+}
+
+TEST(Checksum, OfFilesIsThePublishedOne) {
+  const Testing::TempDir dir;
+  EXPECT_EQ(sha256_of_file(dir.write("abc", "abc"), "abc"), of_abc);
+  EXPECT_EQ(sha256_of_file(dir.write("a", std::string(1000000, 'a')), "a"), of_a_million);
+}
+
+TEST(Checksum, ReportsAFileThatCannotBeRead) {
+  const Testing::TempDir dir;
+  EXPECT_EQ(Testing::refused([&] { sha256_of_file(dir.file("none"), "x.out/none"); }),
+            "x.out/none: No such file or directory");
+  EXPECT_EQ(Testing::refused([&] { sha256_of_file(dir.path(), "x.out"); }),
+            "x.out: Is a directory");
+}
+
+}  // namespace
+}  // namespace Outputs
