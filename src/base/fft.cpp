@@ -193,4 +193,6 @@ void FFT_Plan::consume(std::vector<std::complex<double>>& freq, std::vector<doub
 
 void FFT_Plan::freeFFTBuffers() { buffers_.reset(); }
 
+const char* transform_library() { return fftw_version; }
+
 }  // namespace Base

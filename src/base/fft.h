@@ -32,6 +32,9 @@ void consume_to_time(std::vector<std::complex<double>>& freq, std::vector<double
 // samples and the spectrum.
 std::uint64_t transform_memory(std::size_t samples);
 
+// The name and version of the library that transforms, such as "fftw-3.3.10-sse2-avx".
+const char* transform_library();
+
 enum class FFT_Type : unsigned { freq_to_time = 0 };
 
 // Repeated inverse transforms of one size.

@@ -14,6 +14,7 @@ inline constexpr int check_failed = 1;  // with --strict
 inline constexpr int bad_input = 2;
 inline constexpr int cannot_write = 3;
 inline constexpr int interrupted = 130;
+inline constexpr int terminated = 143;
 }  // namespace Exit
 
 struct Console {
@@ -26,6 +27,13 @@ struct Console {
   bool quiet = false;
   bool verbose = false;
 };
+
+// Whether colours suit what this descriptor leads to: a terminal that knows them, and a user who
+// did not refuse them by NO_COLOR (no-color.org).
+bool shows_colour(int fd);
+
+// Whether this descriptor leads to a terminal on which a line can be rewritten.
+bool is_live(int fd);
 
 }  // namespace Cli
 

@@ -1,0 +1,20 @@
+#include "cli/console.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <cstring>
+
+namespace Cli {
+
+bool is_live(int fd) {
+  const char* terminal = std::getenv("TERM");
+  return isatty(fd) != 0 && (terminal == nullptr || std::strcmp(terminal, "dumb") != 0);
+}
+
+bool shows_colour(int fd) {
+  const char* refused = std::getenv("NO_COLOR");
+  return is_live(fd) && (refused == nullptr || *refused == '\0');
+}
+
+}  // namespace Cli

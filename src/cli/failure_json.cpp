@@ -1,0 +1,27 @@
+#include <nlohmann/json.hpp>
+
+#include "cli/failure_report.h"
+
+namespace Cli {
+
+std::string failure_json(const Failure& failure) {
+  nlohmann::ordered_json faults = nlohmann::ordered_json::array();
+  for (const Jobs::Diagnostic& fault : failure.faults) {
+    nlohmann::ordered_json one;
+    one["message"] = fault.fault;
+    if (fault.span.source) {
+      one["file"] = fault.span.source->name;
+      one["line"] = fault.span.line;
+      one["column"] = fault.span.column;
+      one["length"] = fault.span.length;
+    }
+    if (!fault.label.empty()) one["label"] = fault.label;
+    faults.push_back(std::move(one));
+  }
+  const nlohmann::ordered_json all{
+      {"code", failure.exit_code}, {"message", failure.message}, {"diagnostics", faults}};
+  // Names of files may hold any bytes.
+  return all.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+}  // namespace Cli

@@ -1,0 +1,57 @@
+#include "cli/failure_report.h"
+
+#include "cli/options.h"
+#include "jobs/failure.h"
+#include "outputs/output_folder.h"
+
+namespace Cli {
+
+namespace {
+
+std::string count_of(const Jobs::Diagnostics& faults) {
+  return faults.size() == 1 ? "1 error" : std::to_string(faults.size()) + " errors";
+}
+
+std::string help_of(const CommandText* command) {
+  return command ? "kelpbox help " + std::string(command->name) : "kelpbox help";
+}
+
+}  // namespace
+
+Failure failure_of_current(const std::string& subject) {
+  const std::string before = subject.empty() ? "" : subject + ": ";
+  try {
+    throw;
+  } catch (const BadUsage& usage) {
+    return {Exit::bad_input, usage.message + " (" + help_of(usage.command) + ")", {}};
+  } catch (const Jobs::BadJob& job) {
+    return {Exit::bad_input, before + count_of(job.faults) + ", nothing was built", job.faults};
+  } catch (const Outputs::CannotWrite& failure) {
+    return {Exit::cannot_write, "cannot write " + failure.message, {}};
+  } catch (...) {
+    return {Exit::bad_input, before + Jobs::message_of_current(), {}};
+  }
+}
+
+std::string shown(const Failure& failure, bool colour) {
+  const auto how = colour ? Jobs::Colour::on : Jobs::Colour::off;
+  if (failure.faults.empty()) return show({failure.message, {}, ""}, how);
+  std::string text;
+  for (const Jobs::Diagnostic& fault : failure.faults) text += show(fault, how);
+  return text + failure.message + "\n";
+}
+
+int report(const Failure& failure, Console& console) {
+  if (console.json) {
+    console.out << "{\"error\": " << failure_json(failure) << "}\n";
+  } else {
+    console.err << shown(failure, console.err_colour);
+  }
+  return failure.exit_code;
+}
+
+int report_current(const std::string& subject, Console& console) {
+  return report(failure_of_current(subject), console);
+}
+
+}  // namespace Cli
