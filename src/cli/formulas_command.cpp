@@ -80,7 +80,8 @@ int formulas(Console& console) {
   std::string page =
       "A formula such as 2*$[Hz]^2 + sqrt(depth[m])/pi@m has a variable with units, $[Hz],\n"
       "parameters with units, depth[m], and the units of its result after the @.\n"
-      "Spectra join formulas with #: 0.2@Hz#5/16*hs[m]^2*fp[Hz]^4/$[Hz]^5@m2s#2@Hz\n";
+      "A spectrum joins limits and formulas with #, as Pierson-Moskowitz from 0.2 to 2 Hz:\n"
+      "  0.2@Hz#5/16*hs[m]^2*fp[Hz]^4/$[Hz]^5*exp(0-1.25*(fp[Hz]/$[Hz])^4)@m2s#2@Hz\n";
   add_functions(page);
   add_operators(page);
   add_constants(page);

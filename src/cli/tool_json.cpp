@@ -29,6 +29,17 @@ std::string json_of(const Conversion& conversion) {
                    {"remarks", conversion.remarks}});
 }
 
+std::string json_of(const Answer& answer) {
+  Json explanations = Json::array();
+  for (const Explanation& found : answer.fitting.empty() ? answer.similar : answer.fitting) {
+    explanations.push_back({{"message", found.message},
+                            {"text", found.lines},
+                            {"page", found.page},
+                            {"section", found.section}});
+  }
+  return document({{"exact", !answer.fitting.empty()}, {"explanations", explanations}});
+}
+
 std::string formulas_json() {
   Json json;
   json["functions"] = Json::array();

@@ -4,12 +4,14 @@
 
 #include <string>
 
+#include "cli/explanations.h"
 #include "cli/unit_conversion.h"
 
 namespace Cli {
 
 // Each document ends with a line end.
 std::string json_of(const Conversion& conversion);
+std::string json_of(const Answer& answer);
 std::string formulas_json();
 
 }  // namespace Cli
