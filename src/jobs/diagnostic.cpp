@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
 #include "jobs/utf8.h"
 
@@ -122,6 +123,15 @@ class Painter {
 };
 
 }  // namespace
+
+BadJob bad_job(std::string fault, Span span, std::string label) {
+  BadJob bad;
+  Diagnostic& only = bad.faults.emplace_back();
+  only.fault = std::move(fault);
+  only.span = std::move(span);
+  only.label = std::move(label);
+  return bad;
+}
 
 void sort_by_place(Diagnostics& faults) {
   // Sources have the order of their first faults.

@@ -22,6 +22,9 @@ struct BadJob {
   Diagnostics faults;  // at least one
 };
 
+// One fault, to be thrown.
+BadJob bad_job(std::string fault, Span span = {}, std::string label = "");
+
 // In the order of their places in the text. Faults without a place come first.
 void sort_by_place(Diagnostics& faults);
 

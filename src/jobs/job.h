@@ -16,8 +16,9 @@ namespace Jobs {
 struct Part {
   std::string kind;   // of a wave or change: "jonswap"; empty otherwise
   std::string title;  // for messages: "a `jonswap` wave", "[run]"
-  Span span;          // where it begins
-  Value parameters;   // a table, without "kind"
+  Span span;          // where it begins; without a line if the job does not have it
+  Span kind_span;     // the value of `kind`
+  Value parameters;   // a table, without "kind" and "name"
 };
 
 struct Sea {

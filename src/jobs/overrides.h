@@ -3,12 +3,16 @@
 #define KELPBOX_JOBS_OVERRIDES_H_
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "jobs/diagnostic.h"
 #include "jobs/value.h"
 
 namespace Jobs {
+
+// A text as a TOML string, with its quotation marks.
+std::string toml_string(std::string_view text);
 
 // Applies the job's [[set]] entries and then `options`, each `key=value` as given to --set. A value
 // is TOML, or the text itself when that is no TOML value: sea.hs="100 mm" and sea.hs=100 mm are the

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t largest_file = 16 << 20;
 
 [[noreturn]] void refuse(const std::string& path, const std::string& why) {
-  throw BadJob{{{path + ": " + why, {}, ""}}};
+  throw bad_job(path + ": " + why);
 }
 
 [[noreturn]] void refuse_errno(const std::string& path) {
@@ -95,7 +95,7 @@ void require_text(const std::shared_ptr<const SourceText>& source) {
   const std::size_t invalid = find_invalid_utf8(text);
   if (invalid != std::string_view::npos) {
     const Span span = TextPlaces(source).span_at(invalid, 1);
-    throw BadJob{{{"the text is not UTF-8", span, "save the file as UTF-8"}}};
+    throw bad_job("the text is not UTF-8", span, "save the file as UTF-8");
   }
 }
 

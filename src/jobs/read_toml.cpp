@@ -76,7 +76,7 @@ class Converter {
 Value read_toml(const std::shared_ptr<const SourceText>& source) {
   const TextPlaces places(source);
   if (const auto broken = find_broken_bound(source->text)) {
-    throw BadJob{{{broken->fault, places.span_at(broken->byte, 1), broken->label}}};
+    throw bad_job(broken->fault, places.span_at(broken->byte, 1), broken->label);
   }
   try {
     const toml::table table = toml::parse(std::string_view(source->text), std::string_view());
