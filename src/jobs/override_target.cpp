@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "jobs/job_tables.h"
 #include "jobs/nearest.h"
 
 namespace Jobs {
@@ -12,24 +13,6 @@ namespace {
 using Kind = Value::Kind;
 
 constexpr std::size_t most_candidates = 8;
-
-Value* find(Value& table, const std::string& key) { return const_cast<Value*>(table.find(key)); }
-
-// The tables of an array of tables, or the only one that is written as a plain table.
-std::vector<Value*> tables_of(Value& parent, const std::string& key) {
-  std::vector<Value*> tables;
-  if (Value* value = find(parent, key)) {
-    if (value->kind == Kind::table) {
-      tables.push_back(value);
-    }
-    for (Value& item : value->items) {
-      if (item.kind == Kind::table) {
-        tables.push_back(&item);
-      }
-    }
-  }
-  return tables;
-}
 
 std::string suggestion(const std::string& name, const std::vector<std::string>& known) {
   const auto found = nearest(name, known);
@@ -96,7 +79,7 @@ class Walk {
   void from_table(Value& start) {
     Value* table = &start;
     for (; left() > 1; ++at_) {
-      Value* next = find(*table, name());
+      Value* next = find_in(*table, name());
       if (next == nullptr) {
         Value added;
         added.span = member_.key_span;
@@ -112,7 +95,7 @@ class Walk {
   }
 
   void place_in(Value& table) {
-    if (Value* value = find(table, name())) {
+    if (Value* value = find_in(table, name())) {
       *value = std::move(member_.value);
       return;
     }
@@ -140,7 +123,7 @@ class Walk {
       return tables[number - 1];
     }
     const bool is_inside = std::find(inside.begin(), inside.end(), name()) != inside.end();
-    if (Value* named = is_inside ? nullptr : by_name(tables)) {
+    if (Value* named = is_inside ? nullptr : with_name(tables, name())) {
       step_into();
       return named;
     }
@@ -170,28 +153,6 @@ class Walk {
       text += "." + path_[i].name;
     }
     return text;
-  }
-
-  static std::string name_of(const Value& table) {
-    const Value* given = table.find("name");
-    return given != nullptr ? given->text : "";
-  }
-
-  static std::vector<std::string> names_of(const std::vector<Value*>& tables) {
-    std::vector<std::string> names;
-    for (const Value* table : tables) {
-      names.push_back(name_of(*table));
-    }
-    return names;
-  }
-
-  Value* by_name(const std::vector<Value*>& tables) const {
-    for (Value* table : tables) {
-      if (name_of(*table) == name()) {
-        return table;
-      }
-    }
-    return nullptr;
   }
 
   void from_sea(Value& job) {

@@ -1,69 +1,16 @@
 #include "jobs/overrides.h"
 
 #include <memory>
-#include <optional>
 #include <string_view>
 #include <utility>
 
 #include "jobs/key_path.h"
 #include "jobs/override_target.h"
-#include "jobs/read_toml.h"
+#include "jobs/override_value.h"
 #include "jobs/utf8.h"
 
 namespace Jobs {
 namespace {
-
-void point_at(Value& value, const Span& span) {
-  value.span = span;
-  for (Value& item : value.items) {
-    point_at(item, span);
-  }
-  for (Member& member : value.members) {
-    member.key_span = span;
-    point_at(member.value, span);
-  }
-}
-
-// The same places in another text.
-void move_to(Value& value, const std::shared_ptr<const SourceText>& source) {
-  value.span.source = source;
-  for (Value& item : value.items) {
-    move_to(item, source);
-  }
-  for (Member& member : value.members) {
-    member.key_span.source = source;
-    move_to(member.value, source);
-  }
-}
-
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  return first == std::string_view::npos
-             ? std::string_view()
-             : text.substr(first, text.find_last_not_of(" \t") + 1 - first);
-}
-
-// The one TOML value in a text, with places as if it began at `column` of its first line.
-std::optional<Value> toml_value(std::string_view text, std::size_t column) {
-  auto layout = std::make_shared<SourceText>();
-  layout->text = std::string(column < 3 ? 1 : column - 2, 'k') + "=" + std::string(text);
-  try {
-    Value job = read_toml(layout);
-    if (job.members.size() != 1) {
-      return std::nullopt;
-    }
-    Value value = std::move(job.members[0].value);
-    const bool ends_early = value.span.line == 1 && text.find('\n') == std::string_view::npos &&
-                            value.span.column - 1 + value.span.length < layout->text.size();
-    // A comment after the value belongs to the text, and dates have no use in a job.
-    if (ends_early || value.kind == Value::Kind::other) {
-      return std::nullopt;
-    }
-    return value;
-  } catch (const BadJob&) {
-    return std::nullopt;
-  }
-}
 
 class Overrides {
  public:
@@ -81,28 +28,12 @@ class Overrides {
       faults_.push_back({"the option has no value", whole, "write key=value"});
       return;
     }
-    const std::string_view text = trimmed(std::string_view(option).substr(equals + 1));
-    const std::size_t begin = text.empty() ? equals + 1 : text.data() - option.data();
-    Value value;
-    if (auto parsed = toml_value(text, begin + 1)) {
-      value = std::move(*parsed);
-      move_to(value, source);
-    } else {
-      value.kind = Value::Kind::text;
-      value.text = text;
-      value.span = {source, 1, static_cast<std::uint32_t>(begin + 1),
-                    static_cast<std::uint32_t>(text.size())};
-    }
-    apply(option.substr(0, equals), whole, true, std::move(value));
+    apply(option.substr(0, equals), whole, true, value_from(source, equals + 1));
   }
 
   void apply_entry(const Value& entry) {
     const Value* key = nullptr;
     const Value* given = nullptr;
-    if (entry.kind != Value::Kind::table) {
-      faults_.push_back({"a [[set]] must be a table with `key` and `value`", entry.span, ""});
-      return;
-    }
     for (const Member& member : entry.members) {
       if (member.key == "key") {
         key = &member.value;
@@ -121,16 +52,8 @@ class Overrides {
       faults_.push_back({"the `key` of a [[set]] must be a text", key->span, ""});
       return;
     }
-    Value value = *given;
-    if (given->kind == Value::Kind::text) {
-      // The text means what it means after --set.
-      value.text = trimmed(given->text);
-      if (auto parsed = toml_value(value.text, 0)) {
-        value = std::move(*parsed);
-        point_at(value, given->span);
-      }
-    }
-    apply(key->text, key->span, false, std::move(value));
+    apply(key->text, key->span, false,
+          given->kind == Value::Kind::text ? value_of(*given) : *given);
   }
 
  private:

@@ -270,6 +270,23 @@ TEST_F(ReadJob, AnEmptyFileIsOneFault) {
   }
 }
 
+TEST_F(ReadJob, ValuesKnowTheLineThatAFaultShows) {
+  const Job job = read(
+      "site = \"a\"\n[run]\n[[sea]]\n    [[sea.wave]]\n      kind  = \"jonswap\"\n"
+      "      hs    = \"80 s\"\n");
+  const Jobs::Member& hs = job.seas[0].waves[0].parameters.members.at(0);
+  const std::string path = folder_.path() + "/storm.toml";
+  EXPECT_EQ(Jobs::show({"`hs` is a length, but \"80 s\" is a time", hs.value.span,
+                        "use m, mm, cm, ft, in"}),
+            "error: `hs` is a length, but \"80 s\" is a time\n"
+            " --> " +
+                path +
+                ":6:15\n"
+                "  |\n"
+                "6 |       hs    = \"80 s\"\n"
+                "  |               ^^^^^^ use m, mm, cm, ft, in\n");
+}
+
 TEST_F(ReadJob, AFileThatIsMissingOrNotTomlIsOneFault) {
   Diagnostics faults;
   EXPECT_THROW(Jobs::read_job(folder_.path() + "/no.toml", {}, faults), Jobs::BadJob);
