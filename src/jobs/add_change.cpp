@@ -13,6 +13,7 @@
 #include "jobs/bind_parameters.h"
 #include "jobs/fallbacks.h"
 #include "jobs/ready_sea.h"
+#include "maths/angle.h"
 #include "sea/modifier.h"
 
 namespace Jobs {
@@ -176,6 +177,24 @@ void keep_gain(Preparation& p, const Change& change, const ModifierPtr& modifier
   sea.gain = [modifier](double frequency) { return modifier->value(frequency); };
 }
 
+// The law as the library narrows it.
+void keep_spread(Preparation& p, const Change& change, const ModifierPtr& modifier,
+                 const Base::Params& params, BuiltSea& sea) {
+  Base::Params narrowed = params;
+  // A refusal is reported when the library's own modifier is set.
+  Diagnostics ignored;
+  Preparation trial{p.run, ignored};
+  if (!in_library(trial, change.formula_span, "", [&] { modifier->set(narrowed); })) return;
+  SpreadLaw law;
+  law.power = [modifier](double frequency) { return modifier->value(frequency); };
+  law.half_angle = narrowed.read_enum("function", Base::EnumType::SpreadFunc) ==
+                   Base::SpreadFunc::Cos2S;
+  law.mean = narrowed.read("angle", Category::angle);
+  law.below = Maths::wrap_angle(law.mean - narrowed.read("min_angle", Category::angle));
+  law.above = Maths::wrap_angle(narrowed.read("max_angle", Category::angle) - law.mean);
+  sea.spread = law;
+}
+
 std::optional<Change> as_modifier(Preparation& p, const Part& part, const ReadyChange* ready) {
   if (ready != nullptr) return Change{part, ready->modifier, ready->formula, part.span};
   Change change{part, part.kind, "", part.span};
@@ -221,6 +240,7 @@ void add_change(Preparation& p, const Part& part, BuiltSea& sea, Taken& taken) {
   const std::string title = title_in_sea(part, sea.name);
   remark_on_seed(p, part, title, *params);
   if (change->modifier == "GainAdjust") keep_gain(p, *change, modifier, *params, sea);
+  if (change->modifier == "AngleSpread") keep_spread(p, *change, modifier, *params, sea);
   if (!p.has_site) return;
   std::uint32_t id = 0;
   if (!in_library(p, change->formula_span, title, [&] {

@@ -2,14 +2,12 @@
 #ifndef KELPBOX_JOBS_DENSITY_MOMENTS_H_
 #define KELPBOX_JOBS_DENSITY_MOMENTS_H_
 
-#include <functional>
 #include <vector>
 
+#include "jobs/density_integral.h"
 #include "jobs/sea_moments.h"
 
 namespace Jobs {
-
-using Density = std::function<double(double)>;  // m2/Hz at a frequency in Hz
 
 // The moments over the frequencies between `from`, at least 0, and `to`, which may be infinite. The
 // density may jump or bend at the breaks; `peaks` are frequencies near its maxima, and help to find

@@ -26,6 +26,7 @@ struct DirectionStats {
   }
   // A part of the sea of known moment, |moment| <= 1.
   void add(std::complex<double> first_moment, double v) {
+    if (!std::isfinite(std::abs(first_moment)) || !std::isfinite(v)) return;
     variance += v;
     squares += v * v;
     moment += v * first_moment;

@@ -63,10 +63,12 @@ bool oblique(const WavePath& path, double angle) {
 // Carries the fronts of one sea, harmonic by harmonic.
 class Way {
  public:
-  Way(const WavePath& path, const Maths::Position& position, FrontFates& fates)
+  Way(const WavePath& path, const Maths::Position& position, FrontFates& fates,
+      const AskedMoment& asked)
       : path_(path),
         position_(position),
         fates_(fates),
+        asked_(asked),
         plain_(path.tank, path.run),
         own_(path.tank, path.run),
         reference_(path.tank, path.run) {}
@@ -80,7 +82,11 @@ class Way {
     const double own = front.amp * front.amp / 2.0;
     const double v = own * to_reference_ * to_reference_;
     fates_.asked += v;
-    fates_.asked_directions.add(front.angle, own);
+    if (asked_) {
+      fates_.asked_directions.add(moment_, own);
+    } else {
+      fates_.asked_directions.add(front.angle, own);
+    }
 
     constexpr double rounding = 1e-9;
     if (std::fabs(std::sin(front.angle) * turn_) > 1.0 + rounding) {
@@ -120,6 +126,7 @@ class Way {
     const double reference = reference_.shoaling(harmonic, path_.x);
     to_reference_ = reference / own;
     arrive_ = reference_.ladder().front().k / reference_.ladder().back().k;
+    if (asked_) moment_ = asked_(harmonic);
   }
 
   void make(double angle, double v) {
@@ -144,6 +151,7 @@ class Way {
   const WavePath& path_;
   Maths::Position position_;
   FrontFates& fates_;
+  const AskedMoment& asked_;
   Maths::TankRun plain_;        // never builds a ladder
   Maths::TankRun own_;          // to the position of the sea
   Maths::TankRun reference_;    // to the reference point
@@ -152,6 +160,7 @@ class Way {
   double turn_ = 1.0;          // sine at the paddles / sine at the position
   double arrive_ = 1.0;        // sine at the reference point / sine at the paddles
   double to_reference_ = 1.0;  // amplitude at the reference point / amplitude at the position
+  std::complex<double> moment_;
 };
 
 }  // namespace
@@ -205,9 +214,34 @@ FrontFates no_fronts(const WavePath& path) {
 }
 
 void add_fronts(const std::vector<Maths::TransferFront>& fronts, const Maths::Position& position,
-                const WavePath& path, FrontFates& fates) {
-  Way way(path, position, fates);
+                const WavePath& path, FrontFates& fates, const AskedMoment& asked) {
+  Way way(path, position, fates, asked);
   for (const Maths::TransferFront& front : fronts) way.add(front);
+}
+
+std::vector<std::complex<double>> made_surface(const std::vector<Synthesis::Front>& merged,
+                                               const WavePath& path, double x, double y) {
+  Maths::TankRun tank(path.tank, path.run);
+  std::vector<std::complex<double>> surface(path.run.size());
+  const double repeat = path.run.value();
+  for (const Synthesis::Front& front : merged) {
+    const auto harmonic = static_cast<std::uint64_t>(std::llround(front.freq * repeat));
+    if (front.amp == 0.0 || harmonic >= surface.size()) continue;
+    const double made = paddle_shares(path, harmonic, front.angle).made;
+    const double a = front.amp * tank.shoaling(harmonic, x) * std::sqrt(made);
+    const double phase = front.phase - tank.phase_lag(harmonic, x, y, front.angle);
+    if (std::isfinite(a) && std::isfinite(phase)) surface[harmonic] += std::polar(1.0, phase) * a;
+  }
+  return surface;
+}
+
+double elevation(const std::vector<std::complex<double>>& surface, double repeat, double time) {
+  double sum = 0.0;
+  for (std::size_t h = 0; h < surface.size(); ++h) {
+    const double turn = Base::TwoPi * std::fmod(static_cast<double>(h) * time / repeat, 1.0);
+    sum += (surface[h] * std::polar(1.0, turn)).real();
+  }
+  return sum;
 }
 
 }  // namespace Jobs

@@ -7,8 +7,10 @@
 #ifndef KELPBOX_JOBS_FRONT_FATE_H_
 #define KELPBOX_JOBS_FRONT_FATE_H_
 
+#include <complex>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -75,10 +77,21 @@ struct FrontFates {
 
 FrontFates no_fronts(const WavePath& path);
 
-// Adds the fronts of a sea. Throws std::string for a position or a reference point outside the
-// tank.
+// The mean of exp(i direction) that is asked for at a harmonic.
+using AskedMoment = std::function<std::complex<double>(std::uint64_t)>;
+
+// Adds the fronts of a sea. Without an `asked` moment, the directions of the fronts are what is
+// asked for. Throws std::string for a position or a reference point outside the tank.
 void add_fronts(const std::vector<Maths::TransferFront>& fronts, const Maths::Position& position,
-                const WavePath& path, FrontFates& fates);
+                const WavePath& path, FrontFates& fates, const AskedMoment& asked = {});
+
+// The wave that the paddles make at a place, by linear theory: the complex amplitude in m of each
+// harmonic from 0. `merged` are the fronts at the paddle line. Fronts with values that are not
+// finite are ignored. Throws as add_fronts.
+std::vector<std::complex<double>> made_surface(const std::vector<Synthesis::Front>& merged,
+                                               const WavePath& path, double x, double y);
+// Its elevation in m at a time in s.
+double elevation(const std::vector<std::complex<double>>& surface, double repeat, double time);
 
 }  // namespace Jobs
 

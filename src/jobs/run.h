@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "jobs/asked_wave.h"
 #include "jobs/diagnostic.h"
 #include "jobs/job.h"
+#include "jobs/spread_law.h"
 
 namespace Jobs {
 
@@ -31,6 +33,7 @@ struct BuiltSea {
   std::vector<AskedWave> asked;  // one for each wave
   // The gain that a GainAdjust of this sea applies at a frequency in Hz; empty without one.
   std::function<double(double)> gain;
+  std::optional<SpreadLaw> spread;  // of an AngleSpread of this sea
 };
 
 struct DriveRequest {

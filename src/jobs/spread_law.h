@@ -1,0 +1,24 @@
+// The law from which an AngleSpread draws directions, and its first circular moment.
+#ifndef KELPBOX_JOBS_SPREAD_LAW_H_
+#define KELPBOX_JOBS_SPREAD_LAW_H_
+
+#include <complex>
+#include <functional>
+
+namespace Jobs {
+
+// cos^s(d) or cos^2s(d / 2) of the deviation d from the mean (sea/angle_spread.h). Angles in rad.
+struct SpreadLaw {
+  std::function<double(double)> power;  // s at a frequency in Hz
+  bool half_angle = false;              // Cos2S
+  double mean = 0.0;
+  double below = 0.0;  // how far it reaches on either side of the mean, at least 0
+  double above = 0.0;
+};
+
+// The mean of exp(i direction). NaN for a power that is not finite or below 0.
+std::complex<double> first_moment(const SpreadLaw& law, double frequency);
+
+}  // namespace Jobs
+
+#endif  // KELPBOX_JOBS_SPREAD_LAW_H_
