@@ -26,7 +26,7 @@ constexpr double highest_power = 1e6;  // that the library draws from
 ReadyChange cos2s() {
   ReadyChange change;
   change.name = "cos2s";
-  change.title = "Directions at random after cos^2s of half the deviation";
+  change.title = "Random directions, cos^2s of half the deviation from the mean";
   change.source =
       "Longuet-Higgins, Cartwright and Smith 1963, \"Observations of the directional spectrum of "
       "sea waves using the motions of a floating buoy\"";
@@ -41,7 +41,7 @@ ReadyChange cos2s() {
 ReadyChange cosn() {
   ReadyChange change;
   change.name = "cosn";
-  change.title = "Directions at random after cos^n of the deviation, up to 90 deg";
+  change.title = "Random directions, cos^n of the deviation from the mean";
   change.source =
       "the cosine power on the half plane; Pierson, Neumann and James 1955, \"Practical methods "
       "for observing and forecasting ocean waves\", have n = 2";
@@ -63,7 +63,7 @@ std::string goda_side(const std::string& power) {
 ReadyChange goda() {
   ReadyChange change;
   change.name = "goda";
-  change.title = "Directions at random after cos^2s, narrowest at the peak";
+  change.title = "Random directions, cos^2s with the narrowest spread at the peak";
   change.source =
       "Goda and Suzuki 1975, \"Computation of refraction and diffraction of sea waves with "
       "Mitsuyasu's directional spectrum\"; powers below 0.5 are raised to 0.5";
@@ -80,7 +80,7 @@ ReadyChange goda() {
 ReadyChange random_phases() {
   ReadyChange change;
   change.name = "random_phases";
-  change.title = "Phases at random, equally likely all around";
+  change.title = "Random phases, all equally likely";
   change.source = "Rice 1944, \"Mathematical analysis of random noise\"";
   change.modifier = "PhaseRandom";
   return change;

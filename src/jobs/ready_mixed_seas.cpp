@@ -55,8 +55,7 @@ ReadySea gaussian_swell() {
   ReadySea sea;
   sea.name = "gaussian_swell";
   sea.title = "Gaussian swell, a narrow sea from a far storm";
-  sea.source =
-      "the normal density of statistics as a spectrum, in use for swell; it has no one source";
+  sea.source = "the normal density of statistics as a spectrum";
   sea.formula = between_limits(
       "norm*hs[m]^2/(16*sqrt(2*pi)*width[Hz])"
       "*exp(-0.5*(($[Hz]-1/tp[s])/width[Hz])^2)@m2s");
@@ -75,7 +74,7 @@ ReadySea white_noise() {
   ReadySea sea;
   sea.name = "white_noise";
   sea.title = "White noise, the same energy at all frequencies between two";
-  sea.source = "no source: hs^2/16 divided by the width of the band";
+  sea.source = "hs^2/16 divided by the width of the band";
   sea.formula = between_limits("hs[m]^2/16/(f_max[Hz]-f_min[Hz])@m2s");
   sea.parameters = with_limits({significant_height()});
   // The library gives the whole band to the harmonics at both ends. The limits are moved to the

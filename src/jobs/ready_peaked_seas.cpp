@@ -40,18 +40,18 @@ ReadySea jonswap() {
   return sea;
 }
 
-// The factor tanh^2(kh) / (1 + 2kh / sinh(2kh)) of Kitaigorodskii, as 1 / (q (1 + a (q - 1))) with
-// a = (2 pi f)^2 h / g and q = 1 / tanh^2(kh) = (kh / a)^2. The ratio kh / a is Beji's explicit
-// approximation followed by one step of Newton's method, good to 1e-7 at all depths.
+// The factor tanh^2(kh) / (1 + 2kh / sinh(2kh)) of Kitaigorodskii. With a = kh tanh(kh) and
+// r = kh / a it is 4 a / ((1 - a + 2 a r^2)^2 - (1 - a)^2), where r appears only once. The ratio is
+// Guo's explicit approximation followed by one step of Newton's method, so that the factor is good
+// to 7e-5 at all depths.
 std::string depth_factor() {
   const std::string root = "(tau[s]*$[Hz])";
   const std::string a = root + "^2";
-  const std::string first =
-      "(1+" + root + "^2.18*exp(-1.55-1.3*" + a + "-0.216*" + root + "^4))/sqrt(tanh(" + a + "))";
-  const std::string kh = "(" + a + "*" + first + ")";
-  const std::string slope = a + "/cosh" + kh + "^2*" + first;
-  const std::string q = "((1+" + slope + "*" + first + ")/(tanh" + kh + "+" + slope + "))^2";
-  return "/(" + q + "*(1+" + a + "*(" + q + "-1)))";
+  const std::string guess = "(1-exp(-" + root + "^2.49))^(-1/2.49)";
+  const std::string kh = a + "*" + guess;
+  const std::string m = "2*" + kh + "/sinh(2*" + kh + ")";
+  const std::string r = "(1/tanh(" + kh + ")+" + m + "*" + guess + ")/(1+" + m + ")";
+  return "*4*" + a + "/((1-" + a + "+2*" + a + "*(" + r + ")^2)^2-(1-" + a + ")^2)";
 }
 
 ReadySea tma() {
@@ -61,8 +61,8 @@ ReadySea tma() {
   sea.source =
       "Bouws, Guenther, Rosenthal and Vincent 1985, \"Similarity of the wind wave spectrum in "
       "finite depth water: 1. Spectral form\", with the depth factor of Kitaigorodskii, Krasitskii "
-      "and Zaslavskii 1975; kh by Beji 2013, \"Improved explicit approximation of linear "
-      "dispersion relationship for gravity waves\", and one step of Newton's method";
+      "and Zaslavskii 1975; kh by Guo 2002, \"Simple and explicit solution of wave dispersion "
+      "equation\", and one step of Newton's method";
   sea.formula = between_limits("norm*hs[m]^2*" + peaked_shape() + depth_factor() + "@m2s");
   ReadyParameter depth = positive("depth", "m", "depth of the water");
   depth.otherwise = "the depth at the paddles";

@@ -103,7 +103,8 @@ TEST(ReadyPeakedSeas, TmaHasTheDepthFactorOfKitaigorodskiiAtAnyDepth) {
     };
     Values values = deep.values();
     values.push_back({"depth", depth, "m"});
-    expect_scaled(LibraryDensity("tma", values), shape, 1e-6);
+    // The formula approximates the wave number.
+    expect_scaled(LibraryDensity("tma", values), shape, 1e-4);
   }
 }
 
