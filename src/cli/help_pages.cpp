@@ -2,13 +2,37 @@
 
 #include <algorithm>
 
-#include "cli/wrapped.h"
+#include "cli/wrapped_text.h"
 
 namespace Cli {
 
 namespace {
 
+constexpr std::size_t help_width = 80;
 constexpr std::size_t option_column = 24;
+
+std::string paragraph(std::string_view text) {
+  return wrapped(std::string(text), "", "", help_width);
+}
+
+// Paragraphs that are separated by empty lines.
+std::string paragraphs(std::string_view text) {
+  const std::size_t end = text.find("\n\n");
+  std::string lines = paragraph(text.substr(0, end));
+  if (end != std::string_view::npos) lines += "\n" + paragraphs(text.substr(end + 2));
+  return lines;
+}
+
+// A term in a column of `width`, and its explanation beside it or, after a longer term, below it.
+std::string term_line(std::string_view term, std::string_view text, std::size_t width) {
+  const std::string indent(width, ' ');
+  std::string first = "  " + std::string(term);
+  if (first.size() + 2 > width) {
+    return first + "\n" + wrapped(std::string(text), indent, indent, help_width);
+  }
+  first.resize(width, ' ');
+  return wrapped(std::string(text), first, indent, help_width);
+}
 
 // Comments stand beside the lines if all fit there, else above them.
 std::string shown(const std::vector<Example>& examples) {
@@ -54,14 +78,13 @@ std::string short_help() {
     if (command.name == "man" || command.name == "completion") continue;
     names += (names.empty() ? "" : ", ") + std::string(command.name);
   }
-  return wrapped(purpose, "", 0) + "\n" + shown(first_examples()) + "\n" +
-         wrapped("Commands: " + names + ".", "", 2) +
+  return paragraph(purpose) + "\n" + shown(first_examples()) + "\n" +
+         wrapped("Commands: " + names + ".", "", "  ", help_width) +
          "\"kelpbox help\" lists them all, \"kelpbox help run\" describes one.\n";
 }
 
 std::string full_help() {
-  std::string page =
-      wrapped(purpose, "", 0) + "\nUsage: kelpbox COMMAND [OPTION]... [ARGUMENT]...\n";
+  std::string page = paragraph(purpose) + "\nUsage: kelpbox COMMAND [OPTION]... [ARGUMENT]...\n";
   page += "\nA first use:\n" + shown(first_examples());
   page += "\nCommands:\n";
   for (const CommandText& command : commands()) {
@@ -81,7 +104,7 @@ std::string full_help() {
 
 std::string command_help(const CommandText& text) {
   std::string page = "Examples:\n" + shown(text.examples) + "\nUsage: " + usage_line(text) +
-                     "\n\n" + wrapped(text.description, "", 0);
+                     "\n\n" + paragraphs(text.description);
   if (!text.arguments.empty()) page += "\nArguments:\n";
   for (const ArgumentText& argument : text.arguments) {
     page += term_line(argument.name, argument.help, 16);

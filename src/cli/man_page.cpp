@@ -1,7 +1,7 @@
 #include "cli/man_page.h"
 
 #include "cli/command_table.h"
-#include "cli/version_text.h"
+#include "outputs/version.h"
 
 namespace Cli {
 
@@ -72,7 +72,7 @@ std::string section(const CommandText& command) {
 }  // namespace
 
 std::string man_page() {
-  std::string out = ".TH KELPBOX 1 \"\" \"kelpbox " + version() + "\" \"User Commands\"\n";
+  std::string out = ".TH KELPBOX 1 \"\" \"kelpbox " + Outputs::version() + "\" \"User Commands\"\n";
   out += ".SH NAME\nkelpbox \\- " + plain(short_purpose) + "\n";
   out += ".SH SYNOPSIS\n.B kelpbox\n" + italic("COMMAND") + " [" + italic("OPTION") + "]... [" +
          italic("ARGUMENT") + "]...\n";

@@ -1,20 +1,15 @@
 #include "cli/version_text.h"
 
 #include "base/fft.h"
+#include "outputs/version.h"
 
-// KELPBOX_VERSION and KELPBOX_LIBRARIES are defined by CMakeLists.txt.
+// KELPBOX_LIBRARIES is defined by CMakeLists.txt.
 namespace Cli {
 
-std::string version() { return KELPBOX_VERSION; }
-
 std::string version_text(bool verbose) {
-  std::string text = "kelpbox " + version() + "\n";
+  std::string text = "kelpbox " + Outputs::version() + "\n";
   if (!verbose) return text;
-#ifdef __clang__
-  text += "  compiler       " __VERSION__ "\n";
-#else
-  text += "  compiler       GCC " __VERSION__ "\n";
-#endif
+  text += "  compiler       " + Outputs::compiler() + "\n";
   text += std::string("  transforms     ") + Base::transform_library() + "\n";
   return text + KELPBOX_LIBRARIES;
 }

@@ -6,7 +6,6 @@
 
 namespace Cli {
 
-std::string version();  // "0.1.0"
 // "kelpbox 0.1.0", and with `verbose` the compiler and the libraries that it was built with.
 std::string version_text(bool verbose);
 
