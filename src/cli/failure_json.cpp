@@ -4,6 +4,17 @@
 
 namespace Cli {
 
+namespace {
+
+// Names of files may hold any bytes.
+constexpr auto any_bytes = nlohmann::ordered_json::error_handler_t::replace;
+
+}  // namespace
+
+std::string json_string(const std::string& text) {
+  return nlohmann::ordered_json(text).dump(-1, ' ', false, any_bytes);
+}
+
 std::string failure_json(const Failure& failure) {
   nlohmann::ordered_json faults = nlohmann::ordered_json::array();
   for (const Jobs::Diagnostic& fault : failure.faults) {
@@ -20,8 +31,7 @@ std::string failure_json(const Failure& failure) {
   }
   const nlohmann::ordered_json all{
       {"code", failure.exit_code}, {"message", failure.message}, {"diagnostics", faults}};
-  // Names of files may hold any bytes.
-  return all.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+  return all.dump(2, ' ', false, any_bytes);
 }
 
 }  // namespace Cli

@@ -18,14 +18,14 @@ std::string help_of(const CommandText* command) {
 
 }  // namespace
 
-Failure failure_of_current(const std::string& subject) {
+Failure failure_of_current(const std::string& subject, const std::string& consequence) {
   const std::string before = subject.empty() ? "" : subject + ": ";
   try {
     throw;
   } catch (const BadUsage& usage) {
     return {Exit::bad_input, usage.message + " (" + help_of(usage.command) + ")", {}};
   } catch (const Jobs::BadJob& job) {
-    return {Exit::bad_input, before + count_of(job.faults) + ", nothing was built", job.faults};
+    return {Exit::bad_input, before + count_of(job.faults) + consequence, job.faults};
   } catch (const Outputs::CannotWrite& failure) {
     return {Exit::cannot_write, "cannot write " + failure.message, {}};
   } catch (...) {
