@@ -1,6 +1,8 @@
 // Commands that are not written yet. A definition elsewhere replaces each.
 #include "cli/commands.h"
-#include "jobs/failure.h"
+#include "cli/judgement_table.h"
+#include "jobs/judgement.h"
+#include "outputs/write_run.h"
 
 namespace Cli {
 
@@ -9,24 +11,30 @@ static int pending(Console& console) {
   return Exit::bad_input;
 }
 
-[[gnu::weak]] int run(const JobOptions&, Console& console) { return pending(console); }
-[[gnu::weak]] int check(const JobOptions&, Console& console) { return pending(console); }
-[[gnu::weak]] int site(const SiteOptions&, Console& console) { return pending(console); }
 [[gnu::weak]] int analyse(const AnalyseOptions&, Console& console) { return pending(console); }
 [[gnu::weak]] int seas(const SeasOptions&, Console& console) { return pending(console); }
 [[gnu::weak]] int make_new(const NewOptions&, Console& console) { return pending(console); }
-[[gnu::weak]] int units(const std::string&, const std::string&, Console& console) {
-  return pending(console);
-}
-[[gnu::weak]] int formulas(Console& console) { return pending(console); }
-[[gnu::weak]] int explain(const std::vector<std::string>&, Console& console) {
-  return pending(console);
+
+[[gnu::weak]] std::string judgement_table(const Jobs::Run&, const Jobs::Judgement&,
+                                          const Console&) {
+  return "";
 }
 
 }  // namespace Cli
 
 namespace Jobs {
 
-[[gnu::weak]] std::string message_of_current() { return "an unknown failure"; }
+[[gnu::weak]] Judgement judge(Run&, const DriveSignals*) { return {}; }
 
 }  // namespace Jobs
+
+namespace Outputs {
+
+[[gnu::weak]] void write_run(Jobs::Run&, const Jobs::DriveSignals&, const Jobs::Judgement&,
+                             OutputFolder&, const Progress&) {}
+[[gnu::weak]] std::string summary_json(const Jobs::Run&, const Jobs::DriveSignals*,
+                                       const Jobs::Judgement&, OutputFolder*) {
+  return "{}";
+}
+
+}  // namespace Outputs
