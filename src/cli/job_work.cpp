@@ -12,6 +12,8 @@ namespace Cli {
 
 namespace {
 
+std::string shown_path(const std::string& path) { return path == "-" ? "standard input" : path; }
+
 const double unknown = std::nan("");
 
 // "storm.toml: failed by --strict: Hs, Tp"
@@ -50,7 +52,7 @@ int build_and_judge(const JobWork& work, const JobOptions& options, const Consol
     report.out(judgement_table(*run, judgement, console));
   }
   if (!options.strict || judgement.looks == 0) return Exit::good;
-  if (!console.json) report.err(strict_line(work.path, judgement));
+  if (!console.json) report.err(strict_line(shown_path(work.path), judgement));
   return Exit::check_failed;
 }
 
@@ -61,7 +63,7 @@ int do_job(const JobWork& work, const JobOptions& options, const Console& consol
   try {
     return build_and_judge(work, options, console, report);
   } catch (...) {
-    const Failure failure = failure_of_current(work.path, ", nothing was built");
+    const Failure failure = failure_of_current(shown_path(work.path), ", nothing was built");
     report.err(console.json ? failure_json(failure) : shown(failure, console.err_colour));
     return failure.exit_code;
   }

@@ -4,19 +4,13 @@
 #include "cli/commands.h"
 #include "cli/job_batch.h"
 #include "cli/options.h"
+#include "jobs/job.h"
 
 namespace Cli {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// The file's name without ".toml".
-std::string stem_of(const std::string& path) {
-  if (path == "-") return "stdin";
-  const fs::path name = fs::path(path).filename();
-  return name.extension() == ".toml" ? name.stem().string() : name.string();
-}
 
 std::string folder_of(const std::string& stem, const JobOptions& options) {
   if (options.out.empty()) return stem + ".out";
@@ -29,7 +23,7 @@ int run(const JobOptions& options, Console& console) {
   std::vector<PlannedJob> jobs;
   std::map<std::string, std::string> seen;  // path by stem
   for (const std::string& path : options.jobs) {
-    const std::string stem = stem_of(path);
+    const std::string stem = Jobs::job_stem(path);
     const auto [other, is_new] = seen.emplace(stem, path);
     if (!is_new) {
       throw BadUsage{"the jobs `" + other->second + "` and `" + path +

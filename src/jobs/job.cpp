@@ -11,10 +11,6 @@
 namespace Jobs {
 namespace {
 
-std::string stem_of(const std::filesystem::path& path) {
-  return path.extension() == ".toml" ? path.stem().string() : path.filename().string();
-}
-
 std::string folder_of(const std::filesystem::path& path) {
   const std::string folder = path.parent_path().string();
   return folder.empty() ? "." : folder;
@@ -117,13 +113,19 @@ class JobReader {
 
 }  // namespace
 
+std::string job_stem(const std::string& path) {
+  if (path == "-") return "stdin";
+  const std::filesystem::path name = std::filesystem::path(path).filename();
+  return name.extension() == ".toml" ? name.stem().string() : name.string();
+}
+
 Job read_job(const std::string& path, const std::vector<std::string>& options,
              Diagnostics& faults) {
   Job job;
   job.source = read_source(path);
   job.options = options;
   job.folder = folder_of(path);
-  job.stem = stem_of(path);
+  job.stem = job_stem(path);
   job.title = job.stem;
   Value tree = read_toml(job.source);
   if (tree.members.empty()) {

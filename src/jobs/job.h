@@ -37,7 +37,7 @@ struct Job {
   std::shared_ptr<const SourceText> source;
   std::vector<std::string> options;  // of --set, in order
   std::string folder;                // that paths in the job are relative to
-  std::string stem;                  // the file's name without ".toml"
+  std::string stem;                  // as job_stem
   std::string title;                 // the job's title, or its stem
   std::string site;                  // the path as the job gives it
   Span site_span;
@@ -52,8 +52,12 @@ struct Job {
   bool netcdf = true;
 };
 
-// Reads a job file and applies the options. Faults are added; a job with faults is only partly
-// filled. Throws BadJob for a file that cannot be read or is not TOML.
+// The name that a job gets from its path: the file's name without ".toml". "stdin" for "-".
+std::string job_stem(const std::string& path);
+
+// Reads a job file and applies the options. The path "-" is the standard input, and its folder is
+// the current one. Faults are added; a job with faults is only partly filled. Throws BadJob for a
+// file that cannot be read or is not TOML.
 Job read_job(const std::string& path, const std::vector<std::string>& options, Diagnostics& faults);
 
 }  // namespace Jobs

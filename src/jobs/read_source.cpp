@@ -17,6 +17,12 @@ namespace {
 
 constexpr std::size_t largest_file = 16 << 20;
 
+constexpr std::string_view standard_input = "-";
+
+std::string name_of(const std::string& path) {
+  return path == standard_input ? "standard input" : path;
+}
+
 [[noreturn]] void refuse(const std::string& path, const std::string& why) {
   throw bad_job(path + ": " + why);
 }
@@ -29,7 +35,10 @@ class OpenFile {
  public:
   // Without waiting: to open a FIFO would otherwise block until somebody writes to it.
   explicit OpenFile(const std::string& path)
-      : path_(path), descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+      : path_(path),
+        descriptor_(path == standard_input
+                        ? ::dup(STDIN_FILENO)
+                        : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
     if (descriptor_ < 0) {
       refuse_errno(path);
     }
@@ -47,7 +56,7 @@ class OpenFile {
       errno = EISDIR;
       refuse_errno(path_);
     }
-    if (!S_ISREG(status.st_mode)) {
+    if (!S_ISREG(status.st_mode) && path_ != standard_input) {
       refuse(path_, "not a regular file");
     }
     if (status.st_size > static_cast<off_t>(largest_file)) {
@@ -104,7 +113,7 @@ void require_text(const std::shared_ptr<const SourceText>& source) {
 std::shared_ptr<const SourceText> read_source(const std::string& path) {
   const OpenFile file(path);
   file.require_regular();
-  auto source = std::make_shared<SourceText>(SourceText{path, file.read()});
+  auto source = std::make_shared<SourceText>(SourceText{name_of(path), file.read()});
   require_text(source);
   return source;
 }
