@@ -12,7 +12,6 @@ static int pending(Console& console) {
 }
 
 [[gnu::weak]] int analyse(const AnalyseOptions&, Console& console) { return pending(console); }
-[[gnu::weak]] int seas(const SeasOptions&, Console& console) { return pending(console); }
 [[gnu::weak]] int make_new(const NewOptions&, Console& console) { return pending(console); }
 
 [[gnu::weak]] std::string judgement_table(const Jobs::Run&, const Jobs::Judgement&,
