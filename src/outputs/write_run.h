@@ -2,31 +2,27 @@
 #ifndef KELPBOX_OUTPUTS_WRITE_RUN_H_
 #define KELPBOX_OUTPUTS_WRITE_RUN_H_
 
-#include <functional>
 #include <string>
 
 #include "jobs/drive_signals.h"
 #include "jobs/judgement.h"
 #include "jobs/run.h"
 #include "outputs/output_folder.h"
+#include "outputs/progress.h"
 
 namespace Outputs {
 
-// Reports the share done, 0 to 1, of the named step. Returns false to cancel.
-using Progress = std::function<bool(const std::string& step, double done)>;
+// Writes signals, fronts, points, field, the inputs, log.txt and summary.json. Does not commit.
+// Returns the text of summary.json. Throws CannotWrite, Cancelled, and Jobs::BadJob when the
+// library refuses a point or the field.
+std::string write_run(Jobs::Run& run, const Jobs::DriveSignals& drive,
+                      const Jobs::Judgement& judgement, OutputFolder& folder,
+                      const Progress& progress);
 
-// Thrown after a Progress returned false.
-struct Cancelled {};
-
-// Writes signals, fronts, points, field, the inputs, summary.json and log.txt. Does not commit.
-// Throws CannotWrite, Cancelled, and Jobs::BadJob when the library refuses a point or the field.
-void write_run(Jobs::Run& run, const Jobs::DriveSignals& drive, const Jobs::Judgement& judgement,
-               OutputFolder& folder, const Progress& progress);
-
-// The summary as JSON, for --json and summary.json. `files` are names with checksums; null to leave
-// them out.
-std::string summary_json(const Jobs::Run& run, const Jobs::DriveSignals* drive,
-                         const Jobs::Judgement& judgement, OutputFolder* folder);
+// The summary of a run that writes nothing: without files and field. Computes the statistics at the
+// points. `drive` may be null. Throws Jobs::BadJob when the library refuses a point.
+std::string summary_json(Jobs::Run& run, const Jobs::DriveSignals* drive,
+                         const Jobs::Judgement& judgement);
 
 }  // namespace Outputs
 
