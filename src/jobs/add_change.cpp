@@ -187,8 +187,8 @@ void keep_spread(Preparation& p, const Change& change, const ModifierPtr& modifi
   if (!in_library(trial, change.formula_span, "", [&] { modifier->set(narrowed); })) return;
   SpreadLaw law;
   law.power = [modifier](double frequency) { return modifier->value(frequency); };
-  law.half_angle = narrowed.read_enum("function", Base::EnumType::SpreadFunc) ==
-                   Base::SpreadFunc::Cos2S;
+  law.half_angle =
+      narrowed.read_enum("function", Base::EnumType::SpreadFunc) == Base::SpreadFunc::Cos2S;
   law.mean = narrowed.read("angle", Category::angle);
   law.below = Maths::wrap_angle(law.mean - narrowed.read("min_angle", Category::angle));
   law.above = Maths::wrap_angle(narrowed.read("max_angle", Category::angle) - law.mean);
