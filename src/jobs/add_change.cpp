@@ -44,6 +44,11 @@ std::vector<std::string> modifier_names() {
   return names;
 }
 
+const char* formula_example(const std::string& modifier) {
+  if (modifier == "AngleChange" || modifier == "PhaseChange") return "10@deg";
+  return modifier == "AngleSpread" ? "10" : "1";
+}
+
 bool takes_formula(const std::string& modifier) {
   return modifier != "PhaseRandom" && modifier != "PhaseWNoise";
 }
@@ -199,7 +204,7 @@ std::optional<Change> as_modifier(Preparation& p, const Part& part, const ReadyC
   if (ready != nullptr) return Change{part, ready->modifier, ready->formula, part.span};
   Change change{part, part.kind, "", part.span};
   if (takes_formula(part.kind)) {
-    const Value* formula = formula_of(p, part, part.kind == "AngleChange" ? "10@deg" : "1");
+    const Value* formula = formula_of(p, part, formula_example(part.kind));
     if (formula == nullptr) return std::nullopt;
     change.formula = formula->text;
     change.formula_span = formula->span;
@@ -210,10 +215,11 @@ std::optional<Change> as_modifier(Preparation& p, const Part& part, const ReadyC
 using Taken = std::array<const Part*, Synthesis::Modifier::slot_count>;
 
 void add_change(Preparation& p, const Part& part, BuiltSea& sea, Taken& taken) {
+  if (part.kind.empty()) return;  // reported when the job was read
   const ReadyChange* ready = find_ready_change(part.kind);
   const std::vector<std::string> names = modifier_names();
   if (ready == nullptr && std::find(names.begin(), names.end(), part.kind) == names.end()) {
-    p.faults.push_back({fmt::format("unknown kind of change `{}`", part.kind), part.span,
+    p.faults.push_back({fmt::format("unknown kind of change `{}`", part.kind), part.kind_span,
                         advice_for_kind(part.kind)});
     return;
   }

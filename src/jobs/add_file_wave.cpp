@@ -222,11 +222,8 @@ void add_table(Preparation& p, const WavePlace& wave) {
   const auto S = named_column(p, *file, "S", Category::variance, "m2/Hz");
   if (!f || !S || !params) return;
   TabulatedDensity density{*f, *S};
-  if (const auto row = density.bad_row()) {
-    return add_fault(p, *file,
-                     fmt::format("{}: frequencies must rise from 0 or more, and densities must not "
-                                 "be negative",
-                                 line_of(*file, *row)));
+  if (const auto bad = density.bad_row()) {
+    return add_fault(p, *file, line_of(*file, bad->row) + ": " + bad->fault);
   }
   if (f->size() < 2) return add_fault(p, *file, fmt::format("{} has only one line", file->given));
   if (!p.has_grid) return;

@@ -110,7 +110,7 @@ bool add_density(Preparation& p, const WavePlace& wave, const Parsed& parsed,
 }
 
 void add_spectrum(Preparation& p, const WavePlace& wave) {
-  const auto parsed = parse(p, wave.part, "0.2@Hz#1e-4@m2s#2@Hz", Category::frequency);
+  const auto parsed = parse(p, wave.part, "0.2@Hz#0.0001@m2s#2@Hz", Category::frequency);
   if (!parsed) return;
   Declared declared;
   declared.own_keys = {"formula"};
@@ -229,12 +229,13 @@ std::string wave_name(const std::string& sea, std::size_t index) {
 }
 
 void add_wave(Preparation& p, const Part& part, BuiltSea& sea, std::size_t index) {
+  if (part.kind.empty()) return;  // reported when the job was read
   const WavePlace wave{part, sea, wave_name(sea.name, index)};
   for (const WaveKind& kind : kinds) {
     if (part.kind == kind.name) return kind.add(p, wave);
   }
   if (const ReadySea* ready = find_ready_sea(part.kind)) return add_ready(p, wave, *ready);
-  p.faults.push_back({fmt::format("unknown kind of wave `{}`", part.kind), part.span,
+  p.faults.push_back({fmt::format("unknown kind of wave `{}`", part.kind), part.kind_span,
                       advice(part.kind, wave_kinds())});
 }
 

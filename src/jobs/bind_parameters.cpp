@@ -63,14 +63,9 @@ std::optional<Base::Quantity> bind_enum(const std::string& name, const Value& va
   std::string member = value.text;
   if (value.kind == Value::Kind::boolean && is_bool(declared)) {
     member = value.boolean ? "True" : "False";
-  } else if (value.kind != Value::Kind::text) {
-    faults.push_back(
-        {fmt::format("`{}` is {}, but the job has {}", name, kind_of_value(declared), shown(value)),
-         value.span, "use " + fmt::format("{}", fmt::join(members, ", "))});
-    return std::nullopt;
   }
   if (!contains(members, member)) {
-    faults.push_back({fmt::format("`{}` has no member {}", name, shown(value)), value.span,
+    faults.push_back({fmt::format("`{}` cannot be {}", name, shown(value)), value.span,
                       advice(member, members)});
     return std::nullopt;
   }
@@ -99,13 +94,16 @@ std::optional<Base::Quantity> bind_text(const std::string& name, const Value& va
   try {
     read = read_quantity(value.text);
   } catch (const std::string& message) {
-    faults.push_back({fmt::format("`{}` is {}: {}", name, kind_of(declared.units), message),
+    const bool bad_units = message.starts_with("Unknown units");
+    faults.push_back({fmt::format("`{}` is {}, but {}", name, kind_of(declared.units),
+                                  bad_units ? shown(value) + " has unknown units" : message),
                       value.span, units_advice(declared)});
     return std::nullopt;
   }
   if (!Base::compatible(read.units, declared.units.row)) {
-    faults.push_back({fmt::format("`{}` is {}, but {} is {}", name, kind_of(declared.units),
-                                  shown(value), kind_of(read.units)),
+    const bool bare = Base::category_of(read.units) == Base::Category::unit;
+    faults.push_back({fmt::format("`{}` is {}, but {} {}", name, kind_of(declared.units),
+                                  shown(value), bare ? "has no units" : "is " + kind_of(read.units)),
                       value.span, units_advice(declared)});
     return std::nullopt;
   }

@@ -78,9 +78,9 @@ DriveSignals::DriveSignals(Run& run)
                        repeat),
            span_of(run.job.drive, "rate"));
   }
-  if (!(ramp_ >= 0.0 && ramp_ <= 0.5 * repeat)) {
-    refuse(fmt::format("a ramp of {:g} s is not between 0 and half the repeat of {:g} s", ramp_,
-                       repeat),
+  if (ramp_ < 0.0) refuse("the ramp is negative", span_of(run.job.drive, "ramp"));
+  if (ramp_ > 0.5 * repeat) {
+    refuse(fmt::format("a ramp of {:g} s is longer than half the repeat of {:g} s", ramp_, repeat),
            span_of(run.job.drive, "ramp"));
   }
   for (std::uint32_t b = 0; b < banks_.size(); ++b) {

@@ -148,17 +148,20 @@ void tune(Preparation& p) {
   }
   auto params = bind_parameters(part, declared, p.faults);
   if (!params) return;
+  bool good = true;
   for (const Member& member : part.parameters.members) {
     const std::string units = Base::units_text(declared.params.at(member.key).units);
     const double value = params->get(member.key, units);
     const double low = consts.get("min_" + member.key, units);
     const double high = consts.get("max_" + member.key, units);
     if (value >= low && value <= high) continue;
-    p.faults.push_back(
-        {fmt::format("`{}` is not between {:g} and {:g} {}", member.key, low, high, units),
-         member.value.span, "the limits that the site sets"});
-    return;
+    const std::string range = fmt::format("{:g} and {:g} {}", low, high, units);
+    p.faults.push_back({fmt::format("`{}` is not between {}", member.key,
+                                    range.substr(0, range.find_last_not_of(' ') + 1)),
+                        member.value.span, "a limit of the site"});
+    good = false;
   }
+  if (!good) return;
   in_library(p, part.span, part.title, [&] { p.run.experiment.set(*params); });
 }
 
@@ -185,7 +188,7 @@ void read_site(Preparation& p) {
     failure.faults = lines.faults();
   }
   p.run.log += failure.progress + failure.faults;
-  if (divided) return add_site_fault(p, "it divides an integer by 0; write 1.0/n");
+  if (divided) return add_site_fault(p, "it divides an integer by 0");
   if (!failure.message.empty()) return report(p, path, failure);
   keep_files(p, failure.progress);
   p.has_site = true;

@@ -21,16 +21,29 @@ double seconds(const CsvColumn& column) {
   return Base::factor(Base::resolve_units(column.units), Base::default_units(Base::Category::time));
 }
 
-std::optional<std::size_t> uneven_row(const std::vector<double>& t) {
+bool is_even(const std::vector<double>& t) {
   const double length = t.back() - t.front();
   const double step = length / static_cast<double>(t.size() - 1);
   for (std::size_t i = 1; i < t.size(); ++i) {
     const double even = t.front() + static_cast<double>(i) * step;
     const bool fits =
         std::abs(t[i] - even) <= 1e-6 * length && std::abs(t[i] - t[i - 1] - step) <= 0.01 * step;
-    if (!fits) return i;
+    if (!fits) return false;
   }
-  return std::nullopt;
+  return true;
+}
+
+// The row whose step differs most from the usual one.
+std::size_t most_uneven_row(const std::vector<double>& t) {
+  std::vector<double> steps;
+  for (std::size_t i = 1; i < t.size(); ++i) steps.push_back(t[i] - t[i - 1]);
+  std::vector<double> sorted = steps;
+  const auto middle = sorted.begin() + static_cast<std::ptrdiff_t>(sorted.size() / 2);
+  std::nth_element(sorted.begin(), middle, sorted.end());
+  const auto worst = std::max_element(steps.begin(), steps.end(), [&](double a, double b) {
+    return std::abs(a - *middle) < std::abs(b - *middle);
+  });
+  return static_cast<std::size_t>(worst - steps.begin()) + 1;
 }
 
 }  // namespace
@@ -52,7 +65,7 @@ TimeColumn time_column(const CsvTable& table, const CsvColumn& signal) {
     result.name = column.name;
     const std::vector<double>& t = column.values;
     if (t.size() < 2) return result;
-    result.uneven_row = uneven_row(t);
+    if (!is_even(t)) result.uneven_row = most_uneven_row(t);
     result.rate = static_cast<double>(t.size() - 1) / ((t.back() - t.front()) * seconds(column));
     return result;
   }

@@ -19,7 +19,7 @@ const CsvColumn* only_signal(const CsvTable& table);
 struct TimeColumn {
   std::string name;
   double rate = 0.0;                      // Hz; 0 without a time column
-  std::optional<std::size_t> uneven_row;  // the first whose time does not fit
+  std::optional<std::size_t> uneven_row;  // where the times are least even, if they are not
 };
 
 // The sampling rate from a column named "t" or "time", in seconds unless its head has other units.

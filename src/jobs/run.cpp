@@ -30,7 +30,9 @@ void set_definition(Preparation& p) {
   Synthesis::Definition("", no_site).query(declared.params);
   declared.fallbacks = fallbacks_of("run");
   declared.meanings["repeat"] = "the time after which the waves repeat";
-  auto params = bind_parameters(part, declared, p.faults);
+  // A job without [run] has been reported.
+  const bool has_run = part.span.line != 0;
+  auto params = has_run ? bind_parameters(part, declared, p.faults) : std::nullopt;
   if (!p.has_site) return;
   run.definition = run.experiment.add_definition(run.job.title);
   if (!params) return;

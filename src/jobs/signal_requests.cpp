@@ -89,7 +89,10 @@ Range read_range(Preparation& p, const char* name) {
                         fmt::format("such as {} = {}", name, example)});
     return {};
   }
-  const Part part{"", fmt::format("`{}` of {}", name, field.title), value->span, *value};
+  Part part;
+  part.title = fmt::format("`{}` of {}", name, field.title);
+  part.span = value->span;
+  part.parameters = *value;
   Declared declared;
   for (const char* key : {"from", "to", "step"}) declare(declared, key, Category::length);
   const auto params = bind_parameters(part, declared, p.faults);

@@ -4,10 +4,13 @@
 
 namespace Jobs {
 
-std::optional<std::size_t> TabulatedDensity::bad_row() const {
+std::optional<TabulatedDensity::BadRow> TabulatedDensity::bad_row() const {
   for (std::size_t i = 0; i < frequencies.size(); ++i) {
-    const bool rises = i == 0 ? frequencies[i] >= 0.0 : frequencies[i] > frequencies[i - 1];
-    if (!rises || !(densities[i] >= 0.0)) return i;
+    if (frequencies[i] < 0.0) return BadRow{i, "the frequency is negative"};
+    if (i > 0 && !(frequencies[i] > frequencies[i - 1])) {
+      return BadRow{i, "the frequency does not rise"};
+    }
+    if (densities[i] < 0.0) return BadRow{i, "the density is negative"};
   }
   return std::nullopt;
 }

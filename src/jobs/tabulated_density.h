@@ -16,8 +16,12 @@ struct TabulatedDensity {
   std::vector<double> frequencies;  // Hz
   std::vector<double> densities;    // m2/Hz
 
-  // The first row whose frequency does not rise or is negative, or whose density is negative.
-  std::optional<std::size_t> bad_row() const;
+  struct BadRow {
+    std::size_t row;
+    std::string fault;  // "the frequency does not rise"
+  };
+  // The first row that makes it no spectrum.
+  std::optional<BadRow> bad_row() const;
   double at(double frequency) const;
   // Exact: the sum of trapezia.
   double integral(double from, double to) const;
