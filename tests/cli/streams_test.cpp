@@ -1,0 +1,140 @@
+// Which stream has what: results on standard output, everything else on standard error.
+#include <signal.h>
+
+#include <nlohmann/json.hpp>
+
+#include "cli/program_run.h"
+#include "cli/sample_jobs.h"
+
+using Testing::Output;
+using Testing::Ran;
+using Testing::run_on_terminal;
+using Testing::run_program;
+using Testing::Setting;
+
+namespace {
+
+const std::string escape = "\033[";
+
+bool has_colour(const Ran& ran) {
+  return ran.out.find(escape) != std::string::npos || ran.err.find(escape) != std::string::npos;
+}
+
+class Streams : public testing::Test {
+ protected:
+  Streams() {
+    folder_.write("good.toml", Testing::quick_job());
+    folder_.write("bad.toml", "site = 5\n");
+    setting_.folder = folder_.path();
+  }
+
+  Testing::TempDir folder_;
+  Setting setting_;
+};
+
+}  // namespace
+
+TEST_F(Streams, UseColourOnATerminal) {
+  EXPECT_TRUE(has_colour(run_on_terminal({"check", "bad.toml"}, setting_)));
+}
+
+TEST_F(Streams, UseNoColourInAPipe) {
+  EXPECT_FALSE(has_colour(run_program({"check", "bad.toml"}, setting_)));
+}
+
+TEST_F(Streams, UseNoColourWhereItIsRefused) {
+  EXPECT_FALSE(has_colour(run_on_terminal({"check", "bad.toml", "--no-color"}, setting_)));
+  setting_.environment = {{"NO_COLOR", "1"}};
+  EXPECT_FALSE(has_colour(run_on_terminal({"check", "bad.toml"}, setting_)));
+  setting_.environment = {{"NO_COLOR", ""}};
+  EXPECT_TRUE(has_colour(run_on_terminal({"check", "bad.toml"}, setting_)));
+  setting_.environment = {{"TERM", "dumb"}};
+  EXPECT_FALSE(has_colour(run_on_terminal({"check", "bad.toml"}, setting_)));
+}
+
+TEST_F(Streams, UseNoColourForABadCommandLineThatRefusesIt) {
+  EXPECT_TRUE(has_colour(run_on_terminal({"xyzzy"}, setting_)));
+  EXPECT_FALSE(has_colour(run_on_terminal({"xyzzy", "--no-color"}, setting_)));
+}
+
+TEST_F(Streams, HaveErrorsOnStandardErrorAlone) {
+  const Ran ran = run_program({"check", "bad.toml"}, setting_);
+  EXPECT_EQ(ran.code, 2);
+  EXPECT_EQ(ran.out, "");
+  EXPECT_NE(ran.err.find("--> bad.toml:1:8"), std::string::npos) << ran.err;
+}
+
+TEST_F(Streams, HaveNothingOfTheLibrary) {
+  const Ran ran = run_program({"check", "good.toml"}, setting_);
+  EXPECT_EQ(ran.code, 0) << ran.err;
+  EXPECT_EQ(ran.err, "");
+  EXPECT_EQ(ran.out.find("Opened file"), std::string::npos);
+}
+
+TEST_F(Streams, HaveNothingButErrorsWithQuiet) {
+  const Ran good = run_program({"check", "good.toml", "--quiet"}, setting_);
+  EXPECT_EQ(good.code, 0);
+  EXPECT_EQ(good.out + good.err, "");
+  EXPECT_NE(run_program({"check", "bad.toml", "--quiet"}, setting_).err, "");
+}
+
+TEST_F(Streams, HaveOneDocumentWithJson) {
+  const Ran ran = run_program({"check", "bad.toml", "good.toml", "nix.toml", "--json"}, setting_);
+  EXPECT_EQ(ran.code, 2);
+  EXPECT_EQ(ran.err, "");
+  const auto jobs = nlohmann::json::parse(ran.out).at("jobs");
+  ASSERT_EQ(jobs.size(), 3U);
+  EXPECT_EQ(jobs[0].at("job"), "bad.toml");
+  EXPECT_EQ(jobs[0].at("exit_code"), 2);
+  const auto first = jobs[0].at("error").at("diagnostics").at(0);
+  EXPECT_EQ(first.at("file"), "bad.toml");
+  EXPECT_EQ(first.at("line"), 1);
+  EXPECT_EQ(first.at("column"), 8);
+  EXPECT_EQ(jobs[1].at("job"), "good.toml");
+  EXPECT_EQ(jobs[1].at("exit_code"), 0);
+  EXPECT_TRUE(jobs[1].at("summary").is_object());
+  EXPECT_FALSE(jobs[1].contains("error"));
+  EXPECT_EQ(jobs[2].at("error").at("code"), 2);
+}
+
+TEST_F(Streams, HaveBadUsageAsJsonToo) {
+  for (const Testing::Words& words :
+       {Testing::Words{"--json", "xyzzy"}, Testing::Words{"run", "--json"},
+        Testing::Words{"run", "a.toml", "--nix", "--json"},
+        Testing::Words{"site", "nix", "--json"}}) {
+    const Ran ran = run_program(words, setting_);
+    EXPECT_EQ(ran.code, 2);
+    EXPECT_EQ(ran.err, "");
+    const auto error = nlohmann::json::parse(ran.out).at("error");
+    EXPECT_EQ(error.at("code"), 2);
+    EXPECT_NE(error.at("message"), "");
+  }
+}
+
+TEST_F(Streams, EndTheProgramQuietlyWhenNobodyReads) {
+  setting_.output = Output::closed_pipe;
+  for (const Testing::Words& words :
+       {Testing::Words{"--help"}, Testing::Words{"site", Testing::example("basin.site")},
+        Testing::Words{"check", "good.toml"}}) {
+    const Ran ran = run_program(words, setting_);
+    EXPECT_EQ(ran.code, 128 + SIGPIPE) << words[0];
+    EXPECT_EQ(ran.err, "");
+  }
+}
+
+TEST_F(Streams, LeaveFinishedResultsWhenNobodyReads) {
+  setting_.output = Output::closed_pipe;
+  EXPECT_EQ(run_program({"run", "good.toml"}, setting_).code, 128 + SIGPIPE);
+  EXPECT_TRUE(std::filesystem::is_directory(folder_.file("good.out")));
+}
+
+TEST_F(Streams, ReportAFullDisk) {
+  setting_.output = Output::full_disk;
+  for (const Testing::Words& words :
+       {Testing::Words{"--help"}, Testing::Words{"check", "good.toml"},
+        Testing::Words{"check", "good.toml", "--json"}}) {
+    const Ran ran = run_program(words, setting_);
+    EXPECT_EQ(ran.code, 3) << words[0];
+    EXPECT_EQ(ran.err, "error: cannot write to standard output: No space left on device\n");
+  }
+}
