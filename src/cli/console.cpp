@@ -1,5 +1,6 @@
 #include "cli/console.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -10,6 +11,11 @@ namespace Cli {
 bool is_live(int fd) {
   const char* terminal = std::getenv("TERM");
   return isatty(fd) != 0 && (terminal == nullptr || std::strcmp(terminal, "dumb") != 0);
+}
+
+unsigned columns_of(int fd, unsigned otherwise) {
+  winsize size{};
+  return ioctl(fd, TIOCGWINSZ, &size) == 0 && size.ws_col != 0 ? size.ws_col : otherwise;
 }
 
 bool shows_colour(int fd) {

@@ -26,11 +26,15 @@ struct Console {
   bool json = false;
   bool quiet = false;
   bool verbose = false;
+  unsigned width = 100;  // columns of the terminal; as many as fit a page elsewhere
 };
 
 // Whether colours suit what this descriptor leads to: a terminal that knows them, and a user who
 // did not refuse them by NO_COLOR (no-color.org).
 bool shows_colour(int fd);
+
+// The columns of the terminal that this descriptor leads to, or `otherwise`.
+unsigned columns_of(int fd, unsigned otherwise);
 
 // Whether this descriptor leads to a terminal on which a line can be rewritten.
 bool is_live(int fd);

@@ -39,17 +39,19 @@ int build_and_judge(const JobWork& work, const JobOptions& options, const Consol
   const Jobs::DriveSignals drive(*run);
   report.progress("findings", unknown);
   const Jobs::Judgement judgement = Jobs::judge(*run, &drive);
+  std::string summary;
   if (work.folder) {
     const auto progress = [&](const std::string& step, double done) {
       report.progress(step, done);
       return true;
     };
-    Outputs::write_run(*run, drive, judgement, *work.folder, progress);
+    summary = Outputs::write_run(*run, drive, judgement, *work.folder, progress);
   }
   if (console.json) {
-    report.out(Outputs::summary_json(*run, &drive, judgement, work.folder));
+    report.out(work.folder ? summary : Outputs::summary_json(*run, &drive, judgement));
   } else if (!console.quiet) {
-    report.out(judgement_table(*run, judgement, console));
+    const TableStyle style{console.out_colour, console.verbose, console.width};
+    report.out(run_head(*run) + "\n" + judgement_table(judgement, style));
   }
   if (!options.strict || judgement.looks == 0) return Exit::good;
   if (!console.json) report.err(strict_line(shown_path(work.path), judgement));

@@ -125,6 +125,7 @@ int run_program(const std::vector<std::string>& words) {
   FdStream err(STDERR_FILENO);
   Console console{out, err, shows_colour(STDOUT_FILENO), shows_colour(STDERR_FILENO),
                   is_live(STDERR_FILENO)};
+  console.width = columns_of(STDOUT_FILENO, console.width);
   int code = run_words(words, console);
   const int failure = out.close();
   if (failure == EPIPE) {

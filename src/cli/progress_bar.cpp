@@ -1,11 +1,12 @@
 #include "cli/progress_bar.h"
 
 #include <fmt/format.h>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
+
+#include "cli/console.h"
 
 namespace Cli {
 
@@ -13,13 +14,8 @@ namespace {
 
 constexpr std::chrono::seconds patience{2};
 constexpr std::size_t bar_width = 20;
+constexpr unsigned usual_width = 80;
 constexpr double earliest_guess = 0.02;  // of the work, for the remaining time
-
-std::size_t terminal_width() {
-  winsize size{};
-  if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return 80;
-  return size.ws_col;
-}
 
 }  // namespace
 
@@ -53,7 +49,8 @@ ProgressBar::ProgressBar(std::ostream& out, bool live)
 
 void ProgressBar::show(const std::string& name, double done, double seconds) {
   if (!live_ || std::chrono::steady_clock::now() - begin_ < patience) return;
-  out_ << "\r\033[K" << progress_line(name, done, seconds, terminal_width()) << std::flush;
+  out_ << "\r\033[K" << progress_line(name, done, seconds, columns_of(STDERR_FILENO, usual_width))
+       << std::flush;
   shown_ = true;
 }
 
