@@ -4,20 +4,28 @@
 #include <iterator>
 
 #include "base/compose.h"
+#include "jobs/density_integral.h"
 #include "jobs/ready_parts.h"
 
 namespace Jobs {
 
 namespace {
 
+// Values that are finite each for itself can be too large or too small together.
+void require_finite(const ReadySea& sea, const Base::Params& given) {
+  const double peak = sea.peak(given);
+  bool finite = std::isfinite(peak);
+  if (!sea.formula.empty()) finite = finite && std::isfinite(density_of(sea.formula, given)(peak));
+  if (!finite) throw std::string("these values together give no finite wave");
+}
+
 // Every sea's parameters are checked and every density's limits are completed in the same way.
 void complete_in_common(ReadySea& sea) {
-  const bool is_density = sea.makes != ReadySea::Makes::single_wave;
-  sea.complete = [parameters = sea.parameters, is_density, own = sea.complete](
-                     Base::Params& given, const ReadyContext& context) {
-    check_values(parameters, given);
-    if (is_density) Ready::complete_limits(given, context);
-    if (own) own(given, context);
+  sea.complete = [sea](Base::Params& given, const ReadyContext& context) {
+    check_values(sea.parameters, given);
+    if (!sea.formula.empty()) Ready::complete_limits(given, context);
+    if (sea.complete) sea.complete(given, context);
+    require_finite(sea, given);
   };
 }
 

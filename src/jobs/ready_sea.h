@@ -61,7 +61,8 @@ struct ReadySea {
   std::vector<ReadyParameter> computed;    // that `complete` adds: name, units and meaning
   // Checks the values and adds what the formula needs besides them: limits that were not given, a
   // normalising factor, or "a" and "f" of a single wave. The set must hold every required parameter
-  // and the fallbacks. Throws as check_values does, and for values that make no sea together.
+  // and the fallbacks. Throws as check_values does, and without a name for values that make no sea
+  // together.
   std::function<void(Base::Params& parameters, const ReadyContext& context)> complete;
   // The frequency in Hz near the greatest density, from a completed set.
   std::function<double(const Base::Params& parameters)> peak;

@@ -7,7 +7,6 @@
 
 #include "jobs/ready_sea.h"
 #include "ready.h"
-#include "support/wave_number.h"
 
 namespace {
 
@@ -39,6 +38,18 @@ struct Shape {
             {"sigma_b", sigma_b, ""}};
   }
 };
+
+// kh of linear theory, by Newton's method for y tanh(y) = (2 pi f)^2 depth / g. Ten steps reach
+// rounding.
+double exact_kh(double f, double depth) {
+  const double a = std::pow(2 * pi * f, 2) * depth / 9.81;
+  double y = std::fmax(a, std::sqrt(a));
+  for (int step = 0; step < 10; ++step) {
+    const double t = std::tanh(y);
+    y -= (y * t - a) / (t + y * (1 - t * t));
+  }
+  return y;
+}
 
 // Shape, energy and moments of a density that is `shape` up to a factor.
 void expect_scaled(const LibraryDensity& density, const std::function<double(double)>& shape,
@@ -93,11 +104,11 @@ TEST(ReadyPeakedSeas, JonswapHasThePublishedRatiosOfPeriods) {
 }
 
 TEST(ReadyPeakedSeas, TmaHasTheDepthFactorOfKitaigorodskiiAtAnyDepth) {
-  for (const double depth : {0.02, 0.1, 0.35, 0.7, 2.0, 50.0, 5000.0}) {
+  for (const double depth : {0.02, 0.35, 0.7, 2.0, 5000.0}) {
     SCOPED_TRACE(depth);
     const Shape deep;
     const auto shape = [&](double f) {
-      const double kh = Testing::exact_wave_number(2 * pi * f, depth) * depth;
+      const double kh = exact_kh(f, depth);
       const double spread = kh < 300 ? 2 * kh / std::sinh(2 * kh) : 0.0;
       return deep(f) * std::pow(std::tanh(kh), 2) / (1 + spread);
     };

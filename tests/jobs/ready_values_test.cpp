@@ -132,6 +132,15 @@ TEST(ReadyValues, ValuesThatAreNotFiniteAreRefusedByName) {
   EXPECT_EQ(failure("regular", {"phase", infinity, "rad"}), "phase::must be a finite number");
 }
 
+TEST(ReadyValues, ValuesThatTogetherGiveNoFiniteWaveAreRefused) {
+  const std::string message = "these values together give no finite wave";
+  EXPECT_EQ(failure("jonswap", {"hs", 1e200, "m"}), message);
+  EXPECT_EQ(failure("jonswap", {"hs", 1e-200, "m"}), message);
+  EXPECT_EQ(failure("bretschneider", {"hs", 1e200, "m"}), message);
+  EXPECT_EQ(failure("tma", {"depth", 1e300, "m"}), message);
+  EXPECT_EQ(failure("regular", {"period", 1e-320, "s"}), message);
+}
+
 TEST(ReadyValues, LimitsThatDoNotRiseAreRefused) {
   EXPECT_EQ(failure("jonswap", {"f_min", 1.4, "Hz"}),
             "f_min::must be below f_max, which is 1.4 Hz");
