@@ -1,33 +1,60 @@
 #include "outputs/checksum.h"
 
 #include <fcntl.h>
-#include <sha2.h>
+#include <openssl/evp.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <memory>
+#include <new>
 
 #include "outputs/cannot_write.h"
 
 namespace Outputs {
 namespace {
 
-std::string digits(SHA2_CTX& context) {
-  std::array<char, SHA256_DIGEST_STRING_LENGTH> text{};
-  SHA256End(&context, text.data());
-  return text.data();
-}
+class Digest {
+ public:
+  Digest() : context_(EVP_MD_CTX_new(), &EVP_MD_CTX_free) {
+    require(context_ ? EVP_DigestInit_ex(context_.get(), EVP_sha256(), nullptr) : 0);
+  }
 
-// Feeds the file to the context. Returns errno.
-int read_into(SHA2_CTX& context, int descriptor) {
+  void add(const void* data, std::size_t size) {
+    require(EVP_DigestUpdate(context_.get(), data, size));
+  }
+
+  std::string digits() {
+    constexpr std::string_view digit = "0123456789abcdef";
+    std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};
+    unsigned size = 0;
+    require(EVP_DigestFinal_ex(context_.get(), bytes.data(), &size));
+    std::string text;
+    for (unsigned i = 0; i < size; ++i) {
+      text += digit[bytes[i] / 16];
+      text += digit[bytes[i] % 16];
+    }
+    return text;
+  }
+
+ private:
+  // Only memory can run out.
+  static void require(int good) {
+    if (good != 1) throw std::bad_alloc();
+  }
+
+  std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context_;
+};
+
+// Feeds the file to the digest. Returns errno.
+int read_into(Digest& digest, int descriptor) {
   constexpr std::size_t piece = std::size_t{1} << 18;
-  const std::unique_ptr<std::uint8_t[]> buffer(new std::uint8_t[piece]);
+  const std::unique_ptr<char[]> buffer(new char[piece]);
   for (;;) {
     const ssize_t count = read(descriptor, buffer.get(), piece);
     if (count == 0) return 0;
     if (count > 0) {
-      SHA256Update(&context, buffer.get(), static_cast<std::size_t>(count));
+      digest.add(buffer.get(), static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
       return errno;
     }
@@ -37,21 +64,19 @@ int read_into(SHA2_CTX& context, int descriptor) {
 }  // namespace
 
 std::string sha256(std::string_view text) {
-  SHA2_CTX context;
-  SHA256Init(&context);
-  SHA256Update(&context, reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-  return digits(context);
+  Digest digest;
+  digest.add(text.data(), text.size());
+  return digest.digits();
 }
 
 std::string sha256_of_file(const std::string& path, const std::string& shown) {
   const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (descriptor == -1) cannot_write(shown, errno);
-  SHA2_CTX context;
-  SHA256Init(&context);
-  const int error = read_into(context, descriptor);
+  Digest digest;
+  const int error = read_into(digest, descriptor);
   close(descriptor);
   if (error != 0) cannot_write(shown, error);
-  return digits(context);
+  return digest.digits();
 }
 
 }  // namespace Outputs

@@ -55,8 +55,7 @@ void FieldFrames::init() {
 
 void FieldFrames::build_columns(const Progress& progress) {
   const Step step(progress, "field");
-  // Each slice plans its transforms anew, so a slice is not a single column.
-  const std::size_t slice = std::max<std::size_t>(1, x_.count / 50);
+  const std::size_t slice = std::max<std::size_t>(1, x_.count / 200);
   for (std::size_t first = 0; first < x_.count; first += slice) {
     step.done(first, x_.count);
     library_call(run_, "field", run_.job.field.span, [&] {

@@ -15,16 +15,17 @@ namespace {
 constexpr double full_scale = 4.0;  // m, of the largest code
 constexpr double largest_code = 32767.0;
 
-// The frames and rows that are written at once, and the columns of a chunk. A chunk has 32 frames
-// and, in each direction, about a thirtieth of a thousand points or all of thirty.
+// The lengths of a chunk. Whole rows of chunks are written at once.
 struct Chunk {
   std::size_t frames;
   std::size_t rows;
   std::size_t columns;
 };
 
+// Parts of 24 to 48 points, but at most 8 parts: both a frame and the series of a point are then
+// read in a few chunks.
 std::size_t part_of(std::size_t count) {
-  const std::size_t parts = std::clamp<std::size_t>(count / 32, 1, 8);
+  const std::size_t parts = std::clamp<std::size_t>(count / 24, 1, 8);
   return (count + parts - 1) / parts;
 }
 
@@ -57,9 +58,7 @@ FieldVariables define(NetcdfFile& file, const FieldFrames& field, const Chunk& c
                              "have one scale. A height beyond 4 m in either direction appears 8 m "
                              "lower or higher."));
   file.fill_value(made.eta, std::numeric_limits<std::int16_t>::min());
-  const std::size_t layer =
-      sizeof(std::int16_t) * chunk.frames * chunk.rows * (field.x().count + chunk.columns);
-  file.compress(made.eta, {chunk.frames, chunk.rows, chunk.columns}, layer);
+  file.compress(made.eta, {chunk.frames, chunk.rows, chunk.columns});
   return made;
 }
 

@@ -107,12 +107,13 @@ void NetcdfFile::fill_value(int variable, std::int16_t value) {
   require(alone([&] { return nc_def_var_fill(id_, variable, NC_FILL, &value); }));
 }
 
-void NetcdfFile::compress(int variable, const Sizes& chunk, std::size_t cache) {
+void NetcdfFile::compress(int variable, const Sizes& chunk) {
   constexpr int shuffle = 1;
   constexpr int deflate = 1;
   constexpr int level = 1;
-  constexpr std::size_t slots = 1009;  // a prime, as the library asks for
-  constexpr float preemption = 1.0F;   // a chunk that was written whole is not needed again
+  constexpr std::size_t cache = 1;  // bytes: no chunk is kept
+  constexpr std::size_t slots = 1;
+  constexpr float preemption = 1.0F;
   require(alone([&] { return nc_def_var_chunking(id_, variable, NC_CHUNKED, chunk.data()); }));
   require(alone([&] { return nc_def_var_deflate(id_, variable, shuffle, deflate, level); }));
   require(alone([&] { return nc_set_var_chunk_cache(id_, variable, cache, slots, preemption); }));

@@ -39,9 +39,9 @@ class NetcdfFile {
   // "actual_range". May be called after end_definitions.
   void range(int variable, float low, float high);
   void fill_value(int variable, std::int16_t value);
-  // Compresses the variable in chunks of these lengths (deflate 1 after shuffle, which costs little
-  // and takes nearly as much off as the higher levels). `cache` is the memory for chunks in bytes.
-  void compress(int variable, const Sizes& chunk, std::size_t cache);
+  // Compresses the variable in chunks of these lengths (deflate 1 after shuffle: higher levels take
+  // more time and hardly less space). Each chunk must be written once and whole.
+  void compress(int variable, const Sizes& chunk);
   void end_definitions();
 
   // Writes a stretch of a variable.
