@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "cli/wrapped_text.h"
+
 namespace Cli {
 namespace {
 
@@ -16,13 +18,6 @@ using Jobs::Verdict;
 
 constexpr std::size_t columns = 5;  // quantity, asked, made, criterion, verdict
 using Row = std::array<std::string, columns>;
-
-// Characters, each of which takes one column: the bytes of UTF-8 that do not continue one.
-std::size_t width_of(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-  }));
-}
 
 // Names come from the job and the site. Control characters would upset the terminal.
 std::string printable(std::string text) {
@@ -34,7 +29,7 @@ std::string printable(std::string text) {
 }
 
 std::string padded(const std::string& text, std::size_t width) {
-  const std::size_t own = width_of(text);
+  const std::size_t own = characters(text);
   return own < width ? text + std::string(width - own, ' ') : text;
 }
 
@@ -47,29 +42,8 @@ Row row_of(const Finding& finding) {
           verdict_word(finding)};
 }
 
-std::string painted(const std::string& word, Verdict verdict, bool colour) {
-  if (!colour || verdict == Verdict::none) return word;
-  const char* const code = verdict == Verdict::good ? "\033[32m" : "\033[1;31m";
-  return code + word + "\033[0m";
-}
-
-std::vector<std::string> wrapped(const std::string& text, std::size_t width) {
-  std::vector<std::string> lines;
-  std::string line;
-  std::size_t from = 0;
-  while (from < text.size()) {
-    const std::size_t space = std::min(text.find(' ', from), text.size());
-    const std::string word = text.substr(from, space - from);
-    from = space + 1;
-    if (word.empty()) continue;
-    if (!line.empty() && width_of(line) + 1 + width_of(word) > width) {
-      lines.push_back(line);
-      line.clear();
-    }
-    line += line.empty() ? word : " " + word;
-  }
-  if (!line.empty()) lines.push_back(line);
-  return lines;
+const char* colour_of(Verdict verdict) {
+  return verdict == Verdict::good ? "\033[32m" : "\033[1;31m";
 }
 
 void trim(std::string& line) { line.erase(line.find_last_not_of(' ') + 1); }
@@ -77,7 +51,7 @@ void trim(std::string& line) { line.erase(line.find_last_not_of(' ') + 1); }
 std::array<std::size_t, columns> widths_of(const std::vector<Row>& rows) {
   std::array<std::size_t, columns> widths{};
   for (const Row& row : rows) {
-    for (std::size_t c = 0; c < columns; ++c) widths[c] = std::max(widths[c], width_of(row[c]));
+    for (std::size_t c = 0; c < columns; ++c) widths[c] = std::max(widths[c], characters(row[c]));
   }
   return widths;
 }
@@ -104,7 +78,12 @@ std::string summary_line(const Judgement& judgement) {
                      judgement.looks == 1 ? "s" : "");
 }
 
-std::string judgement_table(const Judgement& judgement, const TableStyle& style) {
+std::string judgement_table(Jobs::Run& run, const Judgement& judgement, const Console& console) {
+  const TableStyle style{console.out_colour, console.verbose, console.width};
+  return run_head(run) + "\n" + findings_table(judgement, style);
+}
+
+std::string findings_table(const Judgement& judgement, const TableStyle& style) {
   std::vector<Row> rows = {{"", "asked", "made", "criterion", ""}};
   std::vector<const Finding*> findings = {nullptr};
   for (const Finding& finding : judgement.findings) {
@@ -113,40 +92,38 @@ std::string judgement_table(const Judgement& judgement, const TableStyle& style)
     findings.push_back(&finding);
   }
   const auto widths = widths_of(rows);
-  std::size_t indent = 2;
-  for (const std::size_t width : widths) indent += width + 2;
-  constexpr std::size_t least = 24;  // columns for remarks; on narrower terminals they come below
-  const bool beside = style.width == 0 || indent + least <= style.width;
+  std::size_t margin = 2;
+  for (const std::size_t width : widths) margin += width + 2;
+  // Remarks need some room; on a narrow terminal they have lines of their own.
+  constexpr std::size_t least_room = 24;
+  constexpr std::size_t endless = 1 << 20;
+  const std::size_t width = style.width == 0 ? endless : style.width;
+  const bool beside = margin + least_room <= width;
+  const std::string indent(beside ? margin : 6, ' ');
 
   std::string table;
   for (std::size_t r = 0; r < rows.size(); ++r) {
     std::string line = "  ";
     for (std::size_t c = 0; c + 1 < columns; ++c) line += padded(rows[r][c], widths[c]) + "  ";
-    const Finding* finding = findings[r];
-    const std::string& word = rows[r].back();
-    line += painted(word, finding == nullptr ? Verdict::none : finding->verdict, style.colour);
-    line += std::string(widths.back() - width_of(word) + 2, ' ');
-    const std::string remark = finding == nullptr ? "" : printable(finding->remark);
-    const std::size_t margin = beside ? indent : 6;
-    const std::size_t room = style.width == 0       ? width_of(remark)
-                             : style.width > margin ? style.width - margin
-                                                    : least;
-    const std::vector<std::string> remarks = wrapped(remark, room);
-    for (std::size_t i = 0; i < remarks.size(); ++i) {
-      if (i == 0 && beside) {
-        line += remarks[i];
-        continue;
-      }
+    const std::size_t word = line.size();
+    line += padded(rows[r].back(), widths.back()) + "  ";
+    const std::string remark = findings[r] == nullptr ? "" : printable(findings[r]->remark);
+    if (remark.empty() || !beside) {
       trim(line);
-      table += line + "\n";
-      line = std::string(margin, ' ') + remarks[i];
+      line += '\n';
+      if (!remark.empty()) line += wrapped(remark, indent, indent, width);
+    } else {
+      line = wrapped(remark, line, indent, width);
     }
-    trim(line);
-    table += line + "\n";
+    if (style.colour && findings[r] != nullptr && findings[r]->verdict != Verdict::none) {
+      line.insert(word + rows[r].back().size(), "\033[0m");
+      line.insert(word, colour_of(findings[r]->verdict));
+    }
+    table += line;
   }
 
   table += "\n" + summary_line(judgement);
-  const auto hidden = judgement.findings.size() + 1 - rows.size();
+  const std::size_t hidden = judgement.findings.size() + 1 - rows.size();
   if (hidden > 0) table += fmt::format(" --verbose shows {} more.", hidden);
   return table + "\n";
 }
