@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -155,6 +156,32 @@ TEST(Diagnostic, TheEndsOfALongLineAreShownWhole) {
                 "UVW\n"
                 "  | " +
                 std::string(100, ' ') + "^^^\n");
+}
+
+TEST(Diagnostic, ALongLineIsCutBetweenCharacters) {
+  std::string text;
+  for (int i = 0; i < 100000; ++i) {
+    text += "\xE2\x82\xAC";
+  }
+  const std::string euro = "\xE2\x82\xAC";
+  std::string shown_line;
+  for (int i = 0; i < 100; ++i) {
+    shown_line += euro;
+  }
+  for (const std::uint32_t character : {50000U, 50001U, 50002U, 50003U}) {
+    const std::uint32_t column = 3 * character + 1;
+    EXPECT_EQ(show({"bad", {source(text), 1, column, 3}, ""}),
+              "error: bad\n"
+              " --> storm.toml:1:" +
+                  std::to_string(column) +
+                  "\n"
+                  "  |\n"
+                  "1 | ..." +
+                  shown_line +
+                  "...\n"
+                  "  | " +
+                  std::string(33, ' ') + "^\n");
+  }
 }
 
 TEST(Diagnostic, CaretsDoNotGoBeyondTheCutLine) {
