@@ -14,6 +14,7 @@
 
 #include "jobs/diagnostic.h"
 #include "jobs/job.h"
+#include "jobs/overrides.h"
 #include "jobs/read_toml.h"
 #include "jobs/value.h"
 
@@ -100,6 +101,26 @@ inline std::vector<std::string> lines_of(const Jobs::Diagnostics& faults) {
     lines.push_back(fault.fault + " | " + covered(fault.span) + " | " + fault.label);
   }
   return lines;
+}
+
+// The job after the options, on one line.
+inline std::string after(const std::string& text, const std::vector<std::string>& options) {
+  Jobs::Value job = parse(text);
+  Jobs::Diagnostics faults;
+  Jobs::apply_overrides(job, options, faults);
+  EXPECT_EQ(lines_of(faults), std::vector<std::string>());
+  return dump(job);
+}
+
+// The faults of the options. The job must stay as it was.
+inline std::vector<std::string> faults_of(const std::string& text,
+                                          const std::vector<std::string>& options) {
+  Jobs::Value job = parse(text);
+  const std::string before = dump(job);
+  Jobs::Diagnostics faults;
+  Jobs::apply_overrides(job, options, faults);
+  EXPECT_EQ(dump(job), before) << "a fault changes nothing";
+  return lines_of(faults);
 }
 
 }  // namespace JobFiles
