@@ -50,8 +50,7 @@ int build_and_judge(const JobWork& work, const JobOptions& options, const Consol
   if (console.json) {
     report.out(work.folder ? summary : Outputs::summary_json(*run, &drive, judgement));
   } else if (!console.quiet) {
-    const TableStyle style{console.out_colour, console.verbose, console.width};
-    report.out(run_head(*run) + "\n" + judgement_table(judgement, style));
+    report.out(judgement_table(*run, judgement, console));
   }
   if (!options.strict || judgement.looks == 0) return Exit::good;
   if (!console.json) report.err(strict_line(shown_path(work.path), judgement));

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "cli/console.h"
 #include "jobs/judgement.h"
 #include "jobs/run.h"
 
@@ -21,9 +22,13 @@ struct TableStyle {
 //   storm       256 s, harmonics 26 to 512, 269 fronts at the paddles
 std::string run_head(Jobs::Run& run);
 
+// Both: the lines about the run and the table of its findings, as the console shows them.
+std::string judgement_table(Jobs::Run& run, const Jobs::Judgement& judgement,
+                            const Console& console);
+
 // The findings in columns, with remarks wrapped at the width, and a line that says how many need a
 // look.
-std::string judgement_table(const Jobs::Judgement& judgement, const TableStyle& style = {});
+std::string findings_table(const Jobs::Judgement& judgement, const TableStyle& style = {});
 
 // What the table says about a finding: "good", or for a look "FEW", "LOST", "HIGH" or "LOOK".
 std::string verdict_word(const Jobs::Finding& finding);
