@@ -170,16 +170,17 @@ void remark_on_seed(Preparation& p, const Part& part, const std::string& title,
 }
 
 // The modifier's own value, after a `set` with the same parameters.
-void keep_gain(Preparation& p, const Change& change, const ModifierPtr& modifier,
+bool keep_gain(Preparation& p, const Change& change, const ModifierPtr& modifier,
                const Base::Params& params, BuiltSea& sea) {
   Base::Params copy = params;
   if (!in_library(p, change.formula_span, "", [&] {
         modifier->set(copy);
         modifier->value(1.0);
       })) {
-    return;
+    return false;
   }
   sea.gain = [modifier](double frequency) { return modifier->value(frequency); };
+  return true;
 }
 
 // The law as the library narrows it.
@@ -245,7 +246,8 @@ void add_change(Preparation& p, const Part& part, BuiltSea& sea, Taken& taken) {
   if (!params || is_second) return;
   const std::string title = title_in_sea(part, sea.name);
   remark_on_seed(p, part, title, *params);
-  if (change->modifier == "GainAdjust") keep_gain(p, *change, modifier, *params, sea);
+  const bool is_gain = change->modifier == "GainAdjust";
+  if (is_gain && !keep_gain(p, *change, modifier, *params, sea)) return;
   if (change->modifier == "AngleSpread") keep_spread(p, *change, modifier, *params, sea);
   if (!p.has_site) return;
   std::uint32_t id = 0;
@@ -264,6 +266,22 @@ std::vector<std::string> change_kinds() {
   std::vector<std::string> names = modifier_names();
   for (const ReadyChange& change : ready_changes()) names.push_back(change.name);
   return names;
+}
+
+bool is_about(const std::string& message, const Part& change) {
+  const ReadyChange* ready = find_ready_change(change.kind);
+  const std::string modifier = ready != nullptr ? ready->modifier : change.kind;
+  static const std::pair<const char*, const char*> beginnings[] = {
+      {"AngleSweepModifier::", "AngleSweep"},
+      {"Sweep has zero output", "AngleSweep"},
+      {"AngleSpreadModifier::", "AngleSpread"},
+      {"Spreading power::", "AngleSpread"},
+      {"rate::", "PhaseWNoise"},
+  };
+  for (const auto& [beginning, name] : beginnings) {
+    if (modifier == name && message.starts_with(beginning)) return true;
+  }
+  return false;
 }
 
 void add_changes(Preparation& p, const std::vector<Part>& changes, BuiltSea& sea) {

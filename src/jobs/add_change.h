@@ -18,6 +18,9 @@ std::vector<std::string> change_kinds();
 // Faults are added.
 void add_changes(Preparation& p, const std::vector<Part>& changes, BuiltSea& sea);
 
+// Whether a message of a failed build can be about the change.
+bool is_about(const std::string& message, const Part& change);
+
 }  // namespace Jobs
 
 #endif  // KELPBOX_JOBS_ADD_CHANGE_H_

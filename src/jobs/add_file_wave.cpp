@@ -1,6 +1,7 @@
 // The waves that come from files: a record of the surface, a list of fronts, a table of a spectrum.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <utility>
@@ -122,6 +123,14 @@ const CsvColumn* record_column(Preparation& p, const Part& part, const TableFile
   }
 }
 
+// Without the library's remark on the repeat time that the list itself implies.
+void hand_over_fronts(Preparation& p, const WavePlace& wave, const Synthesis::DispFronts& fronts) {
+  in_library(p, wave.part.span, title_in_sea(wave.part, wave.sea.name), [&] {
+    Base::Params none;
+    p.run.experiment.set(p.run.experiment.add_fronts(wave.sea.id, fronts), none);
+  });
+}
+
 }  // namespace
 
 void add_record(Preparation& p, const WavePlace& wave) {
@@ -197,6 +206,7 @@ void add_fronts(Preparation& p, const WavePlace& wave) {
   Synthesis::DispFronts fronts;
   AskedWave asked;
   asked.kind = wave.part.kind;
+  double largest_move = 0.0;
   for (std::size_t i = 0; i < f->size(); ++i) {
     if (!run.is_inrange((*f)[i])) {
       return add_fault(
@@ -205,11 +215,19 @@ void add_fronts(Preparation& p, const WavePlace& wave) {
                       line_of(*file, i), (*f)[i], run.freq(run.min_harmonic()),
                       run.freq(run.max_harmonic())));
     }
+    const double made = run.freq(run.wave_num((*f)[i]));
+    largest_move = std::max(largest_move, std::abs(made - (*f)[i]));
     fronts.emplace_back((*f)[i], (*a)[i], angle[i], phase[i]);
     asked.lines.push_back({(*f)[i], (*a)[i]});
   }
+  constexpr double noted_move = 1e-6;  // Hz
+  if (largest_move > noted_move) {
+    p.run.remarks.push_back(
+        fmt::format("{}: frequencies move to the nearest harmonics of the run, by up to {:.3g} Hz",
+                    title_in_sea(wave.part, wave.sea.name), largest_move));
+  }
   wave.sea.asked.push_back(std::move(asked));
-  hand_over(p, wave, *params, [&] { return p.run.experiment.add_fronts(wave.sea.id, fronts); });
+  hand_over_fronts(p, wave, fronts);
 }
 
 void add_table(Preparation& p, const WavePlace& wave) {
@@ -241,7 +259,7 @@ void add_table(Preparation& p, const WavePlace& wave) {
                     run.freq(run.min_harmonic()), run.freq(run.max_harmonic())));
   }
   wave.sea.asked.push_back(density.asked(wave.part.kind));
-  hand_over(p, wave, *params, [&] { return p.run.experiment.add_fronts(wave.sea.id, fronts); });
+  hand_over_fronts(p, wave, fronts);
 }
 
 }  // namespace Jobs

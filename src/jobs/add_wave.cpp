@@ -119,6 +119,12 @@ void add_spectrum(Preparation& p, const WavePlace& wave) {
   auto params = bind_parameters(wave.part, declared, p.faults);
   if (!params) return;
   if (!add_density(p, wave, *parsed, *params, {})) return;
+  AskedWave& asked = wave.sea.asked.back();
+  if (asked.density) {
+    asked.peak = peak_of(asked);
+  } else {
+    asked.crest = integral_of(*parsed->formulas);
+  }
   hand_over(p, wave, *params, [&] {
     return p.run.experiment.add_spectrum(wave.sea.id, wave.name, parsed->text->text);
   });

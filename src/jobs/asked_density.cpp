@@ -28,22 +28,6 @@ std::size_t function_at(const Piecewise& formulas, double frequency) {
   return i;
 }
 
-// Simpson's rule over each function between its limits.
-double integral(const Piecewise& formulas) {
-  constexpr int parts = 4096;
-  const Synthesis::Limits& limits = formulas.limits();
-  double sum = 0.0;
-  for (std::size_t i = 0; i + 1 < limits.size(); ++i) {
-    const double step = (limits[i + 1] - limits[i]) / parts;
-    double weighted = value_at(formulas, i, limits[i]) + value_at(formulas, i, limits[i + 1]);
-    for (int j = 1; j < parts; ++j) {
-      weighted += (j % 2 == 1 ? 4 : 2) * value_at(formulas, i, limits[i] + j * step);
-    }
-    sum += weighted * step / 3;
-  }
-  return sum;
-}
-
 }  // namespace
 
 AskedWave asked_density(std::shared_ptr<const Piecewise> formulas, OpenEnds ends) {
@@ -56,16 +40,28 @@ AskedWave asked_density(std::shared_ptr<const Piecewise> formulas, OpenEnds ends
   for (std::size_t i = 0; i < formulas->function_count(); ++i) {
     value_at(*formulas, i, 0.5 * (limits[i] + limits[i + 1]));
   }
-  if (formulas->units().output != Category::variance) {
-    wave.crest = integral(*formulas);
-    return wave;
-  }
+  if (formulas->units().output != Category::variance) return wave;
   wave.density = [formulas, low = wave.low, high = wave.high](double frequency) {
     if (frequency <= 0.0 || frequency < low || frequency > high) return 0.0;
     return value_at(*formulas, function_at(*formulas, frequency), frequency);
   };
-  wave.peak = peak_of(wave);
   return wave;
+}
+
+double integral_of(const Piecewise& formulas) {
+  // Simpson's rule over each function.
+  constexpr int parts = 4096;
+  const Synthesis::Limits& limits = formulas.limits();
+  double sum = 0.0;
+  for (std::size_t i = 0; i + 1 < limits.size(); ++i) {
+    const double step = (limits[i + 1] - limits[i]) / parts;
+    double weighted = value_at(formulas, i, limits[i]) + value_at(formulas, i, limits[i + 1]);
+    for (int j = 1; j < parts; ++j) {
+      weighted += (j % 2 == 1 ? 4 : 2) * value_at(formulas, i, limits[i] + j * step);
+    }
+    sum += weighted * step / 3;
+  }
+  return sum;
 }
 
 double time_variance(const Piecewise& formulas, double rate, double repeat) {

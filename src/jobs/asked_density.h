@@ -17,10 +17,13 @@ struct OpenEnds {
   bool high = false;
 };
 
-// For formulas of frequency that are bound with their limits. A variance density is evaluated, an
-// amplitude density or a length is summed up to the crest at which all phases meet. Throws
-// std::string when a formula cannot be evaluated.
+// For formulas of frequency that are bound with their limits. Only a variance density gives a
+// density. Throws std::string when a formula cannot be evaluated.
 AskedWave asked_density(std::shared_ptr<const Synthesis::Piecewise> formulas, OpenEnds ends);
+
+// The integral of the formulas between their limits: of an amplitude density, the crest at which
+// all phases meet.
+double integral_of(const Synthesis::Piecewise& formulas);
 
 // The variance of formulas of time, sampled as the library samples them: at `rate` Hz, up to the
 // last limit or the repeat time in s. Throws std::string when a formula cannot be evaluated.

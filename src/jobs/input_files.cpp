@@ -1,19 +1,19 @@
 #include "jobs/input_files.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace Jobs {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::uintmax_t largest_file = std::uintmax_t{1} << 30;
 
 constexpr std::string_view opening = "Opened file  ";
 
@@ -73,7 +73,7 @@ std::string folder_of(const Job& job, const std::string& given) {
   return folder.empty() || folder == "." ? "the current folder" : "the folder " + folder;
 }
 
-std::string read_file(const std::string& path) {
+std::string read_file(const std::string& path, std::uintmax_t most_mib) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (status.type() == fs::file_type::not_found) throw std::string("does not exist");
@@ -81,9 +81,11 @@ std::string read_file(const std::string& path) {
   if (status.type() == fs::file_type::none) throw "cannot be reached: " + error.message();
   if (status.type() != fs::file_type::regular) throw std::string("is not a regular file");
   const std::uintmax_t size = fs::file_size(path, error);
-  if (!error && size > largest_file) throw std::string("is larger than 1 GiB");
+  if (!error && size > most_mib << 20) {
+    throw "is larger than " + std::to_string(most_mib) + " MiB";
+  }
   std::ifstream in(path, std::ios::binary);
-  if (!in.is_open()) throw std::string("cannot be opened: permission denied");
+  if (!in.is_open()) throw "cannot be opened: " + std::generic_category().message(errno);
   std::ostringstream text;
   text << in.rdbuf();
   if (in.bad()) throw std::string("cannot be read");
@@ -118,7 +120,10 @@ std::optional<std::size_t> find_input(const std::vector<InputFile>& inputs,
                                       const std::string& path) {
   const fs::path wanted = normal(path);
   for (std::size_t i = 0; i < inputs.size(); ++i) {
-    if (normal(inputs[i].path) == wanted) return i;
+    if (inputs[i].path == path) return i;
+    // With links, "a/../b" may be another file than "b".
+    std::error_code ignored;
+    if (normal(inputs[i].path) == wanted && fs::equivalent(inputs[i].path, path, ignored)) return i;
   }
   return std::nullopt;
 }

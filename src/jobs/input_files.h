@@ -3,6 +3,7 @@
 #define KELPBOX_JOBS_INPUT_FILES_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,9 +20,9 @@ std::string opened_path(const Job& job, const std::string& given);
 // The folder that a given path is looked for in, for messages.
 std::string folder_of(const Job& job, const std::string& given);
 
-// The contents of a regular file. Throws std::string that says what is wrong with it, such as "does
-// not exist", to be put after the path.
-std::string read_file(const std::string& path);
+// The contents of a regular file of at most so many MiB. Throws std::string that says what is wrong
+// with it, such as "does not exist", to be put after the path.
+std::string read_file(const std::string& path, std::uintmax_t most_mib);
 
 // The path that the library writes in quotation marks.
 std::string unquoted_path(std::string_view text);
@@ -29,7 +30,7 @@ std::string unquoted_path(std::string_view text);
 // The files that the library reports as opened, in order, each once.
 std::vector<std::string> opened_files(const std::string& progress);
 
-// The place of a file that was read before, under whatever path.
+// The place of a file that was read before, under this path or another spelling of it.
 std::optional<std::size_t> find_input(const std::vector<InputFile>& inputs,
                                       const std::string& path);
 

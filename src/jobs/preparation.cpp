@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -12,6 +13,8 @@
 
 namespace Jobs {
 namespace {
+
+constexpr std::uintmax_t largest_record = 1024;  // MiB
 
 // Comments begin with their severity. "Poor match" says less than the values themselves.
 std::string comment_text(std::string comment) {
@@ -75,6 +78,16 @@ bool set_with_remarks(Preparation& p, const Part& part, const std::string& title
   return true;
 }
 
+bool lies_in_tank(Preparation& p, const Part& part, const std::string& key, double x) {
+  if (!p.has_site) return true;
+  const Maths::TankConfig& tank = p.run.experiment.context().tank_config();
+  if (x == 0.0 || (x >= tank.x_low && x <= tank.x_high)) return true;
+  p.faults.push_back({fmt::format("`{}` lies outside the tank, which reaches from {:g} to {:g} m",
+                                  key, tank.x_low, tank.x_high),
+                      span_of(part, key), ""});
+  return false;
+}
+
 void add_refusal(Preparation& p, const Part& part, const std::string& message) {
   const std::size_t colons = message.find("::");
   const std::string name = message.substr(0, colons);
@@ -104,7 +117,7 @@ std::optional<std::size_t> read_part_file(Preparation& p, const Part& part) {
   const std::string path = opened_path(p.run.job, file->text);
   if (const auto found = find_input(p.run.inputs, path)) return found;
   try {
-    p.run.inputs.push_back({path, "", read_file(path)});
+    p.run.inputs.push_back({path, "", read_file(path, largest_record)});
     return p.run.inputs.size() - 1;
   } catch (const std::string& problem) {
     p.faults.push_back({fmt::format("the file `{}` {}", file->text, problem), file->span,

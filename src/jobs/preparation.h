@@ -36,6 +36,10 @@ bool in_library(Preparation& p, const Span& place, const std::string& title,
 bool set_with_remarks(Preparation& p, const Part& part, const std::string& title,
                       Base::Params& params, const std::function<void(Base::Params&)>& set);
 
+// Whether a position along the tank lies in it. Adds a fault at the key if it does not. True
+// without a site.
+bool lies_in_tank(Preparation& p, const Part& part, const std::string& key, double x);
+
 // Adds the fault of a ready sea or change: "hs::must be above 0" is about the value of `hs`.
 void add_refusal(Preparation& p, const Part& part, const std::string& message);
 

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <regex>
 #include <sstream>
 
 #include "base/streams.h"
@@ -20,6 +19,8 @@
 
 namespace Jobs {
 namespace {
+
+constexpr std::uintmax_t largest_script = 16;  // MiB
 
 // What the library gives for a failure whose own message it does not pass on.
 constexpr const char* no_message = "Uncaught Exception in Experiment Initialise";
@@ -38,7 +39,7 @@ void add_site_fault(Preparation& p, const std::string& fault) {
 bool is_readable(Preparation& p, const std::string& path) {
   const Job& job = p.run.job;
   try {
-    read_file(path);
+    read_file(path, largest_script);
     return true;
   } catch (const std::string& problem) {
     p.faults.push_back({fmt::format("the site `{}` {}", job.site, problem), job.site_span,
@@ -80,22 +81,32 @@ std::uint32_t token_length(const std::string& text, std::uint32_t line, std::uin
   return static_cast<std::uint32_t>(std::min(end, content.size()) - (column - 1));
 }
 
+// Reads a number after the words at the end of the text, and removes both.
+std::optional<std::uint32_t> take_number(std::string& text, const std::string& words) {
+  const std::size_t at = text.rfind(words);
+  if (at == std::string::npos) return std::nullopt;
+  const std::string digits = text.substr(at + words.size());
+  if (digits.empty() || digits.size() > 9) return std::nullopt;
+  if (digits.find_first_not_of("0123456789") != std::string::npos) return std::nullopt;
+  text.erase(at);
+  return static_cast<std::uint32_t>(std::stoul(digits));
+}
+
 // `<fault> in "<file>" at line N column M`.
-std::optional<Diagnostic> syntax_fault(const std::string& report) {
-  static const std::regex form("(.*) in (\".*\") at line ([0-9]{1,9}) column ([0-9]{1,9})");
-  std::smatch parts;
-  if (!std::regex_match(report, parts, form)) return std::nullopt;
-  Span span;
-  span.line = static_cast<std::uint32_t>(std::stoul(parts[3]));
-  span.column = static_cast<std::uint32_t>(std::stoul(parts[4]));
-  const std::string path = unquoted_path(parts[2].str());
+std::optional<Diagnostic> syntax_fault(std::string report) {
+  const auto column = take_number(report, " column ");
+  const auto line = take_number(report, " at line ");
+  const std::size_t in = report.rfind(" in \"");
+  if (!column || !line || in == std::string::npos) return std::nullopt;
+  const std::string path = unquoted_path(report.substr(in + 4));
+  Span span{nullptr, *line, *column, 1};
   try {
-    span.source = std::make_shared<SourceText>(SourceText{path, read_file(path)});
+    span.source = std::make_shared<SourceText>(SourceText{path, read_file(path, largest_script)});
   } catch (const std::string&) {
     return std::nullopt;
   }
   span.length = token_length(span.source->text, span.line, span.column);
-  return Diagnostic{parts[1], span, ""};
+  return Diagnostic{report.substr(0, in), span, ""};
 }
 
 void report(Preparation& p, const std::string& path, const SiteFailure& failure) {
@@ -127,7 +138,7 @@ void keep_files(Preparation& p, const std::string& progress) {
   for (const std::string& path : opened_files(progress)) {
     if (find_input(p.run.inputs, path)) continue;
     try {
-      p.run.inputs.push_back({path, "", read_file(path)});
+      p.run.inputs.push_back({path, "", read_file(path, largest_script)});
     } catch (const std::string& problem) {
       add_site_fault(p, fmt::format("{} {}", path, problem));
     }
@@ -162,7 +173,8 @@ void tune(Preparation& p) {
     good = false;
   }
   if (!good) return;
-  in_library(p, part.span, part.title, [&] { p.run.experiment.set(*params); });
+  // The tank may be unusable after a failure.
+  p.has_site = in_library(p, part.span, part.title, [&] { p.run.experiment.set(*params); });
 }
 
 }  // namespace

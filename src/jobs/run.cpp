@@ -21,6 +21,30 @@ namespace {
 
 namespace Category = Base::Category;
 
+// The library counts the samples of a repeat at the base rate in 32 bits. A longer repeat would
+// become a short one.
+bool is_usable_repeat(Preparation& p, const Base::Params& params) {
+  const double repeat = params.read("repeat", Category::time);
+  const double rate = p.run.experiment.context().get(Common::Limit::base_rate);
+  constexpr double most_samples = 4294967295.0;
+  if (repeat > 0.0 && repeat * rate < most_samples) return true;
+  const std::string fault =
+      repeat > 0.0
+          ? fmt::format("`repeat` must be below {:.4g} s on this site", most_samples / rate)
+          : "`repeat` must be above 0";
+  p.faults.push_back({fault, span_of(p.run.job.run, "repeat"), ""});
+  return false;
+}
+
+void remark_on_merge_seed(Preparation& p) {
+  const Part& part = p.run.job.run;
+  for (const char* name : {"seed", "ran_gen"}) {
+    if (part.parameters.find(name) == nullptr) continue;
+    p.run.remarks.push_back(
+        fmt::format("{}: {} has no effect: seas are merged with a fixed seed", part.title, name));
+  }
+}
+
 void set_definition(Preparation& p) {
   Run& run = p.run;
   const Part& part = run.job.run;
@@ -31,11 +55,12 @@ void set_definition(Preparation& p) {
   declared.fallbacks = fallbacks_of("run");
   declared.meanings["repeat"] = "the time after which the waves repeat";
   // A job without [run] has been reported.
-  const bool has_run = part.span.line != 0;
+  const bool has_run = part.span.line != 0 || !part.parameters.members.empty();
   auto params = has_run ? bind_parameters(part, declared, p.faults) : std::nullopt;
   if (!p.has_site) return;
   run.definition = run.experiment.add_definition(run.job.title);
-  if (!params) return;
+  if (!params || !is_usable_repeat(p, *params)) return;
+  remark_on_merge_seed(p);
   p.has_grid = set_with_remarks(p, part, part.title, *params,
                                 [&](Base::Params& in) { run.experiment.set(run.definition, in); });
 }
@@ -51,7 +76,7 @@ void add_sea(Preparation& p, const Sea& sea) {
   if (params) {
     built.position = {params->read("x", Category::length), params->read("y", Category::length),
                       params->read("t", Category::time)};
-    if (p.has_site) {
+    if (p.has_site && lies_in_tank(p, sea.holds, "x", built.position.x)) {
       set_with_remarks(p, sea.holds, sea.holds.title, *params,
                        [&](Base::Params& in) { p.run.experiment.set(built.id, in); });
     }
@@ -61,14 +86,23 @@ void add_sea(Preparation& p, const Sea& sea) {
   p.run.seas.push_back(std::move(built));
 }
 
-// The wave that a message of the library begins with, or the run.
+// The part that a failed build is about, as far as its message tells, or the run.
 Span span_of_message(const Run& run, const std::string& message) {
+  std::vector<Span> changes;
   for (const Sea& sea : run.job.seas) {
     for (std::size_t i = 0; i < sea.waves.size(); ++i) {
       if (message.starts_with(wave_name(sea.name, i) + "::")) return sea.waves[i].span;
     }
+    for (const Part& change : sea.changes) {
+      if (is_about(message, change)) changes.push_back(change.span);
+    }
   }
-  return run.job.run.span;
+  return changes.size() == 1 ? changes.front() : run.job.run.span;
+}
+
+// A table takes exactly the run's harmonics, and a list of fronts is remarked on when it is read.
+bool is_about_lists(const std::string& message) {
+  return message.starts_with("Repeat time ") || message.starts_with("Frequency mismath of ");
 }
 
 }  // namespace
@@ -96,7 +130,7 @@ void build(Run& run) {
   try {
     run.experiment.run_build(run.definition);
     for (const std::string& remark : run.experiment.messages(run.definition)) {
-      run.remarks.push_back(remark);
+      if (!is_about_lists(remark)) run.remarks.push_back(remark);
     }
   } catch (...) {
     message = message_of_current();

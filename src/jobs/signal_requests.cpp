@@ -67,6 +67,7 @@ void read_point(Preparation& p, const PointPart& point) {
   request.y = params->read("y", Category::length);
   request.rate = params->read("rate", Category::frequency);
   request.delta_angle = params->read("delta_angle", Category::angle);
+  lies_in_tank(p, point.part, "x", request.x);
   require_above_0(p, point.part, "rate", request.rate);
   require_above_0(p, point.part, "delta_angle", request.delta_angle);
   p.run.points.push_back(std::move(request));
@@ -79,7 +80,7 @@ struct Range {
 };
 
 // The range `name` of [field], which is a table of its own.
-Range read_range(Preparation& p, const char* name) {
+Range read_range(Preparation& p, const std::string& name) {
   const Part& field = p.run.job.field;
   const Value* value = field.parameters.find(name);
   const char* example = "{ from = \"0 m\", to = \"10 m\", step = \"0.25 m\" }";
@@ -102,6 +103,10 @@ Range read_range(Preparation& p, const char* name) {
   require_above_0(p, part, "step", range.step);
   if (range.to < range.from) {
     p.faults.push_back({"`to` must not be below `from`", span_of(part, "to"), ""});
+  }
+  if (name == "x") {
+    lies_in_tank(p, part, "from", range.from);
+    lies_in_tank(p, part, "to", range.to);
   }
   return range;
 }

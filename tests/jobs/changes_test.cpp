@@ -149,6 +149,12 @@ TEST(Changes, RemarksWhenAStatedLimitMoves) {
                                                    "became 1.570696327 rad"});
 }
 
+TEST(Changes, ReportsABadGainOnce) {
+  EXPECT_EQ(JobFolder().refusal(
+                flume_job(band + change("kind = \"GainAdjust\"\nformula = \"1#1@Hz#2#0.5@Hz#3\""))),
+            "10: Limits out of order\n");
+}
+
 TEST(Changes, RefusesASecondChangeOfOneKind) {
   EXPECT_EQ(JobFolder().refusal(
                 flume_job(band + change("kind = \"AngleChange\"\nformula = \"0.1@rad\"") +

@@ -138,6 +138,48 @@ TEST(Run, RefusesARepeatThatIsTooShort) {
             "2: [run]: max harmonic is less than min harmonic\n");
 }
 
+TEST(Run, RefusesARepeatThatIsNoTime) {
+  EXPECT_EQ(JobFolder().refusal(flume_job(one_wave, "-64 s")), "3: `repeat` must be above 0\n");
+  // 2^32 samples at 50 Hz: the library would make a run of 0 s of it.
+  EXPECT_EQ(JobFolder().refusal(flume_job(one_wave, "85899346 s")),
+            "3: `repeat` must be below 8.59e+07 s on this site\n");
+}
+
+TEST(Run, RemarksOnAMergeSeedWithoutEffect) {
+  const auto run = JobFolder().prepare(flume_job("wave_merge = \"Random\"\nseed = 3\n" + one_wave));
+  EXPECT_EQ(run->remarks, std::vector<std::string>{
+                              "[run]: seed has no effect: seas are merged with a fixed seed"});
+}
+
+TEST(Run, RefusesPlacesOutsideTheTank) {
+  EXPECT_EQ(
+      JobFolder().refusal(flume_job("[[sea]]\nholds = { x = \"26 m\" }\n"
+                                    "[[sea.wave]]\nkind = \"single\"\n"
+                                    "f = \"0.5 Hz\"\na = \"1 mm\"\n"
+                                    "[[point]]\nx = \"-1 m\"\ny = \"0 m\"\n"
+                                    "[[point]]\nx = \"25 m\"\ny = \"0 m\"\n"
+                                    "[field]\nrate = \"10 Hz\"\n"
+                                    "x = { from = \"0 m\", to = \"30 m\", step = \"1 m\" }\n"
+                                    "y = { from = \"0 m\", to = \"1 m\", step = \"1 m\" }\n")),
+      "5: `x` lies outside the tank, which reaches from 0 to 25 m\n"
+      "11: `x` lies outside the tank, which reaches from 0 to 25 m\n"
+      "18: `to` lies outside the tank, which reaches from 0 to 25 m\n");
+}
+
+TEST(Run, PointsAtThePartThatCannotBeBuilt) {
+  const JobFolder folder;
+  const std::string sea =
+      one_wave +
+      "[[sea.change]]\nkind = \"AngleSweep\"\nformula = \"0\"\ndelta_angle = \"5 deg\"\n";
+  EXPECT_EQ(folder.refusal(flume_job(sea)),
+            "9: the waves cannot be built: Sweep has zero output\n");
+  EXPECT_EQ(folder.refusal(flume_job(one_wave +
+                                     "[[sea.wave]]\nkind = \"time\"\nformula = \"0@s#0.1@m#64@s\"\n"
+                                     "rate = \"50 MHz\"\n")),
+            "9: the waves cannot be built: sea 1, wave 2::3.2e+09 samples in the signal, not 1 to "
+            "134217728\n");
+}
+
 TEST(Run, KeepsTheLinesOfTheLibraryFromTheUser) {
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();

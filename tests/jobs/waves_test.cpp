@@ -215,6 +215,25 @@ TEST(Waves, FrontsGoToTheirHarmonics) {
   EXPECT_NEAR(fronts[1].angle, -M_PI / 6, 1e-6);
   ASSERT_EQ(run->seas[0].asked[0].lines.size(), 2u);
   EXPECT_EQ(run->seas[0].asked[0].lines[1].frequency, 1.0);
+  EXPECT_TRUE(run->remarks.empty());
+}
+
+TEST(Waves, RemarksOnFrontsThatMoveToAHarmonic) {
+  const JobFolder folder;
+  folder.write("fronts.csv", "f [Hz],a [mm]\n0.5,20\n0.505,10\n");
+  const auto run = folder.build(flume_job(wave("kind = \"fronts\"\nfile = \"fronts.csv\"")));
+  EXPECT_EQ(fronts_of(*run).size(), 2u);
+  EXPECT_EQ(run->remarks,
+            std::vector<std::string>{"a `fronts` wave of sea 1: frequencies move to the nearest "
+                                     "harmonics of the run, by up to 0.005 Hz"});
+}
+
+TEST(Waves, ListOfOneFrontNeedsNoRemark) {
+  const JobFolder folder;
+  folder.write("fronts.csv", "f [Hz],a [mm]\n0.5,20\n");
+  const auto run = folder.build(flume_job(wave("kind = \"fronts\"\nfile = \"fronts.csv\"")));
+  EXPECT_EQ(fronts_of(*run).size(), 1u);
+  EXPECT_TRUE(run->remarks.empty());
 }
 
 TEST(Waves, RefusesFrontsThatCannotBeMade) {
