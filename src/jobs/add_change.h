@@ -2,7 +2,6 @@
 #ifndef KELPBOX_JOBS_ADD_CHANGE_H_
 #define KELPBOX_JOBS_ADD_CHANGE_H_
 
-#include <string>
 #include <vector>
 
 #include "jobs/job.h"
@@ -11,15 +10,9 @@
 
 namespace Jobs {
 
-// The kinds of changes: the library's modifiers, then the ready ones.
-std::vector<std::string> change_kinds();
-
 // Checks the changes of a sea, adds them to its specification if there is one, and keeps the gain.
 // Faults are added.
 void add_changes(Preparation& p, const std::vector<Part>& changes, BuiltSea& sea);
-
-// Whether a message of a failed build can be about the change.
-bool is_about(const std::string& message, const Part& change);
 
 }  // namespace Jobs
 

@@ -3,14 +3,12 @@
 #define KELPBOX_JOBS_ADD_WAVE_H_
 
 #include <cstddef>
-#include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "jobs/bind_parameters.h"
 #include "jobs/job.h"
 #include "jobs/preparation.h"
+#include "jobs/ready_sea.h"
 #include "jobs/run.h"
 
 namespace Jobs {
@@ -31,17 +29,13 @@ std::string wave_name(const std::string& sea, std::size_t index);
 // sea. Faults are added.
 void add_wave(Preparation& p, const Part& part, BuiltSea& sea, std::size_t index);
 
-// The kinds that read a file.
-void add_record(Preparation& p, const WavePlace& wave);
-void add_fronts(Preparation& p, const WavePlace& wave);
+// One for each kind. Each adds one entry to the sea's asked waves, unless it adds a fault.
+void add_spectrum(Preparation& p, const WavePlace& wave);  // add_formula_wave.cpp
+void add_time(Preparation& p, const WavePlace& wave);
+void add_record(Preparation& p, const WavePlace& wave);  // add_record.cpp
+void add_fronts(Preparation& p, const WavePlace& wave);  // add_list_wave.cpp
 void add_table(Preparation& p, const WavePlace& wave);
-
-// Adds a component to the sea's specification, if there is one, and sets it. Faults are added.
-void hand_over(Preparation& p, const WavePlace& wave, Base::Params& params,
-               const std::function<std::uint32_t()>& add);
-
-// The text of the key `formula`. Adds a fault and returns null if there is none.
-const Value* formula_of(Preparation& p, const Part& part, const std::string& example);
+void add_ready_sea(Preparation& p, const WavePlace& wave, const ReadySea& ready);
 
 }  // namespace Jobs
 

@@ -8,6 +8,7 @@
 #include "jobs/add_wave.h"
 #include "jobs/bind_parameters.h"
 #include "jobs/captured_lines.h"
+#include "jobs/change_kinds.h"
 #include "jobs/failure.h"
 #include "jobs/fallbacks.h"
 #include "jobs/input_files.h"

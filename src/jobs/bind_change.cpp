@@ -1,0 +1,114 @@
+#include "jobs/bind_change.h"
+
+#include <fmt/format.h>
+
+#include "base/constants.h"
+#include "jobs/bind_parameters.h"
+#include "jobs/change_kinds.h"
+#include "jobs/fallbacks.h"
+
+namespace Jobs {
+namespace {
+
+namespace Category = Base::Category;
+
+std::string radians(double angle) { return fmt::format("{:.17g} rad", angle); }
+
+// The limits of AngleSpread: those of the site, or all directions that it can draw from.
+void add_angle_limits(Preparation& p, const Part& part, Declared& declared) {
+  double low = 0.0;
+  double high = 0.0;
+  if (p.has_site) {
+    const Common::Context& site = p.run.experiment.context();
+    low = site.get(Common::Limit::min_angle);
+    high = site.get(Common::Limit::max_angle);
+  }
+  if (low == high) {
+    double mean = 0.0;
+    Diagnostics ignored;  // a bad angle is reported where it is bound
+    const Value* angle = part.parameters.find("angle");
+    const Base::Quantity wanted(0.0, Category::angle);
+    if (angle != nullptr) {
+      if (const auto bound = bind_value("angle", *angle, wanted, ignored)) {
+        mean = bound->get(Category::angle);
+      }
+    }
+    // The library draws from just less than half a turn on either side.
+    const double reach = Base::Pi - 0.0002;
+    low = mean - reach;
+    high = mean + reach;
+  }
+  declared.fallbacks["min_angle"] = radians(low);
+  declared.fallbacks["max_angle"] = radians(high);
+}
+
+Declared declared_by(Preparation& p, const Change& change, Synthesis::Modifier& modifier,
+                     const ReadyChange* ready) {
+  const Part& part = change.part;
+  Declared declared;
+  modifier.query(declared.params);
+  declared.fallbacks = fallbacks_of(change.modifier);
+  if (declared.params.contains("ran_gen") && part.parameters.find("seed") != nullptr) {
+    declared.fallbacks["ran_gen"] = "FullRandom";
+  }
+  if (change.modifier == "AngleSpread") add_angle_limits(p, part, declared);
+  if (ready == nullptr) {
+    if (takes_formula(change.modifier)) declared.own_keys = {"formula"};
+    return declared;
+  }
+  for (const ReadyParameter& parameter : ready->parameters) {
+    declared.meanings[parameter.name] = parameter.meaning;
+    if (parameter.fallback) declared.fallbacks[parameter.name] = *parameter.fallback;
+  }
+  return declared;
+}
+
+// What a ready change fixes is no parameter of the job.
+Declared without_fixed(const Declared& declared, const ReadyChange& ready) {
+  Declared open = declared;
+  open.params = {};
+  for (const Base::Params::Entry& entry : declared.params.entries()) {
+    bool fixed = false;
+    for (const auto& [name, value] : ready.fixed) fixed = fixed || name == entry.first;
+    if (!fixed) open.params.merge(entry);
+  }
+  return open;
+}
+
+bool add_fixed(Preparation& p, const Change& change, const Declared& declared,
+               const ReadyChange& ready, Base::Params& params) {
+  const std::size_t before = p.faults.size();
+  for (const auto& [name, text] : ready.fixed) {
+    Value value;
+    value.kind = Value::Kind::text;
+    value.text = text;
+    value.span = change.part.span;
+    const auto bound = bind_value(name, value, declared.params.at(name), p.faults);
+    if (bound) params.merge({name, *bound});
+  }
+  return p.faults.size() == before;
+}
+
+}  // namespace
+
+std::optional<Base::Params> bind_change(Preparation& p, const Change& change,
+                                        Synthesis::Modifier& modifier, const ReadyChange* ready) {
+  Declared declared;
+  if (!in_library(p, change.formula_span, "",
+                  [&] { declared = declared_by(p, change, modifier, ready); })) {
+    return std::nullopt;
+  }
+  if (ready == nullptr) return bind_parameters(change.part, declared, p.faults);
+  auto params = bind_parameters(change.part, without_fixed(declared, *ready), p.faults);
+  if (!params) return std::nullopt;
+  try {
+    check_values(ready->parameters, *params);
+  } catch (const std::string& message) {
+    add_refusal(p, change.part, message);
+    return std::nullopt;
+  }
+  if (!add_fixed(p, change, declared, *ready, *params)) return std::nullopt;
+  return params;
+}
+
+}  // namespace Jobs
