@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "cli/commands.h"
-#include "cli/error_line.h"
+#include "cli/failure_report.h"
 #include "cli/sea_page.h"
 #include "jobs/nearest.h"
 
@@ -23,9 +23,10 @@ int seas(const SeasOptions& options, Console& console) {
     names.push_back(page.name);
   }
   const auto near = Jobs::nearest(options.name, names);
-  error_line(console, "there is no sea or change called `" + options.name + "`",
-             near ? "did you mean `" + *near + "`?" : "`kelpbox seas` lists them");
-  return Exit::bad_input;
+  const std::string advice = near ? "did you mean `" + *near + "`?" : "`kelpbox seas` lists them";
+  return report(
+      {Exit::bad_input, "there is no sea or change called `" + options.name + "`: " + advice, {}},
+      console);
 }
 
 }  // namespace Cli

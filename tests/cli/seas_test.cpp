@@ -1,8 +1,6 @@
 // `kelpbox seas`.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
@@ -13,9 +11,7 @@
 #include "cli/sea_page.h"
 #include "jobs/add_change.h"
 #include "jobs/add_wave.h"
-#include "jobs/read_toml.h"
-#include "jobs/run.h"
-#include "support/temp_dir.h"
+#include "jobs/job_folder.h"
 #include "text_console.h"
 
 namespace {
@@ -92,8 +88,7 @@ TEST_F(Seas, AWrappedFormulaIsTheFormulaWithLineEndsAndIndents) {
 TEST_F(Seas, AnUnknownNameIsRefusedWithTheNearest) {
   EXPECT_EQ(seas("jonswp"), 2);
   EXPECT_EQ(out(), "");
-  EXPECT_EQ(err(),
-            "error: there is no sea or change called `jonswp`\n  help: did you mean `jonswap`?\n");
+  EXPECT_EQ(err(), "error: there is no sea or change called `jonswp`: did you mean `jonswap`?\n");
   EXPECT_EQ(seas("tsunami"), 2);
   EXPECT_NE(err().find("`kelpbox seas` lists them"), std::string::npos);
 }
@@ -124,66 +119,19 @@ TEST_F(Seas, JsonHasWhatThePagesHave) {
   EXPECT_EQ(Json::parse(out())["error"]["code"], 2);
 }
 
-// A wave or change of a job from the text of its table.
-Jobs::Part part_of(const std::string& text) {
-  const Jobs::Value whole = Jobs::read_toml(
-      std::make_shared<const Jobs::SourceText>(Jobs::SourceText{"example.toml", text}));
-  Jobs::Part part;
-  part.parameters = whole.members.at(0).value.items.at(0);
-  auto& members = part.parameters.members;
-  const auto kind = std::find_if(members.begin(), members.end(),
-                                 [](const Jobs::Member& member) { return member.key == "kind"; });
-  part.kind = kind->value.text;
-  part.title = "the example";
-  members.erase(kind);
-  return part;
-}
-
-Jobs::Part part_with(const std::string& key, const std::string& text) {
-  Jobs::Part part;
-  Jobs::Member member;
-  member.key = key;
-  member.value.kind = Jobs::Value::Kind::text;
-  member.value.text = text;
-  part.parameters.members.push_back(member);
-  return part;
-}
-
-// The faults of a basin's job with that example, one to a line.
-std::string faults_of(const Cli::SeaPage& page, const std::string& folder) {
-  Jobs::Job job;
-  job.folder = folder;
-  job.title = "example";
-  job.site = std::string(TEST_ROOT) + "/../examples/basin.site";
-  job.run = part_with("repeat", "64 s");
-  Jobs::Sea sea;
-  sea.name = "sea";
-  const std::string wave = page.is_change ? "[[wave]]\nkind = \"jonswap\"\nhs = \"80 mm\"\n"
-                                            "tp = \"1.6 s\"\n"
-                                          : "";
-  // The example is a table of [[sea]]; here it stands alone.
-  std::string example = page.example;
-  example.erase(2, 4);
-  sea.waves.push_back(part_of(page.is_change ? wave : example));
-  if (page.is_change) sea.changes.push_back(part_of(example));
-  job.seas.push_back(sea);
-  std::string faults;
-  try {
-    const auto run = Jobs::prepare(job, {});
-    Jobs::build(*run);
-  } catch (const Jobs::BadJob& bad) {
-    for (const Jobs::Diagnostic& fault : bad.faults) faults += fault.fault + "\n";
-  }
-  return faults;
+// A basin's job with that example.
+std::string job_with(const Cli::SeaPage& page) {
+  const std::string wave = "[[sea.wave]]\nkind = \"jonswap\"\nhs = \"80 mm\"\ntp = \"1.6 s\"\n";
+  return Testing::basin_job("[[sea]]\n" + (page.is_change ? wave : std::string()) + page.example);
 }
 
 TEST(SeaExamples, AllWorkAsTheyStand) {
-  const Testing::TempDir folder;
+  const Testing::JobFolder folder;
   folder.write("measured.csv", "t [s],eta [mm]\n0,0\n0.1,5\n0.2,0\n0.3,-5\n");
   folder.write("fronts.csv", "f [Hz],a [mm]\n0.5,20\n0.625,30\n");
   folder.write("spectrum.csv", "f [Hz],S [m2/Hz]\n0.4,0\n0.6,0.001\n1.2,0\n");
   for (const Cli::SeaPage& page : Cli::sea_pages()) {
-    EXPECT_EQ(faults_of(page, folder.path()), "") << page.example;
+    EXPECT_EQ(folder.refusal(job_with(page)), "") << page.example;
   }
 }
 
