@@ -20,8 +20,8 @@ std::string failure_json(const Failure& failure) {
   for (const Jobs::Diagnostic& fault : failure.faults) {
     nlohmann::ordered_json one;
     one["message"] = fault.fault;
-    if (fault.span.source) {
-      one["file"] = fault.span.source->name;
+    if (fault.span.source) one["file"] = fault.span.source->name;
+    if (fault.span.line != 0) {
       one["line"] = fault.span.line;
       one["column"] = fault.span.column;
       one["length"] = fault.span.length;

@@ -134,8 +134,9 @@ CommandLine read_command_line(const std::vector<std::string>& words) {
   } catch (const CLI::ParseError& error) {
     refuse(error, line.command);
   }
-  const std::vector<std::string> unknown = app.remaining();
-  if (!unknown.empty()) refuse_option(unknown.front(), line.command);
+  for (const std::string& word : app.remaining()) {
+    if (word != "--") refuse_option(word, line.command);
+  }
   if (line.command && !line.has("--help") && !line.has("--version")) require_arguments(line);
   return line;
 }

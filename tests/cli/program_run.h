@@ -24,8 +24,9 @@ enum class Output { kept, closed_pipe, full_disk };
 
 struct Setting {
   std::string folder = ".";
-  std::string input;                                             // of standard input
-  std::vector<std::pair<std::string, std::string>> environment;  // added; TERM is xterm without it
+  std::string input{};  // of standard input
+  std::vector<std::pair<std::string, std::string>>
+      environment{};  // added; TERM is xterm without it
   Output output = Output::kept;
 };
 

@@ -94,7 +94,7 @@ TEST(SiteCommand, RefusesValuesThatTheSiteDoesNotHave) {
 TEST(SiteCommand, PointsAtTheFaultOfAScript) {
   const Testing::TempDir folder;
   folder.write("bad.site", "context {\n    site_name = \"X\";\n    tank_nam = \"a\";\n}\n");
-  const Ran ran = run_program({"site", "bad.site"}, {folder.path()});
+  const Ran ran = run_program({"site", "bad.site"}, {.folder = folder.path()});
   EXPECT_EQ(ran.code, 2);
   EXPECT_EQ(ran.out, "");
   EXPECT_TRUE(has(ran.err, " --> bad.site:3:5\n")) << ran.err;
@@ -109,7 +109,7 @@ TEST(SiteCommand, ReportsScriptsThatCannotBeRead) {
                                           8));
   folder.write("empty.site", "");
   for (const std::string name : {"divides.site", "binary.site", "empty.site", "nix.site", "."}) {
-    const Ran ran = run_program({"site", name}, {folder.path()});
+    const Ran ran = run_program({"site", name}, {.folder = folder.path()});
     EXPECT_EQ(ran.code, 2) << name;
     EXPECT_EQ(ran.out, "") << name;
     EXPECT_EQ(ran.err.rfind("error: ", 0), 0U) << name << '\n' << ran.err;
