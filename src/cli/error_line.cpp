@@ -1,29 +1,22 @@
 #include "cli/error_line.h"
 
+#include "cli/failure_report.h"
+#include "jobs/diagnostic.h"
+
 namespace Cli {
-namespace {
 
-constexpr const char* red = "\033[1;31m";
-constexpr const char* blue = "\033[1;34m";
-constexpr const char* plain = "\033[0m";
-
-void labelled(Console& console, const char* colour, const char* label, const std::string& text) {
-  if (console.err_colour) {
-    console.err << colour << label << plain << text << '\n';
+void error_line(Console& console, const std::string& fault, const std::string& help) {
+  if (console.json) {
+    report({Exit::bad_input, help.empty() ? fault : fault + " (" + help + ")", {}}, console);
   } else {
-    console.err << label << text << '\n';
+    const auto colour = console.err_colour ? Jobs::Colour::on : Jobs::Colour::off;
+    console.err << Jobs::show({fault, {}, help}, colour);
   }
 }
 
-}  // namespace
-
-void error_line(Console& console, const std::string& fault, const std::string& help) {
-  labelled(console, red, "error: ", fault);
-  if (!help.empty()) labelled(console, blue, "  help: ", help);
-}
-
 void note_line(Console& console, const std::string& remark) {
-  if (!console.quiet) labelled(console, blue, "note: ", remark);
+  if (console.quiet) return;
+  console.err << (console.err_colour ? "\033[1mnote\033[0m: " : "note: ") << remark << '\n';
 }
 
 }  // namespace Cli

@@ -8,7 +8,8 @@
 
 namespace Cli {
 
-// Writes "error: <fault>" to standard error, and "  help: <help>" below it unless that is empty.
+// Writes "error: <fault>" to standard error, and "  = <help>" below it unless that is empty.
+// With --json both are part of the error object.
 void error_line(Console& console, const std::string& fault, const std::string& help = "");
 
 // Writes "note: <remark>" to standard error, unless the console is quiet.

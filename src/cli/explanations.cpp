@@ -54,25 +54,27 @@ void sort(std::vector<Ranked>& ranked) {
                    [](const Ranked& a, const Ranked& b) { return a.rank > b.rank; });
 }
 
-// Messages that fit as a whole. Those that tables list come before others.
-std::vector<Explanation> fitting(const std::string& message) {
+// Messages that fit. Those that tables list come before others.
+std::vector<Explanation> fitting(const std::string& message, bool parts) {
+  const std::string wanted = normal_form(message);
   std::vector<Ranked> ranked;
   for (const PageMessage& known : page_messages()) {
-    const auto literal = known.pattern.fit(message);
-    if (!literal) continue;
     constexpr double before_all_others = 1e6;
-    ranked.push_back(
-        {&known, static_cast<double>(*literal) + (known.listed ? before_all_others : 0)});
+    const double first = known.listed ? before_all_others : 0.0;
+    if (const auto literal = known.pattern.fit(message)) {
+      ranked.push_back({&known, first + static_cast<double>(*literal)});
+    } else if (parts && normal_form(known.explanation.message).find(wanted) != wanted.npos) {
+      // The shortest message that holds the part is the likeliest.
+      ranked.push_back({&known, first + 1.0 / static_cast<double>(known.pattern.literal())});
+    }
   }
   sort(ranked);
   std::vector<Explanation> found;
   for (const Ranked& entry : ranked) {
+    const PageMessage& best = *ranked[0].message;
     // A pattern that is far less exact than the best one only fits by chance.
-    if (!found.empty() &&
-        entry.message->pattern.literal() * 2 < ranked[0].message->pattern.literal()) {
-      continue;
-    }
-    if (!found.empty() && ranked[0].message->listed && !entry.message->listed) break;
+    if (!parts && entry.message->pattern.literal() * 2 < best.pattern.literal()) continue;
+    if (best.listed && !entry.message->listed) break;
     add_once(found, entry.message->explanation);
   }
   return found;
@@ -122,9 +124,12 @@ Answer explain_message(std::string_view message) {
   const std::vector<std::string> variants = without_prefixes(message);
   // The message itself may be a prefix that a page explains; what follows the prefix says more.
   for (auto variant = variants.rbegin(); variant != variants.rend(); ++variant) {
-    answer.fitting = fitting(*variant);
+    answer.fitting = fitting(*variant, false);
     if (!answer.fitting.empty()) return answer;
   }
+  constexpr std::size_t least_part = 8;
+  if (normal_form(message).size() >= least_part) answer.fitting = fitting(variants.back(), true);
+  if (!answer.fitting.empty()) return answer;
   constexpr double worth_listing = 0.2;
   constexpr double probably_meant = 0.55;
   const std::vector<Ranked> ranked = by_common_words(variants.back());

@@ -16,7 +16,7 @@ struct Explanation {
 };
 
 struct Answer {
-  // Of messages that fit as a whole. Several if several pages list the same one.
+  // Of messages that fit as a whole, or hold the given part. Several if several pages have them.
   std::vector<Explanation> fitting;
   // If none fits: those with the most words in common, best first.
   std::vector<Explanation> similar;

@@ -4,6 +4,7 @@
 
 #include "base/unit_table.h"
 #include "cli/formula_parts.h"
+#include "cli/templates.h"
 #include "cli/unit_names.h"
 
 namespace Cli {
@@ -17,6 +18,52 @@ std::string document(const Json& json) {
 }
 
 Json of(const InUnits& quantity) { return {{"value", quantity.value}, {"units", quantity.units}}; }
+
+Json of(const Train& train) { return {{"forward", train.forward}, {"backward", train.backward}}; }
+
+// Lengths in m, times in s, angles in rad.
+Json of(const RecordAnalysis& analysis) {
+  const ProbeRecords& records = analysis.records;
+  Json json{{"file", records.file},
+            {"rate", records.rate},
+            {"start", records.start},
+            {"samples", records.samples()},
+            {"hm0", analysis.height_m0}};
+  json["probes"] = Json::array();
+  for (const Probe& probe : records.probes) {
+    Json one{{"name", probe.name}, {"removed_mean", probe.mean}};
+    if (probe.placed) one.update({{"x", probe.x}, {"y", probe.y}});
+    json["probes"].push_back(one);
+  }
+  if (analysis.crossings) {
+    const ZeroCrossings& found = *analysis.crossings;
+    if (found.regular) {
+      json["zero_crossings"] = {
+          {"regular", true}, {"reg_t", found.period}, {"heights", found.heights}};
+    } else {
+      json["zero_crossings"] = {
+          {"regular", false}, {"sig_t", found.period}, {"sig_h", found.height}};
+    }
+  }
+  if (analysis.trains) {
+    const WaveTrains& found = *analysis.trains;
+    Json trains{{"angle", found.angle},
+                {"frequency", found.frequency},
+                {"depth", found.depth},
+                {"wave_length", found.wave_length},
+                {"fundamental", of(found.fundamental)},
+                {"reflection", found.reflection()},
+                {"noise_gain", found.gain.fundamental}};
+    if (found.has_harmonics) {
+      trains["bound_harmonic"] = of(found.bound);
+      trains["free_harmonic"] = of(found.free);
+      trains["harmonic_noise_gain"] = found.gain.harmonic;
+    }
+    json["wave_trains"] = trains;
+  }
+  json["notes"] = analysis.notes;
+  return json;
+}
 
 }  // namespace
 
@@ -38,6 +85,29 @@ std::string json_of(const Answer& answer) {
                             {"section", found.section}});
   }
   return document({{"exact", !answer.fitting.empty()}, {"explanations", explanations}});
+}
+
+std::string json_of(const std::vector<RecordAnalysis>& analyses) {
+  Json files = Json::array();
+  for (const RecordAnalysis& analysis : analyses) files.push_back(of(analysis));
+  return document({{"files", files}});
+}
+
+std::string json_of(const NewFiles& files) {
+  return document({{"written", files.written}, {"kept", files.kept}});
+}
+
+std::string templates_json() {
+  Json json;
+  const auto add = [&json](const char* key, const std::vector<Template>& templates) {
+    json[key] = Json::array();
+    for (const Template& entry : templates) {
+      json[key].push_back({{"name", entry.name}, {"title", entry.title}});
+    }
+  };
+  add("jobs", job_templates());
+  add("sites", site_templates());
+  return document(json);
 }
 
 std::string formulas_json() {

@@ -3,16 +3,27 @@
 #define KELPBOX_CLI_TOOL_JSON_H_
 
 #include <string>
+#include <vector>
 
 #include "cli/explanations.h"
+#include "cli/record_analysis.h"
 #include "cli/unit_conversion.h"
 
 namespace Cli {
 
+// What `kelpbox new` did.
+struct NewFiles {
+  std::vector<std::string> written;
+  std::vector<std::string> kept;  // that were there already
+};
+
 // Each document ends with a line end.
 std::string json_of(const Conversion& conversion);
 std::string json_of(const Answer& answer);
+std::string json_of(const NewFiles& files);
+std::string json_of(const std::vector<RecordAnalysis>& analyses);
 std::string formulas_json();
+std::string templates_json();
 
 }  // namespace Cli
 

@@ -110,6 +110,12 @@ TEST(Explain, IgnoresWhatOthersPutBeforeAMessage) {
   }
 }
 
+TEST(Explain, FindsAMessageByAPartOfIt) {
+  const Cli::Answer answer = Cli::explain_message("outside dimensions of");
+  ASSERT_EQ(answer.fitting.size(), 1U);
+  EXPECT_EQ(answer.fitting[0].section, "Waves");
+}
+
 TEST(Explain, FindsAMessageThatIsRememberedRoughly) {
   const Cli::Answer answer = Cli::explain_message("the sweep has no output");
   EXPECT_TRUE(answer.fitting.empty());

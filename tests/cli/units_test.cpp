@@ -57,7 +57,7 @@ TEST_F(Units, RefusesUnitsOfAnotherKind) {
   EXPECT_EQ(out(), "");
   EXPECT_EQ(err(),
             "error: \"ft/s\" is a velocity, but \"Hz\" is a frequency\n"
-            "  help: a velocity can be given in ft/s, in/s, ft/min, mi/h, kn, m/h, m/s\n");
+            "  = a velocity can be given in ft/s, in/s, ft/min, mi/h, kn, m/h, m/s\n");
 }
 
 TEST_F(Units, ExplainsTheMetreSecond) {
@@ -72,7 +72,7 @@ TEST_F(Units, NamesTheNearestUnit) {
   for (const auto& [written, meant] : cases) {
     EXPECT_EQ(convert("1 " + std::string(written), "m"), 2) << written;
     EXPECT_EQ(err(), "error: unknown units \"" + std::string(written) +
-                         "\"\n  help: a unit with a similar name is \"" + meant + "\"\n");
+                         "\"\n  = a unit with a similar name is \"" + meant + "\"\n");
   }
   EXPECT_EQ(convert("1 m", "meters"), 2);
   EXPECT_NE(err().find("similar name is \"m\""), std::string::npos);

@@ -1,0 +1,164 @@
+// Reading probe records: heads, comments, options, and what is wrong with them.
+#include "cli/probe_records.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cli/probe_place.h"
+#include "support/temp_dir.h"
+#include "support/thrown.h"
+#include "synthetic_records.h"
+
+namespace {
+
+using Testing::SyntheticRecords;
+
+class ReadProbeRecords : public testing::Test {
+ protected:
+  Cli::ProbeRecords read(const std::string& contents) {
+    return Cli::read_probe_records(dir.write("r.csv", contents), options);
+  }
+  // The message without the folder.
+  std::string fault(const std::string& contents) {
+    try {
+      read(contents);
+    } catch (std::string message) {
+      const std::string folder = dir.path() + "/";
+      for (auto at = message.find(folder); at != message.npos; at = message.find(folder)) {
+        message.erase(at, folder.size());
+      }
+      return message;
+    }
+    return "";
+  }
+  // Head and rows of two probes.
+  std::string two(const std::string& head) {
+    SyntheticRecords records;
+    records.probes = {9.0, 9.6};
+    return head + "\n" + records.rows();
+  }
+
+  Testing::TempDir dir;
+  Cli::AnalyseOptions options;
+};
+
+TEST_F(ReadProbeRecords, TakesPositionsAndUnitsFromTheHead) {
+  const auto found = read(two("time [s],WG1 x=9.30 m y=40 cm [mm],x = 960 mm (m)"));
+  ASSERT_EQ(found.probes.size(), 2U);
+  EXPECT_EQ(found.probes[0].name, "WG1");
+  EXPECT_DOUBLE_EQ(found.probes[0].x, 9.3);
+  EXPECT_DOUBLE_EQ(found.probes[0].y, 0.4);
+  EXPECT_EQ(found.probes[1].name, "x = 0.96 m");
+  EXPECT_DOUBLE_EQ(found.probes[1].x, 0.96);
+  EXPECT_TRUE(found.placed());
+  EXPECT_DOUBLE_EQ(found.rate, 20.0);
+  // The first is in mm, the second says metres.
+  const SyntheticRecords records;
+  EXPECT_NEAR(found.probes[0].samples[7] + found.probes[0].mean, records.elevation(9.0, 0.35),
+              1e-8);
+  EXPECT_NEAR(found.probes[1].samples[7] + found.probes[1].mean,
+              1000.0 * records.elevation(9.6, 0.35), 1e-5);
+}
+
+TEST_F(ReadProbeRecords, TakesPositionsAndUnitsFromComments) {
+  const auto found = read("# Elevation in mm. Probes stand in front of the beach.\n" +
+                          two("# The distance from the paddle in cm\ntime_s,900,960"));
+  EXPECT_DOUBLE_EQ(found.probes[0].x, 9.0);
+  EXPECT_DOUBLE_EQ(found.probes[1].x, 9.6);
+  EXPECT_NEAR(found.probes[0].samples[0] + found.probes[0].mean,
+              SyntheticRecords().elevation(9.0, 0.0), 1e-8);
+}
+
+TEST_F(ReadProbeRecords, TakesPlainWholeNumbersForNumbersOfProbes) {
+  options.units = "mm";
+  const auto found = read(two("time,1,2"));
+  EXPECT_FALSE(found.placed());
+  EXPECT_EQ(found.probes[0].name, "probe 1");
+  EXPECT_DOUBLE_EQ(read(two("time,9.00,9.60")).probes[1].x, 9.6);
+}
+
+TEST_F(ReadProbeRecords, TakesWhatAFileLacksFromOptions) {
+  options.units = "mm";
+  options.rate = "20 Hz";
+  options.probes = {"x=9 m,y=0.4 m", "WG2 x=960 cm"};
+  SyntheticRecords records;
+  records.probes = {9.0, 9.6};
+  const auto found = read(records.rows(false));
+  EXPECT_DOUBLE_EQ(found.rate, 20.0);
+  EXPECT_DOUBLE_EQ(found.probes[0].y, 0.4);
+  EXPECT_DOUBLE_EQ(found.probes[1].x, 9.6);
+  EXPECT_EQ(found.probes[1].name, "WG2");
+}
+
+TEST_F(ReadProbeRecords, ReadsOnlyTheChosenColumns) {
+  options.columns = {"b"};
+  const auto found = read(two("time [s],a [V],b [mm]"));
+  ASSERT_EQ(found.probes.size(), 1U);
+  EXPECT_EQ(found.probes[0].name, "b");
+}
+
+TEST_F(ReadProbeRecords, RefusesWhatItCannotUse) {
+  const std::pair<std::string, std::string> cases[] = {
+      {two("time [s],a,b"),
+       "r.csv: column a has no units; write them in its head, as in \"probe 1 [mm]\", or give "
+       "--units mm"},
+      {two("time [s],a [mm],b [V]"),
+       "r.csv: column b [V] is a voltage, not a length; choose the probes with --column"},
+      {two("time [s],a [mm],b [milimetre]"),
+       "r.csv: column b [milimetre] Unknown units - milimetre"},
+      {two("n,a [mm],b [mm]"),
+       "r.csv: there is no column of times; call it \"time [s]\", or give the rate, as in --rate "
+       "\"50 Hz\""},
+      {two("time [s],x=9 s [mm],b [mm]"),
+       "r.csv: the position of probe 1: \"9 s\" is a time, not a length"},
+      {two("time [s],x=far [mm],b [mm]"),
+       "r.csv: the position of probe 1: \"far\" is not a number"},
+      {"time [s],a [mm]\n0,1\n0.1,2\n0.2,3\n0.4,4\n",
+       "r.csv:3: the times are not evenly spaced; if they are only rounded, give the rate, as in "
+       "--rate \"50 Hz\""},
+      {"time [s],a [mm]\n0,1\n0.1,1\n0.2,1\n", "r.csv: the record of a is constant"},
+      {"time [s]\n0\n0.1\n", "r.csv: there is no column besides the time"},
+      {"time [s],a [mm]\n0,1\n0.1,x\n", "r.csv:3: \"x\" is not a number"},
+      {"", "r.csv: there are no numbers"},
+  };
+  for (const auto& [contents, message] : cases) EXPECT_EQ(fault(contents), message) << contents;
+}
+
+TEST_F(ReadProbeRecords, RefusesOptionsThatDoNotFit) {
+  const std::string good = two("time [s],a [mm],b [mm]");
+  options.probes = {"x=9 m"};
+  EXPECT_EQ(fault(good), "r.csv: 1 positions are given with --probe for 2 probes");
+  options.probes = {"y=9 m", "x=1 m"};
+  EXPECT_EQ(fault(good), "r.csv: the position of probe 1: has no x, as in \"x=9 m,y=0 m\"");
+  options.probes.clear();
+  options.columns = {"c"};
+  EXPECT_EQ(fault(good),
+            "r.csv: there is no column \"c\": there are \"time [s]\", \"a [mm]\", \"b [mm]\"");
+  options.columns.clear();
+  options.rate = "0 Hz";
+  EXPECT_EQ(fault(good), "--rate \"0 Hz\" is not above 0");
+  options.rate = "5 m";
+  EXPECT_EQ(fault(good), "--rate \"5 m\": Unable to convert from \"m\" to \"Hz\"");
+  options.rate.clear();
+  options.stop = "41 s";
+  EXPECT_EQ(fault(good),
+            "r.csv: --stop \"41 s\" is outside the record, which lasts from 0 s to 40 s");
+  options.start = "30 s";
+  options.stop = "20 s";
+  EXPECT_EQ(fault(good), "r.csv: there is no sample between --start and --stop");
+}
+
+TEST(ProbePlace, ReadsPositionsInAnyLengths) {
+  const Cli::ProbePlace place = Cli::place_in("probe 3: X = 1 ft, y=-20cm");
+  EXPECT_EQ(place.name, "probe 3");
+  EXPECT_DOUBLE_EQ(*place.x, 0.3048);
+  EXPECT_DOUBLE_EQ(*place.y, -0.2);
+  EXPECT_FALSE(Cli::place_in("max=3").x);
+  EXPECT_DOUBLE_EQ(*Cli::place_in("y=2 x=3").x, 3.0);
+  EXPECT_EQ(Cli::place_in("WG_2 eta").name, "WG_2 eta");
+}
+
+}  // namespace
