@@ -67,6 +67,9 @@ ReadySea tma() {
   ReadyParameter depth = positive("depth", "m", "depth of the water");
   depth.otherwise = "the depth at the paddles";
   std::vector<ReadyParameter> parameters = peaked_parameters({significant_height()});
+  for (ReadyParameter& parameter : parameters) {
+    if (parameter.name == "tp") parameter.meaning += " in deep water; shallow water shortens it";
+  }
   parameters.push_back(depth);
   sea.parameters = with_limits(parameters);
   sea.computed = {factor_for_height(), positive("tau", "s", "2 pi sqrt(depth/g)")};
