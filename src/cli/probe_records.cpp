@@ -62,7 +62,7 @@ class Reader {
 
   std::string contents() const {
     try {
-      return Jobs::read_file(records_.file);
+      return Jobs::read_file(records_.file, Jobs::largest_record);
     } catch (const std::string& fault) {
       throw records_.file + " " + fault;
     }

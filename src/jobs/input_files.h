@@ -20,6 +20,8 @@ std::string opened_path(const Job& job, const std::string& given);
 // The folder that a given path is looked for in, for messages.
 std::string folder_of(const Job& job, const std::string& given);
 
+inline constexpr std::uintmax_t largest_record = 1024;  // MiB, of a CSV file
+
 // The contents of a regular file of at most so many MiB. Throws std::string that says what is wrong
 // with it, such as "does not exist", to be put after the path.
 std::string read_file(const std::string& path, std::uintmax_t most_mib);

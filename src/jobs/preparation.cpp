@@ -14,7 +14,6 @@
 namespace Jobs {
 namespace {
 
-constexpr std::uintmax_t largest_record = 1024;  // MiB
 
 // Comments begin with their severity. "Poor match" says less than the values themselves.
 std::string comment_text(std::string comment) {
