@@ -11,6 +11,9 @@
 #include "cli/commands.h"
 #include "cli/templates.h"
 #include "facade/facade.h"
+#include "jobs/drive_signals.h"
+#include "jobs/judgement.h"
+#include "jobs/run.h"
 #include "support/output.h"
 #include "support/temp_dir.h"
 #include "text_console.h"
@@ -117,6 +120,39 @@ TEST_F(New, WritesTheSitesOfTheExamplesWithoutIncludes) {
     EXPECT_EQ(checksum_of(path), checksum_of(TEST_ROOT "/../examples/" + kind + ".site"));
     EXPECT_EQ(dir.contents(kind + ".site").find("include"), std::string::npos);
   }
+}
+
+// The findings of a job that need a look.
+std::vector<std::string> looks_of(const std::string& job) {
+  Jobs::Diagnostics faults;
+  const auto run = Jobs::prepare(Jobs::read_job(job, {}, faults), faults);
+  Jobs::build(*run);
+  const Jobs::DriveSignals drive(*run);
+  std::vector<std::string> looks;
+  for (const Jobs::Finding& finding : Jobs::judge(*run, &drive).findings) {
+    if (finding.verdict == Jobs::Verdict::look) looks.push_back(finding.key);
+  }
+  return looks;
+}
+
+// The comment of the record says that it has too few waves for statistics.
+TEST_F(New, WritesJobsThatACheckFindsGood) {
+  for (const Cli::Template& job : Cli::job_templates()) {
+    ASSERT_EQ(make(job.name), 0);
+    const std::vector<std::string> expected = job.name == "record"
+                                                  ? std::vector<std::string>{"waves_per_run"}
+                                                  : std::vector<std::string>{};
+    EXPECT_EQ(looks_of(dir.file(job.name + ".toml")), expected) << job.name;
+  }
+}
+
+TEST(ExampleJobs, AreFoundGoodByACheck) {
+  std::size_t jobs = 0;
+  for (const auto& entry : fs::directory_iterator(TEST_ROOT "/../examples/jobs")) {
+    EXPECT_EQ(looks_of(entry.path().string()), std::vector<std::string>()) << entry.path();
+    ++jobs;
+  }
+  EXPECT_EQ(jobs, 4U);
 }
 
 TEST(NewTemplates, FitATerminal) {

@@ -117,7 +117,7 @@ TEST_F(ReadProbeRecords, RefusesWhatItCannotUse) {
       {two("time [s],x=far [mm],b [mm]"),
        "r.csv: the position of probe 1: \"far\" is not a number"},
       {"time [s],a [mm]\n0,1\n0.1,2\n0.2,3\n0.4,4\n",
-       "r.csv:3: the times are not evenly spaced; if they are only rounded, give the rate, as in "
+       "r.csv:5: the times are not evenly spaced; if they are only rounded, give the rate, as in "
        "--rate \"50 Hz\""},
       {"time [s],a [mm]\n0,1\n0.1,1\n0.2,1\n", "r.csv: the record of a is constant"},
       {"time [s]\n0\n0.1\n", "r.csv: there is no column besides the time"},
