@@ -19,25 +19,24 @@ inline std::string quick_job(const std::string& repeat = "32 s") {
 )";
 }
 
-// A sea of many fronts over a fine grid: minutes of work.
+// A fan of many directions over a grid: many seconds of work in little memory.
 inline std::string slow_job() {
   return "site = \"" + example("basin.site") + R"("
 [run]
-repeat = "2048 s"
+repeat = "512 s"
 [[sea]]
   [[sea.wave]]
   kind = "jonswap"
   hs = "60 mm"
   tp = "1.6 s"
   [[sea.change]]
-  kind = "cos2s"
-  s = "10"
-  angle = "0 deg"
-  seed = 7
+  kind = "AngleSweep"
+  formula = "0 + 1"
+  delta_angle = "0.25 deg"
 [field]
-rate = "64 Hz"
-x = { from = "0 m", to = "30 m", step = "0.1 m" }
-y = { from = "0 m", to = "20 m", step = "0.1 m" }
+rate = "5 Hz"
+x = { from = "0 m", to = "30 m", step = "0.25 m" }
+y = { from = "0 m", to = "20 m", step = "0.25 m" }
 )";
 }
 
