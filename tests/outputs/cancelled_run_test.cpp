@@ -1,0 +1,94 @@
+// A run that is cancelled leaves nothing.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "outputs/folder_listing.h"
+#include "outputs/made_run.h"
+#include "support/temp_dir.h"
+
+namespace Outputs {
+namespace {
+
+// Where each step first reports, in order.
+std::vector<int> first_reports(Testing::MadeRun& made, const Testing::TempDir& dir,
+                               std::vector<std::string>& steps) {
+  std::vector<int> reports;
+  int count = 0;
+  OutputFolder folder(dir.file("x.out"));
+  write_run(*made.run, *made.drive, made.judgement, folder,
+            [&](const std::string& step, double done) {
+              EXPECT_GE(done, 0.0);
+              EXPECT_LE(done, 1.0);
+              if (steps.empty() || steps.back() != step) {
+                steps.push_back(step);
+                reports.push_back(count);
+              }
+              ++count;
+              return true;
+            });
+  reports.push_back(count - 1);
+  return reports;
+}
+
+TEST(CancelledRun, LeavesNothingInAnyStep) {
+  const Testing::TempDir dir;
+  Testing::MadeRun made(dir.write("storm.toml", Testing::basin_job()));
+  std::vector<std::string> steps;
+  const std::vector<int> reports = first_reports(made, dir, steps);
+  EXPECT_EQ(steps,
+            (std::vector<std::string>{"drive_1.csv", "drive.nc", "points", "field", "field.nc"}));
+  for (const int report : reports) {
+    int count = 0;
+    const auto cancel = [&](const std::string&, double) {
+      return count++ != report + (report % 2);
+    };
+    bool cancelled = false;
+    try {
+      OutputFolder folder(dir.file("x.out"));
+      write_run(*made.run, *made.drive, made.judgement, folder, cancel);
+    } catch (const Cancelled&) {
+      cancelled = true;
+    }
+    EXPECT_EQ(cancelled, report + (report % 2) <= reports.back()) << report;
+    EXPECT_EQ(made.run->experiment.animate_size(made.run->definition), 0u);
+    EXPECT_EQ(Testing::listing(dir.path()).size(), 1u) << report;
+  }
+}
+
+TEST(RefusedRun, LeavesNothingWhenTheLibraryRefusesAPoint) {
+  const Testing::TempDir dir;
+  Testing::MadeRun made(
+      dir.write("storm.toml",
+                Testing::regular_job("[[point]]\nname = \"far\"\nx = \"99 m\"\ny = \"0 m\"\n")));
+  std::string fault;
+  try {
+    made.write(dir.file("x.out"));
+  } catch (const Jobs::BadJob& bad) {
+    fault = bad.faults.at(0).fault;
+    EXPECT_EQ(bad.faults.at(0).span.line, 12u);
+  }
+  EXPECT_EQ(fault, "point \"far\": Value x=99 is outside dimensions of tank");
+  EXPECT_EQ(Testing::listing(dir.path()).size(), 1u);
+}
+
+TEST(RefusedRun, LeavesNothingWhenTheLibraryRefusesTheField) {
+  const Testing::TempDir dir;
+  Testing::MadeRun made(
+      dir.write("storm.toml",
+                Testing::regular_job("[field]\nrate = \"5 Hz\"\n"
+                                     "x = { from = \"0 m\", to = \"99 m\", step = \"1 m\" }\n"
+                                     "y = { from = \"0 m\", to = \"1 m\", step = \"1 m\" }\n")));
+  std::string fault;
+  try {
+    made.write(dir.file("x.out"));
+  } catch (const Jobs::BadJob& bad) {
+    fault = bad.faults.at(0).fault;
+  }
+  EXPECT_EQ(fault, "field: Value x=26 is outside dimensions of tank");
+  EXPECT_EQ(Testing::listing(dir.path()).size(), 1u);
+}
+
+}  // namespace
+}  // namespace Outputs
