@@ -13,7 +13,7 @@ namespace Cli {
 struct TableStyle {
   bool colour = false;
   bool verbose = false;  // also shows the minor findings
-  unsigned width = 100;  // columns of the terminal; 0 does not wrap
+  unsigned width = 0;    // columns of the terminal; 0 does not wrap
 };
 
 // Two lines about the site and the run, once the run is built:

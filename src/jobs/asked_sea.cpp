@@ -15,15 +15,6 @@ namespace {
 // A list of so many fronts is a random sea rather than a few waves.
 constexpr std::size_t many_lines = 30;
 
-// A formula may fail at a frequency at which the run does not use it.
-double value_or_nan(const std::function<double(double)>& function, double f) {
-  try {
-    return function(f);
-  } catch (...) {
-    return std::numeric_limits<double>::quiet_NaN();
-  }
-}
-
 double factor(const BuiltSea& sea, const Carried& carried, double f) {
   const double gain = sea.gain ? value_or_nan(sea.gain, f) : 1.0;
   return gain * gain * (carried ? value_or_nan(carried, f) : 1.0);
@@ -44,6 +35,14 @@ bool still(const AskedWave& wave) {
 }
 
 }  // namespace
+
+double value_or_nan(const std::function<double(double)>& function, double frequency) {
+  try {
+    return function(frequency);
+  } catch (...) {
+    return std::numeric_limits<double>::quiet_NaN();
+  }
+}
 
 SeaChanges changes_of(const Sea& sea) {
   SeaChanges changes;

@@ -48,6 +48,9 @@ struct AskedSea {
   Moments moments(double from, double to) const;
 };
 
+// NaN where the function throws: a formula may fail at a frequency that the run does not use.
+double value_or_nan(const std::function<double(double)>& function, double frequency);
+
 // The ratio of the variance at the reference point to that at a sea's position, for a frequency in
 // Hz; empty for 1.
 using Carried = std::function<double(double)>;

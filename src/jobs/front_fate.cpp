@@ -63,12 +63,11 @@ bool oblique(const WavePath& path, double angle) {
 // Carries the fronts of one sea, harmonic by harmonic.
 class Way {
  public:
-  Way(const WavePath& path, const Maths::Position& position, FrontFates& fates,
-      const AskedMoment& asked)
+  Way(const WavePath& path, const Maths::Position& position, FrontFates& fates, const LawAt& law)
       : path_(path),
         position_(position),
         fates_(fates),
-        asked_(asked),
+        law_(law),
         plain_(path.tank, path.run),
         own_(path.tank, path.run),
         reference_(path.tank, path.run) {}
@@ -82,10 +81,12 @@ class Way {
     const double own = front.amp * front.amp / 2.0;
     const double v = own * to_reference_ * to_reference_;
     fates_.asked += v;
-    if (asked_) {
-      fates_.asked_directions.add(moment_, own);
+    if (law_) {
+      fates_.asked_directions.add(moments_.asked, own);
+      fates_.limited_directions.add(moments_.limited, own);
     } else {
       fates_.asked_directions.add(front.angle, own);
+      fates_.limited_directions.add(front.angle, own);
     }
 
     constexpr double rounding = 1e-9;
@@ -126,7 +127,7 @@ class Way {
     const double reference = reference_.shoaling(harmonic, path_.x);
     to_reference_ = reference / own;
     arrive_ = reference_.ladder().front().k / reference_.ladder().back().k;
-    if (asked_) moment_ = asked_(harmonic);
+    if (law_) moments_ = law_(harmonic);
   }
 
   void make(double angle, double v) {
@@ -151,7 +152,7 @@ class Way {
   const WavePath& path_;
   Maths::Position position_;
   FrontFates& fates_;
-  const AskedMoment& asked_;
+  const LawAt& law_;
   Maths::TankRun plain_;        // never builds a ladder
   Maths::TankRun own_;          // to the position of the sea
   Maths::TankRun reference_;    // to the reference point
@@ -160,7 +161,7 @@ class Way {
   double turn_ = 1.0;          // sine at the paddles / sine at the position
   double arrive_ = 1.0;        // sine at the reference point / sine at the paddles
   double to_reference_ = 1.0;  // amplitude at the reference point / amplitude at the position
-  std::complex<double> moment_;
+  LawMoments moments_;
 };
 
 }  // namespace
@@ -214,8 +215,8 @@ FrontFates no_fronts(const WavePath& path) {
 }
 
 void add_fronts(const std::vector<Maths::TransferFront>& fronts, const Maths::Position& position,
-                const WavePath& path, FrontFates& fates, const AskedMoment& asked) {
-  Way way(path, position, fates, asked);
+                const WavePath& path, FrontFates& fates, const LawAt& law) {
+  Way way(path, position, fates, law);
   for (const Maths::TransferFront& front : fronts) way.add(front);
 }
 

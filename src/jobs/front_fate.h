@@ -67,23 +67,29 @@ struct FrontFates {
   std::vector<double> arriving;
   std::vector<double> arriving_squares;
   std::vector<double> made;
-  DirectionStats asked_directions;  // each at the position of its sea
-  DirectionStats made_directions;   // at the reference point
-  double refracted = 0.0;           // what is made, times cos(angle at the paddles) / cos(angle)
-  double oblique = 0.0;             // what is made more than a degree off every normal
+  // Each at the position of its sea: as asked, and as the limits of the law leave them.
+  DirectionStats asked_directions;
+  DirectionStats limited_directions;
+  DirectionStats made_directions;  // at the reference point
+  double refracted = 0.0;          // what is made, times cos(angle at the paddles) / cos(angle)
+  double oblique = 0.0;            // what is made more than a degree off every normal
 
   double made_total() const;
 };
 
 FrontFates no_fronts(const WavePath& path);
 
-// The mean of exp(i direction) that is asked for at a harmonic.
-using AskedMoment = std::function<std::complex<double>(std::uint64_t)>;
+// The mean of exp(i direction) of the law from which a sea draws.
+struct LawMoments {
+  std::complex<double> asked;    // without limits
+  std::complex<double> limited;  // within those of the change
+};
+using LawAt = std::function<LawMoments(std::uint64_t harmonic)>;
 
-// Adds the fronts of a sea. Without an `asked` moment, the directions of the fronts are what is
-// asked for. Throws std::string for a position or a reference point outside the tank.
+// Adds the fronts of a sea. Without a law, the directions of the fronts are what is asked for.
+// Throws std::string for a position or a reference point outside the tank.
 void add_fronts(const std::vector<Maths::TransferFront>& fronts, const Maths::Position& position,
-                const WavePath& path, FrontFates& fates, const AskedMoment& asked = {});
+                const WavePath& path, FrontFates& fates, const LawAt& law = {});
 
 // The wave that the paddles make at a place, by linear theory: the complex amplitude in m of each
 // harmonic from 0. `merged` are the fronts at the paddle line. Fronts with values that are not

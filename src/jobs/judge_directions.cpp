@@ -33,6 +33,14 @@ std::string advice(const JudgedRun& judged) {
   const FrontFates& fates = judged.fates;
   const double lost = fates.turned + fates.outside_limits + fates.evanescent + fates.behind;
   if (lost > Criteria::lost_share * fates.asked) return "oblique waves are lost; see the losses";
+  const DirectionStats& asked = fates.asked_directions;
+  const DirectionStats& limited = fates.limited_directions;
+  constexpr double noted = 1.0;  // deg
+  if (std::fabs(degrees(Maths::wrap_angle(limited.mean() - asked.mean()))) > noted ||
+      std::fabs(degrees(limited.spread() - asked.spread())) > noted) {
+    return fmt::format("the limits of the angle leave a mean of {} and a spread of {}",
+                       show_direction(limited.mean()), show_direction(limited.spread()));
+  }
   if (judged.spread_by_law) return "; a longer repeat scatters less, and so may another seed";
   return "the reference point lies at another depth than the sea";
 }
@@ -74,7 +82,7 @@ void judge_directions(const JudgedRun& judged, Findings& findings) {
   fill(spread, asked.spread(), made.spread());
   if (mirrored) return;
   if (degrees(asked.spread()) < least) return;
-  spread.criterion = "within " + show_share(Criteria::spread);
+  spread.criterion = "within " + show_share(Criteria::spread, Zeros::drop);
   const bool good = std::fabs(made.spread() - asked.spread()) <= Criteria::spread * asked.spread();
   spread.verdict = good ? Verdict::good : Verdict::look;
   if (good) return;
@@ -95,7 +103,7 @@ void judge_crests(const JudgedRun& judged, Findings& findings) {
       finding.remark = "other waves or a gain change it";
       continue;
     }
-    finding.criterion = "within " + show_share(Criteria::height);
+    finding.criterion = "within " + show_share(Criteria::height, Zeros::drop);
     const bool good =
         std::fabs(crest.made - crest.asked) <= Criteria::height * std::fabs(crest.asked);
     finding.verdict = good ? Verdict::good : Verdict::look;

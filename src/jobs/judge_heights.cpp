@@ -40,7 +40,7 @@ double chance_of_phases(const FrontFates& fates) {
 // "within 2 %", or as much as chance allows.
 double tolerance_of(double chance, std::string& criterion) {
   const double tolerance = std::max(Criteria::height, Criteria::chance * chance);
-  criterion = "within " + show_share(tolerance);
+  criterion = "within " + show_share(tolerance, Zeros::drop);
   if (tolerance > Criteria::height) criterion += " (chance)";
   return tolerance;
 }
@@ -109,15 +109,12 @@ void judge_stages(const JudgedRun& judged, const std::vector<Loss>& losses, Find
        !judged.fan && !walls},
   };
   for (const Stage& stage : stages) {
+    if (!known && stage.key == std::string("hs_band")) continue;
     Finding& finding = add_finding(findings, "sea", stage.key, stage.name, "m");
     fill(finding, hm0(stage.asked), hm0(stage.made), 3);
     if (!stage.known) {
       finding.asked.reset();
       finding.asked_text = "";
-      if (stage.key == std::string("hs_band")) {
-        finding.made.reset();
-        finding.made_text = "";
-      }
     }
     finding.minor = !(stage.key == std::string("hs") && main_line);
     if (stage.judged && std::isfinite(stage.made)) {
@@ -173,11 +170,12 @@ void judge_lines(const JudgedRun& judged, const std::vector<Loss>& losses, Findi
     Finding& period = add_finding(findings, "sea", "period" + key, "T" + suffix, "s");
     const double asked_period = moments.m0 / moments.first;
     fill(period, asked_period, judged.repeat / static_cast<double>(harmonic), 3);
-    period.criterion = "within " + show_share(Criteria::period);
+    period.criterion = "within " + show_share(Criteria::period, Zeros::drop);
     const bool good = within(*period.made, asked_period, Criteria::period);
     period.verdict = good ? Verdict::good : Verdict::look;
-    if (!good) {
-      const double whole = std::ceil(judged.repeat / asked_period) * asked_period;
+    constexpr double noted = 1e-3;
+    if (!within(*period.made, asked_period, noted)) {
+      const double whole = std::round(judged.repeat / asked_period) * asked_period;
       period.remark = fmt::format("the nearest harmonic; a repeat of {} fits",
                                   show_quantity(whole, "s", 5, Zeros::drop));
     }

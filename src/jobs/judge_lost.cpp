@@ -88,7 +88,7 @@ void judge_lost(const JudgedRun& judged, const std::vector<Loss>& losses, Findin
     finding.made = loss.share * 100.0;
     finding.made_text =
         fmt::format("{} (Hs {})", show_share(loss.share), show_quantity(hm0(loss.m0), "m", 2));
-    finding.criterion = "at most " + show_share(Criteria::lost_share);
+    finding.criterion = "at most " + show_share(Criteria::lost_share, Zeros::drop);
     const bool good = loss.share <= Criteria::lost_share;
     finding.verdict = good ? Verdict::good : Verdict::look;
     finding.minor = good;

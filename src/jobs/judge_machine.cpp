@@ -14,6 +14,7 @@ namespace {
 
 // One bank, read once.
 struct BankMotionStats {
+  std::uint32_t number = 0;
   const DriveBank* bank = nullptr;
   SignalStats stats;
   std::size_t held = 0;  // samples at the hard stop
@@ -47,6 +48,7 @@ BankMotionStats read_bank(const JudgedRun& judged, std::uint32_t b) {
   const DriveSignals& drive = *judged.drive;
   Run& run = judged.run;
   BankMotionStats motion;
+  motion.number = b;
   motion.bank = &drive.banks()[b];
   const BankLimits& limits = motion.bank->limits;
   std::vector<double> signal(drive.samples());
@@ -96,9 +98,11 @@ class BankFindings {
   }
 
   std::string place(const MotionPeak& peak) const {
-    return fmt::format(
-        "paddle {} at {}", peak.signal + 1,
-        show_quantity(static_cast<double>(peak.sample) / judged_.drive->rate(), "s", 4));
+    Base::Params info;
+    const auto paddle = static_cast<std::uint32_t>(peak.signal);
+    judged_.run.experiment.paddle_info(motion_.number, paddle, info);
+    return fmt::format("paddle {:.0f} at {}", info.read("paddle_num", Base::Category::unit),
+                       show_time(static_cast<double>(peak.sample) / judged_.drive->rate()));
   }
 
   void rms(const std::string& key, const std::string& name, double value,
@@ -227,7 +231,7 @@ void judge_machine(const JudgedRun& judged, Findings& findings) {
   Finding& finding = add_finding(findings, "machine", "ramp_share", "lowered by ramps", "%");
   finding.made = share * 100.0;
   finding.made_text = show_share(share);
-  finding.criterion = "at most " + show_share(Criteria::ramp_share) + " of the run";
+  finding.criterion = "at most " + show_share(Criteria::ramp_share, Zeros::drop) + " of the run";
   const bool good = share <= Criteria::ramp_share;
   finding.verdict = good ? Verdict::good : Verdict::look;
   finding.minor = good;

@@ -32,7 +32,7 @@ void judge_mean(const JudgedRun& judged, const char* key, const char* name,
   }
   if (judged.asked.kind != SeaKind::irregular) return;
   const double in_band = period(judged.band);
-  finding.criterion = "within " + show_share(tolerance);
+  finding.criterion = "within " + show_share(tolerance, Zeros::drop);
   const bool good = std::fabs(made - asked) <= tolerance * asked;
   finding.verdict = good ? Verdict::good : Verdict::look;
   if (!good && std::fabs(made - in_band) <= tolerance * in_band) {
@@ -56,7 +56,7 @@ void judge_peak(const JudgedRun& judged, Findings& findings) {
   fill(finding, 1.0 / asked, 1.0 / made);
   finding.minor = judged.asked.kind == SeaKind::group;
   if (judged.random_amplitudes) {
-    finding.criterion = "within " + show_share(Criteria::random_peak);
+    finding.criterion = "within " + show_share(Criteria::random_peak, Zeros::drop);
     finding.remark = "smoothed, since amplitudes are random";
     const bool good = std::fabs(asked / made - 1.0) <= Criteria::random_peak;
     finding.verdict = good ? Verdict::good : Verdict::look;

@@ -113,8 +113,12 @@ void judge_steepness(const JudgedRun& judged, Findings& findings) {
   if (!std::isfinite(k) || !(judged.depth > 0.0)) return;
   const bool regular = judged.asked.kind == SeaKind::regular;
   const double m0 = judged.made_moments.m0;
-  const double height = regular ? std::sqrt(8.0 * m0) : hm0(m0);
-  if (judged.asked.kind != SeaKind::group) judge_significant(judged, height, f, k, findings);
+  double height = regular ? std::sqrt(8.0 * m0) : hm0(m0);
+  if (judged.asked.kind != SeaKind::group) {
+    judge_significant(judged, height, f, k, findings);
+  } else if (judged.highest) {
+    height = judged.highest->height;
+  }
   if (judged.highest) judge_highest(judged, findings);
   judge_depth(judged, height, f, k, findings);
 }

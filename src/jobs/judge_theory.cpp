@@ -18,45 +18,43 @@ std::string suffix(const JudgedRun& judged, std::size_t bank) {
   return judged.path.banks.size() > 1 ? ", " + bank_name(judged, bank) : "";
 }
 
-// The highest harmonic that carries more than a trace of the waves.
+// The frequency above which only a trace of the waves lies.
 double highest_frequency(const JudgedRun& judged) {
-  constexpr double trace = 1e-4;
+  constexpr double trace = 0.01;  // of the variance
+  double sum = 0.0;
   for (std::size_t h = judged.made.size(); h-- > 1;) {
-    if (judged.made[h] > trace * judged.made_moments.m0) {
-      return static_cast<double>(h) / judged.repeat;
-    }
+    sum += judged.made[h];
+    if (sum > trace * judged.made_moments.m0) return static_cast<double>(h) / judged.repeat;
   }
   return NAN;
 }
 
 void judge_widths(const JudgedRun& judged, Findings& findings) {
-  const double length =
-      wave_length(highest_frequency(judged), judged.path.tank.paddle_depth, judged.g);
+  const double depth = judged.path.tank.paddle_depth;
+  const double length = wave_length(highest_frequency(judged), depth, judged.g);
   if (!std::isfinite(length)) return;
-  const bool oblique = judged.fates.oblique > 0.0;
   for (std::size_t b = 0; b < judged.path.banks.size(); ++b) {
     const double width = judged.path.banks[b].width;
     if (!(width > 0.0)) continue;
-    const double widths = length / width;
-    Finding& finding = add_finding(findings, "waves", "paddle_width." + bank_name(judged, b),
-                                   "paddle widths in the shortest wave" + suffix(judged, b), "1");
-    finding.made = widths;
-    finding.made_text = show_number(widths, 2);
+    Finding& finding = add_finding(findings, "waves", "shortest_wave." + bank_name(judged, b),
+                                   "shortest wave" + suffix(judged, b), "m");
+    finding.made = length;
+    finding.made_text = show_quantity(length, "m", 2);
     finding.minor = true;
-    if (!oblique) {
+    if (!(judged.fates.oblique > 0.0)) {
       finding.remark = "all waves run along the paddles' normals";
       continue;
     }
-    finding.criterion = "at least " + show_number(Criteria::widths_per_wave, 2, Zeros::drop);
-    const bool good = widths >= Criteria::widths_per_wave;
+    finding.criterion = "2 paddles of " + show_quantity(width, "m", 2);
+    const double withheld = judged.fates.withheld[b] / judged.fates.asked;
+    const bool wide = length >= Criteria::widths_per_wave * width;
+    const bool good = wide || withheld <= Criteria::lost_share;
     finding.verdict = good ? Verdict::good : Verdict::look;
-    if (!good) {
-      const double k = Base::Pi / width;
-      const double f =
-          std::sqrt(judged.g * k * std::tanh(k * judged.path.tank.paddle_depth)) / Base::TwoPi;
-      finding.remark =
-          fmt::format("above {}, not all directions can be made", show_quantity(f, "Hz", 3));
-    }
+    if (wide) continue;
+    const double k = Base::Pi / width;
+    const double f = std::sqrt(judged.g * k * std::tanh(k * depth)) / Base::TwoPi;
+    finding.remark = fmt::format("above {}, waves far off the normal are withheld: {}",
+                                 show_quantity(f, "Hz", 3), show_share(withheld));
   }
 }
 
@@ -71,7 +69,7 @@ void judge_refraction(const JudgedRun& judged, Findings& findings) {
       add_finding(findings, "waves", "refraction", "oblique waves over the slope", "%");
   finding.made = error * 100.0;
   finding.made_text = (error > 0.0 ? "+" : "") + show_share(error);
-  finding.criterion = "within " + show_share(Criteria::theory);
+  finding.criterion = "within " + show_share(Criteria::theory, Zeros::drop);
   const bool good = std::fabs(error) <= Criteria::theory;
   finding.verdict = good ? Verdict::good : Verdict::look;
   finding.minor = good;
@@ -103,7 +101,7 @@ void judge_edge(const JudgedRun& judged, std::size_t b, double f, Findings& find
                   (flap ? "hinge below the bed" : "foot below the bed") + suffix(judged, b), "%");
   finding.made = -low * 100.0;
   finding.made_text = "-" + show_share(low);
-  finding.criterion = "within " + show_share(Criteria::theory);
+  finding.criterion = "within " + show_share(Criteria::theory, Zeros::drop);
   const bool good = low <= Criteria::theory;
   finding.verdict = good ? Verdict::good : Verdict::look;
   finding.minor = good;

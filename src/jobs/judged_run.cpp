@@ -77,19 +77,30 @@ void ask(JudgedRun& judged) {
   judged.peak = density_peak(asked.density, asked.low, std::min(to, asked.high), hints);
 }
 
+// Most laws have one power for all frequencies, so moments are computed again only where it
+// changes.
+LawAt law_at(const SpreadLaw& law, double repeat) {
+  return [law, repeat, last = NAN, moments = LawMoments()](std::uint64_t harmonic) mutable {
+    const double s = value_or_nan(law.power, static_cast<double>(harmonic) / repeat);
+    if (s != last) {
+      moments = {first_moment(without_limits(law), s), first_moment(law, s)};
+      last = s;
+    }
+    return moments;
+  };
+}
+
 void follow_fronts(JudgedRun& judged) {
   Run& run = judged.run;
   judged.fates = no_fronts(judged.path);
   for (std::uint32_t s = 0; s < run.experiment.run_size(run.definition); ++s) {
-    AskedMoment moment;
+    LawAt law;
     if (s < run.seas.size() && run.seas[s].spread) {
       judged.spread_by_law = true;
-      moment = [law = *run.seas[s].spread, repeat = judged.repeat](std::uint64_t harmonic) {
-        return first_moment(law, static_cast<double>(harmonic) / repeat);
-      };
+      law = law_at(*run.seas[s].spread, judged.repeat);
     }
     add_fronts(run.experiment.fronts(run.definition, s), run.experiment.position(run.definition, s),
-               judged.path, judged.fates, moment);
+               judged.path, judged.fates, law);
   }
   judged.made = judged.fates.made;
   if (judged.fan) {

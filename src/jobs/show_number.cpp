@@ -47,6 +47,7 @@ std::string show_number(double value, int digits, Zeros zeros) {
 std::string show_quantity(double value, const std::string& units, int digits, Zeros zeros) {
   if (units == "1" || units.empty()) return show_number(value, digits, zeros);
   const bool small = value != 0.0 && std::isfinite(value) && exponent_of(value, digits) < 0;
+  if (small && units == "m2") return show_number(value * 1e6, digits, zeros) + " mm2";
   if (small && takes_milli(units)) return show_number(value * 1e3, digits, zeros) + " m" + units;
   return show_number(value, digits, zeros) + " " + units;
 }
@@ -57,11 +58,16 @@ std::string show_direction(double radians) {
   return text == "-0.0 deg" ? "0.0 deg" : text;
 }
 
-std::string show_share(double share) {
+std::string show_time(double seconds) {
+  if (!std::isfinite(seconds)) return show_number(seconds, 3) + " s";
+  return fmt::format("{:.{}f} s", seconds, std::fabs(seconds) < 10.0 ? 2 : 1);
+}
+
+std::string show_share(double share, Zeros zeros) {
   const double percent = share * 100.0;
   if (!std::isfinite(percent)) return show_number(percent, 2) + " %";
   if (std::fabs(percent) >= 9.95) return fmt::format("{:.0f} %", percent);
-  return show_number(percent, std::fabs(percent) < 1.0 ? 1 : 2) + " %";
+  return show_number(percent, std::fabs(percent) < 1.0 ? 1 : 2, zeros) + " %";
 }
 
 }  // namespace Jobs

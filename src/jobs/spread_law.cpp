@@ -3,10 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/constants.h"
+
 namespace Jobs {
 
-std::complex<double> first_moment(const SpreadLaw& law, double frequency) {
-  const double s = law.power(frequency);
+SpreadLaw without_limits(SpreadLaw law) {
+  law.below = law.above = law.half_angle ? Base::Pi : Base::Pi / 2.0;
+  return law;
+}
+
+std::complex<double> first_moment(const SpreadLaw& law, double s) {
   if (!(s >= 0.0) || !std::isfinite(s)) return {NAN, NAN};
   const double power = law.half_angle ? 2.0 * s : s;
   const double scale = law.half_angle ? 0.5 : 1.0;
@@ -14,7 +20,7 @@ std::complex<double> first_moment(const SpreadLaw& law, double frequency) {
   const double reach = 10.0 / (scale * std::sqrt(std::max(power, 1e-6)));
   const double from = -std::min(law.below, reach);
   const double to = std::min(law.above, reach);
-  constexpr int pieces = 400;
+  constexpr int pieces = 128;
   const double step = (to - from) / pieces;
   double sum = 0.0;
   std::complex<double> weighted;

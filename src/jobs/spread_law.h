@@ -12,12 +12,15 @@ struct SpreadLaw {
   std::function<double(double)> power;  // s at a frequency in Hz
   bool half_angle = false;              // Cos2S
   double mean = 0.0;
-  double below = 0.0;  // how far it reaches on either side of the mean, at least 0
+  double below = 0.0;  // how far limits let it reach on either side of the mean, at least 0
   double above = 0.0;
 };
 
-// The mean of exp(i direction). NaN for a power that is not finite or below 0.
-std::complex<double> first_moment(const SpreadLaw& law, double frequency);
+// The same law without limits.
+SpreadLaw without_limits(SpreadLaw law);
+
+// The mean of exp(i direction) for a value of s. NaN for one that is not finite or below 0.
+std::complex<double> first_moment(const SpreadLaw& law, double s);
 
 }  // namespace Jobs
 
