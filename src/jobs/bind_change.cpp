@@ -6,6 +6,7 @@
 #include "jobs/bind_parameters.h"
 #include "jobs/change_kinds.h"
 #include "jobs/fallbacks.h"
+#include "maths/angle.h"
 
 namespace Jobs {
 namespace {
@@ -89,10 +90,22 @@ bool add_fixed(Preparation& p, const Change& change, const Declared& declared,
   return p.faults.size() == before;
 }
 
-}  // namespace
+// The library refuses such a mean too, without naming it.
+bool is_between_limits(Preparation& p, const Change& change, const Base::Params& params) {
+  const double mean = Maths::wrap_angle(params.read("angle", Category::angle));
+  const double low = Maths::wrap_angle(params.read("min_angle", Category::angle));
+  const double high = Maths::wrap_angle(params.read("max_angle", Category::angle));
+  const bool through_pi = high <= low;
+  if (through_pi || (mean >= low && mean <= high)) return true;
+  const double degree = Base::Pi / 180.0;
+  p.faults.push_back(
+      {fmt::format("`angle` is not between {:.6g} and {:.6g} deg", low / degree, high / degree),
+       span_of(change.part, "angle"), "the limits of the site, or `min_angle` and `max_angle`"});
+  return false;
+}
 
-std::optional<Base::Params> bind_change(Preparation& p, const Change& change,
-                                        Synthesis::Modifier& modifier, const ReadyChange* ready) {
+std::optional<Base::Params> bind_declared(Preparation& p, const Change& change,
+                                          Synthesis::Modifier& modifier, const ReadyChange* ready) {
   Declared declared;
   if (!in_library(p, change.formula_span, "",
                   [&] { declared = declared_by(p, change, modifier, ready); })) {
@@ -108,6 +121,16 @@ std::optional<Base::Params> bind_change(Preparation& p, const Change& change,
     return std::nullopt;
   }
   if (!add_fixed(p, change, declared, *ready, *params)) return std::nullopt;
+  return params;
+}
+
+}  // namespace
+
+std::optional<Base::Params> bind_change(Preparation& p, const Change& change,
+                                        Synthesis::Modifier& modifier, const ReadyChange* ready) {
+  auto params = bind_declared(p, change, modifier, ready);
+  const bool is_spread = change.modifier == "AngleSpread";
+  if (params && is_spread && !is_between_limits(p, change, *params)) return std::nullopt;
   return params;
 }
 

@@ -14,8 +14,15 @@
 namespace Jobs {
 namespace {
 
-[[noreturn]] void refuse(const std::string& fault, const Span& place) {
-  throw BadJob{{{fault, place, ""}}};
+[[noreturn]] void refuse(const std::string& fault, const Span& place,
+                         const std::string& label = "") {
+  throw BadJob{{{fault, place, label}}};
+}
+
+// What may mend it.
+std::string hint_for(const std::string& message) {
+  if (message != "Unmatched zero crossings") return "";
+  return "a signal jumps from beyond one limit to beyond the other: a lower wave or a higher rate";
 }
 
 // Calls an operation of the library with its lines in the log.
@@ -32,7 +39,8 @@ void run_library(Run& run, const Operation& operation) {
     run.log += lines.progress() + lines.faults();
   }
   if (!message.empty()) {
-    refuse("the drive signals cannot be built: " + message, span_of(run.job.drive, "rate"));
+    refuse("the drive signals cannot be built: " + message, span_of(run.job.drive, "rate"),
+           hint_for(message));
   }
 }
 

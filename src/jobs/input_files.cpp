@@ -64,13 +64,14 @@ void replace_all(std::string& text, const std::string& from, const std::string& 
 }  // namespace
 
 std::string opened_path(const Job& job, const std::string& given) {
-  if (job.folder.empty() || fs::path(given).is_absolute()) return given;
+  const bool is_here = job.folder.empty() || job.folder == ".";
+  if (is_here || fs::path(given).is_absolute()) return given;
   return (fs::path(job.folder) / given).string();
 }
 
-std::string folder_of(const Job& job, const std::string& given) {
+std::string searched_folder(const Job& job, const std::string& given) {
   const std::string folder = fs::path(opened_path(job, given)).parent_path().string();
-  return folder.empty() || folder == "." ? "the current folder" : "the folder " + folder;
+  return "looked for in the " + (folder.empty() ? "current folder" : "folder " + folder);
 }
 
 std::string read_file(const std::string& path, std::uintmax_t most_mib) {

@@ -17,8 +17,8 @@ namespace Jobs {
 // A path that the job gives, as it is opened: relative to the job's folder.
 std::string opened_path(const Job& job, const std::string& given);
 
-// The folder that a given path is looked for in, for messages.
-std::string folder_of(const Job& job, const std::string& given);
+// "looked for in the folder sites", for a path that leads nowhere.
+std::string searched_folder(const Job& job, const std::string& given);
 
 inline constexpr std::uintmax_t largest_record = 1024;  // MiB, of a CSV file
 

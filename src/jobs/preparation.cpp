@@ -102,6 +102,13 @@ std::string title_in_sea(const Part& part, const std::string& sea) {
   return part.title + " of " + sea;
 }
 
+void add_unreadable(Preparation& p, const std::string& what, const std::string& given,
+                    const std::string& problem, const Span& place) {
+  const bool missing = problem == "does not exist";
+  p.faults.push_back({fmt::format("the {} `{}` {}", what, given, problem), place,
+                      missing ? searched_folder(p.run.job, given) : ""});
+}
+
 std::optional<std::size_t> read_part_file(Preparation& p, const Part& part) {
   const Value* file = part.parameters.find("file");
   if (file == nullptr) {
@@ -119,8 +126,7 @@ std::optional<std::size_t> read_part_file(Preparation& p, const Part& part) {
     p.run.inputs.push_back({path, "", read_file(path, largest_record)});
     return p.run.inputs.size() - 1;
   } catch (const std::string& problem) {
-    p.faults.push_back({fmt::format("the file `{}` {}", file->text, problem), file->span,
-                        "looked for in " + folder_of(p.run.job, file->text)});
+    add_unreadable(p, "file", file->text, problem, file->span);
     return std::nullopt;
   }
 }

@@ -46,6 +46,10 @@ void add_refusal(Preparation& p, const Part& part, const std::string& message);
 // "a `jonswap` wave of storm", for remarks and messages outside the job's text.
 std::string title_in_sea(const Part& part, const std::string& sea);
 
+// Adds the fault of a file that cannot be read: "the site `x.site` does not exist".
+void add_unreadable(Preparation& p, const std::string& what, const std::string& given,
+                    const std::string& problem, const Span& place);
+
 // Reads a file that a part names with the key `file`, once, into the run's inputs. Adds a fault and
 // returns nothing if it is missing or cannot be read.
 std::optional<std::size_t> read_part_file(Preparation& p, const Part& part);

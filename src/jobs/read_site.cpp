@@ -42,8 +42,7 @@ bool is_readable(Preparation& p, const std::string& path) {
     read_file(path, largest_script);
     return true;
   } catch (const std::string& problem) {
-    p.faults.push_back({fmt::format("the site `{}` {}", job.site, problem), job.site_span,
-                        "looked for in " + folder_of(job, job.site)});
+    add_unreadable(p, "site", job.site, problem, job.site_span);
     return false;
   }
 }

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "jobs/add_change.h"
@@ -22,19 +24,30 @@ namespace {
 
 namespace Category = Base::Category;
 
-// The library counts the samples of a repeat at the base rate in 32 bits. A longer repeat would
-// become a short one.
-bool is_usable_repeat(Preparation& p, const Base::Params& params) {
-  const double repeat = params.read("repeat", Category::time);
-  const double rate = p.run.experiment.context().get(Common::Limit::base_rate);
+// What is wrong with a repeat time in s, if anything.
+std::string fault_of_repeat(const Common::Context& site, double repeat) {
+  if (!(repeat > 0.0)) return "`repeat` must be above 0";
+  // The library counts the samples of a repeat in 32 bits. A longer one would become a short one.
+  const double rate = site.get(Common::Limit::base_rate);
   constexpr double most_samples = 4294967295.0;
-  if (repeat > 0.0 && repeat * rate < most_samples) return true;
+  if (repeat * rate >= most_samples) {
+    return fmt::format("`repeat` must be below {:.4g} s on this site", most_samples / rate);
+  }
+  const double low = site.get(Common::Limit::min_freq);
+  const double high = site.get(Common::Limit::max_freq);
+  const double whole = std::floor(repeat * rate + 0.5) / rate;
+  if (std::floor(whole * high + 0.5) < std::max(1.0, std::floor(whole * low + 0.5))) {
+    return fmt::format("`repeat` is too short for any harmonic between {:g} and {:g} Hz", low,
+                       high);
+  }
+  return "";
+}
+
+bool is_usable_repeat(Preparation& p, const Base::Params& params) {
   const std::string fault =
-      repeat > 0.0
-          ? fmt::format("`repeat` must be below {:.4g} s on this site", most_samples / rate)
-          : "`repeat` must be above 0";
-  p.faults.push_back({fault, span_of(p.run.job.run, "repeat"), ""});
-  return false;
+      fault_of_repeat(p.run.experiment.context(), params.read("repeat", Category::time));
+  if (!fault.empty()) p.faults.push_back({fault, span_of(p.run.job.run, "repeat"), ""});
+  return fault.empty();
 }
 
 void remark_on_merge_seed(Preparation& p) {

@@ -149,6 +149,14 @@ TEST(Changes, RemarksWhenAStatedLimitMoves) {
                                                    "became 1.570696327 rad"});
 }
 
+TEST(Changes, RefusesAMeanDirectionBeyondTheLimits) {
+  const std::string spread = "kind = \"cos2s\"\ns = 10\nangle = \"75 deg\"\n";
+  EXPECT_EQ(JobFolder().refusal(basin_job(band + change(spread))),
+            "11: `angle` is not between -60 and 60 deg "
+            "(the limits of the site, or `min_angle` and `max_angle`)\n");
+  EXPECT_EQ(JobFolder().refusal(basin_job(band + change(spread + "max_angle = \"80 deg\""))), "");
+}
+
 TEST(Changes, ReportsABadGainOnce) {
   EXPECT_EQ(JobFolder().refusal(
                 flume_job(band + change("kind = \"GainAdjust\"\nformula = \"1#1@Hz#2#0.5@Hz#3\""))),

@@ -135,7 +135,7 @@ TEST(Run, AddsTheMessagesOfTheBuildToTheRemarks) {
 
 TEST(Run, RefusesARepeatThatIsTooShort) {
   EXPECT_EQ(JobFolder().refusal(flume_job(one_wave, "0.1 s")),
-            "2: [run]: max harmonic is less than min harmonic\n");
+            "3: `repeat` is too short for any harmonic between 0.1 and 2 Hz\n");
 }
 
 TEST(Run, RefusesARepeatThatIsNoTime) {
