@@ -13,7 +13,9 @@ namespace Cli {
 struct Completes {
   enum class Kind { nothing, files, folders, words };
   Kind kind = Kind::nothing;
-  std::string_view what;  // the ending of files, "toml", or the words: "bash zsh"
+  // The ending of files, "toml"; or the words, "bash zsh". "@commands", "@seas", "@jobs" and
+  // "@sites" stand for the names that there are.
+  std::string_view what;
 };
 
 struct OptionText {

@@ -1,7 +1,11 @@
 #include "cli/completion.h"
 
+#include <fmt/format.h>
+
 #include "cli/command_table.h"
 #include "cli/options.h"
+#include "cli/sea_page.h"
+#include "cli/templates.h"
 
 namespace Cli {
 
@@ -13,12 +17,20 @@ std::string completion_script(const std::string& shell) {
 }
 
 std::string words_of(const Completes& completes) {
-  if (completes.what != "@commands") return std::string(completes.what);
-  std::string words;
-  for (const CommandText& command : commands()) {
-    words += (words.empty() ? "" : " ") + std::string(command.name);
+  std::vector<std::string> words;
+  if (completes.what == "@commands") {
+    words = command_names();
+  } else if (completes.what == "@seas") {
+    for (const SeaPage& page : sea_pages()) words.push_back(page.name);
+  } else if (completes.what == "@jobs") {
+    for (const Template& each : job_templates()) words.push_back(each.name);
+    words.emplace_back("site");
+  } else if (completes.what == "@sites") {
+    for (const Template& each : site_templates()) words.push_back(each.name);
+  } else {
+    return std::string(completes.what);
   }
-  return words;
+  return fmt::format("{}", fmt::join(words, " "));
 }
 
 }  // namespace Cli

@@ -10,12 +10,16 @@ CommandText new_text() {
           {{"kelpbox new", "lists the jobs and sites"},
            {"kelpbox new jonswap", "writes jonswap.toml"},
            {"kelpbox new site flume --to my.site", "writes a site script"}},
-          {{"NAME", "The task; or site, followed by its kind.", {}, false},
-           {"KIND", "After site: the kind of tank.", {}, false}},
+          {{"NAME",
+            "The task; or site, followed by its kind.",
+            {Completes::Kind::words, "@jobs"},
+            false},
+           {"KIND", "After site: the kind of tank.", {Completes::Kind::words, "@sites"}, false}},
           {{"--to",
             "",
             "FILE",
-            "The file to write. Without it, <name>.toml or <kind>.site in the current folder.",
+            "The file to write, or a folder; - for standard output. Without it, <name>.toml or "
+            "<kind>.site in the current folder.",
             {Completes::Kind::files, ""}},
            {"--force", "-f", "", "Replace a file that is already there."}}};
 }
@@ -26,7 +30,7 @@ CommandText seas_text() {
           "Lists the seas that a job can name, or shows the formula, the parameters and the source "
           "of one.",
           {{"kelpbox seas", "lists them"}, {"kelpbox seas jonswap", "describes one"}},
-          {{"NAME", "The sea to describe.", {}, false}},
+          {{"NAME", "The sea to describe.", {Completes::Kind::words, "@seas"}, false}},
           {}};
 }
 

@@ -66,6 +66,9 @@ TEST_F(Completion, OffersFilesOfTheRightKind) {
   EXPECT_EQ(offered("run -o ''"), "folder\n");
   EXPECT_EQ(offered("run --set s"), "\n");
   EXPECT_EQ(offered("completion ''"), "bash|zsh\n");
+  EXPECT_EQ(offered("seas jon"), "jonswap\n");
+  EXPECT_EQ(offered("new jon"), "jonswap\n");
+  EXPECT_EQ(offered("new site fl"), "flume\n");
 }
 
 TEST_F(Completion, IsRegisteredWithBash) {
