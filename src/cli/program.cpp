@@ -1,5 +1,6 @@
 #include "cli/program.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -110,6 +111,16 @@ int run_words(const std::vector<std::string>& words, Console& console) {
   }
 }
 
+// A standard stream that was closed is opened so that it cannot be used. Otherwise the next file
+// that is opened would take its number, and get what is written to the stream.
+void occupy_standard_descriptors() {
+  for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(fd, F_GETFD) != -1) continue;
+    const int opened = open("/dev/null", fd == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    static_cast<void>(opened);
+  }
+}
+
 // Ends as a program does that never heard of a closed pipe.
 void end_by_closed_pipe() {
   signal(SIGPIPE, SIG_DFL);
@@ -119,6 +130,7 @@ void end_by_closed_pipe() {
 }  // namespace
 
 int run_program(const std::vector<std::string>& words) {
+  occupy_standard_descriptors();
   // A write to a closed pipe then fails, and running jobs can be ended before the process ends.
   signal(SIGPIPE, SIG_IGN);
   FdStream out(STDOUT_FILENO);

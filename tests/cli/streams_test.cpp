@@ -131,6 +131,24 @@ TEST_F(Streams, LeaveFinishedResultsWhenNobodyReads) {
   EXPECT_TRUE(std::filesystem::is_directory(folder_.file("good.out")));
 }
 
+TEST_F(Streams, EndFurtherJobsWhenNobodyReads) {
+  folder_.write("slow.toml", Testing::slow_job());
+  setting_.output = Output::closed_pipe;
+  EXPECT_EQ(run_program({"run", "good.toml", "slow.toml"}, setting_).code, 128 + SIGPIPE);
+  EXPECT_TRUE(std::filesystem::is_directory(folder_.file("good.out")));
+  const auto all = std::filesystem::directory_iterator(folder_.path());
+  EXPECT_EQ(std::distance(all, std::filesystem::directory_iterator()), 4);
+}
+
+TEST_F(Streams, ReportAClosedStandardOutput) {
+  const std::string program = "exec '" + Testing::program_path() + "' ";
+  for (const std::string words : {"check good.toml", "run good.toml", "--help"}) {
+    const Ran ran = Testing::run_command({"sh", "-c", program + words + " >&-"}, setting_);
+    EXPECT_EQ(ran.code, 3) << words;
+    EXPECT_EQ(ran.err, "error: cannot write to standard output: Bad file descriptor\n") << words;
+  }
+}
+
 TEST_F(Streams, ReportAFullDisk) {
   setting_.output = Output::full_disk;
   for (const Testing::Words& words :
