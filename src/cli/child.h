@@ -36,7 +36,8 @@ using Work = std::function<int(ChildReport&)>;
 
 struct Outcome {
   int exit_code = 0;
-  int signal = 0;  // that ended the child; 0 if it ended by itself
+  int signal = 0;             // that ended the child; 0 if it ended by itself
+  std::string start_failure;  // why there was no child; empty if there was one
   std::string out;
   std::string err;
 };

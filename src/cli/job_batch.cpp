@@ -76,6 +76,9 @@ class Batch {
   void finish(JobState& state, Outcome outcome) {
     state.done = true;
     state.outcome = std::move(outcome);
+    if (!state.outcome.start_failure.empty()) {
+      fail(state, {Exit::bad_input, state.plan.path + ": " + state.outcome.start_failure, {}});
+    }
     if (state.outcome.signal != 0) {
       fail(state, {Exit::bad_input, state.plan.path + ": " + crash_text(state.outcome.signal), {}});
     }

@@ -12,7 +12,7 @@ namespace Cli {
 
 namespace {
 
-constexpr unsigned most_workers = 1024;
+constexpr unsigned most_workers = 256;  // each needs two file descriptors
 
 std::string in_quotes(std::string_view text) { return "`" + std::string(text) + "`"; }
 

@@ -6,7 +6,6 @@
 #include <memory>
 #include <utility>
 
-#include "cli/console.h"
 #include "cli/interrupt.h"
 
 namespace Cli {
@@ -50,7 +49,9 @@ class Workers {
       try {
         running_.push_back({task, std::make_unique<Child>(tasks_[task].work)});
       } catch (const std::string& failure) {
-        tasks_[task].after({Exit::bad_input, 0, "", failure});
+        Outcome none;
+        none.start_failure = failure;
+        tasks_[task].after(std::move(none));
         finish();
       }
     }

@@ -15,7 +15,7 @@ struct Task {
   std::string name;              // for the progress bar
   std::function<void()> before;  // called in this process, right before the start
   Work work;                     // called in the child
-  // Called in this process after the end of the child.
+  // Called in this process after the end of the child, or when there can be none.
   std::function<void(Outcome outcome)> after;
 };
 

@@ -131,7 +131,7 @@ TEST(CommandLine, RefusesMissingAndSurplusArguments) {
 TEST(CommandLine, RefusesANumberOfWorkersThatIsNone) {
   for (const std::string text : {"nan", "-1", "2.5", "2x", " ", "99999", "0x2"}) {
     expect_refused({"run", "a.toml", "--jobs=" + text},
-                   "`--jobs` is a number of workers up to 1024, or auto, not `" + text +
+                   "`--jobs` is a number of workers up to 256, or auto, not `" + text +
                        "` (kelpbox help run)");
   }
 }

@@ -1,6 +1,7 @@
 #include "cli/workers.h"
 
 #include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <map>
@@ -97,6 +98,20 @@ TEST_F(Workers, WorkAtTheSameTime) {
   EXPECT_EQ(outcomes_["reader"].out, "x");
   close(ends[0]);
   close(ends[1]);
+}
+
+TEST_F(Workers, ReportATaskThatCannotBeStarted) {
+  add("good", [](ChildReport&) { return 0; });
+  rlimit usual{};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &usual), 0);
+  // Enough for the pipe of the signals, but not for that of the child.
+  const int lowest = dup(STDERR_FILENO);
+  close(lowest);
+  const rlimit few{static_cast<rlim_t>(lowest) + 2, usual.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &few), 0);
+  EXPECT_EQ(run(1), 0);
+  setrlimit(RLIMIT_NOFILE, &usual);
+  EXPECT_EQ(outcomes_["good"].start_failure, "no pipe: Too many open files");
 }
 
 TEST_F(Workers, WorkInOrderOneAtATime) {
