@@ -25,9 +25,10 @@ struct AskedWave {
   // Where the density may jump or bend: limits between formulas, points of a table.
   std::vector<double> breaks;
   double peak = 0.0;  // Hz, near the greatest density; helps to place the steps of an integral
-  std::vector<AskedLine> lines;    // single waves and lists of fronts
-  std::optional<double> variance;  // m2, of a record or a time formula
-  std::optional<double> crest;     // m, of a focused wave
+  std::vector<AskedLine> lines;  // single waves and lists of fronts
+  // m2, of a record as it fills the repeat, or of a time formula over its own length.
+  std::optional<double> variance;
+  std::optional<double> crest;  // m, of a focused wave
 };
 
 }  // namespace Jobs
