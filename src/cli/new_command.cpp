@@ -52,6 +52,7 @@ std::optional<Template> chosen(const NewOptions& options, Console& console) {
   }
   if (auto found = find_template(templates, name)) return found;
   std::vector<std::string> names;
+  names.reserve(templates.size());
   for (const Template& known : templates) names.push_back(known.name);
   const std::string all = fmt::format("{}", fmt::join(names, ", "));
   if (name.empty()) {

@@ -37,7 +37,7 @@ std::vector<std::string> messages_of_cell(const std::string& cell) {
   if (!words_quoted) return {plain_text(cell)};
   // Words beside the quoted parts stand for what varies: "`Unset parameter` and the name".
   if (has_letters(unquoted_text(cell))) {
-    for (std::string& part : quoted) part = "..." + part + "...";
+    for (std::string& part : quoted) part.insert(0, "...").append("...");
   }
   return quoted;
 }
@@ -90,10 +90,11 @@ class Reader {
     std::size_t length = 0;
     for (std::size_t i = 0; i < row.cells.size() && i < row.heads.size(); ++i) {
       if (i == message_column || row.cells[i].empty()) continue;
-      const std::string cell = plain_text(row.cells[i]);
+      std::string cell = plain_text(row.cells[i]);
       length += cell.size();
       const std::string head = plain_text(row.heads[i]);
-      lines.push_back(head == "Meaning" || head.empty() ? cell : head + ": " + cell);
+      if (head != "Meaning" && !head.empty()) cell.insert(0, ": ").insert(0, head);
+      lines.push_back(std::move(cell));
     }
     constexpr std::size_t little = 30;
     if (length < little) {

@@ -75,7 +75,7 @@ std::string units_in(const std::vector<std::string>& comments,
     std::istringstream rest(comment.substr(at));
     for (std::string word; rest >> word;) {
       if (word != "in" || !(rest >> word)) continue;
-      const std::string units = trimmed(word.substr(0, word.find_last_not_of('.') + 1));
+      std::string units = trimmed(word.substr(0, word.find_last_not_of('.') + 1));
       try {
         if (Base::category_of(Base::resolve_units(units)) == Base::Category::length) return units;
       } catch (const std::string&) {
