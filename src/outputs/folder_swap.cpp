@@ -10,6 +10,7 @@
 
 #include "outputs/cannot_write.h"
 #include "outputs/earlier_results.h"
+#include "outputs/hidden_folders.h"
 
 namespace fs = std::filesystem;
 
@@ -55,7 +56,7 @@ void flush_folder(const std::string& folder, const std::string& shown) {
 
 std::string swap_in_two_steps(const std::string& folder, const std::string& place,
                               const std::string& shown) {
-  std::string old = folder + "-old";
+  std::string old = folder + old_ending;
   if (rename(place.c_str(), old.c_str()) != 0) cannot_write(shown, errno);
   if (rename(folder.c_str(), place.c_str()) == 0) return old;
   const int error = errno;

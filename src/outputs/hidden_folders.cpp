@@ -65,10 +65,13 @@ void remove_left_over(const std::string& place) noexcept {
   try {
     const fs::path path(place);
     const std::string prefix = prefix_of(path);
+    const bool empty_place = !fs::exists(path);
     for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path())) {
-      if (entry.path().filename().string().compare(0, prefix.size(), prefix) == 0) {
-        remove_unless_locked(entry.path());
-      }
+      const std::string name = entry.path().filename().string();
+      if (!name.starts_with(prefix)) continue;
+      // The machine failed between the two steps of an exchange: these are the only results.
+      if (empty_place && name.ends_with(old_ending)) continue;
+      remove_unless_locked(entry.path());
     }
   } catch (const std::exception&) {
     // A parent that cannot be listed may still be written.

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "outputs/folder_listing.h"
+#include "outputs/hidden_folders.h"
 #include "outputs/refused.h"
 #include "support/temp_dir.h"
 
@@ -32,6 +33,17 @@ TEST(FolderSwap, InTwoStepsPutsTheOldFolderBackAfterAFailure) {
   EXPECT_EQ(Testing::refused([&] { swap_in_two_steps(dir.file("none"), dir.file("place"), "p"); }),
             "p: No such file or directory");
   EXPECT_EQ(Testing::listing(dir.path()), (Files{{"place/", ""}, {"place/a", "old"}}));
+}
+
+TEST(FolderSwap, ThatFailedHalfWayLeavesTheOldResultsToTheUser) {
+  const Testing::TempDir dir;
+  const std::string old = hidden_name(dir.file("place"), 0) + old_ending;
+  std::filesystem::create_directory(old);
+  remove_left_over(dir.file("place"));
+  EXPECT_TRUE(std::filesystem::exists(old));
+  std::filesystem::create_directory(dir.file("place"));
+  remove_left_over(dir.file("place"));
+  EXPECT_FALSE(std::filesystem::exists(old));
 }
 
 TEST(FolderSwap, ReplacesAnEmptyFolder) {

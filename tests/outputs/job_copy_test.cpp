@@ -14,18 +14,27 @@ namespace {
 
 class JobCopy : public testing::Test {
  protected:
-  // The copy of a job in the folder /lab that has read these files.
+  JobCopy() {
+    std::filesystem::create_directories(dir.file("lab/data"));
+    std::filesystem::create_directory(dir.file("else"));
+    for (const char* name : {"lab/basin.site", "lab/data/x.csv", "else/x.csv"}) dir.write(name, "");
+  }
+
+  // The copy of a job in the folder "lab" that has read these files.
   std::string copy(const std::string& text, const std::vector<std::string>& options = {}) {
     Jobs::Run run;
     run.job.source = std::make_shared<const Jobs::SourceText>(Jobs::SourceText{"storm.toml", text});
     run.job.options = options;
-    run.job.folder = "/lab";
+    run.job.folder = dir.file("lab");
     run.job.title = "storm";
-    run.inputs = {{"/lab/basin.site", "basin.site", ""},
-                  {"/lab/data/x.csv", "records/x.csv", ""},
-                  {"/else/x.csv", "records/x-2.csv", ""}};
+    run.inputs = {{dir.file("lab/basin.site"), "basin.site", ""},
+                  {dir.file("lab/data/x.csv"), "records/x.csv", ""},
+                  {other, "records/x-2.csv", ""}};
     return job_copy(run);
   }
+
+  const Testing::TempDir dir;
+  const std::string other = dir.file("else/x.csv");
 };
 
 TEST_F(JobCopy, KeepsEverythingButPaths) {
@@ -42,22 +51,23 @@ TEST_F(JobCopy, NamesAJobWithoutTitle) {
 }
 
 TEST_F(JobCopy, FindsFilesUnderAnyPath) {
-  EXPECT_EQ(
-      copy("title=''\n[[sea]]\n[[sea.wave]]\nfile='../lab/./data/x.csv'\n"
-           "[[sea.wave]]\nfile=\"/else/x.csv\"\n[[sea.wave]]\nfile=\"\"\"/lab/data/x.csv\"\"\"\n"
-           "[[sea.wave]]\nfile = 'none.csv'\n"),
-      "title=''\n[[sea]]\n[[sea.wave]]\nfile=\"inputs/records/x.csv\"\n"
-      "[[sea.wave]]\nfile=\"inputs/records/x-2.csv\"\n"
-      "[[sea.wave]]\nfile=\"inputs/records/x.csv\"\n[[sea.wave]]\nfile = 'none.csv'\n");
-  EXPECT_EQ(copy("title=''\nsea=[{wave=[{file='data/x.csv',a=1},{file=\"/else/x.csv\"}]}]\n"),
+  EXPECT_EQ(copy("title=''\n[[sea]]\n[[sea.wave]]\nfile='../lab/./data/x.csv'\n"
+                 "[[sea.wave]]\nfile=\"" +
+                 other +
+                 "\"\n[[sea.wave]]\nfile=\"\"\"data/x.csv\"\"\"\n"
+                 "[[sea.wave]]\nfile = 'none.csv'\n"),
+            "title=''\n[[sea]]\n[[sea.wave]]\nfile=\"inputs/records/x.csv\"\n"
+            "[[sea.wave]]\nfile=\"inputs/records/x-2.csv\"\n"
+            "[[sea.wave]]\nfile=\"inputs/records/x.csv\"\n[[sea.wave]]\nfile = 'none.csv'\n");
+  EXPECT_EQ(copy("title=''\nsea=[{wave=[{file='data/x.csv',a=1},{file=\"" + other + "\"}]}]\n"),
             "title=''\nsea=[{wave=[{file=\"inputs/records/x.csv\",a=1},"
             "{file=\"inputs/records/x-2.csv\"}]}]\n");
 }
 
 TEST_F(JobCopy, AppendsTheOptions) {
   EXPECT_EQ(
-      copy("title=''\nsite='basin.site'\n",
-           {"sea.hs=60 mm", "sea.wave.1.file=data/x.csv", "sea.\"a.b\".wave.file = '/else/x.csv'"}),
+      copy("title=''\nsite='basin.site'\n", {"sea.hs=60 mm", "sea.wave.1.file=data/x.csv",
+                                             "sea.\"a.b\".wave.file = '" + other + "'"}),
       "title=''\nsite=\"inputs/basin.site\"\n"
       "\n[[set]]\nkey = \"sea.hs\"\nvalue = \"60 mm\"\n"
       "\n[[set]]\nkey = \"sea.wave.1.file\"\nvalue = \"inputs/records/x.csv\"\n"
