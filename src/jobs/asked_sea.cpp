@@ -29,7 +29,8 @@ SeaKind kind_of(const AskedWave& wave, const SeaChanges& changes) {
 }
 
 bool still(const AskedWave& wave) {
-  return !wave.density && !wave.crest && wave.variance.value_or(1.0) == 0.0 &&
+  if (wave.density || wave.crest || (wave.lines.empty() && !wave.variance)) return false;
+  return wave.variance.value_or(0.0) == 0.0 &&
          std::all_of(wave.lines.begin(), wave.lines.end(),
                      [](const AskedLine& line) { return line.amplitude == 0.0; });
 }

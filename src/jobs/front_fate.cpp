@@ -133,6 +133,7 @@ class Way {
   void make(double angle, double v) {
     fates_.arriving[harmonic_] += v;
     fates_.arriving_squares[harmonic_] += v * v;
+    if (oblique(path_, angle)) fates_.oblique += v;
     const PaddleShares shares = paddle_shares(path_, harmonic_, angle);
     fates_.above_half_rate += v * shares.above_half_rate;
     fates_.behind += v * shares.behind;
@@ -146,7 +147,6 @@ class Way {
     fates_.made_directions.add(at_reference, made);
     const double cosine = std::fabs(std::cos(at_reference));
     fates_.refracted += cosine > 1e-6 ? made * std::fabs(std::cos(angle)) / cosine : made;
-    if (oblique(path_, angle)) fates_.oblique += made;
   }
 
   const WavePath& path_;

@@ -81,7 +81,7 @@ FrontFates no_fronts(const WavePath& path);
 
 // The mean of exp(i direction) of the law from which a sea draws.
 struct LawMoments {
-  std::complex<double> asked;    // without limits
+  std::complex<double> asked;
   std::complex<double> limited;  // within those of the change
 };
 using LawAt = std::function<LawMoments(std::uint64_t harmonic)>;

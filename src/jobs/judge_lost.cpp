@@ -12,11 +12,8 @@ namespace {
 
 std::string hertz(double frequency) { return show_quantity(frequency, "Hz", 3); }
 
-// Its own name where there is only one bank.
-std::string bank_suffix(const JudgedRun& judged, std::size_t bank) {
-  return judged.drive != nullptr && bank < judged.drive->banks().size()
-             ? "." + judged.drive->banks()[bank].name
-             : fmt::format(".{}", bank + 1);
+std::string bank_name(const JudgedRun& judged, std::size_t bank) {
+  return judged.run.experiment.context().wavemaker_bank[bank].name;
 }
 
 std::string half_rate_advice(const JudgedRun& judged) {
@@ -63,7 +60,9 @@ std::vector<Loss> losses_of(const JudgedRun& judged) {
        "no paddle can make it; turn the sea", fates.behind});
   for (std::size_t b = 0; b < fates.withheld.size(); ++b) {
     const std::string width = show_quantity(judged.path.banks[b].width, "m", 2);
-    add({"withheld" + bank_suffix(judged, b), "withheld by wide paddles",
+    const std::string name = bank_name(judged, b);
+    const std::string of_bank = fates.withheld.size() > 1 ? ", " + name : "";
+    add({"withheld." + name, "withheld by wide paddles" + of_bank,
          "is withheld by paddles of " + width,
          "they cannot make short oblique waves; longer waves or smaller angles lose less",
          fates.withheld[b]});

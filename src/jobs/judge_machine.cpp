@@ -196,7 +196,7 @@ class BankFindings {
     finding.made = stats.end_step;
     finding.made_text = show_quantity(stats.end_step, units_, 2);
     const double allowed = Criteria::end_step * stats.largest_step;
-    finding.criterion = "a step as any other";
+    finding.criterion = "no jump";
     const bool good = stats.end_step <= allowed || stats.end_step == 0.0;
     finding.verdict = good ? Verdict::good : Verdict::look;
     if (ramp > 0.0) {

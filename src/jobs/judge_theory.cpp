@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <numeric>
 
 #include "base/constants.h"
 #include "jobs/judge_criteria.h"
@@ -18,13 +19,15 @@ std::string suffix(const JudgedRun& judged, std::size_t bank) {
   return judged.path.banks.size() > 1 ? ", " + bank_name(judged, bank) : "";
 }
 
-// The frequency above which only a trace of the waves lies.
+// The frequency above which only a trace of the waves lies that are asked of the paddles.
 double highest_frequency(const JudgedRun& judged) {
   constexpr double trace = 0.01;  // of the variance
+  const std::vector<double>& arriving = judged.fates.arriving;
+  const double total = std::accumulate(arriving.begin(), arriving.end(), 0.0);
   double sum = 0.0;
-  for (std::size_t h = judged.made.size(); h-- > 1;) {
-    sum += judged.made[h];
-    if (sum > trace * judged.made_moments.m0) return static_cast<double>(h) / judged.repeat;
+  for (std::size_t h = arriving.size(); h-- > 1;) {
+    sum += arriving[h];
+    if (sum > trace * total) return static_cast<double>(h) / judged.repeat;
   }
   return NAN;
 }

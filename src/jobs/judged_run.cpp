@@ -83,7 +83,7 @@ LawAt law_at(const SpreadLaw& law, double repeat) {
   return [law, repeat, last = NAN, moments = LawMoments()](std::uint64_t harmonic) mutable {
     const double s = value_or_nan(law.power, static_cast<double>(harmonic) / repeat);
     if (s != last) {
-      moments = {first_moment(without_limits(law), s), first_moment(law, s)};
+      moments = {asked_moment(law, s), first_moment(law, s)};
       last = s;
     }
     return moments;

@@ -33,6 +33,8 @@ void keep_spread(Preparation& p, const Change& change, const ModifierPtr& modifi
   law.mean = narrowed.read("angle", Category::angle);
   law.below = Maths::wrap_angle(law.mean - narrowed.read("min_angle", Category::angle));
   law.above = Maths::wrap_angle(narrowed.read("max_angle", Category::angle) - law.mean);
+  law.limits_asked = change.part.parameters.find("min_angle") != nullptr ||
+                     change.part.parameters.find("max_angle") != nullptr;
   sea.spread = law;
 }
 

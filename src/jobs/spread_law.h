@@ -14,11 +14,11 @@ struct SpreadLaw {
   double mean = 0.0;
   double below = 0.0;  // how far limits let it reach on either side of the mean, at least 0
   double above = 0.0;
+  bool limits_asked = false;  // the job gives the limits, so they belong to what is asked for
 };
 
-// The same law without limits.
-SpreadLaw without_limits(SpreadLaw law);
-
+// As asked for: without limits that are only those of the site.
+std::complex<double> asked_moment(const SpreadLaw& law, double s);
 // The mean of exp(i direction) for a value of s. NaN for one that is not finite or below 0.
 std::complex<double> first_moment(const SpreadLaw& law, double s);
 
