@@ -72,7 +72,7 @@ struct FrontFates {
   DirectionStats limited_directions;
   DirectionStats made_directions;  // at the reference point
   double refracted = 0.0;          // what is made, times cos(angle at the paddles) / cos(angle)
-  double oblique = 0.0;            // what is made more than a degree off every normal
+  double oblique = 0.0;            // what arrives more than a degree off every normal
 
   double made_total() const;
 };
