@@ -48,7 +48,7 @@ std::string shown(const std::vector<Example>& examples) {
       line.resize(widest + 2, ' ');
       line += "# " + std::string(example.comment);
     } else if (!example.comment.empty()) {
-      line = "# " + std::string(example.comment) + "\n  " + line;
+      lines.append("  # ").append(example.comment).append("\n");
     }
     lines += "  " + line + "\n";
   }

@@ -32,7 +32,7 @@ std::size_t find_command_word(const std::vector<std::string>& words) {
 void add_options(CLI::App& app, const std::vector<OptionText>& texts, CommandLine& line) {
   for (const OptionText& text : texts) {
     std::string names(text.name);
-    if (!text.letter.empty()) names = std::string(text.letter) + "," + names;
+    if (!text.letter.empty()) names.append(",").append(text.letter);
     const std::string name(text.name);
     const auto keep = [&line, name](const CLI::results_t& values) {
       line.options[name] = values;

@@ -131,6 +131,7 @@ std::vector<Maths::ProfilePoint> main_points(const std::vector<Maths::ProfilePoi
     kept.insert(std::upper_bound(kept.begin(), kept.end(), best), best);
   }
   std::vector<Maths::ProfilePoint> points;
+  points.reserve(kept.size());
   for (const std::size_t index : kept) points.push_back(profile[index]);
   return points;
 }
