@@ -2,6 +2,8 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "cli/commands.h"
@@ -31,17 +33,19 @@ void show_all(const std::vector<Explanation>& explanations, Console& console) {
   }
 }
 
-// Of several lines, such as a stack trace, the first that a page has. Otherwise the first line.
+// Of several lines, such as a stack trace, the first that a page has. Otherwise the first line. The
+// text may be a whole log.
 Answer explain_lines(const std::string& text) {
+  constexpr std::size_t most_lines = 200;
+  constexpr std::size_t most_characters = 4000;
   std::istringstream lines(text);
   Answer first;
-  bool any = false;
-  for (std::string line; std::getline(lines, line);) {
+  std::size_t count = 0;
+  for (std::string line; count < most_lines && std::getline(lines, line);) {
     if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
-    Answer answer = explain_message(line);
+    Answer answer = explain_message(std::string_view(line).substr(0, most_characters));
     if (!answer.fitting.empty()) return answer;
-    if (!any) first = std::move(answer);
-    any = true;
+    if (count++ == 0) first = std::move(answer);
   }
   return first;
 }
