@@ -79,8 +79,8 @@ TEST(JudgementTable, WrapsRemarksBesideTheColumns) {
 
 TEST(JudgementTable, PutsRemarksBelowOnANarrowTerminal) {
   const auto lines = lines_of(Cli::findings_table(storm(), {false, false, 60}));
-  EXPECT_EQ(lines[3], "  waves per run           171         at least 500  FEW");
-  EXPECT_EQ(lines[4], "      repeat of 750 s would do");
+  EXPECT_EQ(lines[4], "  waves per run           171         at least 500  FEW");
+  EXPECT_EQ(lines[5], "      repeat of 750 s would do");
 }
 
 TEST(JudgementTable, CountsCharactersInsteadOfBytes) {
