@@ -13,8 +13,8 @@ namespace {
 
 // Probes resolve about 0.1 mm, and the mean over a record a tenth of that.
 std::string length(double metres) {
-  return std::abs(metres) < 10.0 ? fmt::format("{:.2f} mm", 1000.0 * metres)
-                                 : fmt::format("{:.4g} m", metres);
+  return std::abs(metres) < 1.0 ? fmt::format("{:.2f} mm", 1000.0 * metres)
+                                : fmt::format("{:.4f} m", metres);
 }
 
 std::string degrees(double radians) {
