@@ -16,8 +16,8 @@ inline constexpr double tm_10 = 0.05;
 inline constexpr double period = 0.01;
 // The peak of random amplitudes, after smoothing.
 inline constexpr double random_peak = 0.10;
-// A peak counts as found where the requested density is at least this share of its greatest value:
-// the top of a white-noise band is flat.
+// A spectrum that has this share of its greatest density a tenth of the frequency further has no
+// peak: it is white noise.
 inline constexpr double flat_top = 0.99;
 inline constexpr double direction_deg = 2.0;
 inline constexpr double spread = 0.10;

@@ -13,18 +13,6 @@
 namespace Jobs {
 namespace {
 
-// Relative standard deviation of Hs when the amplitudes are random: each variance is exponentially
-// distributed, and Hs goes with the root of their sum.
-double chance_of_amplitudes(const std::vector<double>& variances) {
-  double sum = 0.0;
-  double squares = 0.0;
-  for (const double v : variances) {
-    sum += v;
-    squares += v * v;
-  }
-  return sum > 0.0 ? 0.5 * std::sqrt(squares / 2.0) / sum : 0.0;
-}
-
 // Relative standard deviation of the Hs of a record in which several waves of random phases share
 // a harmonic: each pair adds its product, times the cosine of the phase between them.
 double chance_of_phases(const FrontFates& fates) {
@@ -85,8 +73,6 @@ std::string height_remark(const JudgedRun& judged, const std::vector<Loss>& loss
 void judge_stages(const JudgedRun& judged, const std::vector<Loss>& losses, Findings& findings) {
   const double asked = judged.asked_m0();
   const bool known = !judged.asked.unknown && std::isfinite(asked);
-  const bool random = judged.random_amplitudes;
-  const double random_chance = random ? chance_of_amplitudes(judged.made) : 0.0;
   const bool main_line = judged.asked.kind != SeaKind::group;
 
   struct Stage {
@@ -101,15 +87,18 @@ void judge_stages(const JudgedRun& judged, const std::vector<Loss>& losses, Find
   const bool walls = judged.path.tank.has_walls && judged.path.run.dalrymple();
   const double phases = chance_of_phases(judged.fates);
   const Stage stages[] = {
-      {"hs", "Hs", asked, known, judged.made_moments.m0, random_chance, known},
+      {"hs", "Hs", asked, known, judged.made_moments.m0, judged.amplitude_chance, known},
       {"hs_band", "Hs in the band", asked, known, judged.band.m0 + judged.asked.other, 0.0, false},
       {"hs_fronts", "Hs of the fronts", judged.band.m0 + judged.asked.other, known,
-       judged.fates.asked, random_chance, known && !judged.fan && !judged.asked.has_other},
+       judged.fates.asked, judged.amplitude_chance,
+       known && !judged.fan && !judged.asked.has_other},
       {"hs_record", "Hs of the record", judged.made_moments.m0, true, judged.record_m0, phases,
        !judged.fan && !walls},
   };
   for (const Stage& stage : stages) {
-    if (!known && stage.key == std::string("hs_band")) continue;
+    // The spectrum of a record is not known before it becomes fronts.
+    const bool no_band = !known || judged.asked.has_other;
+    if (no_band && stage.key == std::string("hs_band")) continue;
     Finding& finding = add_finding(findings, "sea", stage.key, stage.name, "m");
     fill(finding, hm0(stage.asked), hm0(stage.made), 3);
     if (!stage.known) {

@@ -201,7 +201,7 @@ class BankFindings {
     finding.verdict = good ? Verdict::good : Verdict::look;
     if (ramp > 0.0) {
       finding.remark = "ramp of " + show_quantity(ramp, "s", 3, Zeros::drop);
-    } else if (stats.first > 0.0) {
+    } else if (stats.first > stats.largest_step) {
       finding.remark =
           fmt::format("no ramp: starts at once at {}", show_quantity(stats.first, units_, 2));
     }

@@ -31,6 +31,7 @@ void judge_mean(const JudgedRun& judged, const char* key, const char* name,
     return;
   }
   if (judged.asked.kind != SeaKind::irregular) return;
+  tolerance = std::max(tolerance, Criteria::chance * judged.amplitude_chance);
   const double in_band = period(judged.band);
   finding.criterion = "within " + show_share(tolerance, Zeros::drop);
   const bool good = std::fabs(made - asked) <= tolerance * asked;
@@ -45,7 +46,15 @@ void judge_mean(const JudgedRun& judged, const char* key, const char* name,
   }
 }
 
+// White noise has no peak.
+bool flat_top(const JudgedRun& judged) {
+  const double least = Criteria::flat_top * judged.peak->density;
+  const double f = judged.peak->frequency;
+  return judged.asked.density(0.9 * f) >= least || judged.asked.density(1.1 * f) >= least;
+}
+
 void judge_peak(const JudgedRun& judged, Findings& findings) {
+  if (flat_top(judged)) return;
   const double asked = judged.peak->frequency;
   const std::optional<double> harmonic =
       judged.random_amplitudes ? smoothed_peak(judged.made, 0.1 * asked * judged.repeat)
@@ -65,9 +74,7 @@ void judge_peak(const JudgedRun& judged, Findings& findings) {
   finding.criterion = "within a harmonic";
   constexpr double rounding = 1e-9;
   const bool near = std::fabs(made - asked) * judged.repeat <= 1.0 + rounding;
-  const bool flat = judged.asked.density(made) >= Criteria::flat_top * judged.peak->density;
-  finding.verdict = near || flat ? Verdict::good : Verdict::look;
-  if (!near && flat) finding.remark = "the top of the spectrum is flat";
+  finding.verdict = near ? Verdict::good : Verdict::look;
   if (finding.verdict == Verdict::good) return;
   if (asked < judged.band_low || asked > judged.band_high) {
     finding.remark = fmt::format("the peak lies outside the band, {} to {}",

@@ -109,10 +109,15 @@ void follow_fronts(JudgedRun& judged) {
                                       judged.reference.x, judged.reference.y);
     for (std::size_t h = 0; h < surface.size(); ++h) judged.made[h] = std::norm(surface[h]) / 2.0;
   }
+  double squares = 0.0;
   for (std::size_t h = 1; h < judged.made.size(); ++h) {
-    if (judged.made[h] > 0.0) {
-      judged.made_moments.add(static_cast<double>(h) / judged.repeat, judged.made[h]);
-    }
+    if (!(judged.made[h] > 0.0)) continue;
+    judged.made_moments.add(static_cast<double>(h) / judged.repeat, judged.made[h]);
+    squares += judged.made[h] * judged.made[h];
+  }
+  // Each variance is exponentially distributed, and Hs goes with the root of their sum.
+  if (judged.random_amplitudes && judged.made_moments.m0 > 0.0) {
+    judged.amplitude_chance = 0.5 * std::sqrt(squares / 2.0) / judged.made_moments.m0;
   }
 }
 

@@ -40,6 +40,7 @@ struct JudgedRun {
 
   AskedSea asked;
   bool random_amplitudes = false;
+  double amplitude_chance = 0.0;  // relative standard deviation of Hs that they bring
   bool fan = false;
   bool spread_by_law = false;
   Moments below;  // asked below, in and above the band
