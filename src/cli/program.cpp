@@ -133,10 +133,15 @@ int run_program(const std::vector<std::string>& words) {
   occupy_standard_descriptors();
   // A write to a closed pipe then fails, and running jobs can be ended before the process ends.
   signal(SIGPIPE, SIG_IGN);
+  // A write beyond the limit of a file's size then fails too, instead of ending the process.
+  signal(SIGXFSZ, SIG_IGN);
   FdStream out(STDOUT_FILENO);
   FdStream err(STDERR_FILENO);
   Console console{out, err, shows_colour(STDOUT_FILENO), shows_colour(STDERR_FILENO),
                   is_live(STDERR_FILENO)};
+  // A JSON document escapes control characters itself.
+  out.make_safe(console.json, console.out_colour);
+  err.make_safe(console.json, console.err_colour);
   console.width = columns_of(STDOUT_FILENO, console.width);
   int code = run_words(words, console);
   const int failure = out.close();

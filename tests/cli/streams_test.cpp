@@ -159,3 +159,29 @@ TEST_F(Streams, ReportAFullDisk) {
     EXPECT_EQ(ran.err, "error: cannot write to standard output: No space left on device\n");
   }
 }
+
+TEST_F(Streams, HaveNoEscapeSequencesOfNames) {
+  const std::string name = "bad\033]0;title\007.toml";
+  for (const Testing::Words& words :
+       {Testing::Words{"check", name}, Testing::Words{"explain", name}, Testing::Words{"new", name},
+        Testing::Words{"site", name}}) {
+    const Ran ran = run_on_terminal(words, setting_);
+    EXPECT_EQ(ran.code, 2) << words[0];
+    EXPECT_EQ(ran.out.find("\033]"), std::string::npos) << words[0];
+    EXPECT_EQ(ran.out.find('\007'), std::string::npos) << words[0];
+  }
+  folder_.write("run" + name, Testing::quick_job());
+  const Ran ran = run_program({"run", "run" + name, "--out", name}, setting_);
+  EXPECT_EQ(ran.code, 0) << ran.err;
+  EXPECT_NE(ran.out.find("Written: bad ]0;title .toml\n"), std::string::npos) << ran.out;
+  EXPECT_EQ(ran.out.find('\033'), std::string::npos);
+}
+
+TEST_F(Streams, ReportALimitOfFileSizes) {
+  const std::string run = "ulimit -f 8; exec '" + Testing::program_path() + "' run good.toml";
+  const Ran ran = Testing::run_command({"sh", "-c", run}, setting_);
+  EXPECT_EQ(ran.code, 3);
+  EXPECT_EQ(ran.err.rfind("error: cannot write ", 0), 0U) << ran.err;
+  EXPECT_NE(ran.err.find("File too large"), std::string::npos) << ran.err;
+  EXPECT_FALSE(std::filesystem::exists(folder_.file("good.out")));
+}
