@@ -35,8 +35,9 @@ InterruptWatch::InterruptWatch() {
   sigemptyset(&once.sa_mask);
   for (std::size_t i = 0; i < watched.size(); ++i) {
     sigaction(watched[i], nullptr, &before_[i]);
-    // "nohup kelpbox ..." is to go on after the terminal closes.
-    if (watched[i] == SIGHUP && before_[i].sa_handler == SIG_IGN) continue;
+    // "nohup kelpbox ..." is to go on after the terminal closes, and a script's job in the
+    // background after Ctrl-C.
+    if (before_[i].sa_handler == SIG_IGN) continue;
     sigaction(watched[i], &once, nullptr);
   }
 }

@@ -136,3 +136,12 @@ TEST_F(Interrupt, EndsTheWorkersOfAKilledProgram) {
   }
   EXPECT_FALSE(program.has_processes());
 }
+
+TEST_F(Interrupt, StaysIgnoredIfItWasIgnoredAtTheStart) {
+  const std::string script = "trap '' INT; '" + Testing::program_path() +
+                             "' run slow.toml & sleep 0.5; kill -INT $!; sleep 0.5; "
+                             "kill -TERM $!; wait $!";
+  const Ran ran = Testing::run_command({"sh", "-c", script}, setting_);
+  EXPECT_EQ(ran.code, 143);
+  EXPECT_EQ(ran.err, "interrupted, nothing was written\n");
+}
