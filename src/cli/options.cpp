@@ -78,13 +78,38 @@ void add_options(CLI::App& app, const std::vector<OptionText>& texts, CommandLin
   throw BadUsage{"unknown option " + in_quotes(name) + owner + did_you_mean(name, known), command};
 }
 
+// CLI11 takes the next word for an option whose value is an empty word, as in "--out=".
+void refuse_missing_values(const std::vector<std::string>& words, const CommandText& command) {
+  for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i) {
+    for (const OptionText& option : command.options) {
+      const bool named =
+          words[i] == option.name || (!option.letter.empty() && words[i] == option.letter);
+      const bool empty = named && i + 1 < words.size() && words[i + 1].empty();
+      if (option.value.empty() || (!empty && words[i] != std::string(option.name) + "=")) continue;
+      throw BadUsage{in_quotes(option.name) + " needs a value: " + std::string(option.value),
+                     &command};
+    }
+  }
+}
+
+// "-j storm.toml": the word after the option is an argument.
+void refuse_swallowed_job(const CommandLine& line) {
+  if (!line.has("--jobs") || !line.arguments.empty()) return;
+  worker_count(line.last("--jobs"), line.command);
+}
+
 void require_arguments(const CommandLine& line) {
   const auto& texts = line.command->arguments;
   const std::string name = in_quotes("kelpbox " + std::string(line.command->name));
   const auto needed = static_cast<std::size_t>(std::count_if(
       texts.begin(), texts.end(), [](const ArgumentText& text) { return text.required; }));
+  refuse_swallowed_job(line);
   if (line.arguments.size() < needed) {
     throw BadUsage{name + " needs " + std::string(texts[line.arguments.size()].name), line.command};
+  }
+  const bool reads_jobs = !texts.empty() && texts.front().name == "JOB";
+  if (reads_jobs && std::count(line.arguments.begin(), line.arguments.end(), "-") > 1) {
+    throw BadUsage{"`-` is given twice, but standard input can be read only once", line.command};
   }
   const bool many = !texts.empty() && texts.back().repeats;
   if (line.arguments.size() > texts.size() && !many) {
@@ -121,6 +146,8 @@ CommandLine read_command_line(const std::vector<std::string>& words) {
     }
     rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(at));
   }
+
+  if (line.command) refuse_missing_values(rest, *line.command);
 
   CLI::App app;
   app.set_help_flag();

@@ -28,7 +28,7 @@ int run(const JobOptions& options, Console& console) {
     if (!is_new) {
       throw BadUsage{"the jobs `" + other->second + "` and `" + path +
                          "` would both write to the folder `" + folder_of(stem, options) +
-                         "`; rename one, or run them with different --out",
+                         "`; run them one after the other, each with its own --out",
                      find_command("run")};
     }
     jobs.push_back({path, folder_of(stem, options)});

@@ -136,6 +136,26 @@ TEST(CommandLine, RefusesANumberOfWorkersThatIsNone) {
   }
 }
 
+TEST(CommandLine, RefusesAnEmptyValue) {
+  for (const Words& words : {Words{"run", "a.toml", "--out", ""}, Words{"run", "--out=", "a.toml"},
+                             Words{"run", "a.toml", "-o", ""}}) {
+    expect_refused(words, "`--out` needs a value: DIR (kelpbox help run)");
+  }
+  expect_refused({"new", "regular", "--to", ""}, "`--to` needs a value: FILE (kelpbox help new)");
+}
+
+TEST(CommandLine, RefusesAJobAsTheNumberOfWorkers) {
+  expect_refused({"check", "-j", "a.toml"},
+                 "`--jobs` is a number of workers up to 256, or auto, not `a.toml` "
+                 "(kelpbox help check)");
+}
+
+TEST(CommandLine, RefusesStandardInputTwice) {
+  expect_refused({"check", "-", "-"},
+                 "`-` is given twice, but standard input can be read only once "
+                 "(kelpbox help check)");
+}
+
 TEST(CommandLine, ShowsTheVersionOfTheProject) {
   EXPECT_EQ(run_program({"--version"}).out, "kelpbox " PROJECT_VERSION "\n");
   EXPECT_EQ(run_program({"run", "--version"}).out, "kelpbox " PROJECT_VERSION "\n");
