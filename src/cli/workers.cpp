@@ -84,6 +84,7 @@ class Workers {
 
   void finish() {
     ++finished_;
+    last_end_ = Clock::now();
     if (stop_()) stopped_ = true;
   }
 
@@ -93,11 +94,15 @@ class Workers {
     const Step& step = first.child->step();
     const std::string& name = tasks_[first.task].name;
     if (tasks_.size() == 1) {
-      bar_.show(name + ", " + step.name, step.done, seconds_since(step.begin));
+      // The steps to come may take any time, so that no time left is shown.
+      bar_.show(name + ", " + step.name, {.done = step.done, .spent = seconds_since(step.begin)});
     } else {
       const auto count = static_cast<double>(tasks_.size());
       bar_.show(std::to_string(finished_) + " of " + std::to_string(tasks_.size()) + ", " + name,
-                static_cast<double>(finished_) / count, seconds_since(begin_));
+                {.done = static_cast<double>(finished_) / count,
+                 .left = seconds_left(finished_, tasks_.size(),
+                                      std::chrono::duration<double>(last_end_ - begin_).count(),
+                                      seconds_since(last_end_))});
     }
   }
 
@@ -107,6 +112,7 @@ class Workers {
   const std::function<bool()>& stop_;
   InterruptWatch watch_;
   Clock::time_point begin_ = Clock::now();
+  Clock::time_point last_end_ = begin_;
   std::vector<Running> running_;
   std::size_t next_ = 0;
   std::size_t finished_ = 0;

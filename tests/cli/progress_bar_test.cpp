@@ -7,28 +7,34 @@ using Cli::duration_text;
 using Cli::progress_line;
 
 TEST(ProgressBar, ShowsShareAndRemainingTime) {
-  // A quarter took 30 s, so three quarters take 90 s.
-  EXPECT_EQ(progress_line("storm.toml, field", 0.25, 30, 80),
-            "storm.toml, field  [#####...............]  25 %  1 min 30 s left");
-  EXPECT_EQ(progress_line("a", 1.0, 30, 80), "a  [####################] 100 %  0 s left");
+  EXPECT_EQ(progress_line("2 of 8, a.toml", {.done = 0.25, .left = 90}, 80),
+            "2 of 8, a.toml  [#####...............]  25 %  1 min 30 s left");
+  EXPECT_EQ(progress_line("a", {.done = 1.0, .left = 0}, 80),
+            "a  [####################] 100 %  0 s left");
 }
 
-TEST(ProgressBar, GuessesNoTimeFromTooLittle) {
-  EXPECT_EQ(progress_line("a", 0.0, 30, 80), "a  [....................]   0 %");
-  EXPECT_EQ(progress_line("a", 0.01, 30, 80), "a  [....................]   1 %");
+TEST(ProgressBar, ShowsNoTimeThatIsNotKnown) {
+  EXPECT_EQ(progress_line("a", {.done = 0.5, .spent = 30}, 80), "a  [##########..........]  50 %");
+}
+
+TEST(ProgressBar, LetsTheTimeLeftFallBetweenTwoEnds) {
+  // Two of eight ended in 30 s: 15 s each, so six take 90 s.
+  EXPECT_DOUBLE_EQ(Cli::seconds_left(2, 8, 30, 0), 90);
+  EXPECT_DOUBLE_EQ(Cli::seconds_left(2, 8, 30, 10), 80);
+  EXPECT_DOUBLE_EQ(Cli::seconds_left(2, 8, 30, 1000), 0);
+  EXPECT_TRUE(std::isnan(Cli::seconds_left(0, 8, 0, 10)));
 }
 
 TEST(ProgressBar, ShowsTheTimeOfAStepWithoutAShare) {
-  EXPECT_EQ(progress_line("storm.toml, waves", std::nan(""), 75, 80),
-            "storm.toml, waves  1 min 15 s");
+  EXPECT_EQ(progress_line("storm.toml, waves", {.spent = 75}, 80), "storm.toml, waves  1 min 15 s");
 }
 
 TEST(ProgressBar, FitsIntoTheTerminal) {
   const std::string name(200, 'x');
   for (const std::size_t width : {0U, 1U, 10U, 40U, 80U, 200U}) {
-    EXPECT_LE(progress_line(name, 0.5, 10, width).size(), width) << width;
+    EXPECT_LE(progress_line(name, {.done = 0.5, .left = 10}, width).size(), width) << width;
   }
-  EXPECT_NE(progress_line(name, 0.5, 10, 60).find("50 %"), std::string::npos);
+  EXPECT_NE(progress_line(name, {.done = 0.5, .left = 10}, 60).find("50 %"), std::string::npos);
 }
 
 TEST(ProgressBar, WritesDurationsInUnitsOfTheirSize) {
