@@ -22,7 +22,7 @@ const std::vector<OptionText>& global_options() {
       {"--help", "-h", "", "Describe the command, and do nothing else."},
       {"--version", "", "", "Show the version; with --verbose, those of the libraries too."},
       {"--json", "", "", "Write the results as one JSON document, errors included."},
-      {"--quiet", "-q", "", "Write nothing but errors, and findings that fail with --strict."},
+      {"--quiet", "-q", "", "Write errors, but no remarks; run, check and new no results either."},
       {"--verbose", "-v", "", "Show more: minor findings, all details."},
       {"--no-color", "", "", "Use no colours. They are used on a terminal only."},
   };
@@ -44,6 +44,7 @@ const std::vector<ExitText>& exit_texts() {
       {1, "built, but a finding needs a look and --strict was given"},
       {2, "a job or site that cannot be used, or a mistake on the command line"},
       {3, "results could not be written"},
+      {129, "ended by SIGHUP; nothing half written is left"},
       {130, "interrupted by Ctrl-C; nothing half written is left"},
       {143, "ended by SIGTERM; nothing half written is left"},
   };

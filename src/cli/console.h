@@ -13,6 +13,7 @@ inline constexpr int good = 0;
 inline constexpr int check_failed = 1;  // with --strict
 inline constexpr int bad_input = 2;
 inline constexpr int cannot_write = 3;
+inline constexpr int hung_up = 129;
 inline constexpr int interrupted = 130;
 inline constexpr int terminated = 143;
 }  // namespace Exit
