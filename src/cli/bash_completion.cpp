@@ -97,8 +97,14 @@ _kelpbox() {
       break
     fi
   done
-  mapfile -t COMPREPLY < <(
-    _kelpbox_offer "$command" "${COMP_WORDS[COMP_CWORD - 1]}" "${COMP_WORDS[COMP_CWORD]}" | sort -u)
+  local previous=${COMP_WORDS[COMP_CWORD - 1]} cur=${COMP_WORDS[COMP_CWORD]}
+  # bash may make three words of --out=DIR.
+  if [[ $cur == "=" ]]; then
+    cur=""
+  elif [[ $previous == "=" ]]; then
+    previous=${COMP_WORDS[COMP_CWORD - 2]}
+  fi
+  mapfile -t COMPREPLY < <(_kelpbox_offer "$command" "$previous" "$cur" | sort -u)
 }
 
 complete -o filenames -F _kelpbox kelpbox

@@ -64,6 +64,9 @@ TEST_F(Completion, OffersFilesOfTheRightKind) {
   EXPECT_EQ(offered("analyse x"), "x.csv|x.site\n");
   EXPECT_EQ(offered("run --out ''"), "folder\n");
   EXPECT_EQ(offered("run -o ''"), "folder\n");
+  // As bash splits "--out=fo" and "--out=".
+  EXPECT_EQ(offered("run --out = fo"), "folder\n");
+  EXPECT_EQ(offered("run --out ="), "folder\n");
   EXPECT_EQ(offered("run --set s"), "\n");
   EXPECT_EQ(offered("completion ''"), "bash|zsh\n");
   EXPECT_EQ(offered("seas jon"), "jonswap\n");
