@@ -67,6 +67,8 @@ std::string site_json(const SiteReport& report) {
     json["profile"]["x"].push_back(point.x);
     json["profile"]["depth"].push_back(point.depth);
   }
+  const std::string obstacle = why_no_wave(report);
+  json["no_wave"] = obstacle.empty() ? Json() : Json(obstacle);
   json["frequency"] = range("Hz", report.min_frequency, report.max_frequency);
   json["angle"] = range("rad", report.min_angle, report.max_angle);
   json["base_rate"] = value("Hz", report.base_rate);

@@ -66,6 +66,9 @@ SiteReport site_report(Kelpbox::Experiment& experiment);
 std::vector<Maths::ProfilePoint> main_points(const std::vector<Maths::ProfilePoint>& profile,
                                              std::size_t most, double tolerance);
 
+// Why no wave can be made in the tank, or an empty text.
+std::string why_no_wave(const SiteReport& report);  // site_text.cpp
+
 std::string site_text(const SiteReport& report);  // site_text.cpp
 std::string site_json(const SiteReport& report);  // site_json.cpp
 

@@ -14,7 +14,15 @@ constexpr std::size_t most_points = 10;
 constexpr double tolerance = 0.005;
 
 std::string number(double value) {
-  return std::isnan(value) ? "not set" : fmt::format("{:.6g}", value);
+  if (std::isnan(value)) return "not set";
+  if (std::isinf(value)) return value > 0 ? "infinite" : "minus infinite";
+  return fmt::format("{:.6g}", value);
+}
+
+// A computed value, which is NaN where it cannot be computed.
+std::string computed(double value, const char* form) {
+  if (std::isnan(value)) return "none";
+  return std::isinf(value) ? number(value) : fmt::format(fmt::runtime(form), value);
 }
 
 std::string with_units(double value, const std::string& units) {
@@ -48,7 +56,7 @@ std::string depth_rows(const std::vector<Maths::ProfilePoint>& points) {
   std::string positions, depths;
   for (const Maths::ProfilePoint& point : points) {
     const std::string x = fmt::format("{:.4g}", point.x);
-    const std::string depth = fmt::format("{:.3g}", point.depth);
+    const std::string depth = computed(point.depth, "{:.3g}");
     const std::size_t width = std::max(x.size(), depth.size()) + 2;
     positions += fmt::format("{:>{}}", x, width);
     depths += fmt::format("{:>{}}", depth, width);
@@ -88,12 +96,25 @@ std::string bank_text(const SiteBank& bank, std::size_t index, double depth) {
 
 }  // namespace
 
+std::string why_no_wave(const SiteReport& report) {
+  const auto positive = [](double value) { return value > 0.0 && std::isfinite(value); };
+  if (!positive(report.paddle_depth))
+    return "the depth at the paddle line is not above 0 and finite";
+  if (!positive(report.base_rate)) return "base_rate is not above 0 and finite";
+  if (!positive(report.gravity)) return "base_g is not above 0 and finite";
+  return "";
+}
+
 std::string site_text(const SiteReport& report) {
   std::string text = report.site + ", " + report.tank + ", " + report.config + "\n\n";
   text += line("identity", report.identity);
   text += line("tank", "x = " + range(report.min_x, report.max_x, "m") + ", y = " +
                            range(report.min_y, report.max_y, "m") + "; " + walls_text(report));
-  text += line("depth", with_units(report.paddle_depth, "m") + " at the paddle line, x = 0");
+  const std::string obstacle = why_no_wave(report);
+  if (!obstacle.empty()) text += line("note", "no wave can be made here: " + obstacle);
+  const bool deep = !std::isnan(report.paddle_depth);
+  text += line("depth", (deep ? with_units(report.paddle_depth, "m") : "none") +
+                            " at the paddle line, x = 0");
   text += depth_rows(main_points(report.profile, most_points, tolerance));
   text += line("waves", range(report.min_frequency, report.max_frequency, "Hz") + ", " +
                             range(report.min_angle * degrees, report.max_angle * degrees, "deg"));
