@@ -1,3 +1,5 @@
+#include <fmt/format.h>
+
 #include <exception>
 #include <string>
 #include <utility>
@@ -27,6 +29,9 @@ void open_site(const std::string& path, Jobs::Run& run) {
 double angle_of(const std::string& text) {
   try {
     const Jobs::QuantityText angle = Jobs::read_quantity(text);
+    if (Base::category_of(angle.units) == Base::Category::unit) {
+      throw fmt::format("needs units, such as \"{:.10g} deg\"", angle.value);
+    }
     return angle.value * Base::factor_to_base(angle.units, Base::Category::angle);
   } catch (const std::string& fault) {
     throw "--angle \"" + text + "\": " + fault;

@@ -8,6 +8,7 @@
 #include <initializer_list>
 #include <sstream>
 
+#include "cli/unit_names.h"
 #include "jobs/quantity_text.h"
 
 namespace Cli {
@@ -86,6 +87,17 @@ std::string units_in(const std::vector<std::string>& comments,
   return {};
 }
 
+Base::Units known_units(const std::string& units) {
+  try {
+    return Base::resolve_units(units);
+  } catch (const std::string&) {
+    const auto likely = likely_unit(units);
+    throw "has unknown units \"" + units + "\"; " +
+        (likely ? "a unit with a similar name is \"" + *likely + "\""
+                : "`kelpbox formulas` lists all units");
+  }
+}
+
 }  // namespace
 
 ProbePlace place_in(std::string_view text) {
@@ -121,7 +133,7 @@ Base::Units elevation_units(const Jobs::CsvColumn& column, const std::string& gi
         "has no units; write them in its head, as in \"probe 1 [mm]\", or give "
         "--units mm");
   }
-  const Base::Units resolved = Base::resolve_units(units);
+  const Base::Units resolved = known_units(units);
   if (Base::category_of(resolved) != Base::Category::length) {
     throw "is " + Jobs::kind_of(resolved) + ", not a length; choose the probes with --column";
   }

@@ -22,6 +22,10 @@ namespace Category = Base::Category;
 double option_value(const char* name, const std::string& text, Base::UnitCategory category) {
   try {
     const Jobs::QuantityText value = Jobs::read_quantity(text);
+    if (Base::category_of(value.units) == Category::unit) {
+      throw fmt::format("needs units, such as \"{:.10g} {}\"", value.value,
+                        Base::units_text(Base::default_units(category)));
+    }
     return value.value * Base::factor_to_base(value.units, category);
   } catch (const std::string& fault) {
     throw fmt::format("{} \"{}\": {}", name, text, fault);
@@ -76,6 +80,9 @@ class Reader {
       } catch (const std::string& fault) {
         fail("{}", fault);
       }
+      if (is_time(*columns.back())) {
+        fail("column \"{}\" holds the times; choose the columns of the probes", wanted);
+      }
     }
     if (columns.empty()) {
       for (const Jobs::CsvColumn& column : table_.columns) {
@@ -84,8 +91,9 @@ class Reader {
     }
     if (columns.empty()) fail("there is no column besides the time");
     if (!options_.probes.empty() && options_.probes.size() != columns.size()) {
-      fail("{} positions are given with --probe for {} probes", options_.probes.size(),
-           columns.size());
+      fail("--probe gives {} position{}, but there {} {} probe{}", options_.probes.size(),
+           options_.probes.size() == 1 ? "" : "s", columns.size() == 1 ? "is" : "are",
+           columns.size(), columns.size() == 1 ? "" : "s");
     }
     return columns;
   }
@@ -171,7 +179,7 @@ class Reader {
       found = place_of(column, table_.comments);
       if (!options_.probes.empty()) {
         const ProbePlace given = place_in(options_.probes[place]);
-        if (!given.x) throw std::string("has no x, as in \"x=9 m,y=0 m\"");
+        if (!given.x) throw std::string("x is missing, as in \"x=9 m,y=0 m\"");
         found = {given.name.empty() ? found.name : given.name, given.x, given.y};
       }
     } catch (const std::string& fault) {

@@ -16,6 +16,7 @@
 #include "maths/dispersion.h"
 #include "maths/run_data.h"
 #include "maths/tank_run.h"
+#include "site/context.h"
 
 namespace Cli {
 namespace {
@@ -170,13 +171,31 @@ void find_trains(LibraryRecords& library, double angle, Kelpbox::Experiment& sit
   }
 }
 
+void require_places_in_tank(const ProbeRecords& records, Kelpbox::Experiment& site) {
+  const Maths::TankConfig& config = site.context().tank_config();
+  const Common::Tank& tank = site.tank();
+  for (const Probe& probe : records.probes) {
+    // A y of 0 may just not be given.
+    const bool outside = probe.x < config.x_low || probe.x > config.x_high ||
+                         (probe.y != 0.0 && (probe.y < tank.min_y || probe.y > tank.max_y));
+    if (!probe.placed || !outside) continue;
+    throw fmt::format(
+        "{}: {} at x = {:g} m, y = {:g} m is outside the tank, which has x = {:g} to {:g} m and "
+        "y = {:g} to {:g} m",
+        records.file, probe.name, probe.x, probe.y, config.x_low, config.x_high,
+        static_cast<double>(tank.min_y), static_cast<double>(tank.max_y));
+  }
+}
+
 }  // namespace
 
 RecordAnalysis analyse_records(ProbeRecords records, double angle, Kelpbox::Experiment& site) {
   constexpr std::size_t least_samples = 16;
   if (records.samples() < least_samples) {
-    throw fmt::format("{}: {} samples are too few", records.file, records.samples());
+    throw fmt::format("{}: {} sample{} too few, at least {} are needed", records.file,
+                      records.samples(), records.samples() == 1 ? " is" : "s are", least_samples);
   }
+  require_places_in_tank(records, site);
   RecordAnalysis found;
   found.records = std::move(records);
   found.height_m0 = mean_height_m0(found.records);

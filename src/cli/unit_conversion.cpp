@@ -63,7 +63,14 @@ std::vector<std::string> alternatives(Base::Units units) {
   return offered;
 }
 
-[[noreturn]] void throw_other_kind(Base::Units from, Base::Units to) {
+[[noreturn]] void throw_other_kind(const Jobs::QuantityText& given, Base::Units to) {
+  const Base::Units from = given.units;
+  if (Base::category_of(from) == Base::Category::unit) {
+    const std::string units = Base::units_text(to);
+    throw BadConversion{fmt::format("\"{:.10g}\" is a plain number, but \"{}\" is {}", given.value,
+                                    units, Jobs::kind_of(to)),
+                        fmt::format("give it units, such as \"{:.10g} {}\"", given.value, units)};
+  }
   std::string help = trap_of(from);
   if (help.empty()) help = trap_of(to);
   if (!help.empty()) help += "; ";
@@ -102,7 +109,7 @@ Conversion convert(const std::string& quantity, const std::string& to) {
       to.empty() ? alternatives(given.units) : std::vector<std::string>{to};
   for (const std::string& target : targets) {
     const Base::Units units = units_named(target);
-    if (!Base::compatible(given.units, units.row)) throw_other_kind(given.units, units);
+    if (!Base::compatible(given.units, units.row)) throw_other_kind(given, units);
     conversion.results.push_back({given.value * Base::factor(given.units, units), target});
     for (std::string& remark : remarks_on(given.units, units)) {
       auto& known = conversion.remarks;

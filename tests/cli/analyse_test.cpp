@@ -210,6 +210,20 @@ TEST_F(Analyse, ProjectsPositionsOntoTheAngle) {
   EXPECT_EQ(found["probes"][1]["y"], 9.6);
 }
 
+TEST_F(Analyse, RefusesAProbeOutsideTheTank) {
+  options.probes = {"x=5 m", "x=6 m", "x=700 m"};
+  EXPECT_EQ(analyse(SyntheticRecords().file()), 2);
+  EXPECT_TRUE(notes("c at x = 700 m, y = 0 m is outside the tank")) << err();
+  options.probes.back() = "x=7 m,y=-50 m";
+  EXPECT_EQ(analyse(SyntheticRecords().file()), 2);
+  EXPECT_TRUE(notes("c at x = 7 m, y = -50 m is outside the tank")) << err();
+}
+
+TEST_F(Analyse, SaysHowManySamplesAreNeeded) {
+  EXPECT_EQ(analyse("time [s],a [mm]\n0,1\n0.1,2\n0.2,3\n0.3,1\n"), 2);
+  EXPECT_TRUE(notes("r.csv: 4 samples are too few, at least 16 are needed")) << err();
+}
+
 TEST_F(Analyse, TabulatesSeveralFiles) {
   SyntheticRecords records;
   const std::string first = dir.write("first.csv", records.file());

@@ -107,8 +107,9 @@ TEST_F(ReadProbeRecords, RefusesWhatItCannotUse) {
        "--units mm"},
       {two("time [s],a [mm],b [V]"),
        "r.csv: column b [V] is a voltage, not a length; choose the probes with --column"},
-      {two("time [s],a [mm],b [milimetre]"),
-       "r.csv: column b [milimetre] Unknown units - milimetre"},
+      {two("time [s],a [mm],b [metres]"),
+       "r.csv: column b [metres] has unknown units \"metres\"; a unit with a similar name is "
+       "\"m\""},
       {two("n,a [mm],b [mm]"),
        "r.csv: there is no column of times; call it \"time [s]\", or give the rate, as in --rate "
        "\"50 Hz\""},
@@ -130,14 +131,19 @@ TEST_F(ReadProbeRecords, RefusesWhatItCannotUse) {
 TEST_F(ReadProbeRecords, RefusesOptionsThatDoNotFit) {
   const std::string good = two("time [s],a [mm],b [mm]");
   options.probes = {"x=9 m"};
-  EXPECT_EQ(fault(good), "r.csv: 1 positions are given with --probe for 2 probes");
+  EXPECT_EQ(fault(good), "r.csv: --probe gives 1 position, but there are 2 probes");
   options.probes = {"y=9 m", "x=1 m"};
-  EXPECT_EQ(fault(good), "r.csv: the position of probe 1: has no x, as in \"x=9 m,y=0 m\"");
+  EXPECT_EQ(fault(good), "r.csv: the position of probe 1: x is missing, as in \"x=9 m,y=0 m\"");
   options.probes.clear();
   options.columns = {"c"};
   EXPECT_EQ(fault(good),
             "r.csv: there is no column \"c\": there are \"time [s]\", \"a [mm]\", \"b [mm]\"");
+  options.columns = {"1"};
+  EXPECT_EQ(fault(good), "r.csv: column \"1\" holds the times; choose the columns of the probes");
   options.columns.clear();
+  options.start = "20";
+  EXPECT_EQ(fault(good), "--start \"20\": needs units, such as \"20 s\"");
+  options.start.clear();
   options.rate = "0 Hz";
   EXPECT_EQ(fault(good), "--rate \"0 Hz\" is not above 0");
   options.rate = "5 m";

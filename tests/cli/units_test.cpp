@@ -60,6 +60,13 @@ TEST_F(Units, RefusesUnitsOfAnotherKind) {
             "  = a velocity can be given in ft/s, in/s, ft/min, mi/h, kn, m/h, m/s\n");
 }
 
+TEST_F(Units, AsksForTheUnitsOfAPlainNumber) {
+  EXPECT_EQ(convert("3", "m"), 2);
+  EXPECT_EQ(err(),
+            "error: \"3\" is a plain number, but \"m\" is a length\n"
+            "  = give it units, such as \"3 m\"\n");
+}
+
 TEST_F(Units, ExplainsTheMetreSecond) {
   EXPECT_EQ(convert("20 ms", "s"), 2);
   EXPECT_NE(err().find("ms is the metre-second, a millisecond is msec"), std::string::npos);
