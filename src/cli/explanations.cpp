@@ -12,6 +12,7 @@ namespace Cli {
 namespace {
 
 constexpr std::size_t most_shown = 3;
+constexpr std::size_t least_beginning = 12;  // characters; shorter ones fit by chance
 
 // The message, and what remains of it without what others have put before it.
 std::vector<std::string> without_prefixes(std::string_view message) {
@@ -54,14 +55,19 @@ void sort(std::vector<Ranked>& ranked) {
                    [](const Ranked& a, const Ranked& b) { return a.rank > b.rank; });
 }
 
-// Messages that fit. Those that tables list come before others.
-std::vector<Explanation> fitting(const std::string& message, bool parts) {
+enum class Fit { whole, beginning, part };
+
+// Messages that fit as a whole, that the given one begins with, or that hold the given part. Those
+// that tables list come before others.
+std::vector<Explanation> fitting(const std::string& message, Fit fit) {
+  const bool parts = fit == Fit::part;
   const std::string wanted = normal_form(message);
   std::vector<Ranked> ranked;
   for (const PageMessage& known : page_messages()) {
     constexpr double before_all_others = 1e6;
     const double first = known.listed ? before_all_others : 0.0;
-    if (const auto literal = known.pattern.fit(message)) {
+    const bool begins = fit == Fit::beginning && known.pattern.literal() >= least_beginning;
+    if (const auto literal = (begins ? known.beginning : known.pattern).fit(message)) {
       ranked.push_back({&known, first + static_cast<double>(*literal)});
     } else if (parts && normal_form(known.explanation.message).find(wanted) != wanted.npos) {
       // The shortest message that holds the part is the likeliest.
@@ -123,19 +129,27 @@ Answer explain_message(std::string_view message) {
   Answer answer;
   const std::vector<std::string> variants = without_prefixes(message);
   // The message itself may be a prefix that a page explains; what follows the prefix says more.
-  for (auto variant = variants.rbegin(); variant != variants.rend(); ++variant) {
-    answer.fitting = fitting(*variant, false);
-    if (!answer.fitting.empty()) return answer;
+  for (const Fit fit : {Fit::whole, Fit::beginning}) {
+    for (auto variant = variants.rbegin(); variant != variants.rend(); ++variant) {
+      answer.fitting = fitting(*variant, fit);
+      if (!answer.fitting.empty()) return answer;
+    }
   }
-  constexpr std::size_t least_part = 8;
-  if (normal_form(message).size() >= least_part) answer.fitting = fitting(variants.back(), true);
+  if (normal_form(message).size() >= least_part) {
+    answer.fitting = fitting(variants.back(), Fit::part);
+  }
   if (!answer.fitting.empty()) return answer;
   constexpr double worth_listing = 0.2;
   constexpr double probably_meant = 0.55;
   const std::vector<Ranked> ranked = by_common_words(variants.back());
   for (const Ranked& entry : ranked) {
     if (entry.rank < worth_listing) break;
-    add_once(answer.similar, entry.message->explanation);
+    const Explanation& similar = entry.message->explanation;
+    const bool shown =
+        std::any_of(answer.similar.begin(), answer.similar.end(), [&](const Explanation& other) {
+          return normal_form(other.message) == normal_form(similar.message);
+        });
+    if (!shown) add_once(answer.similar, similar);
   }
   answer.likely = !ranked.empty() && ranked[0].rank >= probably_meant;
   return answer;

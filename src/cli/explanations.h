@@ -2,11 +2,15 @@
 #ifndef KELPBOX_CLI_EXPLANATIONS_H_
 #define KELPBOX_CLI_EXPLANATIONS_H_
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Cli {
+
+// A shorter part of a message is not searched for.
+inline constexpr std::size_t least_part = 8;  // characters
 
 struct Explanation {
   std::string message;             // as the page writes it
@@ -16,7 +20,8 @@ struct Explanation {
 };
 
 struct Answer {
-  // Of messages that fit as a whole, or hold the given part. Several if several pages have them.
+  // Of messages that fit as a whole, that the given one begins with, or that hold the given part.
+  // Several if several pages have them.
   std::vector<Explanation> fitting;
   // If none fits: those with the most words in common, best first.
   std::vector<Explanation> similar;

@@ -55,9 +55,7 @@ class Reader {
       const PageBlock& block = blocks_[i];
       if (block.kind == Kind::row) {
         read_row(i);
-      } else if (block.kind == Kind::code) {
-        read_code(i);
-      } else {
+      } else if (block.kind != Kind::code) {
         for (const std::string& part : quoted_parts(block.text)) {
           if (looks_like_message(part)) add(part, i, {plain_text(block.text)}, false);
         }
@@ -113,20 +111,6 @@ class Reader {
     return lines;
   }
 
-  // Lines that the library writes, after the paragraph that introduces them. Examples of code are
-  // no messages.
-  void read_code(std::size_t at) {
-    if (at == 0 || blocks_[at - 1].kind == Kind::code || blocks_[at - 1].kind == Kind::row) return;
-    const std::string& code = blocks_[at].text;
-    for (std::size_t begin = 0; begin < code.size();) {
-      const std::size_t end = std::min(code.find('\n', begin), code.size());
-      const std::string line = code.substr(begin, end - begin);
-      if (words_of(line).size() >= 2)
-        add(line, at, {plain_text(blocks_[at - 1].text), line}, false);
-      begin = end + 1;
-    }
-  }
-
   std::string block_text(std::size_t at) const {
     const PageBlock& block = blocks_[at];
     return block.kind == Kind::code ? block.text : plain_text(block.text);
@@ -137,6 +121,7 @@ class Reader {
     MessagePattern pattern(message);
     if (pattern.literal() < least_literal) return;
     messages_.push_back({std::move(pattern),
+                         MessagePattern(message + " ..."),
                          words_of(message),
                          listed,
                          {message, std::move(lines), page_, blocks_[at].section}});

@@ -13,6 +13,7 @@ namespace Cli {
 
 struct PageMessage {
   MessagePattern pattern;
+  MessagePattern beginning;  // the same, and anything after it
   std::set<std::string> words;
   // Whether a table lists it as a message. Otherwise a text or another table mentions it.
   bool listed = false;

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/unit_table.h"
+#include "cli/failure_report.h"
 #include "cli/formula_parts.h"
 #include "cli/templates.h"
 #include "cli/unit_names.h"
