@@ -51,10 +51,13 @@ void add_change(Preparation& p, const Part& part, BuiltSea& sea, Taken& taken) {
   const auto change = as_modifier(p, part, ready);
   if (!change) return;
   ModifierPtr modifier;
-  if (!in_library(p, change->formula_span, "", [&] {
-        modifier =
-            Kelpbox::make_modifier(Base::make_enum("WaveMod", change->modifier), change->formula);
-      })) {
+  if (!in_library(
+          p, change->formula_span, "",
+          [&] {
+            modifier = Kelpbox::make_modifier(Base::make_enum("WaveMod", change->modifier),
+                                              change->formula);
+          },
+          ready == nullptr ? formula_label : "")) {
     return;
   }
   const Part*& first = taken[modifier->slot()];

@@ -1,6 +1,7 @@
 // The waves that a job writes as formulas of frequency or of time.
 #include <fmt/format.h>
 
+#include <cmath>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -23,10 +24,13 @@ std::optional<WaveFormulas> parse(Preparation& p, const Part& part, const char* 
   const Value* text = formula_of(p, part, example);
   if (text == nullptr) return std::nullopt;
   WaveFormulas parsed{text->span, nullptr};
-  const bool good = in_library(p, text->span, "", [&] {
-    parsed.pieces =
-        std::make_shared<Synthesis::Piecewise>(Synthesis::parse_component_text(text->text));
-  });
+  const bool good = in_library(
+      p, text->span, "",
+      [&] {
+        parsed.pieces =
+            std::make_shared<Synthesis::Piecewise>(Synthesis::parse_component_text(text->text));
+      },
+      formula_label);
   if (!good) return std::nullopt;
   if (parsed.pieces->units().limit != limits) {
     const char* wanted = limits == Category::time ? "times" : "frequencies";
@@ -46,7 +50,8 @@ void add_spectrum(Preparation& p, const WavePlace& wave) {
   Declared declared;
   declared.own_keys = {"formula"};
   const bool good = in_library(
-      p, formulas->place, "", [&] { Synthesis::Spectrum(wave.name, text).query(declared.params); });
+      p, formulas->place, "", [&] { Synthesis::Spectrum(wave.name, text).query(declared.params); },
+      formula_label);
   if (!good) return;
   auto params = bind_parameters(wave.part, declared, p.faults);
   if (!params || !add_density(p, wave, *formulas, *params, {})) return;
@@ -66,8 +71,9 @@ void add_time(Preparation& p, const WavePlace& wave) {
   const std::string& text = wave.part.parameters.find("formula")->text;
   Declared declared;
   declared.own_keys = {"formula"};
-  const bool good = in_library(p, formulas->place, "",
-                               [&] { Synthesis::TimeExp(wave.name, text).query(declared.params); });
+  const bool good = in_library(
+      p, formulas->place, "", [&] { Synthesis::TimeExp(wave.name, text).query(declared.params); },
+      formula_label);
   if (!good) return;
   auto params = bind_parameters(wave.part, declared, p.faults);
   if (!params || !bind_formulas(p, *formulas, *params)) return;
@@ -84,6 +90,10 @@ void add_time(Preparation& p, const WavePlace& wave) {
     asked.variance = time_variance(*formulas->pieces, rate, repeat);
   });
   if (!evaluated) return;
+  if (asked.variance && !std::isfinite(*asked.variance)) {
+    p.faults.push_back({"`formula` is not finite at all times of the run", formulas->place, ""});
+    return;
+  }
   wave.sea.asked.push_back(std::move(asked));
   hand_over(p, wave, *params,
             [&] { return p.run.experiment.add_timeexp(wave.sea.id, wave.name, text); });

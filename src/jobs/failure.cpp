@@ -26,4 +26,11 @@ std::string message_of_current() {
   }
 }
 
+std::string comment_text(const std::string& comment) {
+  for (const std::string prefix : {"Error::", "Warning::", "Detail::"}) {
+    if (comment.starts_with(prefix)) return comment.substr(prefix.size());
+  }
+  return comment;
+}
+
 }  // namespace Jobs

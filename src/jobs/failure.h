@@ -10,6 +10,9 @@ namespace Jobs {
 // a character pointer, a Script::LogItm or a std::exception.
 std::string message_of_current();
 
+// A comment that the library added to parameters, without its severity: "Poor match".
+std::string comment_text(const std::string& comment);
+
 }  // namespace Jobs
 
 #endif  // KELPBOX_JOBS_FAILURE_H_

@@ -134,11 +134,15 @@ void name_inputs(std::vector<InputFile>& inputs, std::size_t site_files) {
   for (std::size_t i = 0; i < site_files; ++i) paths.push_back(normal(inputs[i].path));
   const fs::path common = paths.empty() ? fs::path() : common_folder(paths);
   std::set<std::string> used;
-  for (std::size_t i = 0; i < inputs.size(); ++i) {
-    const fs::path name = i < site_files ? paths[i].lexically_relative(common)
-                                         : "records" / fs::path(inputs[i].path).filename();
-    inputs[i].name = unused(name, used);
-    used.insert(inputs[i].name);
+  const auto give = [&used](InputFile& input, const fs::path& name) {
+    input.name = unused(name, used);
+    used.insert(input.name);
+  };
+  for (std::size_t i = 0; i < site_files; ++i) give(inputs[i], paths[i].lexically_relative(common));
+  // A file of the site may have the name of the folder.
+  const fs::path folder = unused("records", used);
+  for (std::size_t i = site_files; i < inputs.size(); ++i) {
+    give(inputs[i], folder / fs::path(inputs[i].path).filename());
   }
 }
 

@@ -57,6 +57,9 @@ class JobReader {
       has_site_ = true;
       job_.site = form_.text(member);
       job_.site_span = member.value.span;
+      if (is_several_lines(member.value)) {
+        form_.fault("`site` must be a text on one line", job_.site_span);
+      }
     } else if (key == "tune") {
       read_part(member, job_.tune);
     } else if (key == "run") {
@@ -116,7 +119,9 @@ class JobReader {
 std::string job_stem(const std::string& path) {
   if (path == "-") return "stdin";
   const std::filesystem::path name = std::filesystem::path(path).filename();
-  return name.extension() == ".toml" ? name.stem().string() : name.string();
+  const std::string stem = name.extension() == ".toml" ? name.stem().string() : name.string();
+  // Results go to folders with the name of the stem.
+  return stem.empty() || stem == "." || stem == ".." ? "job" : stem;
 }
 
 Job read_job(const std::string& path, const std::vector<std::string>& options,

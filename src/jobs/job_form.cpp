@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "jobs/nearest.h"
+#include "jobs/text_places.h"
 
 namespace Jobs {
 namespace {
@@ -61,6 +62,19 @@ std::string type_of(const Value& value) {
 }
 
 bool is_empty_list(const Value& value) { return value.kind == Kind::array && value.items.empty(); }
+
+bool is_several_lines(const Value& value) {
+  const Span& span = value.span;
+  if (value.kind != Kind::text || span.source == nullptr || span.line == 0) return false;
+  const std::string_view line = TextPlaces(span.source).line(span.line);
+  if (span.column == 0 || span.column > line.size()) return false;
+  const std::string_view text = line.substr(span.column - 1, span.length);
+  for (const std::string_view quotes : {"\"\"\"", "'''"}) {
+    if (!text.starts_with(quotes)) continue;
+    return text.size() < 2 * quotes.size() || !text.ends_with(quotes);
+  }
+  return false;
+}
 
 Part part_of(const Value& table, const std::string& title) {
   Part part;

@@ -41,6 +41,10 @@ std::string type_of(const Value& value);
 // Whether it is an array without elements, which is as good as nothing.
 bool is_empty_list(const Value& value);
 
+// Whether it is a TOML string that goes on after its first line. The copy of a job has other paths,
+// which are written where the old ones are.
+bool is_several_lines(const Value& value);
+
 // A part with all members of the table but `kind` and `name`.
 Part part_of(const Value& table, const std::string& title);
 

@@ -10,18 +10,10 @@
 #include "jobs/captured_lines.h"
 #include "jobs/failure.h"
 #include "jobs/input_files.h"
+#include "jobs/job_form.h"
 
 namespace Jobs {
 namespace {
-
-
-// Comments begin with their severity. "Poor match" says less than the values themselves.
-std::string comment_text(std::string comment) {
-  for (const std::string prefix : {"Error::", "Warning::", "Detail::"}) {
-    if (comment.starts_with(prefix)) return comment.substr(prefix.size());
-  }
-  return comment;
-}
 
 std::string shown(double value, Base::Units units) {
   std::string text = fmt::format("{:.10g}", value);
@@ -42,14 +34,14 @@ Span span_of(const Part& part, const std::string& key) {
 }
 
 bool in_library(Preparation& p, const Span& place, const std::string& title,
-                const std::function<void()>& operation) {
+                const std::function<void()>& operation, const std::string& label) {
   CapturedLines lines;
   bool good = true;
   try {
     operation();
   } catch (...) {
     const std::string message = message_of_current();
-    p.faults.push_back({title.empty() ? message : title + ": " + message, place, ""});
+    p.faults.push_back({title.empty() ? message : title + ": " + message, place, label});
     good = false;
   }
   p.run.log += lines.progress() + lines.faults();
@@ -62,6 +54,7 @@ bool set_with_remarks(Preparation& p, const Part& part, const std::string& title
   const std::uint32_t comments = params.comment_size();
   if (!in_library(p, part.span, title, [&] { set(params); })) return false;
   for (std::uint32_t i = comments; i < params.comment_size(); ++i) {
+    // "Poor match" says less than the values themselves.
     const std::string text = comment_text(params.comment(i));
     if (text != "Poor match") p.run.remarks.push_back(title + ": " + text);
   }
@@ -116,8 +109,17 @@ std::optional<std::size_t> read_part_file(Preparation& p, const Part& part) {
                         "a CSV file, relative to the job's folder"});
     return std::nullopt;
   }
-  if (file->kind != Value::Kind::text || file->text.empty()) {
-    p.faults.push_back({"`file` is a path", file->span, "write it as text"});
+  std::string fault;
+  if (file->kind != Value::Kind::text) {
+    fault = "`file` is a path";
+  } else if (file->text.empty()) {
+    fault = "`file` is empty";
+  } else if (is_several_lines(*file)) {
+    fault = "`file` must be a text on one line";
+  }
+  if (!fault.empty()) {
+    const bool other_kind = file->kind != Value::Kind::text;
+    p.faults.push_back({fault, file->span, other_kind ? "write it as text" : ""});
     return std::nullopt;
   }
   const std::string path = opened_path(p.run.job, file->text);

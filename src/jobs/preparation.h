@@ -27,9 +27,13 @@ struct Preparation {
 Span span_of(const Part& part, const std::string& key);
 
 // Calls an operation of the library with its lines captured into the run's log. A failure becomes a
-// fault at the place. Returns whether it succeeded.
+// fault at the place, with the label. Returns whether it succeeded.
 bool in_library(Preparation& p, const Span& place, const std::string& title,
-                const std::function<void()>& operation);
+                const std::function<void()>& operation, const std::string& label = "");
+
+// After the carets of a formula that the library refuses.
+inline constexpr const char* formula_label =
+    "see `kelpbox formulas`; numbers have no exponent form";
 
 // Calls `set` with the parameters, as in_library. The comments that it adds and the values of the
 // job that it changes go to the run's remarks, under the title.

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -176,6 +177,17 @@ void tune(Preparation& p) {
   p.has_site = in_library(p, part.span, part.title, [&] { p.run.experiment.set(*params); });
 }
 
+// Without a usable depth no wave has a length, and each part would fail in its own words.
+void judge_depth(Preparation& p) {
+  const Maths::TankConfig& tank = p.run.experiment.context().tank_config();
+  const bool good = std::isfinite(tank.paddle_depth) &&
+                    std::all_of(tank.profile.begin(), tank.profile.end(),
+                                [](const auto& point) { return std::isfinite(point.depth); });
+  if (good) return;
+  add_site_fault(p, "its depth is not usable: it must be finite everywhere");
+  p.has_site = false;
+}
+
 }  // namespace
 
 void read_site(Preparation& p) {
@@ -204,6 +216,7 @@ void read_site(Preparation& p) {
   keep_files(p, failure.progress);
   p.has_site = true;
   tune(p);
+  if (p.has_site) judge_depth(p);
 }
 
 }  // namespace Jobs

@@ -111,6 +111,7 @@ void require_text(const std::shared_ptr<const SourceText>& source) {
 }  // namespace
 
 std::shared_ptr<const SourceText> read_source(const std::string& path) {
+  if (path.empty()) throw bad_job("the path of the job is empty");
   const OpenFile file(path);
   file.require_regular();
   auto source = std::make_shared<SourceText>(SourceText{name_of(path), file.read()});

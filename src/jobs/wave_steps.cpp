@@ -40,6 +40,11 @@ const Value* formula_of(Preparation& p, const Part& part, const std::string& exa
         {"`formula` is a text", formula->span, fmt::format("such as \"{}\"", example)});
     return nullptr;
   }
+  if (formula->text.find_first_not_of(" \t\r\n") == std::string::npos) {
+    p.faults.push_back(
+        {"`formula` is empty", formula->span, fmt::format("such as \"{}\"", example)});
+    return nullptr;
+  }
   return formula;
 }
 

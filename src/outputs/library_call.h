@@ -32,10 +32,14 @@ void library_call(Jobs::Run& run, const std::string& what, const Jobs::Span& pla
   keep();
 }
 
-// The comments that the library added: "Warning::Poor match".
+// The comments that the library added, without their severity.
 inline std::vector<std::string> comments_of(const Base::Params& params) {
   std::vector<std::string> comments;
-  for (std::uint32_t i = 0; i < params.comment_size(); ++i) comments.push_back(params.comment(i));
+  for (std::uint32_t i = 0; i < params.comment_size(); ++i) {
+    const std::string text = Jobs::comment_text(params.comment(i));
+    comments.push_back(text == "Poor match" ? "a value was fitted to the repeat or the range"
+                                            : text);
+  }
   return comments;
 }
 

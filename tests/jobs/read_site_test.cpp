@@ -5,6 +5,7 @@
 #include <sstream>
 #include <string>
 
+#include "jobs/input_files.h"
 #include "jobs/job_folder.h"
 #include "jobs/run.h"
 #include "support/own_process.h"
@@ -99,6 +100,23 @@ TEST(ReadSite, NamesEachKeyThatTheScriptDoesNotSet) {
 TEST(ReadSite, PassesOnWhatACheckOfTheSiteSays) {
   EXPECT_EQ(refusal("max_y = 0.8;", "max_y = -1;"),
             "1: the site `flume.site`: context::tank::Error::Max Y -1 is less than Min Y 0\n");
+}
+
+TEST(ReadSite, RefusesADepthThatIsNotFinite) {
+  const std::string fault =
+      "1: the site `flume.site`: its depth is not usable: it must be finite everywhere\n";
+  EXPECT_EQ(refusal("depth = \"0.7\";", "depth = \"1/0\";"), fault);
+}
+
+// The files of the site, then a record.
+TEST(ReadSite, GivesRecordsAFolderThatNoFileOfTheSiteIs) {
+  const auto named = [](const std::string& site) {
+    std::vector<InputFile> inputs{{"/lab/" + site, "", ""}, {"/data/x.csv", "", ""}};
+    name_inputs(inputs, 1);
+    return inputs[0].name + " " + inputs[1].name;
+  };
+  EXPECT_EQ(named("flume.site"), "flume.site records/x.csv");
+  EXPECT_EQ(named("records"), "records records-2/x.csv");
 }
 
 TEST(ReadSite, NamesAMissingInclude) {

@@ -72,6 +72,10 @@ TEST_F(ReadSource, OnlyRegularFilesAreRead) {
   EXPECT_EQ(fault_of(path("fifo")).fault, path("fifo") + ": not a regular file");
 }
 
+TEST_F(ReadSource, AnEmptyPathIsNamedAsSuch) {
+  EXPECT_EQ(fault_of("").fault, "the path of the job is empty");
+}
+
 TEST_F(ReadSource, FilesAbove16MiBAreRefused) {
   EXPECT_EQ(Jobs::read_source(file(std::string(16 << 20, '\n')))->text.size(), 16U << 20);
   const std::string name = file(std::string((16 << 20) + 1, '\n'));

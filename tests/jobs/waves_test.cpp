@@ -345,7 +345,15 @@ TEST(Waves, RefusesWhatMakesNoSea) {
             "5: `tp` is missing in a `jonswap` wave "
             "(period of the peak: a time in s, min, msec, h)\n");
   EXPECT_EQ(refusal("kind = \"spectrum\"\nformula = \"0.2@Hz#0.0001@m2s\""),
-            "7: There must be an odd number of sub expressions\n");
+            "7: There must be an odd number of sub expressions "
+            "(see `kelpbox formulas`; numbers have no exponent form)\n");
+  EXPECT_EQ(refusal("kind = \"spectrum\"\nformula = \" \""),
+            "7: `formula` is empty (such as \"0.2@Hz#0.0001@m2s#2@Hz\")\n");
+  EXPECT_EQ(refusal("kind = \"time\"\nformula = \"0@s#ln($[s]-32)@m#64@s\"\nrate = \"20 Hz\""),
+            "7: `formula` is not finite at all times of the run\n");
+  EXPECT_EQ(refusal("kind = \"record\"\nfile = \"\""), "7: `file` is empty\n");
+  EXPECT_EQ(refusal("kind = \"record\"\nfile = \'\'\'\nx.csv\'\'\'"),
+            "7: `file` must be a text on one line\n");
   EXPECT_EQ(refusal("kind = \"spectrum\"\nformula = \"1@Hz#0.0001@m2s#0.5@Hz\""),
             "7: Limit values do not increase in size\n");
   EXPECT_EQ(refusal("kind = \"spectrum\"\nformula = \"3@Hz#0.0001@m2s#4@Hz\""),
