@@ -2,12 +2,15 @@
 
 #include <fmt/format.h>
 
-#include <memory>
+#include <cmath>
 #include <utility>
 
+#include "base/constants.h"
 #include "base/enumerations.h"
 #include "jobs/bind_parameters.h"
 #include "jobs/fallbacks.h"
+#include "jobs/field_request.h"
+#include "jobs/request_limits.h"
 
 namespace Jobs {
 namespace {
@@ -20,9 +23,9 @@ void declare(Declared& declared, const char* name, Base::UnitCategory category) 
 
 std::string hertz(double rate) { return fmt::format("{} Hz", rate); }
 
-void require_above_0(Preparation& p, const Part& part, const char* name, double value) {
-  if (value > 0.0) return;
-  p.faults.push_back({fmt::format("`{}` must be above 0", name), span_of(part, name), ""});
+// A rate that the job does not give has been judged where it comes from.
+void judge_rate(Preparation& p, const Part& part, double rate) {
+  if (part.parameters.find("rate") != nullptr) require_samples(p, rate, span_of(part, "rate"));
 }
 
 void read_drive(Preparation& p) {
@@ -45,10 +48,20 @@ void read_drive(Preparation& p) {
   p.run.drive.ramp = params->read("ramp", Category::time);
   p.run.drive.stop_at_limit =
       params->read_enum("stop_at_limit", Base::EnumType::Bool) == Base::Bool::True;
-  require_above_0(p, part, "rate", p.run.drive.rate);
+  const bool has_rate = part.parameters.find("rate") != nullptr;
+  require_samples(p, p.run.drive.rate,
+                  span_of(has_rate ? part : p.run.job.run, has_rate ? "rate" : "repeat"));
   if (p.run.drive.ramp < 0.0) {
     p.faults.push_back({"`ramp` must not be negative", span_of(part, "ramp"), ""});
   }
+}
+
+void judge_sectors(Preparation& p, const Part& part, double width) {
+  constexpr double most_sectors = 3600.0;
+  const double sectors = std::round(Base::TwoPi / width);
+  if (width > 0.0 && sectors >= 1.0 && sectors <= most_sectors) return;
+  p.faults.push_back({"`delta_angle` must be between 0.1 and 360 deg", span_of(part, "delta_angle"),
+                      "the width of a sector of directions"});
 }
 
 void read_point(Preparation& p, const PointPart& point) {
@@ -68,62 +81,10 @@ void read_point(Preparation& p, const PointPart& point) {
   request.rate = params->read("rate", Category::frequency);
   request.delta_angle = params->read("delta_angle", Category::angle);
   lies_in_tank(p, point.part, "x", request.x);
-  require_above_0(p, point.part, "rate", request.rate);
-  require_above_0(p, point.part, "delta_angle", request.delta_angle);
+  lies_across_tank(p, point.part, "y", request.y);
+  judge_rate(p, point.part, request.rate);
+  judge_sectors(p, point.part, request.delta_angle);
   p.run.points.push_back(std::move(request));
-}
-
-struct Range {
-  double from = 0.0;
-  double to = 0.0;
-  double step = 0.0;
-};
-
-// The range `name` of [field], which is a table of its own.
-Range read_range(Preparation& p, const std::string& name) {
-  const Part& field = p.run.job.field;
-  const Value* value = field.parameters.find(name);
-  const char* example = "{ from = \"0 m\", to = \"10 m\", step = \"0.25 m\" }";
-  if (value == nullptr || value->kind != Value::Kind::table) {
-    const char* fault = value == nullptr ? "`{}` is missing in {}" : "`{}` of {} is a table";
-    p.faults.push_back({fmt::format(fmt::runtime(fault), name, field.title), span_of(field, name),
-                        fmt::format("such as {} = {}", name, example)});
-    return {};
-  }
-  Part part;
-  part.title = fmt::format("`{}` of {}", name, field.title);
-  part.span = value->span;
-  part.parameters = *value;
-  Declared declared;
-  for (const char* key : {"from", "to", "step"}) declare(declared, key, Category::length);
-  const auto params = bind_parameters(part, declared, p.faults);
-  if (!params) return {};
-  const Range range{params->read("from", Category::length), params->read("to", Category::length),
-                    params->read("step", Category::length)};
-  require_above_0(p, part, "step", range.step);
-  if (range.to < range.from) {
-    p.faults.push_back({"`to` must not be below `from`", span_of(part, "to"), ""});
-  }
-  if (name == "x") {
-    lies_in_tank(p, part, "from", range.from);
-    lies_in_tank(p, part, "to", range.to);
-  }
-  return range;
-}
-
-void read_field(Preparation& p) {
-  const Part& part = p.run.job.field;
-  Declared declared;
-  declare(declared, "rate", Category::frequency);
-  declared.own_keys = {"x", "y"};
-  const auto params = bind_parameters(part, declared, p.faults);
-  const Range x = read_range(p, "x");
-  const Range y = read_range(p, "y");
-  if (!params) return;
-  const double rate = params->read("rate", Category::frequency);
-  require_above_0(p, part, "rate", rate);
-  p.run.field = std::make_unique<FieldRequest>(
-      FieldRequest{rate, x.from, x.to, x.step, y.from, y.to, y.step});
 }
 
 }  // namespace

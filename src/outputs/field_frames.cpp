@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/params.h"
+#include "jobs/field_request.h"
 #include "outputs/library_call.h"
 
 namespace Outputs {
@@ -25,6 +26,11 @@ FieldAxis axis_of(double from, double to, double step) {
   return {from, step, static_cast<std::size_t>(std::llround((to - from) / step)) + 1};
 }
 
+bool is_about_memory(const std::string& message) {
+  return message.find("bad_alloc") != std::string::npos ||
+         message.find("not enough memory") != std::string::npos;
+}
+
 }  // namespace
 
 FieldFrames::FieldFrames(Jobs::Run& run, const Progress& progress) : run_(run) {
@@ -44,8 +50,15 @@ FieldFrames::~FieldFrames() { release(); }
 void FieldFrames::init() {
   const Jobs::FieldRequest& request = *run_.field;
   Base::Params params = grid_of(request);
-  library_call(run_, "field", run_.job.field.span,
-               [&] { run_.experiment.animate_init(run_.definition, params); });
+  try {
+    library_call(run_, "field", run_.job.field.span,
+                 [&] { run_.experiment.animate_init(run_.definition, params); });
+  } catch (const Jobs::BadJob& bad) {
+    if (!is_about_memory(bad.faults.front().fault)) throw;
+    const double repeat = run_.experiment.repeat(run_.definition).value();
+    throw Jobs::BadJob{
+        {Jobs::field_too_large(Jobs::field_bytes(request, repeat), run_.job.field.span)}};
+  }
   remarks_ = comments_of(params);
   rate_ = params.read("rate", Base::Category::frequency);
   frames_ = run_.experiment.animate_size(run_.definition);

@@ -74,7 +74,7 @@ TEST(Run, RefusesImpossibleRequests) {
             "10: `rate` must be above 0\n"
             "11: `ramp` must not be negative\n"
             "15: `rate` must be above 0\n"
-            "18: `to` must not be below `from`\n"
+            "18: `to` must be above `from` (a field has at least two rows and two columns)\n"
             "18: `step` must be above 0\n"
             "19: `y` of [field] is a table "
             "(such as y = { from = \"0 m\", to = \"10 m\", step = \"0.25 m\" })\n");
@@ -163,7 +163,13 @@ TEST(Run, RefusesPlacesOutsideTheTank) {
                                     "y = { from = \"0 m\", to = \"1 m\", step = \"1 m\" }\n")),
       "5: `x` lies outside the tank, which reaches from 0 to 25 m\n"
       "11: `x` lies outside the tank, which reaches from 0 to 25 m\n"
-      "18: `to` lies outside the tank, which reaches from 0 to 25 m\n");
+      "18: `to` lies outside the tank, which reaches from 0 to 25 m\n"
+      "19: `to` lies outside the tank, which reaches from 0 to 0.8 m across\n");
+  EXPECT_EQ(JobFolder().refusal(flume_job(one_wave + "[[point]]\nx = \"1 m\"\ny = \"0.9 m\"\n"
+                                                     "[[point]]\nx = \"1 m\"\ny = \"-1 mm\"\n"
+                                                     "[[point]]\nx = \"1 m\"\ny = \"0.8 m\"\n")),
+            "11: `y` lies outside the tank, which reaches from 0 to 0.8 m across\n"
+            "14: `y` lies outside the tank, which reaches from 0 to 0.8 m across\n");
 }
 
 TEST(Run, PointsAtThePartThatCannotBeBuilt) {

@@ -82,11 +82,11 @@ TEST(RefusedRun, LeavesNothingWhenTheLibraryRefusesAPoint) {
 
 TEST(RefusedRun, LeavesNothingWhenTheLibraryRefusesTheField) {
   const Testing::TempDir dir;
-  Testing::MadeRun made(
-      dir.write("storm.toml",
-                Testing::regular_job("[field]\nrate = \"5 Hz\"\n"
-                                     "x = { from = \"0 m\", to = \"9 m\", step = \"1 m\" }\n"
-                                     "y = { from = \"0 m\", to = \"1 m\", step = \"1 m\" }\n")));
+  Testing::MadeRun made(dir.write(
+      "storm.toml",
+      Testing::regular_job("[field]\nrate = \"5 Hz\"\n"
+                           "x = { from = \"0 m\", to = \"9 m\", step = \"1 m\" }\n"
+                           "y = { from = \"0 m\", to = \"0.8 m\", step = \"0.8 m\" }\n")));
   made.run->field->x_max = 99;
   const Jobs::Diagnostic fault = refusal(made, dir);
   EXPECT_EQ(fault.fault, "field: Value x=26 is outside dimensions of tank");
