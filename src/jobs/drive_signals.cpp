@@ -38,6 +38,13 @@ void run_library(Run& run, const Operation& operation) {
     }
     run.log += lines.progress() + lines.faults();
   }
+  if (message.starts_with("Index ") && message.ends_with(" out of range")) {
+    const Maths::RunData& grid = run.experiment.repeat(run.definition);
+    refuse(fmt::format("a rate of {:g} Hz is too low: it must be above twice the highest frequency "
+                       "made, which is at most {:g} Hz",
+                       run.drive.rate, grid.freq(grid.max_harmonic())),
+           span_of(run.job.drive, "rate"));
+  }
   if (!message.empty()) {
     refuse("the drive signals cannot be built: " + message, span_of(run.job.drive, "rate"),
            hint_for(message));
@@ -103,7 +110,8 @@ double DriveSignals::raw(std::uint32_t bank, std::uint32_t paddle, std::size_t s
 }
 
 double DriveSignals::sample(std::uint32_t bank, std::uint32_t paddle, std::size_t sample) const {
-  const double shaped = raw(bank, paddle, sample) * taper(sample);
+  // The sum turns -0 into 0.
+  const double shaped = raw(bank, paddle, sample) * taper(sample) + 0.0;
   if (!stop_at_limit_) return shaped;
   const BankLimits& limits = banks_[bank].limits;
   return std::max(limits.minimum, std::min(limits.maximum, shaped));

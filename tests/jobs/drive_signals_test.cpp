@@ -179,14 +179,23 @@ TEST(DriveSignals, NameTheFirstHarmonicOfAMachineWithoutATransferRatio) {
       "");
 }
 
-TEST(DriveSignals, RefuseARateThatGivesNoSignal) {
-  const JobFolder folder;
-  EXPECT_EQ(refusal(folder, flume_job(wave() + "[drive]\nrate = \"0.001 Hz\"\n")),
-            "10: the drive signals cannot be built: Index 52 out of range");
-  EXPECT_EQ(
-      refusal(folder, flume_job(wave() + "[drive]\nrate = \"50 MHz\"\n")),
-      "10: the drive signals cannot be built: rate::5e+07 Hz gives no usable number of samples "
-      "in a repeat time of 64 s");
+// The ramp makes the first sample 0, whichever sign the signal has there.
+TEST(DriveSignals, HaveNoNegativeZero) {
+  for (const std::string phase : {"90 deg", "-90 deg"}) {
+    const auto run = JobFolder().build(
+        flume_job(wave() + "phase = \"" + phase + "\"\n[drive]\nramp = \"3 s\"\n"));
+    const DriveSignals drive(*run);
+    EXPECT_NE(drive.raw(0, 0, 0), 0.0);
+    EXPECT_EQ(drive.sample(0, 0, 0), 0.0);
+    EXPECT_FALSE(std::signbit(drive.sample(0, 0, 0)));
+  }
+}
+
+// At 0.2 Hz, 64 s have 13 samples: the wave's harmonic lies beyond them.
+TEST(DriveSignals, RefuseARateFarBelowTheWaves) {
+  EXPECT_EQ(refusal(JobFolder(), flume_job(wave() + "[drive]\nrate = \"0.2 Hz\"\n")),
+            "10: a rate of 0.2 Hz is too low: it must be above twice the highest frequency made, "
+            "which is at most 2 Hz");
 }
 
 }  // namespace
