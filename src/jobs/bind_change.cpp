@@ -90,6 +90,20 @@ bool add_fixed(Preparation& p, const Change& change, const Declared& declared,
   return p.faults.size() == before;
 }
 
+// Beyond the limits of the site, a range through 180 deg is none that was meant.
+bool limits_rise(Preparation& p, const Change& change, const Base::Params& params) {
+  if (!p.has_site) return true;
+  const Common::Context& site = p.run.experiment.context();
+  if (site.get(Common::Limit::min_angle) == site.get(Common::Limit::max_angle)) return true;
+  const double low = params.read("min_angle", Category::angle);
+  const double high = params.read("max_angle", Category::angle);
+  if (high >= low) return true;
+  const bool has_high = change.part.parameters.find("max_angle") != nullptr;
+  p.faults.push_back({"`max_angle` must not be below `min_angle`",
+                      span_of(change.part, has_high ? "max_angle" : "min_angle"), ""});
+  return false;
+}
+
 // The library refuses such a mean too, without naming it.
 bool is_between_limits(Preparation& p, const Change& change, const Base::Params& params) {
   const double mean = Maths::wrap_angle(params.read("angle", Category::angle));
@@ -130,7 +144,10 @@ std::optional<Base::Params> bind_change(Preparation& p, const Change& change,
                                         Synthesis::Modifier& modifier, const ReadyChange* ready) {
   auto params = bind_declared(p, change, modifier, ready);
   const bool is_spread = change.modifier == "AngleSpread";
-  if (params && is_spread && !is_between_limits(p, change, *params)) return std::nullopt;
+  if (params && is_spread &&
+      (!limits_rise(p, change, *params) || !is_between_limits(p, change, *params))) {
+    return std::nullopt;
+  }
   return params;
 }
 

@@ -102,12 +102,23 @@ std::optional<Base::Quantity> bind_text(const std::string& name, const Value& va
   }
   if (!Base::compatible(read.units, declared.units.row)) {
     const bool bare = Base::category_of(read.units) == Base::Category::unit;
-    faults.push_back({fmt::format("`{}` is {}, but {} {}", name, kind_of(declared.units),
-                                  shown(value), bare ? "has no units" : "is " + kind_of(read.units)),
-                      value.span, units_advice(declared)});
+    faults.push_back(
+        {fmt::format("`{}` is {}, but {} {}", name, kind_of(declared.units), shown(value),
+                     bare ? "has no units" : "is " + kind_of(read.units)),
+         value.span, units_advice(declared)});
     return std::nullopt;
   }
   return Base::Quantity(read.value, read.units);
+}
+
+// The library takes seeds modulo 2^32, and without their fractions.
+bool is_usable_seed(const Value& place, const Base::Quantity& seed, Diagnostics& faults) {
+  constexpr double largest_seed = 4294967295.0;
+  if (seed.value >= 0.0 && seed.value <= largest_seed && seed.value == std::floor(seed.value)) {
+    return true;
+  }
+  faults.push_back({"`seed` must be a whole number from 0 to 4294967295", place.span, ""});
+  return false;
 }
 
 std::vector<std::string> known_keys(const Declared& declared) {
@@ -167,7 +178,9 @@ std::optional<Base::Params> bind_parameters(const Part& part, const Declared& de
     const std::string& name = member.key;
     if (declared.params.contains(name)) {
       if (const auto value = bind_value(name, member.value, declared.params.at(name), faults)) {
-        bound.merge({name, *value});
+        if (name != "seed" || is_usable_seed(member.value, *value, faults)) {
+          bound.merge({name, *value});
+        }
       }
     } else if (!contains(declared.own_keys, name)) {
       if (const auto near = nearest(name, known)) misspelt.insert(*near);

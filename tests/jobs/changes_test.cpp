@@ -157,6 +157,25 @@ TEST(Changes, RefusesAMeanDirectionBeyondTheLimits) {
   EXPECT_EQ(JobFolder().refusal(basin_job(band + change(spread + "max_angle = \"80 deg\""))), "");
 }
 
+TEST(Changes, RefusesLimitsThatFallWhereTheSiteHasLimits) {
+  const std::string spread = "kind = \"cos2s\"\ns = 10\nangle = \"0 deg\"\n";
+  EXPECT_EQ(JobFolder().refusal(basin_job(
+                band + change(spread + "min_angle = \"20 deg\"\nmax_angle = \"-20 deg\""))),
+            "13: `max_angle` must not be below `min_angle`\n");
+}
+
+TEST(Changes, RefusesSeedsThatTheGeneratorCannotTake) {
+  const auto refusal = [](const std::string& seed) {
+    return JobFolder().refusal(
+        flume_job(band + change("kind = \"random_phases\"\nseed = " + seed)));
+  };
+  for (const std::string seed : {"-1", "1.5", "4294967296", "1e300"}) {
+    EXPECT_EQ(refusal(seed), "10: `seed` must be a whole number from 0 to 4294967295\n") << seed;
+  }
+  EXPECT_EQ(refusal("0"), "");
+  EXPECT_EQ(refusal("4294967295"), "");
+}
+
 TEST(Changes, ReportsABadGainOnce) {
   EXPECT_EQ(JobFolder().refusal(
                 flume_job(band + change("kind = \"GainAdjust\"\nformula = \"1#1@Hz#2#0.5@Hz#3\""))),
@@ -177,9 +196,11 @@ TEST(Changes, RefusesABadFormulaAtItsPlace) {
     return JobFolder().refusal(flume_job(band + change(keys)));
   };
   EXPECT_EQ(refusal("kind = \"GainAdjust\"\nformula = \"1 + * 2\""),
-            "10: Error while parsing expression ::1 + * 2\n");
+            "10: Error while parsing expression ::1 + * 2 "
+            "(see `kelpbox formulas`; numbers have no exponent form)\n");
   EXPECT_EQ(refusal("kind = \"AngleChange\"\nformula = \"1@m\""),
-            "10: Incorrect output units in expression 0 m, 17\n");
+            "10: Incorrect output units in expression 0 m, 17 "
+            "(see `kelpbox formulas`; numbers have no exponent form)\n");
   EXPECT_EQ(refusal("kind = \"PhaseRandom\"\nformula = \"1\""),
             "10: unknown key `formula` in a `PhaseRandom` change (use ran_gen, seed)\n");
   EXPECT_EQ(refusal("kind = \"AngleSet\"\nformula = \"1\""),
