@@ -45,10 +45,12 @@ std::string between_limits(const std::string& density) {
 }
 
 void complete_limits(Base::Params& parameters, const ReadyContext& context) {
+  const bool only_high = parameters.contains("f_max") && !parameters.contains("f_min");
   if (!parameters.contains("f_min")) parameters.insert("f_min", context.min_freq, "Hz");
   if (!parameters.contains("f_max")) parameters.insert("f_max", context.max_freq, "Hz");
   const FrequencyRange limits = limits_in(parameters);
   if (!(limits.low < limits.high)) {
+    if (only_high) throw Base::compose("f_max::must be above f_min, which is ", limits.low, " Hz");
     throw Base::compose("f_min::must be below f_max, which is ", limits.high, " Hz");
   }
 }

@@ -28,7 +28,8 @@ ReadyParameter gravity();  // that `complete` adds
 std::vector<ReadyParameter> with_limits(std::vector<ReadyParameter> parameters);
 // A density with its units, between the two limits.
 std::string between_limits(const std::string& density);
-// Adds the site's limits where none are given. Throws "f_min::must be below f_max, ...".
+// Adds the site's limits where none are given. Throws "f_min::must be below f_max, ...", or
+// "f_max::must be above f_min, ..." where only f_max is given.
 void complete_limits(Base::Params& parameters, const ReadyContext& context);
 
 // Frequencies in Hz.

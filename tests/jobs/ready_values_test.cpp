@@ -145,7 +145,7 @@ TEST(ReadyValues, LimitsThatDoNotRiseAreRefused) {
   EXPECT_EQ(failure("jonswap", {"f_min", 1.4, "Hz"}),
             "f_min::must be below f_max, which is 1.4 Hz");
   EXPECT_EQ(failure("white_noise", {"f_max", 0.2, "Hz"}),
-            "f_min::must be below f_max, which is 0.2 Hz");
+            "f_max::must be above f_min, which is 0.35 Hz");
 }
 
 TEST(ReadyValues, AFocusedGroupOutsideTheFrequenciesOfTheRunIsRefused) {
