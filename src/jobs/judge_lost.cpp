@@ -23,6 +23,13 @@ std::string half_rate_advice(const JudgedRun& judged) {
                      std::ceil(2.5 * run.freq(run.max_harmonic())));
 }
 
+// "1.04 %" for a share that lies above the limit but would be shown as the limit.
+std::string show_lost(double share) {
+  const std::string shown = show_share(share);
+  if (share <= Criteria::lost_share || shown != show_share(Criteria::lost_share)) return shown;
+  return show_number(share * 100.0, 3) + " %";
+}
+
 }  // namespace
 
 std::vector<Loss> losses_of(const JudgedRun& judged) {
@@ -86,7 +93,7 @@ void judge_lost(const JudgedRun& judged, const std::vector<Loss>& losses, Findin
     Finding& finding = add_finding(findings, "lost", loss.key, loss.quantity, "%");
     finding.made = loss.share * 100.0;
     finding.made_text =
-        fmt::format("{} (Hs {})", show_share(loss.share), show_quantity(hm0(loss.m0), "m", 2));
+        fmt::format("{} (Hs {})", show_lost(loss.share), show_quantity(hm0(loss.m0), "m", 2));
     finding.criterion = "at most " + show_share(Criteria::lost_share, Zeros::drop);
     const bool good = loss.share <= Criteria::lost_share;
     finding.verdict = good ? Verdict::good : Verdict::look;

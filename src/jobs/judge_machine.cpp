@@ -194,7 +194,10 @@ class BankFindings {
     const double ramp = judged_.run.drive.ramp;
     Finding& finding = add("start_and_end", "start and end", units_);
     finding.made = stats.end_step;
-    finding.made_text = show_quantity(stats.end_step, units_, 2);
+    // Less than the rounding of the signal is nothing.
+    const double noise = 1e-9 * stats.stroke.value;
+    const double shown = stats.end_step < noise ? 0.0 : stats.end_step;
+    finding.made_text = show_quantity(shown, units_, 2);
     const double allowed = Criteria::end_step * stats.largest_step;
     finding.criterion = "no jump";
     const bool good = stats.end_step <= allowed || stats.end_step == 0.0;

@@ -66,3 +66,11 @@ TEST(JudgeLost, ASmallShareIsMinor) {
   EXPECT_TRUE(job.good("outside_limits"));
   EXPECT_TRUE(job.at("outside_limits").minor);
 }
+
+TEST(JudgeLost, AShareJustAboveTheLimitIsNotShownAsTheLimit) {
+  // 3.075 mm of 30 mm: 1.0397 % of the variance.
+  const JudgedJob job(basin_job("[[sea]]\n" + single("0.5 Hz", "30 mm", "20 deg") +
+                                single("0.625 Hz", "3.075 mm", "70 deg")));
+  EXPECT_TRUE(job.look("outside_limits"));
+  EXPECT_EQ(job.at("outside_limits").made_text, "1.04 % (Hs 8.7 mm)");
+}
