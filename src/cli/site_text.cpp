@@ -26,7 +26,7 @@ std::string computed(double value, const char* form) {
 }
 
 std::string with_units(double value, const std::string& units) {
-  return units.empty() ? number(value) : number(value) + " " + units;
+  return units.empty() || std::isnan(value) ? number(value) : number(value) + " " + units;
 }
 
 std::string range(double from, double to, const std::string& units) {

@@ -1,4 +1,7 @@
 // `kelpbox site`. Expected values are those of the scripts in examples/.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 
 #include "cli/program_run.h"
@@ -41,6 +44,28 @@ TEST(SiteCommand, ShowsEachBankAndThePistonsFoot) {
                                  "1 m below the water line, at the bed", "facing 90 deg"}) {
     EXPECT_TRUE(has(ran.out, part)) << part << '\n' << ran.out;
   }
+}
+
+TEST(SiteCommand, SaysWhyNoWaveCanBeMade) {
+  const Testing::TempDir folder;
+  std::filesystem::copy(example("common"), folder.file("common"));
+  std::ifstream file(example("flume.site"));
+  const std::string flume(std::istreambuf_iterator<char>(file), {});
+  const std::string depth = "depth = \"0.7\"";
+  ASSERT_TRUE(has(flume, depth));
+  for (const std::string other : {"depth = \"-0.7\"", "depth = \"1/0\"", "depth = \"0/0\""}) {
+    std::string text = flume;
+    text.replace(text.find(depth), depth.size(), other);
+    const Ran ran = run_program({"site", folder.write("x.site", text)});
+    EXPECT_EQ(ran.code, 0) << ran.err;
+    EXPECT_TRUE(
+        has(ran.out, "no wave can be made here: the depth at the paddle line is not above 0"))
+        << other << '\n'
+        << ran.out;
+    EXPECT_FALSE(has(ran.out, "nan")) << ran.out;
+    EXPECT_FALSE(has(ran.out, "not set m")) << ran.out;
+  }
+  EXPECT_FALSE(has(run_program({"site", example("flume.site")}).out, "no wave"));
 }
 
 TEST(SiteCommand, KeepsItsLinesWithinAHundredColumns) {
