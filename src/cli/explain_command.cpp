@@ -51,7 +51,12 @@ Answer explain_lines(const std::string& text) {
 }
 
 int not_found(const Answer& answer, Console& console) {
-  error_line(console, "no page has a message like this",
+  const std::string fault = "no page has a message like this";
+  if (console.json && !answer.similar.empty()) {
+    console.out << json_of(answer, fault);
+    return Exit::bad_input;
+  }
+  error_line(console, fault,
              answer.similar.empty() ? "give the message as it was printed, in single quotes" : "");
   if (!answer.similar.empty()) {
     console.err << "  The most similar ones:\n";

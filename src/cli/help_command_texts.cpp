@@ -57,7 +57,7 @@ CommandText explain_text() {
   return {"explain",
           "explain a message",
           "Explains a message of the library: what it means and what to do. A part of the message "
-          "is enough.",
+          "of at least 8 characters is enough.",
           {{"kelpbox explain \"max harmonic is less than min harmonic\"", ""},
            {"kelpbox explain Knum calculation failed", "quotes can be left out"}},
           {{"MESSAGE", "The message, or words of it.", {}, true, true}},

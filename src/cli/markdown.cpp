@@ -57,7 +57,7 @@ class Reader {
       fenced_ = !fenced_;
       open_ = false;
     } else if (fenced_) {
-      add(Kind::code, line, "\n");
+      add(Kind::example, line, "\n");
     } else if (trimmed(line).empty()) {
       open_ = false;
       heads_.clear();

@@ -10,7 +10,8 @@
 namespace Cli {
 
 struct PageBlock {
-  enum class Kind { paragraph, item, row, code };
+  // Code is indented: lines that the library writes. An example is fenced.
+  enum class Kind { paragraph, item, row, code, example };
 
   Kind kind = Kind::paragraph;
   std::string section;  // the heading above, without marks; the title of the page at its top

@@ -55,7 +55,9 @@ class Reader {
       const PageBlock& block = blocks_[i];
       if (block.kind == Kind::row) {
         read_row(i);
-      } else if (block.kind != Kind::code) {
+      } else if (block.kind == Kind::code) {
+        read_code(i);
+      } else if (block.kind != Kind::example) {
         for (const std::string& part : quoted_parts(block.text)) {
           if (looks_like_message(part)) add(part, i, {plain_text(block.text)}, false);
         }
@@ -111,9 +113,25 @@ class Reader {
     return lines;
   }
 
+  // Lines that the library writes, after the paragraph that introduces them.
+  void read_code(std::size_t at) {
+    const Kind before = at == 0 ? Kind::example : blocks_[at - 1].kind;
+    if (before != Kind::paragraph && before != Kind::item) return;
+    const std::string& code = blocks_[at].text;
+    for (std::size_t begin = 0; begin < code.size();) {
+      const std::size_t end = std::min(code.find('\n', begin), code.size());
+      const std::string line = code.substr(begin, end - begin);
+      if (words_of(line).size() >= 2) {
+        add(line, at, {plain_text(blocks_[at - 1].text), line}, false);
+      }
+      begin = end + 1;
+    }
+  }
+
   std::string block_text(std::size_t at) const {
     const PageBlock& block = blocks_[at];
-    return block.kind == Kind::code ? block.text : plain_text(block.text);
+    const bool plain = block.kind != Kind::code && block.kind != Kind::example;
+    return plain ? plain_text(block.text) : block.text;
   }
 
   void add(const std::string& message, std::size_t at, std::vector<std::string> lines,

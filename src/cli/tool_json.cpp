@@ -66,6 +66,17 @@ Json of(const RecordAnalysis& analysis) {
   return json;
 }
 
+Json of(const std::vector<Explanation>& explanations) {
+  Json list = Json::array();
+  for (const Explanation& found : explanations) {
+    list.push_back({{"message", found.message},
+                    {"text", found.lines},
+                    {"page", found.page},
+                    {"section", found.section}});
+  }
+  return list;
+}
+
 }  // namespace
 
 std::string json_of(const Conversion& conversion) {
@@ -78,14 +89,13 @@ std::string json_of(const Conversion& conversion) {
 }
 
 std::string json_of(const Answer& answer) {
-  Json explanations = Json::array();
-  for (const Explanation& found : answer.fitting.empty() ? answer.similar : answer.fitting) {
-    explanations.push_back({{"message", found.message},
-                            {"text", found.lines},
-                            {"page", found.page},
-                            {"section", found.section}});
-  }
-  return document({{"exact", !answer.fitting.empty()}, {"explanations", explanations}});
+  return document({{"exact", !answer.fitting.empty()},
+                   {"explanations", of(answer.fitting.empty() ? answer.similar : answer.fitting)}});
+}
+
+std::string json_of(const Answer& answer, const std::string& error) {
+  return document({{"error", Json::parse(failure_json({Exit::bad_input, error, {}}))},
+                   {"similar", of(answer.similar)}});
 }
 
 std::string json_of(const std::vector<RecordAnalysis>& analyses) {

@@ -20,6 +20,8 @@ struct NewFiles {
 // Each document ends with a line end.
 std::string json_of(const Conversion& conversion);
 std::string json_of(const Answer& answer);
+// For an answer without a likely explanation: the error, and the similar messages.
+std::string json_of(const Answer& answer, const std::string& error);
 std::string json_of(const NewFiles& files);
 std::string json_of(const std::vector<RecordAnalysis>& analyses);
 std::string formulas_json();

@@ -125,6 +125,31 @@ TEST(Explain, FindsAMessageThatIsRememberedRoughly) {
   EXPECT_EQ(answer.similar[0].section, "AngleSweep");
 }
 
+TEST(Explain, FindsAMessageByItsBeginning) {
+  const Cli::Answer answer =
+      Cli::explain_message("Knum calculation failed for omega=3.9 and depth = inf with g=9.81");
+  ASSERT_FALSE(answer.fitting.empty());
+  EXPECT_EQ(answer.fitting[0].page, "docs/site-keys.md");
+}
+
+TEST(Explain, KnowsEmptyRangesAndMissingKeys) {
+  const Cli::Answer range = Cli::explain_message("y_max not greater than y_min");
+  ASSERT_FALSE(range.fitting.empty());
+  EXPECT_EQ(range.fitting[0].section, "The grid");
+  const Cli::Answer key = Cli::explain_message("it does not set context{tank{section[2]{x = $;}}}");
+  ASSERT_FALSE(key.fitting.empty());
+  EXPECT_EQ(key.fitting[0].page, "docs/site-keys.md");
+}
+
+TEST(Explain, ListsNoSimilarMessageTwice) {
+  for (const std::string message : {"the sweep has no output", "harmonic less than", "no unit"}) {
+    std::set<std::string> shown;
+    for (const Cli::Explanation& similar : Cli::explain_message(message).similar) {
+      EXPECT_TRUE(shown.insert(Cli::normal_form(similar.message)).second) << similar.message;
+    }
+  }
+}
+
 class ExplainCommand : public testing::Test, public Testing::TextConsole {};
 
 TEST_F(ExplainCommand, ShowsMessageExplanationAndPlace) {
@@ -162,6 +187,14 @@ TEST_F(ExplainCommand, WritesJson) {
   EXPECT_EQ(json["exact"], true);
   EXPECT_EQ(json["explanations"][0]["page"], "docs/limits.md");
   EXPECT_EQ(json["explanations"][0]["section"], "Waves");
+}
+
+TEST_F(ExplainCommand, WritesSimilarMessagesAsJson) {
+  console.json = true;
+  EXPECT_EQ(Cli::explain({"harmonic of the boat in the harbour"}, console), 2);
+  const auto json = nlohmann::json::parse(out());
+  EXPECT_EQ(json["error"]["code"], 2);
+  EXPECT_FALSE(json["similar"].empty());
 }
 
 TEST(Markdown, RemovesMarks) {
