@@ -5,9 +5,7 @@
 #include <numeric>
 
 #include "base/constants.h"
-#include "drive/paddle_spectrum.h"
 #include "maths/dalrymple.h"
-#include "maths/dispersion.h"
 #include "maths/tank_run.h"
 
 namespace Jobs {
@@ -166,43 +164,6 @@ class Way {
 
 }  // namespace
 
-PaddleShares paddle_shares(const WavePath& path, std::uint64_t harmonic, double angle) {
-  PaddleShares shares;
-  shares.withheld.assign(path.banks.size(), 0.0);
-  if (harmonic > path.last_harmonic) {
-    shares.above_half_rate = 1.0;
-    return shares;
-  }
-  if (path.banks.empty()) {
-    shares.made = 1.0;
-    return shares;
-  }
-  const double k =
-      Maths::knum(Base::TwoPi * path.run.freq(harmonic), path.tank.paddle_depth, path.tank.g);
-
-  double total = 0.0;
-  for (std::size_t b = 0; b < path.banks.size(); ++b) {
-    const BankFaces& bank = path.banks[b];
-    const Synthesis::PaddleHarmonic limit(k, 1.0, bank.width);
-    for (const auto& [normal, count] : bank.normals) {
-      const double flux = static_cast<double>(count) * bank.width * std::cos(angle - normal);
-      if (!(flux > 0.0)) continue;
-      total += flux;
-      if (std::fabs(angle - normal) > limit.max_offset) shares.withheld[b] += flux;
-    }
-  }
-  constexpr double grazing = 1e-9;  // of a paddle's width
-  if (!(total > grazing)) {
-    shares.withheld.assign(path.banks.size(), 0.0);
-    shares.behind = 1.0;
-    return shares;
-  }
-  for (double& share : shares.withheld) share /= total;
-  shares.made =
-      std::max(1.0 - std::accumulate(shares.withheld.begin(), shares.withheld.end(), 0.0), 0.0);
-  return shares;
-}
-
 double FrontFates::made_total() const { return std::accumulate(made.begin(), made.end(), 0.0); }
 
 FrontFates no_fronts(const WavePath& path) {
@@ -218,31 +179,6 @@ void add_fronts(const std::vector<Maths::TransferFront>& fronts, const Maths::Po
                 const WavePath& path, FrontFates& fates, const LawAt& law) {
   Way way(path, position, fates, law);
   for (const Maths::TransferFront& front : fronts) way.add(front);
-}
-
-std::vector<std::complex<double>> made_surface(const std::vector<Synthesis::Front>& merged,
-                                               const WavePath& path, double x, double y) {
-  Maths::TankRun tank(path.tank, path.run);
-  std::vector<std::complex<double>> surface(path.run.size());
-  const double repeat = path.run.value();
-  for (const Synthesis::Front& front : merged) {
-    const auto harmonic = static_cast<std::uint64_t>(std::llround(front.freq * repeat));
-    if (front.amp == 0.0 || harmonic >= surface.size()) continue;
-    const double made = paddle_shares(path, harmonic, front.angle).made;
-    const double a = front.amp * tank.shoaling(harmonic, x) * std::sqrt(made);
-    const double phase = front.phase - tank.phase_lag(harmonic, x, y, front.angle);
-    if (std::isfinite(a) && std::isfinite(phase)) surface[harmonic] += std::polar(1.0, phase) * a;
-  }
-  return surface;
-}
-
-double elevation(const std::vector<std::complex<double>>& surface, double repeat, double time) {
-  double sum = 0.0;
-  for (std::size_t h = 0; h < surface.size(); ++h) {
-    const double turn = Base::TwoPi * std::fmod(static_cast<double>(h) * time / repeat, 1.0);
-    sum += (surface[h] * std::polar(1.0, turn)).real();
-  }
-  return sum;
 }
 
 }  // namespace Jobs

@@ -11,41 +11,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <vector>
 
 #include "jobs/direction_stats.h"
+#include "jobs/paddle_shares.h"
 #include "maths/front.h"
-#include "maths/run_data.h"
-#include "maths/tank_config.h"
 
 namespace Jobs {
-
-struct BankFaces {
-  double width = 0.0;                     // m, of one paddle
-  std::map<double, std::size_t> normals;  // rad, and how many paddles face that way
-};
-
-// How waves are made and where they are judged.
-struct WavePath {
-  Maths::TankConfig tank;
-  Maths::RunData run;
-  std::vector<BankFaces> banks;
-  std::uint64_t last_harmonic = 0;  // that the drive signals can hold
-  double x = 0.0;                   // m, of the reference point
-};
-
-// The shares of a front that reaches the paddle line. They add up to 1.
-struct PaddleShares {
-  double made = 0.0;
-  double above_half_rate = 0.0;
-  double behind = 0.0;           // it travels towards every paddle
-  std::vector<double> withheld;  // by each bank
-};
-
-// `angle` in rad, at the paddle line. Each paddle has the share of the front's energy flux that
-// enters through it, which is its width times the cosine of the angle to its normal.
-PaddleShares paddle_shares(const WavePath& path, std::uint64_t harmonic, double angle);
 
 // Variances in m2, all as they are or would be at the reference point. Fronts are summed without
 // regard to their phases.
@@ -90,14 +62,6 @@ using LawAt = std::function<LawMoments(std::uint64_t harmonic)>;
 // Throws std::string for a position or a reference point outside the tank.
 void add_fronts(const std::vector<Maths::TransferFront>& fronts, const Maths::Position& position,
                 const WavePath& path, FrontFates& fates, const LawAt& law = {});
-
-// The wave that the paddles make at a place, by linear theory: the complex amplitude in m of each
-// harmonic from 0. `merged` are the fronts at the paddle line. Fronts with values that are not
-// finite are ignored. Throws as add_fronts.
-std::vector<std::complex<double>> made_surface(const std::vector<Synthesis::Front>& merged,
-                                               const WavePath& path, double x, double y);
-// Its elevation in m at a time in s.
-double elevation(const std::vector<std::complex<double>>& surface, double repeat, double time);
 
 }  // namespace Jobs
 

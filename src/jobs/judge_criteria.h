@@ -38,8 +38,8 @@ inline constexpr double ramp_share = 0.10;
 inline constexpr double end_step = 1.05;
 
 // Waves.
-// A harmonic sea with fewer waves has scattered extremes and wave groups (ITTC 7.5-02-07-03.1 and
-// HYDRALAB guidelines for irregular waves: 500 to 1,000 waves).
+// Fewer waves scatter extremes and groups. EurOtop (2018) tests with 1,000 waves; Romano and others
+// (2015) found 500 enough.
 inline constexpr double waves_per_run = 500.0;
 // Harmonics within the half-power width of the peak: fewer do not draw its shape.
 inline constexpr double peak_harmonics = 5.0;

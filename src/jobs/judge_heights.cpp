@@ -55,11 +55,10 @@ std::string main_loss(const std::vector<Loss>& losses) {
 
 std::string height_remark(const JudgedRun& judged, const std::vector<Loss>& losses,
                           const Finding& finding) {
-  if (judged.made_moments.m0 == 0.0 && judged.asked.kind != SeaKind::still) {
-    const std::string loss = main_loss(losses);
+  std::string loss = main_loss(losses);
+  if (judged.made_moments.m0 == 0.0) {
     return loss.empty() ? "no wave is made" : "no wave is made: " + loss;
   }
-  const std::string loss = main_loss(losses);
   if (finding.verdict != Verdict::look) return loss;
   if (*finding.made < *finding.asked) {
     return loss.empty() ? "fewer waves than asked for reach the paddles" : loss;
@@ -69,68 +68,89 @@ std::string height_remark(const JudgedRun& judged, const std::vector<Loss>& loss
              : "the fronts hold more than the formula; see the changes of the sea";
 }
 
-// The stages between the formula and the record, for Hs and m0.
+// One of the stages between the formula and the record: variances in m2.
+struct Stage {
+  std::string suffix;  // of the key: "_band"
+  std::string name;    // " in the band"
+  double asked = 0.0;
+  double made = 0.0;
+  bool known = false;  // what is asked for
+};
+
+Finding& add_quantity(const Stage& stage, const std::string& key, const std::string& name,
+                      const std::string& units, double (*of)(double), Findings& findings) {
+  Finding& finding = add_finding(findings, "sea", key + stage.suffix, name + stage.name, units);
+  fill(finding, of(stage.asked), of(stage.made), 3);
+  if (!stage.known) {
+    finding.asked.reset();
+    finding.asked_text = "";
+  }
+  finding.minor = true;
+  return finding;
+}
+
+Finding& add_hs(const Stage& stage, Findings& findings) {
+  return add_quantity(stage, "hs", "Hs", "m", hm0, findings);
+}
+
+void add_m0(const Stage& stage, Findings& findings) {
+  add_quantity(
+      stage, "m0", "m0", "m2", [](double m0) { return m0; }, findings);
+}
+
+void judge(Finding& finding, double chance) {
+  if (!std::isfinite(*finding.made)) return;
+  const double tolerance = tolerance_of(chance, finding.criterion);
+  const bool good = within(*finding.made, *finding.asked, tolerance);
+  finding.verdict = good ? Verdict::good : Verdict::look;
+}
+
+// Whether the record is that of waves whose phases are independent.
+bool independent_phases(const JudgedRun& judged) {
+  const bool mirrored = judged.path.tank.has_walls && judged.path.run.dalrymple();
+  return !judged.fan && !mirrored;
+}
+
+void judge_record(const JudgedRun& judged, Findings& findings) {
+  const std::vector<double>& arriving = judged.fates.arriving;
+  const Stage record{"_record", " of the record",
+                     std::accumulate(arriving.begin(), arriving.end(), 0.0), judged.record_m0,
+                     true};
+  Finding& finding = add_hs(record, findings);
+  if (independent_phases(judged)) judge(finding, chance_of_phases(judged.fates));
+  finding.remark = fmt::format("at x = {} m, y = {} m, over one repeat",
+                               show_number(judged.reference.x, 3, Zeros::drop),
+                               show_number(judged.reference.y, 3, Zeros::drop));
+  if (finding.verdict == Verdict::look) {
+    finding.remark += "; waves of one frequency meet in step: give each sea its own seed";
+  }
+  add_m0(record, findings);
+}
+
 void judge_stages(const JudgedRun& judged, const std::vector<Loss>& losses, Findings& findings) {
   const double asked = judged.asked_m0();
+  const double in_band = judged.band.m0 + judged.asked.other;
   const bool known = !judged.asked.unknown && std::isfinite(asked);
-  const bool main_line = judged.asked.kind != SeaKind::group;
+  // The spectrum of a record is not known before it becomes fronts.
+  const bool band_known = known && !judged.asked.has_other;
 
-  struct Stage {
-    const char* key;
-    const char* name;
-    double asked;
-    bool known;
-    double made;
-    double chance;
-    bool judged;
-  };
-  const bool walls = judged.path.tank.has_walls && judged.path.run.dalrymple();
-  const double phases = chance_of_phases(judged.fates);
-  const Stage stages[] = {
-      {"hs", "Hs", asked, known, judged.made_moments.m0, judged.amplitude_chance, known},
-      {"hs_band", "Hs in the band", asked, known, judged.band.m0 + judged.asked.other, 0.0, false},
-      {"hs_fronts", "Hs of the fronts", judged.band.m0 + judged.asked.other, known,
-       judged.fates.asked, judged.amplitude_chance,
-       known && !judged.fan && !judged.asked.has_other},
-      {"hs_record", "Hs of the record", judged.made_moments.m0, true, judged.record_m0, phases,
-       !judged.fan && !walls},
-  };
-  for (const Stage& stage : stages) {
-    // The spectrum of a record is not known before it becomes fronts.
-    const bool no_band = !known || judged.asked.has_other;
-    if (no_band && stage.key == std::string("hs_band")) continue;
-    Finding& finding = add_finding(findings, "sea", stage.key, stage.name, "m");
-    fill(finding, hm0(stage.asked), hm0(stage.made), 3);
-    if (!stage.known) {
-      finding.asked.reset();
-      finding.asked_text = "";
-    }
-    finding.minor = !(stage.key == std::string("hs") && main_line);
-    if (stage.judged && std::isfinite(stage.made)) {
-      const double tolerance = tolerance_of(stage.chance, finding.criterion);
-      finding.verdict =
-          within(*finding.made, *finding.asked, tolerance) ? Verdict::good : Verdict::look;
-    }
-    if (stage.key == std::string("hs")) finding.remark = height_remark(judged, losses, finding);
-    if (stage.key == std::string("hs_record")) {
-      finding.remark = fmt::format("at x = {} m, y = {} m, over one repeat",
-                                   show_number(judged.reference.x, 3, Zeros::drop),
-                                   show_number(judged.reference.y, 3, Zeros::drop));
-      if (finding.verdict == Verdict::look) {
-        finding.remark +=
-            "; waves of one harmonic meet in step, or drive signals lack some of "
-            "them: give each sea its own seed";
-      }
-    }
-    Finding& m0 = add_finding(findings, "sea", std::string("m0") + (stage.key + 2),
-                              std::string("m0") + (stage.name + 2), "m2");
-    fill(m0, stage.asked, stage.made, 3);
-    if (!stage.known) {
-      m0.asked.reset();
-      m0.asked_text = "";
-    }
-    m0.minor = true;
+  const Stage all{"", "", asked, judged.made_moments.m0, known};
+  Finding& hs = add_hs(all, findings);
+  if (known) judge(hs, judged.amplitude_chance);
+  hs.remark = height_remark(judged, losses, hs);
+  hs.minor = judged.asked.kind == SeaKind::group;
+  add_m0(all, findings);
+
+  const Stage band{"_band", " in the band", asked, in_band, known};
+  if (band_known) {
+    add_hs(band, findings);
+    add_m0(band, findings);
   }
+  const Stage fronts{"_fronts", " of the fronts", in_band, judged.fates.asked, known};
+  Finding& of_fronts = add_hs(fronts, findings);
+  if (band_known && !judged.fan) judge(of_fronts, judged.amplitude_chance);
+  add_m0(fronts, findings);
+  judge_record(judged, findings);
 }
 
 // Each sine wave by itself.

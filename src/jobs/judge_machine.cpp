@@ -4,75 +4,13 @@
 #include <cmath>
 #include <optional>
 
+#include "jobs/bank_motion_stats.h"
 #include "jobs/judge_criteria.h"
 #include "jobs/judge_parts.h"
 #include "jobs/show_number.h"
-#include "jobs/signal_stats.h"
 
 namespace Jobs {
 namespace {
-
-// One bank, read once.
-struct BankMotionStats {
-  std::uint32_t number = 0;
-  const DriveBank* bank = nullptr;
-  SignalStats stats;
-  std::size_t held = 0;  // samples at the hard stop
-  std::size_t samples = 0;
-  double clipped_half_waves = 0.0;  // shares, as the library counts them
-  double clipped_energy = 0.0;
-  std::optional<double> max_velocity;
-  std::optional<double> max_acceleration;
-};
-
-// A constant of the machine in base units. A plain number is taken as one in base units.
-std::optional<double> constant(const Base::Params& info, const char* name,
-                               std::initializer_list<Base::UnitCategory> categories) {
-  if (!info.contains(name)) return std::nullopt;
-  for (const Base::UnitCategory category : categories) {
-    try {
-      const double value = info.read(name, category);
-      if (std::isfinite(value) && value != 0.0) return std::fabs(value);
-    } catch (const std::string&) {
-      continue;
-    }
-  }
-  return std::nullopt;
-}
-
-double share_in(const Base::Params& stats, const char* name) {
-  return stats.contains(name) ? stats.read(name, Base::Category::unit) : 0.0;
-}
-
-BankMotionStats read_bank(const JudgedRun& judged, std::uint32_t b) {
-  const DriveSignals& drive = *judged.drive;
-  Run& run = judged.run;
-  BankMotionStats motion;
-  motion.number = b;
-  motion.bank = &drive.banks()[b];
-  const BankLimits& limits = motion.bank->limits;
-  std::vector<double> signal(drive.samples());
-  for (std::uint32_t p = 0; p < motion.bank->paddles; ++p) {
-    for (std::size_t i = 0; i < signal.size(); ++i) {
-      signal[i] = drive.sample(b, p, i);
-      if (run.drive.stop_at_limit && (signal[i] == limits.maximum || signal[i] == limits.minimum)) {
-        ++motion.held;
-      }
-    }
-    motion.samples += signal.size();
-    motion.stats.add(signal, drive.rate());
-  }
-  Base::Params clip;
-  run.experiment.paddle_motion_stats(run.definition, b, clip);
-  motion.clipped_half_waves = share_in(clip, "clip_peak_ratio");
-  motion.clipped_energy = share_in(clip, "clip_power_ratio");
-  Base::Params info;
-  run.experiment.paddle_bank_info(b, info);
-  using namespace Base::Category;
-  motion.max_velocity = constant(info, "max_velocity", {velocity, angrate, unit});
-  motion.max_acceleration = constant(info, "max_acceleration", {acceleration, unit});
-  return motion;
-}
 
 class BankFindings {
  public:
@@ -225,7 +163,7 @@ class BankFindings {
 void judge_machine(const JudgedRun& judged, Findings& findings) {
   if (judged.drive == nullptr) return;
   for (std::uint32_t b = 0; b < judged.drive->banks().size(); ++b) {
-    const BankMotionStats motion = read_bank(judged, b);
+    const BankMotionStats motion = read_bank(judged.run, *judged.drive, b);
     BankFindings(judged, motion, findings).add_all();
   }
   const double ramp = judged.run.drive.ramp;

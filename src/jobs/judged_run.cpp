@@ -6,6 +6,7 @@
 #include <limits>
 #include <numeric>
 
+#include "jobs/made_surface.h"
 #include "maths/power_of_two.h"
 #include "maths/sample_count.h"
 #include "maths/tank_run.h"

@@ -26,8 +26,7 @@ std::optional<double> greatest_harmonic(const std::vector<double>& variance);
 
 // The peak of a spectrum whose amplitudes are random, in harmonics: the centre of the frequencies
 // at which the spectrum, smoothed by a triangle of that half width in harmonics, is at least 80 %
-// of its maximum (the method of Delft; Mansard and Funke 1991, "On the fitting of JONSWAP
-// spectra").
+// of its maximum (the Delft method of the list by IAHR and PIANC 1986).
 std::optional<double> smoothed_peak(const std::vector<double>& variance, double half_width);
 
 }  // namespace Jobs

@@ -55,6 +55,7 @@ double ursell_number(double height, double length, double depth) {
 
 std::optional<ZeroCrossingWave> highest_wave(const std::vector<double>& record, double rate) {
   const std::size_t n = record.size();
+  if (n == 0) return std::nullopt;
   const auto at = [&](std::size_t i) { return record[i % n]; };
   if (!std::all_of(record.begin(), record.end(), [](double v) { return std::isfinite(v); })) {
     return std::nullopt;
@@ -91,27 +92,6 @@ std::optional<ZeroCrossingWave> highest_wave(const std::vector<double>& record, 
     }
   }
   return highest;
-}
-
-double record_at(const std::vector<double>& record, double rate, double time) {
-  const std::size_t n = record.size();
-  if (n == 0 || !std::isfinite(time)) return NAN;
-  constexpr int points = 8;
-  const double size = static_cast<double>(n);
-  double place = std::fmod(time * rate, size);
-  if (place < 0.0) place += size;
-  const double base = std::floor(place);
-  const double u = place - base + (points / 2 - 1);  // of the first of the points, which is at 0
-  double sum = 0.0;
-  for (int i = 0; i < points; ++i) {
-    double weight = 1.0;
-    for (int j = 0; j < points; ++j) {
-      if (j != i) weight *= (u - j) / (i - j);
-    }
-    const auto sample = static_cast<std::size_t>(base) + n * points + static_cast<std::size_t>(i);
-    sum += weight * record[(sample - (points / 2 - 1)) % n];
-  }
-  return sum;
 }
 
 double below_bed_ratio(double k, double depth, double edge, bool flap) {

@@ -30,9 +30,6 @@ struct ZeroCrossingWave {
 // record without a crossing or with samples that are not finite.
 std::optional<ZeroCrossingWave> highest_wave(const std::vector<double>& record, double rate);
 
-// The record, which repeats, at a time in s: the polynomial through the eight samples around it.
-double record_at(const std::vector<double>& record, double rate, double time);
-
 // How much too high the transfer ratio of a machine is whose hinge or foot is assumed `edge` below
 // the water line, deeper than the bed: the ratio of that depth divided by the one in which only the
 // part of the paddle above the bed moves water. Dean and Dalrymple (1991), chapter 6.

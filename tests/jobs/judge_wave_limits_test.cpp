@@ -74,18 +74,6 @@ TEST(HighestWave, IsEmptyForStillWaterAndNaN) {
   EXPECT_FALSE(Jobs::highest_wave({1, -1, NAN, 1}, 10));
 }
 
-TEST(RecordAt, InterpolatesBetweenSamplesAndWraps) {
-  const auto surface = [](double t) {
-    return 0.03 * std::cos(2 * M_PI * 0.4 * t + 0.2) + 0.02 * std::cos(2 * M_PI * 0.9 * t + 2);
-  };
-  const std::vector<double> samples = record(surface, 16, 160);  // 10 s
-  for (const double t : {0.0, 0.031, 4.567, 9.99, 12.345, -3.21}) {
-    EXPECT_NEAR(Jobs::record_at(samples, 16, t), surface(t), 2e-6) << t;
-  }
-  EXPECT_TRUE(std::isnan(Jobs::record_at({}, 16, 1)));
-  EXPECT_TRUE(std::isnan(Jobs::record_at(samples, 16, NAN)));
-}
-
 // A / theta = 2 sinh(kd) / (sinh(kd) cosh(kd) + kd) * k * integral of shape * cosh k(z + d): from
 // the bed for the part that moves water, from the hinge for what is assumed.
 TEST(BelowBedRatio, IsTheRatioOfTheTwoIntegrals) {
