@@ -10,8 +10,8 @@
 #include "cli/commands.h"
 #include "cli/sea_page.h"
 #include "jobs/add_change.h"
-#include "jobs/change_kinds.h"
 #include "jobs/add_wave.h"
+#include "jobs/change_kinds.h"
 #include "jobs/job_folder.h"
 #include "text_console.h"
 
