@@ -21,8 +21,8 @@ double factor(const BuiltSea& sea, const Carried& carried, double f) {
 }
 
 SeaKind kind_of(const AskedWave& wave, const SeaChanges& changes) {
-  if (wave.crest) return SeaKind::group;
-  if (wave.density) return changes.random_phases ? SeaKind::irregular : SeaKind::group;
+  if (wave.density || wave.crest)
+    return changes.random_phases ? SeaKind::irregular : SeaKind::group;
   if (wave.lines.size() >= many_lines || wave.kind == "record") return SeaKind::irregular;
   if (wave.lines.size() == 1) return SeaKind::regular;
   return wave.lines.empty() ? SeaKind::group : SeaKind::lines;

@@ -56,13 +56,13 @@ std::vector<Carried> carried_to_reference(const JudgedRun& judged) {
 }
 
 void ask(JudgedRun& judged) {
-  std::vector<SeaChanges> changes;
   for (const Sea& sea : judged.run.job.seas) {
-    changes.push_back(changes_of(sea));
-    judged.random_amplitudes = judged.random_amplitudes || changes.back().random_amplitudes;
-    judged.fan = judged.fan || changes.back().fan;
+    const SeaChanges changes = changes_of(sea);
+    judged.random_amplitudes = judged.random_amplitudes || changes.random_amplitudes;
+    judged.fan = judged.fan || changes.fan;
+    judged.changes.push_back(changes);
   }
-  judged.asked = asked_sea(judged.run.seas, changes, carried_to_reference(judged));
+  judged.asked = asked_sea(judged.run.seas, judged.changes, carried_to_reference(judged));
   const AskedSea& asked = judged.asked;
   judged.below = asked.moments(0.0, judged.band_low);
   judged.band = asked.moments(judged.band_low, judged.band_high);
@@ -144,7 +144,9 @@ void build_record(JudgedRun& judged) {
 
 void find_crests(JudgedRun& judged) {
   Run& run = judged.run;
-  for (const BuiltSea& sea : run.seas) {
+  for (std::size_t s = 0; s < run.seas.size(); ++s) {
+    const BuiltSea& sea = run.seas[s];
+    if (judged.changes[s].random_phases) continue;
     double asked = 0.0;
     bool focused = false;
     for (const AskedWave& wave : sea.asked) {

@@ -58,6 +58,25 @@ double reach(const Density& density, double peak, double end, double level) {
   return std::fabs(inside - peak);
 }
 
+// Sums over `width` harmonics from each on. Both together are a sum weighted by a triangle.
+std::vector<double> ahead(const std::vector<double>& values, std::size_t width) {
+  std::vector<double> sums(values.size() + 1, 0.0);  // of all from each on
+  for (std::size_t h = values.size(); h-- > 0;) sums[h] = sums[h + 1] + values[h];
+  std::vector<double> result(values.size());
+  for (std::size_t h = 0; h < values.size(); ++h) {
+    result[h] = sums[h] - sums[std::min(h + width, values.size())];
+  }
+  return result;
+}
+
+// The same over those up to each.
+std::vector<double> behind(std::vector<double> values, std::size_t width) {
+  std::reverse(values.begin(), values.end());
+  values = ahead(values, width);
+  std::reverse(values.begin(), values.end());
+  return values;
+}
+
 }  // namespace
 
 std::optional<DensityPeak> density_peak(const Density& density, double from, double to,
@@ -102,16 +121,8 @@ std::optional<double> greatest_harmonic(const std::vector<double>& variance) {
 }
 
 std::optional<double> smoothed_peak(const std::vector<double>& variance, double half_width) {
-  const auto size = static_cast<std::ptrdiff_t>(variance.size());
-  const auto reach = static_cast<std::ptrdiff_t>(std::ceil(std::max(half_width, 1.0))) - 1;
-  std::vector<double> smooth(variance.size(), 0.0);
-  for (std::ptrdiff_t h = 0; h < size; ++h) {
-    for (std::ptrdiff_t d = -reach; d <= reach; ++d) {
-      if (h + d < 0 || h + d >= size) continue;
-      const double weight = 1.0 - std::fabs(static_cast<double>(d)) / std::max(half_width, 1.0);
-      smooth[static_cast<std::size_t>(h)] += weight * variance[static_cast<std::size_t>(h + d)];
-    }
-  }
+  const auto width = static_cast<std::size_t>(std::max(std::round(half_width), 1.0));
+  const std::vector<double> smooth = behind(ahead(variance, width), width);
   const std::optional<double> top = greatest_harmonic(smooth);
   if (!top) return std::nullopt;
   constexpr double share = 0.8;

@@ -223,3 +223,12 @@ TEST(JudgeSea, ARunOfOneHarmonicIsJudged) {
   EXPECT_TRUE(job.look("peak_harmonics"));
   EXPECT_GT(job.made("hs"), 0);
 }
+
+TEST(JudgeSea, AGroupOfRandomPhasesHasNoCrest) {
+  const JudgedJob job(
+      flume_job("[[sea]]\n[[sea.wave]]\nkind = \"focused\"\ncrest = \"120 mm\"\n"
+                "tp = \"1.6 s\"\n" +
+                random_phases(3)));
+  EXPECT_FALSE(job.has("crest"));
+  EXPECT_TRUE(job.has("waves_per_run"));
+}
