@@ -1,5 +1,6 @@
 #include "jobs/bank_motion_stats.h"
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <string>
@@ -34,13 +35,13 @@ BankMotionStats read_bank(Run& run, const DriveSignals& drive, std::uint32_t b) 
   motion.number = b;
   motion.bank = &drive.banks()[b];
   const BankLimits& limits = motion.bank->limits;
-  std::vector<double> signal(drive.samples());
+  std::vector<double> signal;
   for (std::uint32_t p = 0; p < motion.bank->paddles; ++p) {
-    for (std::size_t i = 0; i < signal.size(); ++i) {
-      signal[i] = drive.sample(b, p, i);
-      if (run.drive.stop_at_limit && (signal[i] == limits.maximum || signal[i] == limits.minimum)) {
-        ++motion.held;
-      }
+    drive.read(b, p, signal);
+    if (run.drive.stop_at_limit) {
+      motion.held += static_cast<std::size_t>(std::count_if(
+          signal.begin(), signal.end(),
+          [&limits](double value) { return value == limits.maximum || value == limits.minimum; }));
     }
     motion.samples += signal.size();
     motion.stats.add(signal, drive.rate());

@@ -109,6 +109,17 @@ double DriveSignals::raw(std::uint32_t bank, std::uint32_t paddle, std::size_t s
   return (*signals_[bank][paddle])[sample];
 }
 
+void DriveSignals::read(std::uint32_t bank, std::uint32_t paddle, std::vector<double>& out) const {
+  out = *signals_[bank][paddle];
+  for (std::size_t i = 0; i < samples_ && taper(i) != 1.0; ++i) {
+    out[i] = sample(bank, paddle, i);
+    out[samples_ - 1 - i] = sample(bank, paddle, samples_ - 1 - i);
+  }
+  if (!stop_at_limit_) return;
+  const BankLimits& limits = banks_[bank].limits;
+  for (double& value : out) value = std::max(limits.minimum, std::min(limits.maximum, value));
+}
+
 double DriveSignals::sample(std::uint32_t bank, std::uint32_t paddle, std::size_t sample) const {
   // The sum turns -0 into 0.
   const double shaped = raw(bank, paddle, sample) * taper(sample) + 0.0;

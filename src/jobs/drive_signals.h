@@ -39,6 +39,8 @@ class DriveSignals {
   // As the library made it, and as it goes to the machine.
   double raw(std::uint32_t bank, std::uint32_t paddle, std::size_t sample) const;
   double sample(std::uint32_t bank, std::uint32_t paddle, std::size_t sample) const;
+  // The whole signal as it goes to the machine.
+  void read(std::uint32_t bank, std::uint32_t paddle, std::vector<double>& out) const;
   // The factor of the taper: sin^2 from 0 at the first sample to 1 after the ramp, and back to 0
   // at the last sample.
   double taper(std::size_t sample) const;

@@ -97,8 +97,7 @@ class Way {
       fates_.outside_limits += v;
       return;
     }
-    if (!std::isfinite(own_.phase_lag(front.harmonic, position_.x, 0.0, angle)) ||
-        !std::isfinite(reference_.phase_lag(front.harmonic, path_.x, 0.0, angle))) {
+    if (!arrives(front.harmonic, angle)) {
       fates_.not_finite += v;
       return;
     }
@@ -115,6 +114,12 @@ class Way {
   }
 
  private:
+  // Whether a wave from the paddles reaches both places.
+  bool arrives(std::uint64_t harmonic, double angle) {
+    return std::isfinite(own_.phase_lag(harmonic, position_.x, 0.0, angle)) &&
+           (same_ || std::isfinite(reference_.phase_lag(harmonic, path_.x, 0.0, angle)));
+  }
+
   void begin(std::uint64_t harmonic) {
     if (harmonic == harmonic_) return;
     harmonic_ = harmonic;
@@ -122,9 +127,9 @@ class Way {
     paddle_k_ = plain_.wave_num_at(harmonic, 0.0);
     turn_ = plain_.wave_num_at(harmonic, position_.x) / paddle_k_;
     const double own = own_.shoaling(harmonic, position_.x);
-    const double reference = reference_.shoaling(harmonic, path_.x);
-    to_reference_ = reference / own;
-    arrive_ = reference_.ladder().front().k / reference_.ladder().back().k;
+    to_reference_ = same_ ? 1.0 : reference_.shoaling(harmonic, path_.x) / own;
+    const std::vector<Maths::KnumStep>& ladder = same_ ? own_.ladder() : reference_.ladder();
+    arrive_ = ladder.front().k / ladder.back().k;
     if (law_) moments_ = law_(harmonic);
   }
 
@@ -151,9 +156,10 @@ class Way {
   Maths::Position position_;
   FrontFates& fates_;
   const LawAt& law_;
-  Maths::TankRun plain_;        // never builds a ladder
-  Maths::TankRun own_;          // to the position of the sea
-  Maths::TankRun reference_;    // to the reference point
+  Maths::TankRun plain_;      // never builds a ladder
+  Maths::TankRun own_;        // to the position of the sea
+  Maths::TankRun reference_;  // to the reference point
+  bool same_ = position_.x == path_.x;
   std::uint64_t harmonic_ = 0;  // no front has the harmonic 0, which is the mean
   double paddle_k_ = 0.0;
   double turn_ = 1.0;          // sine at the paddles / sine at the position

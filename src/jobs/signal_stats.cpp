@@ -24,16 +24,77 @@ std::vector<double> cyclic(const std::vector<double>& samples) {
   return extended;
 }
 
-void take(MotionPeak& peak, double value, std::size_t signal, std::size_t sample) {
-  const double size = std::fabs(value);
-  if (size <= peak.value) return;
-  peak.value = size;
-  peak.signal = signal;
-  peak.sample = sample;
+struct Extent {
+  double highest = 0.0;
+  double lowest = 0.0;
+  double squares = 0.0;  // their sum
+
+  double magnitude() const { return std::max(highest, -lowest); }
+};
+
+// In four strands, which a compiler can keep side by side in registers.
+Extent extent_of(const std::vector<double>& values) {
+  constexpr std::size_t strands = 4;
+  std::array<double, strands> highest{};
+  std::array<double, strands> lowest{};
+  std::array<double, strands> squares{};
+  const std::size_t whole = values.size() / strands * strands;
+  for (std::size_t i = 0; i < whole; i += strands) {
+    for (std::size_t k = 0; k < strands; ++k) {
+      const double value = values[i + k];
+      highest[k] = highest[k] < value ? value : highest[k];
+      lowest[k] = value < lowest[k] ? value : lowest[k];
+      squares[k] += value * value;
+    }
+  }
+  Extent extent;
+  for (std::size_t k = 0; k < strands; ++k) {
+    extent.highest = std::max(extent.highest, highest[k]);
+    extent.lowest = std::min(extent.lowest, lowest[k]);
+    extent.squares += squares[k];
+  }
+  for (std::size_t i = whole; i < values.size(); ++i) {
+    extent.highest = std::max(extent.highest, values[i]);
+    extent.lowest = std::min(extent.lowest, values[i]);
+    extent.squares += values[i] * values[i];
+  }
+  return extent;
 }
 
-void take_rms(MotionPeak& peak, double sum_of_squares, std::size_t n) {
-  peak.rms = std::max(peak.rms, std::sqrt(sum_of_squares / static_cast<double>(n)));
+void take(MotionPeak& peak, const std::vector<double>& values, const Extent& extent,
+          std::size_t signal) {
+  peak.rms = std::max(peak.rms, std::sqrt(extent.squares / static_cast<double>(values.size())));
+  const double magnitude = extent.magnitude();
+  if (!(magnitude > peak.value)) return;
+  peak.value = magnitude;
+  peak.signal = signal;
+  const auto place = std::find_if(values.begin(), values.end(), [magnitude](double value) {
+    return std::fabs(value) == magnitude;
+  });
+  peak.sample = static_cast<std::size_t>(place - values.begin());
+}
+
+// The first and the second differences, from samples with their neighbours.
+void differentiate(const std::vector<double>& extended, double rate, std::vector<double>& first,
+                   std::vector<double>& second) {
+  const double rate2 = rate * rate;
+  const double* const s = extended.data() + reach;
+  for (std::size_t i = 0; i < first.size(); ++i) {
+    const double* const at = s + i;
+    first[i] =
+        rate * (first_weights[0] * (at[1] - *(at - 1)) + first_weights[1] * (at[2] - *(at - 2)) +
+                first_weights[2] * (at[3] - *(at - 3)) + first_weights[3] * (at[4] - *(at - 4)));
+    second[i] =
+        rate2 * (second_centre * at[0] + second_weights[0] * (at[1] + *(at - 1)) +
+                 second_weights[1] * (at[2] + *(at - 2)) + second_weights[2] * (at[3] + *(at - 3)) +
+                 second_weights[3] * (at[4] + *(at - 4)));
+  }
+}
+
+double largest_step_of(const std::vector<double>& samples) {
+  std::vector<double> steps(samples.size() - 1);
+  for (std::size_t i = 0; i < steps.size(); ++i) steps[i] = samples[i + 1] - samples[i];
+  return extent_of(steps).magnitude();
 }
 
 }  // namespace
@@ -42,34 +103,16 @@ void SignalStats::add(const std::vector<double>& samples, double rate) {
   const std::size_t n = samples.size();
   const std::size_t number = signals++;
   if (n == 0) return;
-  const std::vector<double> extended = cyclic(samples);
-  const double rate2 = rate * rate;
-  double stroke2 = 0.0;
-  double velocity2 = 0.0;
-  double acceleration2 = 0.0;
-  for (std::size_t i = 0; i < n; ++i) {
-    const double* s = extended.data() + i + reach;
-    double v = 0.0;
-    double a = second_centre * s[0];
-    for (std::size_t d = 1; d <= reach; ++d) {
-      v += first_weights[d - 1] * (s[d] - *(s - d));
-      a += second_weights[d - 1] * (s[d] + *(s - d));
-    }
-    v *= rate;
-    a *= rate2;
-    stroke2 += s[0] * s[0];
-    velocity2 += v * v;
-    acceleration2 += a * a;
-    highest = std::max(highest, s[0]);
-    lowest = std::min(lowest, s[0]);
-    take(stroke, s[0], number, i);
-    take(velocity, v, number, i);
-    take(acceleration, a, number, i);
-    if (i + 1 < n) largest_step = std::max(largest_step, std::fabs(s[1] - s[0]));
-  }
-  take_rms(stroke, stroke2, n);
-  take_rms(velocity, velocity2, n);
-  take_rms(acceleration, acceleration2, n);
+  std::vector<double> rates(n);
+  std::vector<double> accelerations(n);
+  differentiate(cyclic(samples), rate, rates, accelerations);
+  const Extent strokes = extent_of(samples);
+  highest = std::max(highest, strokes.highest);
+  lowest = std::min(lowest, strokes.lowest);
+  take(stroke, samples, strokes, number);
+  take(velocity, rates, extent_of(rates), number);
+  take(acceleration, accelerations, extent_of(accelerations), number);
+  largest_step = std::max(largest_step, largest_step_of(samples));
   first = std::max(first, std::fabs(samples.front()));
   const double step = std::fabs(samples.front() - samples.back());
   if (step > end_step) {
