@@ -349,7 +349,7 @@ TEST(Waves, RefusesWhatMakesNoSea) {
             "(see `kelpbox formulas`; numbers have no exponent form)\n");
   EXPECT_EQ(refusal("kind = \"spectrum\"\nformula = \" \""),
             "7: `formula` is empty (such as \"0.2@Hz#0.0001@m2s#2@Hz\")\n");
-  EXPECT_EQ(refusal("kind = \"time\"\nformula = \"0@s#ln($[s]-32)@m#64@s\"\nrate = \"20 Hz\""),
+  EXPECT_EQ(refusal("kind = \"time\"\nformula = \"0@s#log($[s]-32)@m#64@s\"\nrate = \"20 Hz\""),
             "7: `formula` is not finite at all times of the run\n");
   EXPECT_EQ(refusal("kind = \"record\"\nfile = \"\""), "7: `file` is empty\n");
   EXPECT_EQ(refusal("kind = \"record\"\nfile = \'\'\'\nx.csv\'\'\'"),
