@@ -111,6 +111,7 @@ double DriveSignals::raw(std::uint32_t bank, std::uint32_t paddle, std::size_t s
 
 void DriveSignals::read(std::uint32_t bank, std::uint32_t paddle, std::vector<double>& out) const {
   out = *signals_[bank][paddle];
+  for (double& value : out) value += 0.0;
   for (std::size_t i = 0; i < samples_ && taper(i) != 1.0; ++i) {
     out[i] = sample(bank, paddle, i);
     out[samples_ - 1 - i] = sample(bank, paddle, samples_ - 1 - i);

@@ -198,5 +198,22 @@ TEST(DriveSignals, RefuseARateFarBelowTheWaves) {
             "which is at most 2 Hz");
 }
 
+TEST(DriveSignals, AWholeSignalIsThatOfItsSamples) {
+  const auto run = JobFolder().build(flume_job(
+      "[[sea]]\n[[sea.wave]]\nkind = \"single\"\nf = \"0.25 Hz\"\na = \"200 mm\"\n"
+      "[drive]\nramp = \"3 s\"\nstop_at_limit = true\n"));
+  const DriveSignals drive(*run);
+  std::vector<double> signal;
+  drive.read(0, 0, signal);
+  ASSERT_EQ(signal.size(), drive.samples());
+  std::size_t held = 0;
+  for (std::size_t i = 0; i < signal.size(); ++i) {
+    EXPECT_EQ(signal[i], drive.sample(0, 0, i)) << i;
+    EXPECT_EQ(std::signbit(signal[i]), std::signbit(drive.sample(0, 0, i))) << i;
+    if (std::abs(signal[i]) == drive.banks()[0].limits.maximum) ++held;
+  }
+  EXPECT_GT(held, 0u);
+}
+
 }  // namespace
 }  // namespace Jobs
