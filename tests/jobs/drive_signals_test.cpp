@@ -199,9 +199,9 @@ TEST(DriveSignals, RefuseARateFarBelowTheWaves) {
 }
 
 TEST(DriveSignals, AWholeSignalIsThatOfItsSamples) {
-  const auto run = JobFolder().build(flume_job(
-      "[[sea]]\n[[sea.wave]]\nkind = \"single\"\nf = \"0.25 Hz\"\na = \"200 mm\"\n"
-      "[drive]\nramp = \"3 s\"\nstop_at_limit = true\n"));
+  const auto run = JobFolder().build(
+      flume_job("[[sea]]\n[[sea.wave]]\nkind = \"single\"\nf = \"0.25 Hz\"\na = \"200 mm\"\n"
+                "[drive]\nramp = \"3 s\"\nstop_at_limit = true\n"));
   const DriveSignals drive(*run);
   std::vector<double> signal;
   drive.read(0, 0, signal);
