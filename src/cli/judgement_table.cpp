@@ -62,7 +62,7 @@ std::string verdict_word(const Finding& finding) {
   if (finding.verdict == Verdict::none) return "";
   if (finding.verdict == Verdict::good) return "good";
   if (finding.key == "waves_per_run" || finding.key == "peak_harmonics") return "FEW";
-  if (finding.group == "lost") return "LOST";
+  if (finding.group == "lost" && finding.key != "redirected") return "LOST";
   const auto begins = [&](const char* prefix) { return finding.key.starts_with(prefix); };
   for (const char* const high : {"stroke", "velocity", "acceleration", "clipped", "steepness",
                                  "height_to_depth", "ursell"}) {

@@ -88,15 +88,13 @@ class Way {
     }
 
     constexpr double rounding = 1e-9;
-    if (std::fabs(std::sin(front.angle) * turn_) > 1.0 + rounding) {
-      fates_.turned += v;
-      return;
-    }
+    const bool impossible = std::fabs(std::sin(front.angle) * turn_) > 1.0 + rounding;
     const double angle = turned_by(front.angle, turn_);
     if (!own_.angle_in_range(angle)) {
-      fates_.outside_limits += v;
+      (impossible ? fates_.turned : fates_.outside_limits) += v;
       return;
     }
+    if (impossible) fates_.redirected += v;
     if (!arrives(front.harmonic, angle)) {
       fates_.not_finite += v;
       return;
@@ -149,7 +147,9 @@ class Way {
     const double at_reference = turned_by(angle, arrive_);
     fates_.made_directions.add(at_reference, made);
     const double cosine = std::fabs(std::cos(at_reference));
-    fates_.refracted += cosine > 1e-6 ? made * std::fabs(std::cos(angle)) / cosine : made;
+    fates_.refracted += std::min(cosine, std::fabs(std::cos(angle))) > 1e-3
+                            ? made * std::fabs(std::cos(angle)) / cosine
+                            : made;
   }
 
   const WavePath& path_;

@@ -25,6 +25,7 @@ struct FrontFates {
   double asked = 0.0;  // of all fronts with finite values
   // Lost.
   double turned = 0.0;          // no wave from the paddles can be so oblique at that place
+  double redirected = 0.0;      // the same, made along the paddle line instead: not lost
   double outside_limits = 0.0;  // of the angle
   double not_finite = 0.0;      // deeper water on the way would turn it back
   double evanescent = 0.0;      // across the tank, between side walls

@@ -31,8 +31,10 @@ std::string scatter(const JudgedRun& judged) {
 
 std::string advice(const JudgedRun& judged) {
   const FrontFates& fates = judged.fates;
-  const double lost = fates.turned + fates.outside_limits + fates.evanescent + fates.behind;
-  if (lost > Criteria::lost_share * fates.asked) return "oblique waves are lost; see the losses";
+  const double lost =
+      fates.turned + fates.redirected + fates.outside_limits + fates.evanescent + fates.behind;
+  if (lost > Criteria::lost_share * fates.asked)
+    return "the most oblique waves are not made; see the losses";
   const DirectionStats& asked = fates.asked_directions;
   const DirectionStats& limited = fates.limited_directions;
   constexpr double noted = 1.0;  // deg

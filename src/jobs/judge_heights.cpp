@@ -49,7 +49,7 @@ std::string main_loss(const std::vector<Loss>& losses) {
   constexpr double worth_saying = 5e-4;
   const auto most = std::max_element(
       losses.begin(), losses.end(), [](const Loss& a, const Loss& b) { return a.share < b.share; });
-  if (most == losses.end() || most->share < worth_saying) return "";
+  if (most == losses.end() || most->share < worth_saying || most->key == "redirected") return "";
   return show_share(most->share) + " of the variance " + most->where;
 }
 

@@ -54,6 +54,9 @@ std::vector<Loss> losses_of(const JudgedRun& judged) {
   }
   add({"turned", "too oblique for its place", "is too oblique for its place",
        "no wave from the paddles arrives there so obliquely; a smaller angle would", fates.turned});
+  add({"redirected", "made in another direction", "is made in another direction",
+       "no wave from the paddles arrives there so obliquely; a smaller angle would",
+       fates.redirected});
   add({"outside_limits", "outside the angle limits", "lies outside the angle limits",
        "at the paddles, angles from " + limits + " are made; turn or narrow the sea",
        fates.outside_limits});

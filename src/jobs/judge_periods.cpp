@@ -42,7 +42,7 @@ void judge_mean(const JudgedRun& judged, const char* key, const char* name,
   } else if (!good) {
     finding.remark = judged.random_amplitudes
                          ? "amplitudes are random; a longer repeat scatters less"
-                         : "the fronts do not have the shape of the formula";
+                         : "a part of the spectrum is lost; see the losses";
   }
 }
 

@@ -85,6 +85,18 @@ TEST(FrontFate, AFrontTooObliqueForItsPlaceIsTurned) {
   EXPECT_EQ(fates.outside_limits, fates.asked);
 }
 
+TEST(FrontFate, WithoutLimitsSuchAFrontIsMadeInAnotherDirection) {
+  WavePath path = sloping_path();
+  path.tank.max_angle = 120 * degree;
+  path.banks.push_back({0.1, {{M_PI / 2, 20}}});
+  const double limit = std::asin(k_of(16, 2) / k_of(16, 0.2));
+  const FrontFates fates = fates_of({{0.01, limit + 0.01, 0, 16}}, path, {35, 0, 0});
+  EXPECT_EQ(fates.turned, 0);
+  EXPECT_EQ(fates.redirected, fates.asked);
+  EXPECT_NEAR(fates.made_total() / fates.asked, 1, 1e-9);
+  EXPECT_NEAR(fates.made_directions.mean(), M_PI / 2, 1e-6);
+}
+
 TEST(FrontFate, RefractsTheDirectionByTheLawOfSnell) {
   WavePath path = sloping_path();
   path.x = 35;
