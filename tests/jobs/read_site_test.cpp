@@ -181,11 +181,11 @@ std::unique_ptr<Run> run_of_copies(const JobFolder& copy, const Run& run, const 
 TEST(ReadSite, FindsTheIncludesOfASiteInAnotherFolderBelowInputs) {
   const JobFolder folder;
   write_flume(folder, "sites/flumes/flume.site", "include \"common/limits.site\"",
-              "include \"../shared/limits.site\"");
-  folder.write("sites/shared/limits.site", contents(example("common/limits.site")));
+              "include \"../parts/limits.site\"");
+  folder.write("sites/parts/limits.site", contents(example("common/limits.site")));
   std::filesystem::create_directory(folder.file("jobs"));
   const auto run = folder.build(job("jobs/../sites/flumes/flume.site"));
-  EXPECT_EQ(names(*run), (std::vector<std::string>{"flumes/flume.site", "shared/limits.site",
+  EXPECT_EQ(names(*run), (std::vector<std::string>{"flumes/flume.site", "parts/limits.site",
                                                    "flumes/common/water.site"}));
   EXPECT_EQ(run->log.find(folder.path()), std::string::npos) << run->log;
   EXPECT_NE(run->log.find("Opened file  \"inputs/flumes/flume.site\" for input"),
