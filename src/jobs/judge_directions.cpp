@@ -29,17 +29,23 @@ std::string scatter(const JudgedRun& judged) {
                      show_direction(made.spread() / std::sqrt(waves)));
 }
 
-std::string advice(const JudgedRun& judged) {
+bool mean_fits(double law, double other) {
+  return std::fabs(degrees(Maths::wrap_angle(other - law))) <= Criteria::direction_deg;
+}
+
+bool spread_fits(double law, double other) {
+  return std::fabs(other - law) <= Criteria::spread * law;
+}
+
+// `limits_fit`: whether the law within the limits of the angle would be good.
+std::string advice(const JudgedRun& judged, bool limits_fit) {
   const FrontFates& fates = judged.fates;
   const double lost =
       fates.turned + fates.redirected + fates.outside_limits + fates.evanescent + fates.behind;
   if (lost > Criteria::lost_share * fates.asked)
     return "the most oblique waves are not made; see the losses";
-  const DirectionStats& asked = fates.asked_directions;
   const DirectionStats& limited = fates.limited_directions;
-  constexpr double noted = 1.0;  // deg
-  if (std::fabs(degrees(Maths::wrap_angle(limited.mean() - asked.mean()))) > noted ||
-      std::fabs(degrees(limited.spread() - asked.spread())) > noted) {
+  if (!limits_fit) {
     return fmt::format("the limits of the angle leave a mean of {} and a spread of {}",
                        show_direction(limited.mean()), show_direction(limited.spread()));
   }
@@ -68,10 +74,11 @@ void judge_directions(const JudgedRun& judged, Findings& findings) {
   } else {
     mean.criterion = "within 2 deg";
     const double off = std::fabs(degrees(Maths::wrap_angle(made.mean() - asked.mean())));
-    mean.verdict = off <= Criteria::direction_deg ? Verdict::good : Verdict::look;
+    mean.verdict = mean_fits(asked.mean(), made.mean()) ? Verdict::good : Verdict::look;
     mean.remark = scatter(judged);
     if (mean.verdict == Verdict::look) {
-      const std::string mend = advice(judged);
+      const std::string mend =
+          advice(judged, mean_fits(asked.mean(), judged.fates.limited_directions.mean()));
       mean.remark = mend.starts_with(";") ? mean.remark + mend : mend;
     } else if (off < 0.5 * Criteria::direction_deg) {
       mean.remark = "";
@@ -85,10 +92,11 @@ void judge_directions(const JudgedRun& judged, Findings& findings) {
   if (mirrored) return;
   if (degrees(asked.spread()) < least) return;
   spread.criterion = "within " + show_share(Criteria::spread, Zeros::drop);
-  const bool good = std::fabs(made.spread() - asked.spread()) <= Criteria::spread * asked.spread();
+  const bool good = spread_fits(asked.spread(), made.spread());
   spread.verdict = good ? Verdict::good : Verdict::look;
   if (good) return;
-  const std::string mend = advice(judged);
+  const std::string mend =
+      advice(judged, spread_fits(asked.spread(), judged.fates.limited_directions.spread()));
   spread.remark = mend.starts_with(";") ? "directions are drawn" + mend : mend;
 }
 

@@ -114,7 +114,8 @@ void judge_steepness(const JudgedRun& judged, Findings& findings) {
   const bool regular = judged.asked.kind == SeaKind::regular;
   const double m0 = judged.made_moments.m0;
   double height = regular ? std::sqrt(8.0 * m0) : hm0(m0);
-  if (judged.asked.kind != SeaKind::group) {
+  // A significant height says nothing about the waves of a group or of a few sines.
+  if (regular || judged.asked.kind == SeaKind::irregular) {
     judge_significant(judged, height, f, k, findings);
   } else if (judged.highest) {
     height = judged.highest->height;

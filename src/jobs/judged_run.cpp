@@ -170,7 +170,7 @@ double JudgedRun::characteristic_frequency() const {
   const std::optional<double> top = greatest_harmonic(made);
   if (!top) return std::numeric_limits<double>::quiet_NaN();
   if (peak && peak->frequency >= band_low && peak->frequency <= band_high) return peak->frequency;
-  if (asked.kind == SeaKind::regular) return *top / repeat;
+  if (asked.kind != SeaKind::irregular) return *top / repeat;
   return 1.0 / tm01(made_moments);
 }
 
