@@ -6,9 +6,9 @@ set(CPACK_PACKAGE_CONTACT "Kelpbox <kelpbox@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "drive signals for laboratory wave tanks")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "From a description of the sea to the drive signal of each paddle of a wave tank.
- The command kelpbox reads wave jobs, computes drive signals and the wave field,
- and compares what was asked for with what will be made. The library for Java
- hosts and its jar are included.")
+The command kelpbox reads wave jobs, computes drive signals and the wave field,
+and compares what was asked for with what will be made. The library for Java
+hosts and its jar are included.")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
