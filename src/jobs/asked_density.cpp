@@ -30,7 +30,7 @@ std::size_t function_at(const Piecewise& formulas, double frequency) {
 
 }  // namespace
 
-AskedWave asked_density(std::shared_ptr<const Piecewise> formulas, OpenEnds ends) {
+AskedWave asked_density(const std::shared_ptr<const Piecewise>& formulas, OpenEnds ends) {
   const Synthesis::Limits& limits = formulas->limits();
   AskedWave wave;
   wave.low = ends.low ? 0.0 : limits.front();

@@ -19,7 +19,7 @@ struct OpenEnds {
 
 // For formulas of frequency that are bound with their limits. Only a variance density gives a
 // density. Throws std::string when a formula cannot be evaluated.
-AskedWave asked_density(std::shared_ptr<const Synthesis::Piecewise> formulas, OpenEnds ends);
+AskedWave asked_density(const std::shared_ptr<const Synthesis::Piecewise>& formulas, OpenEnds ends);
 
 // The integral of the formulas between their limits: of an amplitude density, the crest at which
 // all phases meet.

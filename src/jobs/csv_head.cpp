@@ -76,6 +76,7 @@ std::vector<CsvColumn> read_heads(std::string_view line, char separator) {
     }
   }
   std::vector<CsvColumn> columns;
+  columns.reserve(heads.size());
   for (const std::string& head : heads) columns.push_back(read_head(head));
   return columns;
 }

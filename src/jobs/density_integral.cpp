@@ -55,15 +55,19 @@ double density_integral(const Density& density, const PeakedRange& range) {
     if (a < b) sum += gauss_legendre(density, a, b);
   };
   // Steps grow with the distance from the peak, on either side.
+  double at = 1.0;
   double step = std::min(range.width, widest_step_below);
-  for (double at = 1.0; at > 0.0; at -= step) {
-    if (at < 1.0) step = std::min(1.0 - at, widest_step_below);
+  while (at > 0.0) {
     add(std::max(at - step, 0.0), at);
+    at -= step;
+    step = std::min(1.0 - at, widest_step_below);
   }
+  at = 1.0;
   step = range.width;
-  for (double at = 1.0; at < highest; at += step) {
-    if (at > 1.0) step = at - 1.0;
+  while (at < highest) {
     add(at, at + step);
+    at += step;
+    step = at - 1.0;
   }
   return sum;
 }

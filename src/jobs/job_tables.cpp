@@ -36,6 +36,7 @@ std::vector<Value*> tables_of(Value& parent, const std::string& key) {
 
 std::vector<std::string> names_of(const std::vector<Value*>& tables) {
   std::vector<std::string> names;
+  names.reserve(tables.size());
   for (const Value* table : tables) {
     names.push_back(name_of(*table));
   }

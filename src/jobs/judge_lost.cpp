@@ -25,7 +25,7 @@ std::string half_rate_advice(const JudgedRun& judged) {
 
 // "1.04 %" for a share that lies above the limit but would be shown as the limit.
 std::string show_lost(double share) {
-  const std::string shown = show_share(share);
+  std::string shown = show_share(share);
   if (share <= Criteria::lost_share || shown != show_share(Criteria::lost_share)) return shown;
   return show_number(share * 100.0, 3) + " %";
 }

@@ -71,7 +71,7 @@ struct Window {
 };
 
 Window window_of(std::string_view line, std::size_t& first) {
-  constexpr std::size_t reach = 4 * 2 * widest_line;
+  constexpr std::size_t reach = 8 * widest_line;
   Window window = {line, false, false};
   if (first < line.size() && line.size() - first > reach) {
     window.text.remove_suffix(line.size() - first - reach);

@@ -1,5 +1,7 @@
 #include "jobs/override_target.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -180,8 +182,7 @@ class Walk {
     for (const std::string part : {"wave", "change"}) {
       const std::vector<Value*> tables = tables_of(sea, part);
       for (std::size_t i = 0; i < tables.size(); ++i) {
-        const std::string path =
-            head + "." + part + "." + std::to_string(i + 1) + "." + path_.back().name;
+        const std::string path = fmt::format("{}.{}.{}.{}", head, part, i + 1, path_.back().name);
         if (tables[i]->find(name()) != nullptr) {
           owners.push_back(tables[i]);
           owner_paths.push_back(path);

@@ -1,5 +1,7 @@
 #include "jobs/preparation.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -56,16 +58,16 @@ bool set_with_remarks(Preparation& p, const Part& part, const std::string& title
   for (std::uint32_t i = comments; i < params.comment_size(); ++i) {
     // "Poor match" says less than the values themselves.
     const std::string text = comment_text(params.comment(i));
-    if (text != "Poor match") p.run.remarks.push_back(title + ": " + text);
+    if (text != "Poor match") p.run.remarks.push_back(fmt::format("{}: {}", title, text));
   }
   for (const auto& [name, quantity] : params.entries()) {
     const auto old = before.find(name);
     if (old == before.end() || quantity.is_enum()) continue;
     if (part.parameters.find(name) == nullptr) continue;
     if (!changed(old->second.value, quantity.value)) continue;
-    p.run.remarks.push_back(title + ": " + name + ": " +
-                            shown(old->second.value, old->second.units) + " became " +
-                            shown(quantity.value, quantity.units));
+    p.run.remarks.push_back(fmt::format("{}: {}: {} became {}", title, name,
+                                        shown(old->second.value, old->second.units),
+                                        shown(quantity.value, quantity.units)));
   }
   return true;
 }

@@ -1,5 +1,7 @@
 #include "jobs/read_parts.h"
 
+#include <fmt/format.h>
+
 #include <set>
 #include <string>
 #include <utility>
@@ -60,7 +62,7 @@ std::vector<Part> read_kinds(const Member& member, const std::string& what,
       }
     }
     if (!has_kind) {
-      form.fault("a " + table_name + " needs a `kind`: " + kinds, table->span);
+      form.fault(fmt::format("a {} needs a `kind`: {}", table_name, kinds), table->span);
     }
     Part part = part_of(*table, kind.empty() ? "a " + table_name : with_article(kind) + " " + what);
     part.kind = kind;

@@ -1,5 +1,7 @@
 #include "outputs/earlier_results.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -57,8 +59,8 @@ void require_replaceable(const std::string& place, const std::string& shown) {
     const std::string name = entries->path().lexically_relative(place).string();
     const bool folder = entries->symlink_status().type() == fs::file_type::directory;
     if ((folder ? folders : names).count(name) != 0) continue;
-    throw CannotWrite{shown + ": is not replaced, because " + name +
-                      " in it is not from an earlier run"};
+    throw CannotWrite{fmt::format(
+        "{}: is not replaced, because {} in it is not from an earlier run", shown, name)};
   }
   if (error) cannot_write(shown, error.value());
 }

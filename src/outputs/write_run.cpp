@@ -40,7 +40,7 @@ std::string write_run(Jobs::Run& run, const Jobs::DriveSignals& drive,
   reports.points = write_points(run, folder, progress);
   if (run.field && run.job.netcdf) reports.field = write_field(run, folder, progress);
   folder.write("log.txt", run.log);
-  const std::string summary = summary_text(run, &drive, judgement, reports, &folder);
+  std::string summary = summary_text(run, &drive, judgement, reports, &folder);
   folder.write("summary.json", summary);
   return summary;
 }
