@@ -1,0 +1,40 @@
+// Makes the page without its data: one HTML file with script, style and their hashes in it.
+//
+//   node build.mjs FILE
+//
+// The file has the marks {{title}} and {{data}} where `kelpbox` puts the title and the JSON.
+import { createHash } from 'node:crypto';
+import { writeFileSync, readFileSync } from 'node:fs';
+import { dirname, join } from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { build } from 'esbuild';
+
+const here = dirname(fileURLToPath(import.meta.url));
+const target = process.argv[2];
+if (!target) {
+  console.error('usage: node build.mjs FILE');
+  process.exit(2);
+}
+
+const result = await build({
+  absWorkingDir: here,
+  entryPoints: ['src/main.ts', 'src/style.css'],
+  bundle: true,
+  minify: true,
+  charset: 'utf8',
+  legalComments: 'inline',
+  format: 'iife',
+  target: ['chrome100', 'firefox115', 'safari16.4'],
+  outdir: 'unused',
+  write: false,
+});
+const text = (ending) => result.outputFiles.find((file) => file.path.endsWith(ending)).text;
+const script = text('.js');
+const style = text('.css');
+const hash = (content) => `'sha256-${createHash('sha256').update(content).digest('base64')}'`;
+const policy = `default-src 'none'; script-src ${hash(script)}; style-src ${hash(style)}; img-src data: blob:`;
+const page = readFileSync(join(here, 'src/page.html'), 'utf8')
+  .replace('{{policy}}', () => policy)
+  .replace('{{style}}', () => style)
+  .replace('{{script}}', () => script);
+writeFileSync(target, page);
