@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/site_report.h"
+#include "outputs/main_points.h"
 
 namespace Cli {
 
@@ -63,7 +64,7 @@ std::string site_json(const SiteReport& report) {
   json["profile"]["units"] = "m";
   json["profile"]["x"] = Json::array();
   json["profile"]["depth"] = Json::array();
-  for (const Maths::ProfilePoint& point : main_points(report.profile, most_points, 0.0)) {
+  for (const Maths::ProfilePoint& point : Outputs::main_points(report.profile, most_points, 0.0)) {
     json["profile"]["x"].push_back(point.x);
     json["profile"]["depth"].push_back(point.depth);
   }

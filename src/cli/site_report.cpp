@@ -4,26 +4,12 @@
 #include <cmath>
 #include <limits>
 
+#include "outputs/tank_plan.h"
 #include "site/context.h"
 
 namespace Cli {
 
 namespace {
-
-std::string walls_of(std::uint32_t geometry) {
-  switch (geometry) {
-    case Common::Tank::Geometry_enum::PlusSide:
-      return "plus";
-    case Common::Tank::Geometry_enum::MinusSide:
-      return "minus";
-    case Common::Tank::Geometry_enum::BothSides:
-      return "both";
-    case Common::Tank::Geometry_enum::TwoDimensional:
-      return "flume";
-    default:
-      return "none";
-  }
-}
 
 void add_positions(const Common::Paddles& paddles, SiteBank& bank) {
   const auto& all = paddles.pad_pos;
@@ -51,7 +37,7 @@ SiteBank bank_of(const Common::Paddles& paddles, double depth) {
   SiteBank bank;
   const Common::Machine& machine = paddles.machine();
   bank.name = paddles.name;
-  bank.machine = machine.type() == Common::Machine::flap ? "flap" : "piston";
+  bank.machine = Outputs::machine_kind(machine);
   bank.width = machine.paddle_width;
   bank.edge = machine.working_edge(depth);
   add_positions(paddles, bank);
@@ -65,14 +51,6 @@ SiteBank bank_of(const Common::Paddles& paddles, double depth) {
     bank.constants.push_back({constant.name, constant.units, constant.value});
   }
   return bank;
-}
-
-// How far a point of the profile is from the straight line between two others, in depth.
-double distance(const Maths::ProfilePoint& point, const Maths::ProfilePoint& from,
-                const Maths::ProfilePoint& to) {
-  const double length = to.x - from.x;
-  const double share = length > 0 ? (point.x - from.x) / length : 0.0;
-  return std::abs(point.depth - (from.depth + share * (to.depth - from.depth)));
 }
 
 }  // namespace
@@ -90,7 +68,7 @@ SiteReport site_report(Kelpbox::Experiment& experiment) {
   report.max_x = config.x_high;
   report.min_y = tank.min_y;
   report.max_y = tank.max_y;
-  report.walls = walls_of(static_cast<std::uint32_t>(tank.geometry.number));
+  report.walls = Outputs::walls_of(tank);
   report.profile = config.profile;
   report.paddle_depth = config.paddle_depth;
   report.min_frequency = context.get(Common::Limit::min_freq);
@@ -107,33 +85,6 @@ SiteReport site_report(Kelpbox::Experiment& experiment) {
     report.banks.push_back(bank_of(context.wavemaker_bank[i], config.paddle_depth));
   }
   return report;
-}
-
-// Takes the point that is furthest from the lines, again and again (Douglas and Peucker 1973).
-std::vector<Maths::ProfilePoint> main_points(const std::vector<Maths::ProfilePoint>& profile,
-                                             std::size_t most, double tolerance) {
-  if (profile.size() < 2) return profile;
-  double deepest = 0.0;
-  for (const Maths::ProfilePoint& point : profile) deepest = std::max(deepest, point.depth);
-  std::vector<std::size_t> kept{0, profile.size() - 1};
-  while (kept.size() < most) {
-    double furthest = tolerance * deepest;
-    std::size_t best = 0;
-    for (std::size_t part = 0; part + 1 < kept.size(); ++part) {
-      for (std::size_t i = kept[part] + 1; i < kept[part + 1]; ++i) {
-        const double off = distance(profile[i], profile[kept[part]], profile[kept[part + 1]]);
-        if (off <= furthest) continue;
-        furthest = off;
-        best = i;
-      }
-    }
-    if (best == 0) break;
-    kept.insert(std::upper_bound(kept.begin(), kept.end(), best), best);
-  }
-  std::vector<Maths::ProfilePoint> points;
-  points.reserve(kept.size());
-  for (const std::size_t index : kept) points.push_back(profile[index]);
-  return points;
 }
 
 }  // namespace Cli

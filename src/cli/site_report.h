@@ -2,7 +2,6 @@
 #ifndef KELPBOX_CLI_SITE_REPORT_H_
 #define KELPBOX_CLI_SITE_REPORT_H_
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -60,11 +59,6 @@ struct SiteReport {
 
 // Of an experiment that has read its site.
 SiteReport site_report(Kelpbox::Experiment& experiment);
-
-// At most `most` points of a profile: those between which straight lines differ least from it. Ends
-// early when no point is further from the lines than `tolerance` of the greatest depth.
-std::vector<Maths::ProfilePoint> main_points(const std::vector<Maths::ProfilePoint>& profile,
-                                             std::size_t most, double tolerance);
 
 // Why no wave can be made in the tank, or an empty text.
 std::string why_no_wave(const SiteReport& report);  // site_text.cpp

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "cli/site_report.h"
+#include "outputs/main_points.h"
 
 namespace Cli {
 
@@ -115,7 +116,7 @@ std::string site_text(const SiteReport& report) {
   const bool deep = !std::isnan(report.paddle_depth);
   text += line("depth", (deep ? with_units(report.paddle_depth, "m") : "none") +
                             " at the paddle line, x = 0");
-  text += depth_rows(main_points(report.profile, most_points, tolerance));
+  text += depth_rows(Outputs::main_points(report.profile, most_points, tolerance));
   text += line("waves", range(report.min_frequency, report.max_frequency, "Hz") + ", " +
                             range(report.min_angle * degrees, report.max_angle * degrees, "deg"));
   text += line("base rate", with_units(report.base_rate, "Hz"));

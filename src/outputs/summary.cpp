@@ -3,13 +3,15 @@
 #include <nlohmann/json.hpp>
 
 #include "outputs/checksum.h"
+#include "outputs/json_text.h"
 #include "outputs/plain_text.h"
+#include "outputs/summary_parts.h"
 #include "outputs/version.h"
 
 namespace Outputs {
 namespace {
 
-// Keeps the order of the keys. A number that is NaN or infinite becomes null: JSON has neither.
+// Keeps the order of the keys.
 using Json = nlohmann::ordered_json;
 
 Json texts(const std::vector<std::string>& lines) {
@@ -160,6 +162,7 @@ std::string summary_text(Jobs::Run& run, const Jobs::DriveSignals* drive,
   summary["compiler"] = compiler();
   summary["title"] = plain_text(run.job.title);
   summary["site"] = site_of(run);
+  summary["plan"] = plan_json(tank_plan(run));
   summary["run"] = run_of(run);
   summary["seas"] = seas_of(run);
   if (drive) summary["drive"] = drive_of(run, *drive);
@@ -175,7 +178,7 @@ std::string summary_text(Jobs::Run& run, const Jobs::DriveSignals* drive,
   summary["remarks"] = texts(run.remarks);
   summary["inputs"] = inputs_of(run);
   if (folder) summary["files"] = files_of(*folder);
-  return summary.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  return json_text(summary) + "\n";
 }
 
 }  // namespace Outputs
