@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "jobs/sea_sentence.h"
 #include "outputs/checksum.h"
 #include "outputs/json_text.h"
 #include "outputs/plain_text.h"
@@ -46,6 +47,7 @@ Json seas_of(Jobs::Run& run) {
     const Jobs::BuiltSea& sea = run.seas[i];
     Json object;
     object["name"] = plain_text(sea.name);
+    object["sentence"] = plain_text(Jobs::sea_sentence(run.job.seas[i]));
     object["holds"] = {{"x", sea.position.x}, {"y", sea.position.y}, {"t", sea.position.t}};
     object["waves"] = Json::array();
     for (const Jobs::AskedWave& wave : sea.asked) object["waves"].push_back(plain_text(wave.kind));

@@ -99,5 +99,20 @@ TEST(SummaryPlan, OfTheLBasinHasBothBanks) {
   }
 }
 
+TEST(SummaryPlan, AndSentencesKeepMarkupAsText) {
+  const Testing::TempDir dir;
+  dir.write("<b>&\"x\".csv", "eta\n1\n-1\n2\n-2\n");
+  const std::string markup = "</script><script>alert(\"x\")</script>";
+  const Json summary =
+      summary_of(dir, "title = '" + markup + "'\nsite = \"" + Testing::examples +
+                          "flume.site\"\n[run]\nrepeat = \"16 s\"\n[[sea]]\nname = '" + markup +
+                          "'\n[[sea.wave]]\nkind = \"record\"\nfile = '" + "<b>&\"x\".csv" +
+                          "'\ncolumn = \"eta\"\nunits = \"mm\"\nrate = \"10 Hz\"\n");
+  EXPECT_EQ(summary["title"], markup);
+  EXPECT_EQ(summary["seas"][0]["name"], markup);
+  EXPECT_EQ(summary["seas"][0]["sentence"],
+            "record, file <b>&\"x\".csv, column eta, units mm, rate 10 Hz");
+}
+
 }  // namespace
 }  // namespace Outputs
