@@ -48,7 +48,9 @@ Judgement judge(Run& run, const DriveSignals* drive) {
   {
     const CapturedLines lines;
     try {
-      judgement.findings = all_findings(examine(run, drive));
+      const JudgedRun judged = examine(run, drive);
+      judgement.findings = all_findings(judged);
+      judgement.spectrum = sea_spectrum(judged);
     } catch (...) {
       message = message_of_current();
     }

@@ -8,6 +8,7 @@
 
 #include "jobs/drive_signals.h"
 #include "jobs/run.h"
+#include "jobs/sea_spectrum.h"
 
 namespace Jobs {
 
@@ -34,6 +35,8 @@ struct Judgement {
   std::vector<Finding> findings;
   int judged = 0;  // findings with a verdict
   int looks = 0;   // of them, those that need a look
+  // For charts.
+  std::optional<SeaSpectrum> spectrum;
 };
 
 // Builds the wave at the reference point: the first sea's position. `drive` may be null when no

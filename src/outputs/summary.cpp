@@ -167,6 +167,7 @@ std::string summary_text(Jobs::Run& run, const Jobs::DriveSignals* drive,
   summary["plan"] = plan_json(tank_plan(run));
   summary["run"] = run_of(run);
   summary["seas"] = seas_of(run);
+  if (judgement.spectrum) summary["spectrum"] = spectrum_json(*judgement.spectrum);
   if (drive) summary["drive"] = drive_of(run, *drive);
   summary["points"] = Json::array();
   for (const PointReport& report : reports.points) summary["points"].push_back(point_of(report));

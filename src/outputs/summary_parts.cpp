@@ -46,4 +46,18 @@ Json plan_json(const TankPlan& plan) {
   return object;
 }
 
+Json spectrum_json(const Jobs::SeaSpectrum& spectrum) {
+  Json object;
+  object["at"] = {{"x", spectrum.at.x}, {"y", spectrum.at.y}};
+  object["harmonics"] = spectrum.harmonics;
+  object["f"] = spectrum.f;
+  object["made"] = spectrum.made;
+  if (!spectrum.asked.empty()) object["asked"] = spectrum.asked;
+  object["lines"] = Json::array();
+  for (const Jobs::AskedLine& line : spectrum.lines) {
+    object["lines"].push_back({{"f", line.frequency}, {"a", line.amplitude}});
+  }
+  return object;
+}
+
 }  // namespace Outputs

@@ -4,11 +4,13 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include "jobs/sea_spectrum.h"
 #include "outputs/tank_plan.h"
 
 namespace Outputs {
 
 nlohmann::ordered_json plan_json(const TankPlan& plan);
+nlohmann::ordered_json spectrum_json(const Jobs::SeaSpectrum& spectrum);
 
 }  // namespace Outputs
 
