@@ -146,6 +146,7 @@ class Way {
     fates_.made[harmonic_] += made;
     const double at_reference = turned_by(angle, arrive_);
     fates_.made_directions.add(at_reference, made);
+    fates_.made_sectors.add(harmonic_, at_reference, made);
     const double cosine = std::fabs(std::cos(at_reference));
     fates_.refracted += std::min(cosine, std::fabs(std::cos(angle))) > 1e-3
                             ? made * std::fabs(std::cos(angle)) / cosine
@@ -178,6 +179,7 @@ FrontFates no_fronts(const WavePath& path) {
   fates.arriving.assign(path.run.size(), 0.0);
   fates.arriving_squares.assign(path.run.size(), 0.0);
   fates.made.assign(path.run.size(), 0.0);
+  fates.made_sectors = DirectionGrid(path.run.min_harmonic(), path.run.max_harmonic());
   return fates;
 }
 

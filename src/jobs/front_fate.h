@@ -13,6 +13,7 @@
 #include <functional>
 #include <vector>
 
+#include "jobs/direction_sectors.h"
 #include "jobs/direction_stats.h"
 #include "jobs/paddle_shares.h"
 #include "maths/front.h"
@@ -44,6 +45,7 @@ struct FrontFates {
   DirectionStats asked_directions;
   DirectionStats limited_directions;
   DirectionStats made_directions;  // at the reference point
+  DirectionGrid made_sectors;      // the same by harmonic
   double refracted = 0.0;          // what is made, times cos(angle at the paddles) / cos(angle)
   double oblique = 0.0;            // what arrives more than a degree off every normal
 

@@ -62,7 +62,8 @@ void ask(JudgedRun& judged) {
     judged.fan = judged.fan || changes.fan;
     judged.changes.push_back(changes);
   }
-  judged.asked = asked_sea(judged.run.seas, judged.changes, carried_to_reference(judged));
+  judged.carried = carried_to_reference(judged);
+  judged.asked = asked_sea(judged.run.seas, judged.changes, judged.carried);
   const AskedSea& asked = judged.asked;
   judged.below = asked.moments(0.0, judged.band_low);
   judged.band = asked.moments(judged.band_low, judged.band_high);

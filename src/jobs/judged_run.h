@@ -39,6 +39,7 @@ struct JudgedRun {
   double band_high = 0.0;  // Hz, the edges of the run's lowest and highest harmonic
 
   std::vector<SeaChanges> changes;  // of each sea
+  std::vector<Carried> carried;     // from each sea to the reference point
   AskedSea asked;
   bool random_amplitudes = false;
   double amplitude_chance = 0.0;  // relative standard deviation of Hs that they bring

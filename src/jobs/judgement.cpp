@@ -51,6 +51,7 @@ Judgement judge(Run& run, const DriveSignals* drive) {
       const JudgedRun judged = examine(run, drive);
       judgement.findings = all_findings(judged);
       judgement.spectrum = sea_spectrum(judged);
+      judgement.directions = sea_directions(judged);
     } catch (...) {
       message = message_of_current();
     }

@@ -8,6 +8,7 @@
 
 #include "jobs/drive_signals.h"
 #include "jobs/run.h"
+#include "jobs/sea_directions.h"
 #include "jobs/sea_spectrum.h"
 
 namespace Jobs {
@@ -37,6 +38,7 @@ struct Judgement {
   int looks = 0;   // of them, those that need a look
   // For charts.
   std::optional<SeaSpectrum> spectrum;
+  std::optional<SeaDirections> directions;
 };
 
 // Builds the wave at the reference point: the first sea's position. `drive` may be null when no

@@ -168,6 +168,7 @@ std::string summary_text(Jobs::Run& run, const Jobs::DriveSignals* drive,
   summary["run"] = run_of(run);
   summary["seas"] = seas_of(run);
   if (judgement.spectrum) summary["spectrum"] = spectrum_json(*judgement.spectrum);
+  if (judgement.directions) summary["directions"] = directions_json(*judgement.directions);
   if (drive) summary["drive"] = drive_of(run, *drive);
   summary["points"] = Json::array();
   for (const PointReport& report : reports.points) summary["points"].push_back(point_of(report));

@@ -1,5 +1,6 @@
 #include "outputs/summary_parts.h"
 
+#include <cstddef>
 #include <nlohmann/json.hpp>
 #include <utility>
 
@@ -57,6 +58,18 @@ Json spectrum_json(const Jobs::SeaSpectrum& spectrum) {
   for (const Jobs::AskedLine& line : spectrum.lines) {
     object["lines"].push_back({{"f", line.frequency}, {"a", line.amplitude}});
   }
+  return object;
+}
+
+Json directions_json(const Jobs::SeaDirections& directions) {
+  Json object;
+  object["f"] = directions.f;
+  object["angle"] = Json::array();
+  for (std::size_t i = 0; i <= Jobs::sector_count; ++i) {
+    object["angle"].push_back(Jobs::sector_edge(i));
+  }
+  object["variance"] = directions.variance;
+  if (directions.asked) object["asked"] = *directions.asked;
   return object;
 }
 

@@ -4,6 +4,7 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include "jobs/sea_directions.h"
 #include "jobs/sea_spectrum.h"
 #include "outputs/tank_plan.h"
 
@@ -11,6 +12,7 @@ namespace Outputs {
 
 nlohmann::ordered_json plan_json(const TankPlan& plan);
 nlohmann::ordered_json spectrum_json(const Jobs::SeaSpectrum& spectrum);
+nlohmann::ordered_json directions_json(const Jobs::SeaDirections& directions);
 
 }  // namespace Outputs
 
