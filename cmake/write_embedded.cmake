@@ -1,4 +1,5 @@
-# Writes the source file OUTPUT: FUNCTION returns the contents of the FILES. See KelpboxEmbed.cmake.
+# Writes the source file OUTPUT: NAMESPACE::FUNCTION returns the contents of the FILES. See
+# KelpboxEmbed.cmake.
 set(entries "")
 foreach(file IN LISTS FILES)
   cmake_path(GET file FILENAME name)
@@ -9,17 +10,21 @@ foreach(file IN LISTS FILES)
   endif()
   string(APPEND entries "    {\"${name}\", R\"embedded(${text})embedded\"},\n")
 endforeach()
-file(WRITE ${OUTPUT} "#include \"cli/embedded_file.h\"
+file(WRITE ${OUTPUT} "#include \"base/embedded_file.h\"
 
-namespace Cli {
+// Compilers need not support literals above 64 kB; g++ and clang do.
+#pragma GCC diagnostic ignored \"-Woverlength-strings\"
+
+namespace ${NAMESPACE} {
 namespace {
 
-constexpr EmbeddedFile files[] = {
+constexpr Base::EmbeddedFile files[] = {
 ${entries}};
 
 }  // namespace
 
-std::span<const EmbeddedFile> ${FUNCTION}() { return files; }
+std::span<const Base::EmbeddedFile> ${FUNCTION}();
+std::span<const Base::EmbeddedFile> ${FUNCTION}() { return files; }
 
-}  // namespace Cli
+}  // namespace ${NAMESPACE}
 ")

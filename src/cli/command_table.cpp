@@ -12,8 +12,9 @@ const std::string_view short_purpose = "from a wave job to checked drive signals
 // Made at first use, so that the start of the program stays short.
 const std::vector<CommandText>& commands() {
   static const std::vector<CommandText> all{
-      run_text(),   check_text(),    site_text(),    analyse_text(), new_text(),        seas_text(),
-      units_text(), formulas_text(), explain_text(), help_text(),    completion_text(), man_text()};
+      run_text(),  check_text(),      report_text(), site_text(),     analyse_text(),
+      new_text(),  seas_text(),       units_text(),  formulas_text(), explain_text(),
+      help_text(), completion_text(), man_text()};
   return all;
 }
 
@@ -22,7 +23,8 @@ const std::vector<OptionText>& global_options() {
       {"--help", "-h", "", "Describe the command, and do nothing else."},
       {"--version", "", "", "Show the version; with --verbose, those of the libraries too."},
       {"--json", "", "", "Write the results as one JSON document, errors included."},
-      {"--quiet", "-q", "", "Write errors, but no remarks; run, check and new no results either."},
+      {"--quiet", "-q", "",
+       "Write errors, but no remarks; run, check, report and new no results either."},
       {"--verbose", "-v", "", "Show more: minor findings, all details."},
       {"--no-color", "", "", "Use no colours. They are used on a terminal only."},
   };

@@ -9,6 +9,7 @@ namespace Cli {
 // Commands that work on files of the user (job_command_texts.cpp).
 CommandText run_text();
 CommandText check_text();
+CommandText report_text();
 CommandText site_text();
 CommandText analyse_text();
 

@@ -20,6 +20,9 @@ struct JobOptions {
 int run(const JobOptions& options, Console& console);    // run_command.cpp
 int check(const JobOptions& options, Console& console);  // check_command.cpp
 
+// Makes the pages of these folders again.
+int report_pages(const std::vector<std::string>& folders, Console& console);  // report_command.cpp
+
 struct SiteOptions {
   std::string site;
   std::vector<std::string> set;  // tunable=value

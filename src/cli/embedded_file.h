@@ -1,17 +1,12 @@
-// Files that are part of the program: the pages of docs/ and the templates of `kelpbox new`.
-// cmake/KelpboxEmbed.cmake puts them there.
+// The files that are part of the command: the pages of docs/ and the templates of `kelpbox new`.
 #ifndef KELPBOX_CLI_EMBEDDED_FILE_H_
 #define KELPBOX_CLI_EMBEDDED_FILE_H_
 
-#include <span>
-#include <string_view>
+#include "base/embedded_file.h"
 
 namespace Cli {
 
-struct EmbeddedFile {
-  std::string_view name;  // without its folder
-  std::string_view text;
-};
+using Base::EmbeddedFile;
 
 std::span<const EmbeddedFile> embedded_pages();      // docs/*.md
 std::span<const EmbeddedFile> embedded_templates();  // src/cli/new/

@@ -2,7 +2,8 @@
 
 #include "cli/options.h"
 #include "jobs/failure.h"
-#include "outputs/output_folder.h"
+#include "outputs/cannot_read.h"
+#include "outputs/cannot_write.h"
 
 namespace Cli {
 
@@ -28,6 +29,8 @@ Failure failure_of_current(const std::string& subject, const std::string& conseq
     return {Exit::bad_input, before + count_of(job.faults) + consequence, job.faults};
   } catch (const Outputs::CannotWrite& failure) {
     return {Exit::cannot_write, "cannot write " + failure.message, {}};
+  } catch (const Outputs::CannotRead& failure) {
+    return {Exit::bad_input, "cannot read " + failure.message, {}};
   } catch (...) {
     return {Exit::bad_input, before + Jobs::message_of_current(), {}};
   }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 
 #include "cli/failure_report.h"
@@ -30,6 +31,14 @@ struct JobState {
   bool written = false;
   Outcome outcome;  // `err` is failure_json with --json
 };
+
+std::string page_of(const JobState& state) { return state.plan.folder + "/report.html"; }
+
+// Only the child knows whether the job asks for the page.
+bool has_page(const JobState& state) {
+  std::error_code ignored;
+  return std::filesystem::exists(page_of(state), ignored);
+}
 
 class Batch {
  public:
@@ -114,6 +123,7 @@ class Batch {
     if (console_.quiet) return;
     console_.out << state.outcome.out;
     if (state.written) console_.out << "Written: " << state.plan.folder << "\n";
+    if (state.written && has_page(state)) console_.out << "Page: " << page_of(state) << "\n";
     console_.out << std::flush;
   }
 
@@ -155,6 +165,7 @@ class Batch {
     std::string text = "{\"job\": " + json_string(state.plan.path) +
                        ", \"exit_code\": " + std::to_string(state.outcome.exit_code);
     if (state.written) text += ", \"folder\": " + json_string(state.plan.folder);
+    if (state.written && has_page(state)) text += ", \"page\": " + json_string(page_of(state));
     if (!state.outcome.out.empty()) text += ",\n\"summary\": " + state.outcome.out;
     if (!state.outcome.err.empty()) text += ",\n\"error\": " + state.outcome.err;
     return text + "}";

@@ -29,7 +29,9 @@ CommandText run_text() {
       "make everything that jobs ask for",
       "Reads a job, makes its drive signals and everything else that it asks for, compares what "
       "was asked with what will be made, and writes the results to a folder. The folder appears "
-      "whole or not at all; a folder that an earlier run wrote is replaced.\n\n"
+      "whole or not at all; a folder that an earlier run wrote is replaced. The page report.html "
+      "in "
+      "it shows the results.\n\n"
       "Several jobs are independent of each other: one that fails does not stop the others, and "
       "the exit code is the highest of all. They need different names, because each has its own "
       "folder.",
@@ -59,6 +61,19 @@ CommandText check_text() {
            {"kelpbox check *.toml --json | jq '.jobs[].exit_code'", "for machines"}},
           {{"JOB", "A job file, or - for standard input.", job_files, true, true}},
           {set_of_job, workers, strict}};
+}
+
+CommandText report_text() {
+  return {"report",
+          "make the page that shows the results of a run",
+          "Makes report.html from the files of a folder that run wrote, and puts it there: the "
+          "same page as run makes, for results without one or of an older version. The page is "
+          "one file without any other, to open in a browser, mail or print. Other files of the "
+          "folder stay as they are; parts whose files are missing are left out.",
+          {{"kelpbox report storm.out", "writes storm.out/report.html"},
+           {"kelpbox report results/*", "the pages of all folders"}},
+          {{"OUT", "A folder that run wrote.", folders, true, true}},
+          {}};
 }
 
 CommandText site_text() {

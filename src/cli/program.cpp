@@ -60,6 +60,7 @@ int run_command(const CommandLine& line, Console& console) {
   const std::string name(line.command->name);
   if (name == "run") return run(job_options(line), console);
   if (name == "check") return check(job_options(line), console);
+  if (name == "report") return report_pages(line.arguments, console);
   if (name == "site") return site({line.argument(0), line.all("--set")}, console);
   if (name == "analyse") return analyse(analyse_options(line), console);
   if (name == "seas") return seas({line.argument(0)}, console);

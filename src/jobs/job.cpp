@@ -100,8 +100,10 @@ class JobReader {
         job_.csv = form_.boolean(output, true);
       } else if (output.key == "netcdf") {
         job_.netcdf = form_.boolean(output, true);
+      } else if (output.key == "report") {
+        job_.report = form_.boolean(output, true);
       } else {
-        form_.unknown(output, "in [outputs]", {"csv", "netcdf"});
+        form_.unknown(output, "in [outputs]", {"csv", "netcdf", "report"});
       }
     }
   }

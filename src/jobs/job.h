@@ -50,6 +50,7 @@ struct Job {
   Part field;
   bool csv = true;
   bool netcdf = true;
+  bool report = true;
 };
 
 // The name that a job gets from its path: the file's name without ".toml". "stdin" for "-".

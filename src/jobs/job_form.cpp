@@ -19,7 +19,7 @@ struct Home {
 
 // Keys that are easily written into the wrong table. Those of waves, changes and the run are not
 // here, because the library declares them.
-constexpr std::array<Home, 11> homes{{
+constexpr std::array<Home, 12> homes{{
     {"kind", "[[sea.wave]]"},
     {"wave", "[[sea]], as [[sea.wave]]"},
     {"change", "[[sea]], as [[sea.change]]"},
@@ -30,6 +30,7 @@ constexpr std::array<Home, 11> homes{{
     {"delta_angle", "[[point]]"},
     {"csv", "[outputs]"},
     {"netcdf", "[outputs]"},
+    {"report", "[outputs]"},
     {"repeat", "[run]"},
 }};
 

@@ -8,14 +8,15 @@
 #include <set>
 
 #include "outputs/cannot_write.h"
+#include "outputs/unfinished_page.h"
 
 namespace fs = std::filesystem;
 
 namespace Outputs {
 namespace {
 
-// The names of the files that the run which wrote this folder lists, its summary included. Empty
-// if there is no summary, or one of another program.
+// The names of the files that the run which wrote this folder lists, its summary and the page that
+// is made from these files included. Empty if there is no summary, or one of another program.
 std::set<std::string> listed_files(const fs::path& folder) {
   std::set<std::string> names;
   std::error_code ignored;
@@ -31,6 +32,7 @@ std::set<std::string> listed_files(const fs::path& folder) {
     if (name != file.end() && name->is_string()) names.insert(name->get<std::string>());
   }
   names.insert("summary.json");
+  names.insert("report.html");
   return names;
 }
 
@@ -59,6 +61,7 @@ void require_replaceable(const std::string& place, const std::string& shown) {
     const std::string name = entries->path().lexically_relative(place).string();
     const bool folder = entries->symlink_status().type() == fs::file_type::directory;
     if ((folder ? folders : names).count(name) != 0) continue;
+    if (!folder && !names.empty() && is_unfinished_page(name)) continue;
     throw CannotWrite{fmt::format(
         "{}: is not replaced, because {} in it is not from an earlier run", shown, name)};
   }

@@ -7,6 +7,7 @@
 #include "outputs/job_copy.h"
 #include "outputs/point_outputs.h"
 #include "outputs/summary.h"
+#include "outputs/write_page.h"
 
 namespace Outputs {
 namespace {
@@ -42,6 +43,7 @@ std::string write_run(Jobs::Run& run, const Jobs::DriveSignals& drive,
   folder.write("log.txt", run.log);
   std::string summary = summary_text(run, &drive, judgement, reports, &folder);
   folder.write("summary.json", summary);
+  if (run.job.report) write_page(folder, progress);
   return summary;
 }
 

@@ -12,7 +12,8 @@
 
 namespace Outputs {
 
-// Writes signals, fronts, points, field, the inputs, log.txt and summary.json. Does not commit.
+// Writes signals, fronts, points, field, the inputs, log.txt, summary.json and the page. Does not
+// commit.
 // Returns the text of summary.json. Throws CannotWrite, Cancelled, and Jobs::BadJob when the
 // library refuses a point or the field.
 std::string write_run(Jobs::Run& run, const Jobs::DriveSignals& drive,

@@ -1,0 +1,68 @@
+#include "outputs/page_texts.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fstream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+
+#include "outputs/cannot_read.h"
+
+namespace Outputs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// The keys that the page cannot do without: the form of its data says that they are there.
+constexpr const char* required[] = {"kelpbox", "title",  "site",     "run",     "seas",
+                                    "points",  "judged", "findings", "remarks", "inputs"};
+
+bool is_complete(const Json& summary) {
+  return summary.is_object() &&
+         std::all_of(std::begin(required), std::end(required),
+                     [&summary](const char* key) { return summary.contains(key); }) &&
+         summary["title"].is_string() && summary["run"].is_object() && summary["points"].is_array();
+}
+
+}  // namespace
+
+Json read_summary(const PageSource& source) {
+  if (!source.has("summary.json")) {
+    throw CannotRead{source.shown_folder +
+                     ": is not a folder of results of `kelpbox run`: it has no summary.json"};
+  }
+  const std::string text = read_text(source, "summary.json");
+  try {
+    Json summary = Json::parse(text);
+    if (is_complete(summary)) return summary;
+  } catch (const Json::parse_error& error) {
+    throw CannotRead{source.shown("summary.json") + ": is broken at byte " +
+                     std::to_string(error.byte)};
+  }
+  throw CannotRead{source.shown("summary.json") + ": is not a summary of `kelpbox run`"};
+}
+
+std::string read_text(const PageSource& source, const std::string& name) {
+  if (!source.has(name)) return "";
+  errno = 0;
+  std::ifstream in(source.path(name), std::ios::binary);
+  std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  if (!in.is_open() || in.bad()) cannot_read(source.shown(name), errno == 0 ? EIO : errno);
+  return text;
+}
+
+std::string without_middle(const std::string& text, std::size_t longest) {
+  if (text.size() <= longest) return text;
+  // Whole lines, as far as the lines are short enough.
+  const std::size_t half = longest / 2;
+  std::size_t first = text.rfind('\n', half);
+  if (first == std::string::npos || first < half / 2) first = half;
+  std::size_t last = text.find('\n', text.size() - half);
+  if (last == std::string::npos || last > text.size() - half / 2) last = text.size() - half;
+  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(first);
+  const auto lines = std::count(begin, text.begin() + static_cast<std::ptrdiff_t>(last), '\n');
+  return text.substr(0, first) + "\n[" + std::to_string(lines) +
+         " lines are left out here; log.txt has them]" + text.substr(last);
+}
+
+}  // namespace Outputs
