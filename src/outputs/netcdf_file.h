@@ -1,6 +1,6 @@
 // A NetCDF-4 file: dimensions and variables are defined first, then values are written.
 //
-// Only this file and its .cpp know the NetCDF library.
+// Only the three .cpp files netcdf_*.cpp know the NetCDF library.
 #ifndef KELPBOX_OUTPUTS_NETCDF_FILE_H_
 #define KELPBOX_OUTPUTS_NETCDF_FILE_H_
 

@@ -1,7 +1,13 @@
 #include "outputs/page_json.h"
 
 #include <nlohmann/json.hpp>
+#include <utility>
 
+#include "outputs/cannot_read.h"
+#include "outputs/page_drive.h"
+#include "outputs/page_facts.h"
+#include "outputs/page_field.h"
+#include "outputs/page_points.h"
 #include "outputs/page_texts.h"
 
 namespace Outputs {
@@ -15,17 +21,24 @@ constexpr std::size_t longest_log = 100'000;
 
 PageText page_json(const PageSource& source, const Progress& progress) {
   const Step step(progress, "report.html");
-  Json page;
-  page["schema"] = 1;
   const Json summary = read_summary(source);
-  page["summary"] = summary;
-  page["job"] = read_text(source, "job.toml");
-  page["log"] = without_middle(read_text(source, "log.txt"), longest_log);
-  page["drive"] = Json::array();
-  page["points"] = Json::array();
-  step.done(1, 1);
-  return {summary["title"].get<std::string>(),
-          page.dump(-1, ' ', false, Json::error_handler_t::replace)};
+  try {
+    const PageFacts facts = page_facts(summary);
+    Json page;
+    page["schema"] = 1;
+    page["summary"] = summary;
+    page["job"] = read_text(source, "job.toml");
+    page["log"] = without_middle(read_text(source, "log.txt"), longest_log);
+    page["drive"] = page_drive(source, summary, facts, step);
+    page["points"] = page_points(source, summary, facts, step);
+    Json field = page_field(source, summary, facts, step);
+    if (!field.is_null()) page["field"] = std::move(field);
+    step.done(1, 1);
+    return {summary["title"].get<std::string>(),
+            page.dump(-1, ' ', false, Json::error_handler_t::replace)};
+  } catch (const Json::exception&) {
+    throw CannotRead{source.shown("summary.json") + ": is not a summary of `kelpbox run`"};
+  }
 }
 
 }  // namespace Outputs
