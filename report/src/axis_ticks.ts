@@ -1,0 +1,42 @@
+// Round numbers along an axis.
+
+export interface Ticks {
+  values: number[]; // ascending, within the range
+  step: number; // 1, 2 or 5 times a power of ten
+  label(value: number): string; // with as many decimals as the step needs
+}
+
+// At most about `most` round numbers from `from` to `to`.
+export function ticks(from: number, to: number, most = 6): Ticks {
+  const span = to - from;
+  if (!(span > 0) || !isFinite(span)) return { values: [from], step: 0, label: (value) => plainNumber(value) };
+  const step = roundStep(span / Math.max(1, most));
+  const decimals = Math.max(0, -Math.floor(Math.log10(step) + 1e-9));
+  const values: number[] = [];
+  const last = Math.floor(to / step + 1e-6);
+  for (let i = Math.ceil(from / step - 1e-6); i <= last; ++i) values.push(Number((i * step).toFixed(decimals)));
+  return { values, step, label: (value) => value.toFixed(decimals) };
+}
+
+// The smallest of 1, 2, 5, 10, 20, 50, ... (and 0.5, 0.2, 0.1, ...) that is not below `least`.
+export function roundStep(least: number): number {
+  const power = 10 ** Math.floor(Math.log10(least));
+  const times = [1, 2, 5, 10].find((factor) => factor * power >= least * (1 - 1e-9)) ?? 10;
+  return times * power;
+}
+
+// A number with a few significant digits and without an exponent where that is readable: "0.157",
+// "12.3", "1234". NaN, null and infinity give a dash.
+export function plainNumber(value: number | null | undefined, digits = 3): string {
+  if (value === null || value === undefined || !isFinite(value)) return '–';
+  if (value === 0) return '0';
+  const size = Math.floor(Math.log10(Math.abs(value)));
+  if (size < -4 || size > 6) return value.toExponential(digits - 1);
+  return value.toFixed(Math.max(0, digits - 1 - size));
+}
+
+// A length in the unit that suits it: "78.5 mm", "2.00 m".
+export function lengthText(metres: number | null | undefined, digits = 3): string {
+  if (metres === null || metres === undefined || !isFinite(metres)) return '–';
+  return Math.abs(metres) < 1 ? `${plainNumber(metres * 1000, digits)} mm` : `${plainNumber(metres, digits)} m`;
+}
