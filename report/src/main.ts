@@ -1,24 +1,44 @@
 // Puts the page together.
+import { fillContents } from './contents';
 import type { PageData } from './data';
+import { findingsPart } from './findings';
 import { element } from './frame';
+import { headPart } from './head';
+import { messagesPart } from './messages';
 import type { Page, Part } from './page';
+import { preparePrinting } from './printing';
+import { repeatPart } from './repeat';
 import { View } from './view';
 
-const parts: Part[] = [];
+// In the order of the page. Two neighbours of half width share a row. Without a link, a part is not
+// among the contents.
+const parts: { part: Part; width: 'full' | 'half'; link?: string }[] = [
+  { part: headPart, width: 'full' },
+  { part: findingsPart, width: 'half', link: 'Asked and made' },
+  { part: messagesPart, width: 'full', link: 'Messages' },
+  { part: repeatPart, width: 'full', link: 'Repeat' },
+];
 
 async function show(): Promise<void> {
   const data = JSON.parse(document.getElementById('data')!.textContent!) as PageData;
   const page: Page = { data, view: new View(data.summary.run.repeat) };
   const main = document.getElementById('page')!;
-  for (const part of parts) {
+  const sections: { link: string; section: HTMLElement }[] = [];
+  for (const { part, width, link } of parts) {
     try {
       const section = await part(page);
-      if (section) main.append(section);
+      if (!section) continue;
+      if (width === 'half') section.classList.add('half');
+      main.append(section);
+      sections.push({ link: link ?? '', section });
     } catch (error) {
       main.append(element('p', 'failure', `A part of this page could not be drawn: ${(error as Error).message}`));
       console.error(error);
     }
   }
+  fillContents(document.getElementById('contents')!, sections);
+  preparePrinting(page.view);
+  matchMedia('(prefers-color-scheme: dark)').addEventListener('change', () => page.view.tell());
   document.documentElement.dataset.ready = 'true';
 }
 
