@@ -32,10 +32,10 @@ export function plainNumber(value: number | null | undefined, digits = 3): strin
   if (value === 0) return '0';
   const size = Math.floor(Math.log10(Math.abs(value)));
   if (size < -4 || size > 6) return value.toExponential(digits - 1);
-  return value.toFixed(Math.max(0, digits - 1 - size));
+  return String(Number(value.toPrecision(Math.max(digits, size + 1))));
 }
 
-// A length in the unit that suits it: "78.5 mm", "2.00 m".
+// A length in the unit that suits it: "78.5 mm", "2 m".
 export function lengthText(metres: number | null | undefined, digits = 3): string {
   if (metres === null || metres === undefined || !isFinite(metres)) return '–';
   return Math.abs(metres) < 1 ? `${plainNumber(metres * 1000, digits)} mm` : `${plainNumber(metres, digits)} m`;
