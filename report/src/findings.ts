@@ -93,13 +93,18 @@ function findingRow(finding: Finding): HTMLElement {
   }
   row.append(
     name,
-    element('td', 'of-asked', finding.asked_text),
-    element('td', 'of-made', finding.made_text),
-    element('td', 'of-difference', difference(finding)),
+    element('td', 'of-asked', unbroken(finding.asked_text)),
+    element('td', 'of-made', unbroken(finding.made_text)),
+    element('td', 'of-difference', unbroken(difference(finding))),
     element('td', 'of-criterion', finding.criterion),
     verdict,
   );
   return row;
+}
+
+// A number stays on one line with its unit.
+function unbroken(text: string): string {
+  return text.length <= 13 ? text.replaceAll(' ', '\u00a0') : text;
 }
 
 // Angles differ in degrees, all else in percent of what was asked.

@@ -1,5 +1,4 @@
 // The head of the page: title, site, the sea in numbers, the verdict in words.
-import { plainNumber } from './axis_ticks';
 import type { Summary, SummarySea } from './data';
 import { element } from './frame';
 import type { Part } from './page';
@@ -15,7 +14,7 @@ export const headPart: Part = async ({ data }) => {
 };
 
 function seas({ seas, run }: Summary): HTMLElement {
-  const length = `${plainNumber(run.repeat, 4)} s repeat`;
+  const length = `${Number(run.repeat.toPrecision(5))} s repeat`;
   if (seas.length === 0) return element('p', 'head-sea', `No sea was asked for; ${length}.`);
   const named = seas.length > 1 || !/^sea \d+$/.test(seas[0].name);
   const lines = seas.map((sea) => (named ? `${sea.name}: ` : '') + sentence(sea));

@@ -6,6 +6,7 @@ import { element } from './frame';
 import { headPart } from './head';
 import { messagesPart } from './messages';
 import type { Page, Part } from './page';
+import { planPart } from './plan';
 import { preparePrinting } from './printing';
 import { repeatPart } from './repeat';
 import { View } from './view';
@@ -15,13 +16,23 @@ import { View } from './view';
 const parts: { part: Part; width: 'full' | 'half'; link?: string }[] = [
   { part: headPart, width: 'full' },
   { part: findingsPart, width: 'half', link: 'Asked and made' },
+  { part: planPart, width: 'half', link: 'Plan' },
   { part: messagesPart, width: 'full', link: 'Messages' },
   { part: repeatPart, width: 'full', link: 'Repeat' },
 ];
 
+// The page opens at the highest crest.
+function openingTime({ field }: PageData): number {
+  if (!field) return 0;
+  const end = field.start + (field.eta.shape[0] - 1) / field.rate;
+  const crest = field.stills.find((still) => still.key === 'crest')?.t ?? field.start;
+  return Math.min(Math.max(crest, field.start), end);
+}
+
 async function show(): Promise<void> {
   const data = JSON.parse(document.getElementById('data')!.textContent!) as PageData;
   const page: Page = { data, view: new View(data.summary.run.repeat) };
+  page.view.time = openingTime(data);
   const main = document.getElementById('page')!;
   const sections: { link: string; section: HTMLElement }[] = [];
   for (const { part, width, link } of parts) {

@@ -37,14 +37,19 @@ function facts({ kelpbox, compiler, site, run, drive, field }: Summary): HTMLEle
   };
   add('Program', `kelpbox ${kelpbox}, compiled by ${compiler}`);
   add('Site', [site.identity, site.file].filter(Boolean).join(', from '));
-  add('Repeat', `${run.repeat} s; harmonics ${run.lowest_harmonic} to ${run.highest_harmonic}`);
+  add('Repeat', `${short(run.repeat)} s; harmonics ${run.lowest_harmonic} to ${run.highest_harmonic}`);
   add('Waves', `${run.fronts} fronts${run.side_walls ? ', with reflections from the side walls' : ''}`);
   if (drive) {
-    const limit = drive.stop_at_limit ? '; signals stop at a limit' : '; signals are held at a limit';
-    add('Signals', `${drive.samples} samples at ${drive.rate} Hz, ramps of ${drive.ramp} s${limit}`);
+    const limit = drive.stop_at_limit ? ', held at the limits of the machine' : '';
+    add('Signals', `${drive.samples} samples at ${short(drive.rate)} Hz, ramps of ${short(drive.ramp)} s${limit}`);
   }
-  if (field) add('Wave field', `${field.frames} frames of ${field.x.count} x ${field.y.count} points at ${field.rate} Hz`);
+  if (field) add('Wave field', `${field.frames} frames of ${field.x.count} x ${field.y.count} points at ${short(field.rate)} Hz`);
   return list;
+}
+
+// Without the rounding errors of the last digits.
+function short(value: number): string {
+  return String(Number(value.toPrecision(9)));
 }
 
 // In the form that `sha256sum --check` reads.
