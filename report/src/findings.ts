@@ -72,7 +72,6 @@ function body(name: string, findings: Finding[]): HTMLElement {
   const made = element('tbody');
   const row = element('tr', 'group');
   const title = element('th', '', name);
-  title.colSpan = columns.length;
   title.scope = 'rowgroup';
   row.append(title);
   made.append(row, ...findings.map(findingRow));

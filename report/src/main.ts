@@ -1,6 +1,7 @@
 // Puts the page together.
 import { fillContents } from './contents';
 import type { PageData } from './data';
+import { directionsPart } from './directions';
 import { findingsPart } from './findings';
 import { element } from './frame';
 import { headPart } from './head';
@@ -17,6 +18,7 @@ const parts: { part: Part; width: 'full' | 'half'; link?: string }[] = [
   { part: headPart, width: 'full' },
   { part: findingsPart, width: 'half', link: 'Asked and made' },
   { part: planPart, width: 'half', link: 'Plan' },
+  { part: directionsPart, width: 'half', link: 'Directions' },
   { part: messagesPart, width: 'full', link: 'Messages' },
   { part: repeatPart, width: 'full', link: 'Repeat' },
 ];

@@ -94,7 +94,7 @@ function drawDirections(ctx: CanvasRenderingContext2D, { wave, picture }: PlanCo
     return [from[0] + ((px - from[0]) / size) * length, from[1] + ((py - from[1]) / size) * length];
   };
   const length = Math.max(45, Math.min(90, 0.2 * fitted.width));
-  const degrees = (angle: number): string => ((angle * 180) / Math.PI).toFixed(1);
+  const degrees = (angle: number): string => ((angle * 180) / Math.PI).toFixed(1).replace('-', '−');
   if (asked !== undefined && Math.abs(asked - direction) > 0.03) {
     drawArrow(ctx, from, reach(asked, length), { ink: colour('series-2'), ground, dash: [6, 4], width: 2 });
   }
@@ -131,7 +131,7 @@ function drawHeights(
   const width = Math.min(220, room.to - room.from - 14);
   if (width < 80 || !(largest > 0)) return;
   const range = largest * 1000;
-  const marks = ticks(-range, range, width / 45);
+  const marks = ticks(-range, range, Math.max(4, width / 45));
   ctx.font = font(11);
   drawColourBar(ctx, {
     x: room.to - width - 14,
@@ -141,7 +141,7 @@ function drawHeights(
     scale: scale(grey ? 'grey' : 'diverging'),
     from: -range,
     to: range,
-    ticks: marks.values.map((value) => ({ value, text: marks.label(value) })),
+    ticks: marks.values.map((value) => ({ value, text: marks.label(value).replace('-', '−') })),
     title: 'height above still water in mm',
   });
 }

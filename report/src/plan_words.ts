@@ -64,7 +64,7 @@ function sketchText(plan: Plan, period: number): string {
 }
 
 function arrowText({ direction, asked }: MainWave): string {
-  const degrees = (angle: number): string => `${((angle * 180) / Math.PI).toFixed(1)}°`;
+  const degrees = (angle: number): string => `${((angle * 180) / Math.PI).toFixed(1).replace('-', '−')}°`;
   const dashed = asked !== undefined && Math.abs(asked - direction!) > 0.03 ? `, asked ${degrees(asked)} (dashed)` : '';
   return `Arrow: mean direction ${degrees(direction!)}${dashed}, where 0° is along x and 90° along y.`;
 }
