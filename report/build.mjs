@@ -28,7 +28,8 @@ const result = await build({
   outdir: 'unused',
   write: false,
 });
-const text = (ending) => result.outputFiles.find((file) => file.path.endsWith(ending)).text;
+// Scripts import styles of their own, so there may be several.
+const text = (ending) => result.outputFiles.filter((file) => file.path.endsWith(ending)).map((file) => file.text).join('\n');
 const script = text('.js');
 const style = text('.css');
 const hash = (content) => `'sha256-${createHash('sha256').update(content).digest('base64')}'`;

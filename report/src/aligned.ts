@@ -1,0 +1,18 @@
+// The data of a chart as columns over one x axis, as uPlot takes them.
+import uPlot from 'uplot';
+import type { LineChartData } from './chart_types';
+
+export function alignedData(data: LineChartData): uPlot.AlignedData {
+  const log = data.y.log ?? false;
+  const columns = data.lines.map((line) => gaps(line.values, log));
+  const x = Array.from(data.x.values);
+  if (data.lines.every((line) => !line.x)) return [x, ...columns];
+  return uPlot.join(
+    data.lines.map((line, i) => [Array.from(line.x ?? x), columns[i]] as uPlot.AlignedData),
+  );
+}
+
+// NaN, and what a logarithmic axis cannot show, as null.
+function gaps(values: ArrayLike<number>, log: boolean): (number | null)[] {
+  return Array.from(values, (value) => (Number.isFinite(value) && (!log || value > 0) ? value : null));
+}

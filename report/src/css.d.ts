@@ -1,0 +1,2 @@
+// Styles that a script imports are bundled by esbuild.
+declare module '*.css';
