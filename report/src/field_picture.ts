@@ -32,18 +32,17 @@ export class FieldPicture {
   static load(field: Field): Promise<FieldPicture> {
     let loaded = decoded.get(field);
     if (!loaded) {
-      const largest = Math.max(Math.abs(field.lowest ?? 0), Math.abs(field.highest ?? 0));
       loaded = unpack(field.eta).then(
-        (counts) => new FieldPicture(counts, field.x, field.y, field.start, field.rate, field.eta.shape[0], largest),
+        (counts) => new FieldPicture(counts, field.x, field.y, field.start, field.rate, field.eta.shape[0], largestOf(field)),
       );
       decoded.set(field, loaded);
     }
     return loaded;
   }
 
-  // A still has one frame. It keeps the colours of the field it is from.
-  static async ofStill(still: Still, largest: number): Promise<FieldPicture> {
-    return new FieldPicture(await unpack(still.eta), still.x, still.y, still.t, 1, 1, largest);
+  // A still has one frame. It keeps the colours of the field that it is from.
+  static async ofStill(still: Still, field: Field): Promise<FieldPicture> {
+    return new FieldPicture(await unpack(still.eta), still.x, still.y, still.t, field.of.rate, 1, largestOf(field));
   }
 
   // s, of the last frame.
@@ -67,7 +66,7 @@ export class FieldPicture {
 
   // Paints the surface at the time of the view. y grows upwards; `rect` goes from the first point
   // of the grid to the last.
-  paint(ctx: CanvasRenderingContext2D, view: View, rect: Rect, look: Look = {}): void {
+  paint(ctx: CanvasRenderingContext2D, view: Pick<View, 'time' | 'grey'>, rect: Rect, look: Look = {}): void {
     this.compose(view.time);
     const kind = view.grey ? 'grey' : (look.kind ?? 'diverging');
     const grid = { heights: this.frame, columns: this.x.count, rows: this.y.count };
@@ -111,6 +110,10 @@ export class FieldPicture {
       }
     }
   }
+}
+
+function largestOf({ lowest, highest }: Field): number {
+  return Math.max(Math.abs(lowest ?? 0), Math.abs(highest ?? 0));
 }
 
 const decoded = new WeakMap<Field, Promise<FieldPicture>>();

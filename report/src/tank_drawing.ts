@@ -3,8 +3,9 @@ import { colour } from './colours';
 import type { Plan } from './data';
 import { depthContours } from './depth_contours';
 import { drawPaddles } from './tank_paddles';
+import { shortText } from './sharp_canvas';
 import { tankExtent, type Extent } from './tank_extent';
-import { Pen, shortened } from './tank_pen';
+import { Pen } from './tank_pen';
 
 export interface TankOptions {
   points?: { name: string; x: number; y: number }[];
@@ -51,14 +52,15 @@ function drawWalls(pen: Pen, plan: Plan, extent: Extent, place: Placed): void {
 }
 
 function drawContours(pen: Pen, plan: Plan, extent: Extent, place: Placed): void {
-  let free = -Infinity; // where the last label ends
+  let free = -1e9; // where the last label ends
   for (const contour of depthContours(plan)) {
     const top = place(contour.x, extent.y[1]);
     const bottom = place(contour.x, extent.y[0]);
     pen.line([bottom, top], 1, [5, 4], 0.6);
-    const width = pen.width(contour.text);
+    const text = free < 0 ? `depth ${contour.text}` : contour.text;
+    const width = pen.width(text);
     if (Math.abs(top[1] - bottom[1]) < 40 || top[0] - width / 2 < free) continue;
-    pen.text(contour.text, top[0], top[1] + 5, 'center', 'top');
+    pen.text(text, top[0], top[1] + 5, 'center', 'top');
     free = top[0] + width / 2 + 6;
   }
 }
@@ -66,5 +68,5 @@ function drawContours(pen: Pen, plan: Plan, extent: Extent, place: Placed): void
 function drawPoint(pen: Pen, point: { name: string; x: number; y: number }, place: Placed, named: boolean): void {
   const [x, y] = place(point.x, point.y);
   pen.cross(x, y, 5, pen.onPicture ? '#1b1f24' : colour('accent'));
-  if (named) pen.text(shortened(point.name, 24), x + 7, y - 4, 'left', 'bottom');
+  if (named) pen.text(shortText(point.name, 24), x + 7, y - 4, 'left', 'bottom');
 }

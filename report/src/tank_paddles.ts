@@ -1,7 +1,8 @@
 // The paddles of a tank, as lines along their faces, with the numbers of the first and last.
 import type { Plan } from './data';
 import type { TankOptions } from './tank_drawing';
-import { shortened, type Pen } from './tank_pen';
+import { shortText } from './sharp_canvas';
+import type { Pen } from './tank_pen';
 
 export function drawPaddles(
   pen: Pen,
@@ -26,7 +27,7 @@ export function drawPaddles(
   });
 }
 
-// Name and numbers stand in the water, before the middle of the bank.
+// Name and numbers stand in the water along the middle of the bank, readable from below or right.
 function label(
   pen: Pen,
   name: string,
@@ -38,10 +39,16 @@ function label(
 ): void {
   const middle = Math.floor(x.length / 2);
   const [px, py] = place(x[middle], y[middle]);
-  const dx = Math.cos(angle[middle]);
-  const dy = -Math.sin(angle[middle]); // on the canvas, y grows downwards
+  const normal = [Math.cos(angle[middle]), -Math.sin(angle[middle])]; // on the canvas, y grows downwards
+  let turn = Math.atan2(normal[1], normal[0]) + Math.PI / 2;
+  if (turn > Math.PI / 2 + 1e-6) turn -= Math.PI;
+  if (turn > 1e-6 && turn > Math.PI / 2 - 1e-6) turn -= Math.PI;
+  // Whether the water is on the lower side of the text.
+  const below = -normal[0] * Math.sin(turn) + normal[1] * Math.cos(turn) > 0;
   const numbers = number.length > 1 ? ` ${number[0]} to ${number[number.length - 1]}` : '';
-  const align = Math.abs(dx) < 0.5 ? 'center' : dx > 0 ? 'left' : 'right';
-  const baseline = Math.abs(dy) < 0.5 ? 'middle' : dy > 0 ? 'top' : 'bottom';
-  pen.text(shortened(name, 24) + numbers, px + 9 * dx, py + 9 * dy, align, baseline);
+  pen.ctx.save();
+  pen.ctx.translate(px + 7 * normal[0], py + 7 * normal[1]);
+  pen.ctx.rotate(turn);
+  pen.text(shortText(name, 24) + numbers, 0, 0, 'center', below ? 'top' : 'bottom');
+  pen.ctx.restore();
 }
