@@ -39,7 +39,7 @@ const paths: Record<ScaleKind, (at: number) => Lab> = {
   },
   sequential: (at) => polar(0.97 - 0.67 * at, 0.122 * Math.sin(0.8 * Math.PI * at), 250),
   cyclic: (at) => polar(0.72, 0.115, 360 * (at * 255) / 256),
-  grey: (at) => polar(0.15 + 0.83 * at, 0, 0),
+  grey: (at) => polar(0.27 + 0.71 * at, 0, 0),
 };
 
 // Places 256 colours at equal distances along a path.

@@ -18,8 +18,10 @@ export interface FieldChart {
   plain?: boolean; // without axes and legend: one of several frames
 }
 
-const margin = { left: 54, right: 86, top: 26, bottom: 46 };
-const plainMargin = { left: 2, right: 2, top: 20, bottom: 2 };
+const margin = { left: 58, right: 86, top: 30, bottom: 42 };
+const plainMargin = { left: 6, right: 6, top: 24, bottom: 6 };
+
+const rim = 5; // of light ground around the tank
 
 // How far the chart of a page reaches.
 export function fieldExtent({ data }: Page): Extent {
@@ -61,7 +63,7 @@ export function drawFieldChart(ctx: CanvasRenderingContext2D, width: number, hei
   ctx.fillStyle = colour('ink');
   ctx.textAlign = 'left';
   ctx.textBaseline = 'bottom';
-  ctx.fillText(timeText(picture.nearest(chart.time), picture.rate), fitted.x, fitted.y - 5);
+  ctx.fillText(timeText(picture.nearest(chart.time), picture.rate), fitted.x - rim, fitted.y - 8);
   if (chart.plain) return fitted;
   drawAxes(ctx, fitted, extent);
   drawScaleBar(ctx, fitted);
@@ -69,9 +71,10 @@ export function drawFieldChart(ctx: CanvasRenderingContext2D, width: number, hei
   return fitted;
 }
 
+// Walls and paddles are dark in both schemes, and so they need a light ground.
 function paintWater(ctx: CanvasRenderingContext2D, fitted: Fit, { page, picture, time, kind, range }: FieldChart): void {
-  ctx.fillStyle = colour('panel');
-  ctx.fillRect(fitted.x, fitted.y, fitted.width, fitted.height);
+  ctx.fillStyle = '#e6e9ed';
+  ctx.fillRect(fitted.x - rim, fitted.y - rim, fitted.width + 2 * rim, fitted.height + 2 * rim);
   const end = (axis: typeof picture.x): number => axis.from + axis.step * (axis.count - 1);
   const [left, bottom] = fitted.place(picture.x.from, picture.y.from);
   const [right, top] = fitted.place(end(picture.x), end(picture.y));
@@ -82,7 +85,8 @@ function drawAxes(ctx: CanvasRenderingContext2D, fitted: Fit, extent: Extent): v
   ctx.save();
   ctx.strokeStyle = ctx.fillStyle = colour('ink');
   ctx.lineWidth = 1;
-  const bottom = fitted.y + fitted.height;
+  const bottom = fitted.y + fitted.height + rim;
+  const left = fitted.x - rim;
   const across = ticks(extent.x[0], extent.x[1], Math.max(2, fitted.width / 60));
   const up = ticks(extent.y[0], extent.y[1], Math.max(2, fitted.height / 40));
   ctx.beginPath();
@@ -94,30 +98,30 @@ function drawAxes(ctx: CanvasRenderingContext2D, fitted: Fit, extent: Extent): v
     ctx.lineTo(x, bottom + 5);
     ctx.fillText(across.label(value), x, bottom + 7);
   }
-  ctx.fillText('x in m', fitted.x + fitted.width / 2, bottom + 24);
+  ctx.fillText('x in m', fitted.x + fitted.width / 2, bottom + 22);
   ctx.textAlign = 'right';
   ctx.textBaseline = 'middle';
   for (const value of up.values) {
     const [, y] = fitted.place(0, value);
-    ctx.moveTo(fitted.x, y);
-    ctx.lineTo(fitted.x - 5, y);
-    ctx.fillText(up.label(value), fitted.x - 8, y);
+    ctx.moveTo(left, y);
+    ctx.lineTo(left - 5, y);
+    ctx.fillText(up.label(value), left - 8, y);
   }
   ctx.stroke();
   ctx.textAlign = 'center';
   ctx.textBaseline = 'bottom';
-  ctx.translate(fitted.x - 34, fitted.y + fitted.height / 2);
+  ctx.translate(left - 34, fitted.y + fitted.height / 2);
   ctx.rotate(-Math.PI / 2);
   ctx.fillText(fitted.stretch > 1.01 ? 'y in m, stretched' : 'y in m', 0, 0);
   ctx.restore();
 }
 
-// A length of the tank, below its right end.
+// A length of the tank, above its right end.
 function drawScaleBar(ctx: CanvasRenderingContext2D, fitted: Fit): void {
   const metres = roundStep(50 / fitted.perMetre);
   const right = fitted.x + fitted.width;
   const left = right - metres * fitted.perMetre;
-  const y = fitted.y + fitted.height + 38;
+  const y = fitted.y - 16;
   ctx.strokeStyle = ctx.fillStyle = colour('ink');
   ctx.lineWidth = 2;
   ctx.strokeRect(left, y, right - left, 0);
@@ -139,7 +143,7 @@ function drawLegend(ctx: CanvasRenderingContext2D, fitted: Fit, width: number, r
   const limit = range * factor;
   const round = ticks(-limit, limit, Math.max(2, fitted.height / 30));
   drawColourBar(ctx, {
-    x: Math.min(fitted.x + fitted.width + 16, width - margin.right + 16),
+    x: Math.min(fitted.x + fitted.width + 18, width - margin.right + 18),
     y: fitted.y,
     width: 14,
     height: fitted.height,
