@@ -1,15 +1,21 @@
 // Puts the page together.
 import { fillContents } from './contents';
 import type { PageData } from './data';
+import { depthPart } from './depth';
 import { directionsPart } from './directions';
+import { drivePart } from './drive';
+import { fieldPart } from './field';
 import { findingsPart } from './findings';
 import { element } from './frame';
 import { headPart } from './head';
 import { messagesPart } from './messages';
 import type { Page, Part } from './page';
 import { planPart } from './plan';
+import { pointsPart } from './points';
 import { preparePrinting } from './printing';
 import { repeatPart } from './repeat';
+import { spectrumPart } from './spectrum';
+import { stillsPart } from './stills';
 import { View } from './view';
 
 // In the order of the page. Two neighbours of half width share a row. Without a link, a part is not
@@ -18,7 +24,13 @@ const parts: { part: Part; width: 'full' | 'half'; link?: string }[] = [
   { part: headPart, width: 'full' },
   { part: findingsPart, width: 'half', link: 'Asked and made' },
   { part: planPart, width: 'half', link: 'Plan' },
+  { part: fieldPart, width: 'full', link: 'Field' },
+  { part: stillsPart, width: 'full', link: 'Extremes' },
+  { part: spectrumPart, width: 'half', link: 'Spectrum' },
   { part: directionsPart, width: 'half', link: 'Directions' },
+  { part: depthPart, width: 'full', link: 'Depth' },
+  { part: pointsPart, width: 'full', link: 'Points' },
+  { part: drivePart, width: 'full', link: 'Paddles' },
   { part: messagesPart, width: 'full', link: 'Messages' },
   { part: repeatPart, width: 'full', link: 'Repeat' },
 ];

@@ -5,7 +5,7 @@ import { depthAt } from './depth_at';
 import { waveNumber, type MainWave } from './main_wave';
 import type { PlanContent } from './plan_drawing';
 import type { Place } from './tank_extent';
-import { shortened } from './tank_pen';
+import { shortText } from './sharp_canvas';
 
 // `stretch` is how much longer a metre along y is drawn than one along x.
 export function planCaption({ plan, extent, picture, wave, view, summary }: PlanContent, stretch: number): string {
@@ -52,7 +52,7 @@ function tankText({ profile, banks }: Plan, extent: PlanContent['extent']): stri
 }
 
 function pointsText(points: { name: string; x: number; y: number }[]): string {
-  const named = points.slice(0, 3).map(({ name, x, y }) => `${shortened(name, 24)} (${plainNumber(x)} m, ${plainNumber(y)} m)`);
+  const named = points.slice(0, 3).map(({ name, x, y }) => `${shortText(name, 24)} (${plainNumber(x)} m, ${plainNumber(y)} m)`);
   const more = points.length > 3 ? ` and ${points.length - 3} more` : '';
   return `Crosses: ${named.join(', ')}${more}.`;
 }

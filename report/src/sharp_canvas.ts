@@ -77,3 +77,8 @@ export function haloText(ctx: CanvasRenderingContext2D, text: string, x: number,
   ctx.fillStyle = ink;
   ctx.fillText(text, x, y);
 }
+
+// A text that is cut where it is longer than a label may be.
+export function shortText(text: string, most = 24): string {
+  return text.length > most ? text.slice(0, most - 1) + '…' : text;
+}
