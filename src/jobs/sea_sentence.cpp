@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <vector>
 
+#include "jobs/input_files.h"
 #include "jobs/ready_sea.h"
 #include "jobs/utf8.h"
 
@@ -38,6 +40,13 @@ std::string text_of(const Value& value) {
   }
 }
 
+std::string text_of(const Run& run, const Member& member) {
+  if (member.key != "file" || member.value.kind != Value::Kind::text) return text_of(member.value);
+  const auto input = find_input(run.inputs, opened_path(run.job, member.value.text));
+  if (!input) return text_of(member.value);
+  return cut(std::filesystem::path(run.inputs[*input].name).filename().string());
+}
+
 // Values that say which of many equal seas this is.
 bool is_seed(const std::string& key) { return key == "seed" || key == "ran_gen"; }
 
@@ -46,7 +55,8 @@ bool is_main(const ReadyParameter& parameter) { return parameter.name == "gamma"
 
 // `ready` has the parameters in the order in which they describe the sea; the others follow in the
 // order of the job.
-std::vector<std::string> values_of(const Part& part, const std::vector<ReadyParameter>& ready) {
+std::vector<std::string> values_of(const Run& run, const Part& part,
+                                   const std::vector<ReadyParameter>& ready) {
   std::vector<std::string> values;
   for (const ReadyParameter& parameter : ready) {
     if (const Value* value = part.parameters.find(parameter.name)) {
@@ -60,15 +70,15 @@ std::vector<std::string> values_of(const Part& part, const std::vector<ReadyPara
       return one.name == member.key;
     });
     if (known || is_seed(member.key)) continue;
-    values.push_back(member.key + " " + text_of(member.value));
+    values.push_back(member.key + " " + text_of(run, member));
   }
   return values;
 }
 
-std::string phrase(const std::string& name, const Part& part,
+std::string phrase(const Run& run, const std::string& name, const Part& part,
                    const std::vector<ReadyParameter>& ready) {
   std::string text = name;
-  const std::vector<std::string> values = values_of(part, ready);
+  const std::vector<std::string> values = values_of(run, part, ready);
   for (std::size_t i = 0; i < values.size() && i < most_values; ++i) text += ", " + values[i];
   if (values.size() > most_values) {
     text += fmt::format(", and {} more values", values.size() - most_values);
@@ -77,34 +87,34 @@ std::string phrase(const std::string& name, const Part& part,
 }
 
 // "JONSWAP" of "JONSWAP, a growing wind sea".
-std::string wave_phrase(const Part& wave) {
+std::string wave_phrase(const Run& run, const Part& wave) {
   const ReadySea* ready = find_ready_sea(wave.kind);
-  if (ready == nullptr) return phrase(wave.kind, wave, {});
-  return phrase(ready->title.substr(0, ready->title.find(',')), wave, ready->parameters);
+  if (ready == nullptr) return phrase(run, wave.kind, wave, {});
+  return phrase(run, ready->title.substr(0, ready->title.find(',')), wave, ready->parameters);
 }
 
-std::string change_phrase(const Part& change) {
+std::string change_phrase(const Run& run, const Part& change) {
   const ReadyChange* ready = find_ready_change(change.kind);
-  if (ready == nullptr) return phrase(change.kind, change, {});
+  if (ready == nullptr) return phrase(run, change.kind, change, {});
   std::string name = ready->name;
   std::replace(name.begin(), name.end(), '_', ' ');
-  return phrase(name, change, ready->parameters);
+  return phrase(run, name, change, ready->parameters);
 }
 
 }  // namespace
 
-std::string sea_sentence(const Sea& sea) {
+std::string sea_sentence(const Run& run, const Sea& sea) {
   std::string text;
   const auto add = [&](const std::string& part) { text += (text.empty() ? "" : "; ") + part; };
   for (std::size_t i = 0; i < sea.waves.size() && i < most_waves; ++i) {
-    add(wave_phrase(sea.waves[i]));
+    add(wave_phrase(run, sea.waves[i]));
   }
   if (sea.waves.size() > most_waves) {
     const std::size_t more = sea.waves.size() - most_waves;
     add(fmt::format("and {} more wave{}", more, more == 1 ? "" : "s"));
   }
   // A sea has at most one change of amplitudes, one of directions and one of phases.
-  for (const Part& change : sea.changes) add(change_phrase(change));
+  for (const Part& change : sea.changes) add(change_phrase(run, change));
   return text;
 }
 

@@ -47,7 +47,7 @@ Json seas_of(Jobs::Run& run) {
     const Jobs::BuiltSea& sea = run.seas[i];
     Json object;
     object["name"] = plain_text(sea.name);
-    object["sentence"] = plain_text(Jobs::sea_sentence(run.job.seas[i]));
+    object["sentence"] = plain_text(Jobs::sea_sentence(run, run.job.seas[i]));
     object["holds"] = {{"x", sea.position.x}, {"y", sea.position.y}, {"t", sea.position.t}};
     object["waves"] = Json::array();
     for (const Jobs::AskedWave& wave : sea.asked) object["waves"].push_back(plain_text(wave.kind));

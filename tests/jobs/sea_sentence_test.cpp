@@ -11,8 +11,9 @@ std::string sentence(const std::string& sea, const std::vector<std::string>& opt
   const JobFolder folder;
   folder.write("job.toml", "site = \"x.site\"\n[run]\nrepeat = \"64 s\"\n[[sea]]\n" + sea);
   Jobs::Diagnostics faults;
-  const Jobs::Job job = Jobs::read_job(folder.file("job.toml"), options, faults);
-  return Jobs::sea_sentence(job.seas.at(0));
+  Jobs::Run run;
+  run.job = Jobs::read_job(folder.file("job.toml"), options, faults);
+  return Jobs::sea_sentence(run, run.job.seas.at(0));
 }
 
 std::string wave(const std::string& rest) { return "[[sea.wave]]\n" + rest; }
@@ -71,6 +72,19 @@ TEST(SeaSentence, CutsLongTextsBetweenCharacters) {
   for (int i = 0; i < 60; ++i) shown += "\xC3\xB6";
   EXPECT_EQ(sentence(wave("kind = \"record\"\nfile = \"" + long_text + "\"\n")),
             "record, file " + shown + "...");
+}
+
+TEST(SeaSentence, NamesFilesAsBelowInputs) {
+  const JobFolder folder;
+  folder.write("a/probe.csv", "eta [mm]\n1\n-1\n2\n-2\n");
+  folder.write("b/probe.csv", "eta [mm]\n2\n-2\n2\n-2\n");
+  const std::string rest = "\"\ncolumn = 1\nrate = \"10 Hz\"\n";
+  const auto run = folder.prepare(
+      flume_job("[[sea]]\n[[sea.wave]]\nkind = \"record\"\nfile = \"a/probe.csv" + rest +
+                "[[sea.wave]]\nkind = \"record\"\nfile = \"b/../b/probe.csv" + rest));
+  EXPECT_EQ(Jobs::sea_sentence(*run, run->job.seas.at(0)),
+            "record, file probe.csv, column 1, rate 10 Hz; "
+            "record, file probe-2.csv, column 1, rate 10 Hz");
 }
 
 TEST(SeaSentence, KeepsMarkupAsItIs) {
