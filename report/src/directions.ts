@@ -117,13 +117,19 @@ function addConventions(frame: ChartFrame, choose: (convention: Convention) => v
 
 function cellText(energy: DirectionEnergy, { row, column }: Cell, convention: Convention): string {
   const { f, angle, density, made, asked, total } = energy;
-  const [low, high] = [degreesOf(angle[column], convention), degreesOf(angle[column + 1], convention)].map((d) => d.toFixed(0));
   const share = (value: number): string => `${plainNumber((100 * value) / total, 2)} %`;
   const all = asked ? `asked ${share(asked[column])}, made ${share(made[column])}` : share(made[column]);
   return (
-    `${low}° to ${high}°, ${plainNumber(f[row])} Hz to ${plainNumber(f[row + 1])} Hz: ` +
+    `${sectorText(angle, column, convention)}, ${plainNumber(f[row])} Hz to ${plainNumber(f[row + 1])} Hz: ` +
     `${plainNumber(density[row][column])} mm²/(Hz deg)   this direction: ${all} of the variance`
   );
+}
+
+// From the lower to the higher of its edges: nautical degrees grow the other way.
+function sectorText(angle: number[], column: number, convention: Convention): string {
+  const edges = [angle[column], angle[column + 1]].map((edge) => `${degreesOf(edge, convention).toFixed(0).replace('-', '−')}°`);
+  if (convention === 'nautical') edges.reverse();
+  return edges.join(' to ');
 }
 
 function captionOf(energy: DirectionEnergy, convention: Convention): string {
@@ -131,8 +137,7 @@ function captionOf(energy: DirectionEnergy, convention: Convention): string {
   const sentences = [`${conventionText(convention)}.`];
   if (total > 0) {
     const column = made.indexOf(Math.max(...made));
-    const [low, high] = [angle[column], angle[column + 1]].map((edge) => degreesOf(edge, convention).toFixed(0));
-    sentences.push(`Most energy: ${low}° to ${high}°, ${plainNumber((100 * made[column]) / total, 2)} % of ${plainNumber(total)} mm².`);
+    sentences.push(`Most energy: ${sectorText(angle, column, convention)}, ${plainNumber((100 * made[column]) / total, 2)} % of ${plainNumber(total)} mm².`);
   }
   sentences.push('Disc: variance density, frequency outward from 0.');
   sentences.push(`Ring: variance of each direction${asked ? ', made (filled) and asked (dashed)' : ''}.`);
@@ -140,11 +145,16 @@ function captionOf(energy: DirectionEnergy, convention: Convention): string {
   return sentences.join(' ');
 }
 
-function csv({ f, angle, variance }: Directions): string {
+// A row for each cell; then one for each direction over all frequencies, with what was asked.
+function csv({ f, angle, variance, asked }: Directions): string {
   const degrees = (edge: number): number => (edge * 180) / Math.PI;
-  let text = csvLine(['f from [Hz]', 'f to [Hz]', 'going to, from [deg]', 'going to, to [deg]', 'variance made [m2]']);
-  variance.forEach((row, i) => {
-    row.forEach((value, j) => (text += csvLine([f[i], f[i + 1], degrees(angle[j]), degrees(angle[j + 1]), value])));
+  const head = ['f from [Hz]', 'f to [Hz]', 'going to, from [deg]', 'going to, to [deg]', 'made [m2]', 'asked [m2]'];
+  const cells = variance.flatMap((row, i) =>
+    row.map((made, j) => [f[i], f[i + 1], degrees(angle[j]), degrees(angle[j + 1]), made, null]),
+  );
+  const sums = angle.slice(1).map((edge, j) => {
+    const made = variance.reduce((sum, row) => sum + (row[j] ?? 0), 0);
+    return [f[0], f[f.length - 1], degrees(angle[j]), degrees(edge), made, asked?.[j]];
   });
-  return text;
+  return [head, ...cells, ...sums].map(csvLine).join('');
 }

@@ -19,19 +19,22 @@ export const findingsPart: Part = async ({ data }) => {
   });
   const first = findings.filter((finding) => finding.verdict === 'look');
   const rest = findings.filter((finding) => finding.verdict !== 'look' && !finding.minor);
-  const minor = findings.filter((finding) => finding.verdict !== 'look' && finding.minor);
   const bodies = first.length > 0 ? [body('Needs a look', first)] : [];
   frame.body.append(table('Asked and made', [...bodies, ...grouped(rest)]));
-  if (minor.length > 0) {
-    const fold = element('details', 'more-findings');
-    const good = minor.filter((finding) => finding.verdict === 'good').length;
-    fold.append(
-      element('summary', '', `${minor.length} more findings${good > 0 ? `, ${good} of them judged good` : ''}`),
-      table('More findings', grouped(minor)),
-    );
-    frame.body.append(fold);
-  }
   return frame.section;
+};
+
+// Findings of less weight, folded.
+export const moreFindingsPart: Part = async ({ data }) => {
+  const minor = data.summary.findings.filter((finding) => finding.verdict !== 'look' && finding.minor);
+  if (minor.length === 0) return null;
+  const section = element('section', 'more-findings');
+  const fold = element('details');
+  const good = minor.filter((finding) => finding.verdict === 'good').length;
+  const title = `${minor.length} more findings${good > 0 ? `, ${good} of them judged good` : ''}`;
+  fold.append(element('summary', '', title), table('More findings', grouped(minor)));
+  section.append(fold);
+  return section;
 };
 
 // The verdict in a word, the same as on the command line.

@@ -5,7 +5,7 @@ import { depthPart } from './depth';
 import { directionsPart } from './directions';
 import { drivePart } from './drive';
 import { fieldPart } from './field';
-import { findingsPart } from './findings';
+import { findingsPart, moreFindingsPart } from './findings';
 import { element } from './frame';
 import { headPart } from './head';
 import { messagesPart } from './messages';
@@ -24,6 +24,7 @@ const parts: { part: Part; width: 'full' | 'half'; link?: string }[] = [
   { part: headPart, width: 'full' },
   { part: findingsPart, width: 'half', link: 'Asked and made' },
   { part: planPart, width: 'half', link: 'Plan' },
+  { part: moreFindingsPart, width: 'full' },
   { part: fieldPart, width: 'full', link: 'Field' },
   { part: stillsPart, width: 'full', link: 'Extremes' },
   { part: spectrumPart, width: 'half', link: 'Spectrum' },

@@ -28,7 +28,8 @@ const leastHeight = 90; // px, of a narrow flume
 export function planHeight(width: number, extent: Extent): number {
   const across = width - margins.left - margins.right;
   const shape = (extent.y[1] - extent.y[0]) / (extent.x[1] - extent.x[0]);
-  return Math.round(Math.max(leastHeight, Math.min(430, across * shape))) + margins.top + margins.bottom + strip;
+  const most = document.documentElement.dataset.print === undefined ? 430 : 260; // head, table and plan fit one page
+  return Math.round(Math.max(leastHeight, Math.min(most, across * shape))) + margins.top + margins.bottom + strip;
 }
 
 export function planFit(width: number, height: number, extent: Extent): Fit {
@@ -53,8 +54,8 @@ export function drawPlan(ctx: CanvasRenderingContext2D, width: number, height: n
   if (cursor) drawCursor(ctx, fitted, cursor, onPicture);
   drawAxes(ctx, extent, fitted);
   const line = height - 14;
-  const end = drawScaleBar(ctx, fitted, margins.left, line);
-  if (picture) drawHeights(ctx, picture.largest, view.grey, { from: end + 30, to: width - margins.right, line });
+  const end = drawScaleBar(ctx, fitted, fitted.x, line);
+  if (picture) drawHeights(ctx, picture.largest, view.grey, { from: end + 30, to: Math.max(fitted.x + fitted.width, Math.min(width - margins.right, end + 220)), line });
 }
 
 function paintWater(ctx: CanvasRenderingContext2D, picture: FieldPicture, view: View, { place }: Fit): void {
