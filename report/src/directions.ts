@@ -8,6 +8,7 @@ import type { Part } from './page';
 import { drawPolar } from './polar_drawing';
 import { conventionText, degreesOf, PolarLayout, type Convention } from './polar_layout';
 import { drawPolarLegend } from './polar_legend';
+import { onPaper } from './printing';
 import { SharpCanvas } from './sharp_canvas';
 
 const legendWidth = 84;
@@ -26,7 +27,7 @@ export const directionsPart: Part = async ({ data, view }) => {
     csv: () => csv(directions),
   });
   const layout = (): PolarLayout => {
-    const size = Math.max(120, Math.min(520, (chart.width || 600) - legendWidth));
+    const size = Math.max(120, Math.min(onPaper() ? 420 : 520, (chart.width || 600) - legendWidth));
     return new PolarLayout(size, energy.f[energy.shown], convention);
   };
   const chart = new SharpCanvas(

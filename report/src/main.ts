@@ -1,4 +1,5 @@
 // Puts the page together.
+import { keepInAddress } from './address';
 import { fillContents } from './contents';
 import type { PageData } from './data';
 import { depthPart } from './depth';
@@ -48,6 +49,7 @@ async function show(): Promise<void> {
   const data = JSON.parse(document.getElementById('data')!.textContent!) as PageData;
   const page: Page = { data, view: new View(data.summary.run.repeat) };
   page.view.time = openingTime(data);
+  keepInAddress(page.view);
   const main = document.getElementById('page')!;
   const sections: { link: string; section: HTMLElement }[] = [];
   for (const { part, width, link } of parts) {

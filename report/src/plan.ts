@@ -1,5 +1,5 @@
 // The plan of the tank with waves in it, at the time that all charts show.
-import type { PageData, Plan } from './data';
+import type { Axis, PageData, Plan } from './data';
 import { FieldPicture } from './field_picture';
 import { chartFrame, element } from './frame';
 import { mainWave } from './main_wave';
@@ -36,7 +36,7 @@ export const planPart: Part = async ({ data, view }: Page) => {
     const width = chart.width || 600;
     const caption = planCaption(content, planFit(width, planHeight(width, content.extent), content.extent).stretch);
     frame.setCaption(caption);
-    chart.label(`Plan of the tank. ${caption} With the arrow keys a cursor moves over it.`);
+    if (!view.playing) chart.label(`Plan of the tank. ${caption} With the arrow keys a cursor moves over it.`);
     readout.textContent = cursor ? placeText(content, cursor) : '';
   };
   const moveTo = (place: Place | undefined): void => {
@@ -92,6 +92,6 @@ function followKeys(
 // A summary without a plan still has the reach of its field.
 function bareTank({ field }: PageData): Plan | null {
   if (!field) return null;
-  const { from, step, count } = field.x;
-  return { x: [from, from + step * (count - 1)], y: [null, null], walls: 'none', profile: { x: [], depth: [] }, banks: [] };
+  const reach = ({ from, step, count }: Axis): [number, number] => [from, from + step * (count - 1)];
+  return { x: reach(field.x), y: reach(field.y), walls: 'none', profile: { x: [], depth: [] }, banks: [] };
 }

@@ -8,6 +8,7 @@ import type { Plan, Summary } from './data';
 import type { FieldPicture } from './field_picture';
 import type { MainWave } from './main_wave';
 import { drawAxes, drawScaleBar, margins } from './plan_axes';
+import { onPaper } from './printing';
 import { font, haloText } from './sharp_canvas';
 import { drawTank } from './tank_drawing';
 import { fit, type Extent, type Fit, type Place } from './tank_extent';
@@ -28,7 +29,7 @@ const leastHeight = 90; // px, of a narrow flume
 export function planHeight(width: number, extent: Extent): number {
   const across = width - margins.left - margins.right;
   const shape = (extent.y[1] - extent.y[0]) / (extent.x[1] - extent.x[0]);
-  const most = document.documentElement.dataset.print === undefined ? 430 : 260; // head, table and plan fit one page
+  const most = onPaper() ? 260 : 430; // head, table and plan fit one page
   return Math.round(Math.max(leastHeight, Math.min(most, across * shape))) + margins.top + margins.bottom + strip;
 }
 

@@ -1,6 +1,10 @@
 // Makes the page ready for paper, and puts it back afterwards.
 import type { View } from './view';
 
+export function onPaper(): boolean {
+  return document.documentElement.dataset.print !== undefined;
+}
+
 // Folds are opened, pictures go without colour, canvases are drawn for the width of the paper.
 export function preparePrinting(view: View): void {
   let opened: HTMLDetailsElement[] = [];

@@ -1,12 +1,15 @@
 // A canvas that fills the width of its box, sharp on every screen and on paper.
 import { colour } from './colours';
 import { element } from './frame';
+import { onPaper } from './printing';
 import type { View } from './view';
 
 export type Draw = (ctx: CanvasRenderingContext2D, width: number, height: number) => void;
 
 export class SharpCanvas {
   readonly canvas = element('canvas', 'sharp');
+  private seen = true; // on the screen or near it
+  private stale = false; // changed while it was not seen
 
   // `heightFor` gives the height for a width; both and the coordinates of `draw` are CSS pixels.
   // The canvas is drawn again after changes of the view, of the scheme and of its own width.
@@ -24,6 +27,14 @@ export class SharpCanvas {
       if (box.clientWidth !== width) this.redraw();
       width = box.clientWidth;
     }).observe(box);
+    const near = new IntersectionObserver(
+      (entries) => {
+        this.seen = entries[entries.length - 1].isIntersecting;
+        if (this.seen && this.stale) this.redraw();
+      },
+      { rootMargin: '200px' },
+    );
+    near.observe(this.canvas);
   }
 
   get width(): number {
@@ -40,9 +51,10 @@ export class SharpCanvas {
 
   redraw(): void {
     if (this.width <= 0) return; // not shown
-    const printing = document.documentElement.dataset.print !== undefined;
-    this.paint(this.canvas, printing ? 3 : Math.max(1, window.devicePixelRatio));
     this.canvas.style.height = `${this.height}px`;
+    this.stale = !this.seen && !onPaper();
+    if (this.stale) return;
+    this.paint(this.canvas, onPaper() ? 3 : Math.max(1, window.devicePixelRatio));
   }
 
   // The same picture on a canvas of its own, to be saved.
