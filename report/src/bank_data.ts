@@ -69,14 +69,24 @@ export function excursion(bank: BankData, value: number): string {
   return `${plainNumber(value * bank.unit.factor)} ${bank.unit.name}`;
 }
 
+// The share of its limits that the bank uses; 0 if they are not known.
+export function usedShare(bank: BankData): number {
+  const [low, high] = bounds(bank);
+  return Math.max(largestOf(bank.of.highest) / high, -largestOf(bank.of.lowest.map((lowest) => -lowest)) / low, 0);
+}
+
 // In the unit of the bank. A limit that is not known has no line.
-export function limitMarks(bank: BankData): Mark[] {
+export function limitMarks(bank: BankData, shown = true): Mark[] {
   const { clip_limit: clip, maximum, minimum } = bank.summary;
   const ends = [maximum, minimum].filter((limit): limit is number => limit !== null);
   const marks: Mark[] = [];
-  if (clip !== null) marks.push({ name: 'clip limit', axis: 'y', at: [...inUnit([clip, -clip], bank.unit)] });
-  if (ends.length > 0) marks.push({ name: 'reach of the machine', axis: 'y', at: [...inUnit(ends, bank.unit)] });
+  if (clip !== null) marks.push({ name: 'clip limit', axis: 'y', shown, at: [...inUnit([clip, -clip], bank.unit)] });
+  if (ends.length > 0) marks.push({ name: 'reach of the machine', axis: 'y', shown, at: [...inUnit(ends, bank.unit)] });
   return marks;
+}
+
+function largestOf(values: number[]): number {
+  return values.reduce((most, value) => Math.max(most, value), -Infinity);
 }
 
 // Greatest and least signal that the machine follows; infinite if not known.

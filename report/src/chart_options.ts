@@ -50,7 +50,7 @@ function axis({ name, unit, text }: ChartAxis, palette: Palette, k: number): uPl
     size: 28 * k,
     labelSize: 20 * k,
     gap: 4 * k,
-    space: 56 * k,
+    space: 44 * k,
     grid: { stroke: palette.line, width: 0.7 * k },
     ticks: { stroke: palette.line, width: k, size: 5 * k },
     incrs: roundSteps,
@@ -88,7 +88,12 @@ function series(line: Line, index: number, { palette, scale: k, shown }: Drawing
   const dots: uPlot.Series.Points = { show: true, size: 8 * k, fill: palette.paper, stroke, width: 2 * k };
   switch (line.kind ?? 'line') {
     case 'line':
-      return { ...common, dash: look.dash.map((length) => length * k) };
+      // Samples far apart are shown as such, and a single one at all.
+      return {
+        ...common,
+        dash: look.dash.map((length) => length * k),
+        points: { size: 5 * k, fill: stroke, show: (plot, _i, from, to) => to - from < plot.bbox.width / (20 * k * uPlot.pxRatio) },
+      };
     case 'area':
       return { ...common, fill: palette.line, fillTo: (plot) => plot.scales.y.min! };
     case 'stem':

@@ -1,4 +1,5 @@
-// Tables as CSV: one head line with units, then a line for each row.
+// Tables as CSV: one head line with units (in plain ASCII, as CSV files name no encoding), then a
+// line for each row.
 import { csvLine } from './csv';
 
 export interface Column {
@@ -9,7 +10,7 @@ export interface Column {
 
 export function csvTable(columns: Column[]): string {
   const rows = Math.max(0, ...columns.map((column) => column.values.length));
-  const lines = [csvLine(columns.map((column) => named(column.name, column.unit)))];
+  const lines = [csvLine(columns.map((column) => named(column.name, column.unit.replace('²', '2'))))];
   for (let i = 0; i < rows; ++i) lines.push(csvLine(columns.map((column) => rounded(column.values[i]))));
   return lines.join('');
 }

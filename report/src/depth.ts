@@ -14,7 +14,13 @@ export async function depthPart({ data, view }: Page): Promise<HTMLElement | nul
   const bed = wholeProfile(plan);
   const deepest = Math.max(...bed.depth);
   const shallowest = Math.min(...bed.depth);
-  const paddles = [...new Set(plan.banks.flatMap((bank) => bank.paddles.x.map((x) => Number(x.toFixed(3)))))].sort((a, b) => a - b);
+  const banks = plan.banks.filter((bank) => bank.paddles.x.length > 0).map((bank) => ({
+    name: short(bank.name),
+    from: Math.min(...bank.paddles.x),
+    to: Math.max(...bank.paddles.x),
+  }));
+  // Of a bank along the tank, the first and the last paddle.
+  const paddles = [...new Set(banks.flatMap(({ from, to }) => [from, to]))].sort((a, b) => a - b);
   const lines: Line[] = [
     { name: 'bed', kind: 'area', values: bed.depth.map((depth) => -depth) },
     { name: 'still water level', values: bed.x.map(() => 0) },
@@ -27,7 +33,10 @@ export async function depthPart({ data, view }: Page): Promise<HTMLElement | nul
     x: { name: 'x', unit: 'm', values: bed.x },
     y: { name: 'height above still water', unit: 'm', range: () => [-1.15 * deepest, 0.22 * deepest] },
     lines,
-    labels: points.length > 8 ? [] : atPoints.map((point) => ({ x: point.x, y: 0, text: short(point.name) })),
+    labels: [
+      ...(points.length > 8 ? [] : atPoints.map((point) => ({ x: point.x, y: 0, text: short(point.name) }))),
+      ...(banks.length > 4 ? [] : banks.map(({ name, to }, i) => ({ x: to, y: (-0.35 - 0.15 * i) * depthAt(bed, to), text: name }))),
+    ],
     stretch: new OwnStretch(view, bed.x[0], bed.x[bed.x.length - 1]),
     height: 240,
   };
@@ -41,8 +50,7 @@ export async function depthPart({ data, view }: Page): Promise<HTMLElement | nul
       : `The depth goes from ${plainNumber(deepest)} m to ${plainNumber(shallowest)} m`;
   const places =
     `${depths}, x from ${plainNumber(bed.x[0])} m to ${plainNumber(bed.x[bed.x.length - 1])} m.` +
-    (paddles.length === 1 ? ` The paddles stand at x ${plainNumber(paddles[0])} m.` : '') +
-    (paddles.length > 1 ? ` The paddles stand from x ${plainNumber(paddles[0])} m to ${plainNumber(paddles[paddles.length - 1])} m.` : '') +
+    banks.map(({ name, from, to }) => ` Bank ${name} stands ${to - from < 0.01 ? 'at' : `from x ${plainNumber(from)} m to`} x ${plainNumber(to)} m.`).join('') +
     atPoints.slice(0, 8).map((point) => ` Point ${short(point.name)} is at x ${plainNumber(point.x)} m, over ${plainNumber(depthAt(bed, point.x))} m.`).join('');
   frame.setCaption(places);
   drawn.onDraw = (plot) => frame.setCaption(`${places} ${exaggeration(plot)}`);

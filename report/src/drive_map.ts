@@ -110,7 +110,8 @@ export class DriveMap {
     if (this.chosen.hidden) return;
     const tall = box.height / bank.of.paddles.length;
     const y = box.top + box.height - (this.row() + 1) * tall;
-    Object.assign(this.chosen.style, { left: `${box.left}px`, top: `${y.toFixed(1)}px`, width: `${box.width}px`, height: `${Math.max(3, tall).toFixed(1)}px` });
+    this.chosen.classList.toggle('thin', tall < 6);
+    Object.assign(this.chosen.style, { left: `${box.left}px`, top: `${y.toFixed(1)}px`, width: `${box.width}px`, height: `${Math.max(1, tall).toFixed(1)}px` });
   }
 
   private row(): number {

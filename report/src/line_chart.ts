@@ -34,7 +34,12 @@ export class LineChart {
     this.host.setAttribute('role', 'application');
     this.host.setAttribute('aria-roledescription', 'chart');
     this.root.append(this.host, element('p', 'chart-hint', KEYS), this.legend.root);
-    stretchKeys(this.host, () => (this.legend.speak(true), this.data.stretch));
+    stretchKeys(this.host, () => {
+      // Keys move the mark: its values are shown, and said, instead of those under the mouse.
+      this.plot?.setCursor({ left: -10, top: -10 });
+      this.legend.speak(true);
+      return this.data.stretch;
+    });
     this.pointer();
     this.set(data);
     new ResizeObserver(() => this.refresh()).observe(this.host);

@@ -88,15 +88,20 @@ function drawAxes(ctx: CanvasRenderingContext2D, bank: BankData, box: MapBox, fr
   ctx.textAlign = 'right';
   ctx.textBaseline = 'middle';
   const rows = bank.of.paddles.length;
-  const step = Math.max(1, ticks(0, rows, Math.min(rows, box.height / 24)).step);
   const number = (row: number) => paddleNumber(bank, bank.of.paddles[row]);
-  for (let row = 0; row < rows; ++row) {
-    if (number(row) % step !== 0 && rows > 1) continue;
+  const named = new Set(ticks(number(0), number(rows - 1), Math.min(rows, box.height / 24)).values.map((value) => nearestRow(rows, number, value)));
+  for (const row of named) {
     const y = bottom - ((row + 0.5) / rows) * box.height;
     ctx.fillRect(box.left - 6, y, 5, 1);
     ctx.fillText(String(number(row)), box.left - 9, y);
   }
   upright(ctx, 'paddle', 10, box.top + box.height / 2);
+}
+
+function nearestRow(rows: number, number: (row: number) => number, wanted: number): number {
+  let best = 0;
+  for (let row = 1; row < rows; ++row) if (Math.abs(number(row) - wanted) < Math.abs(number(best) - wanted)) best = row;
+  return best;
 }
 
 function drawBar(ctx: CanvasRenderingContext2D, bank: BankData, box: MapBox, { scale, palette }: MapLook): void {
@@ -112,7 +117,7 @@ function drawBar(ctx: CanvasRenderingContext2D, bank: BankData, box: MapBox, { s
   ctx.fillStyle = palette.ink;
   ctx.textAlign = 'left';
   const peak = bank.peak * factor || 1;
-  const marks = ticks(-peak, peak, Math.max(2, Math.min(8, box.height / 28)));
+  const marks = ticks(-peak, peak, Math.max(3, Math.min(8, box.height / 28)));
   for (const value of marks.values) {
     const y = box.top + box.height * (0.5 - value / peak / 2);
     ctx.fillRect(left + 15, y, 4, 1);

@@ -1,6 +1,6 @@
 // The chosen paddle of a bank: its signal with limits, its velocity, its spectrum.
 import { plainNumber } from './axis_ticks';
-import { bankRow, excursion, limitMarks, paddleName, rowOf, type BankData } from './bank_data';
+import { bankRow, excursion, limitMarks, paddleName, rowOf, usedShare, type BankData } from './bank_data';
 import type { LineChartData } from './chart_types';
 import { chartFrame, element, type ChartFrame } from './frame';
 import { LineChart } from './line_chart';
@@ -65,17 +65,21 @@ function signalOf(bank: BankData, view: View, row: number): Shown {
   const paddle = of.paddles[row];
   const name = paddleName(bank, paddle);
   const thinned = of.every > 1 ? ` Thinned: one in ${of.every} samples of the run is shown.` : '';
+  // Far limits would leave a flat line.
+  const share = usedShare(bank);
+  const near = share > 0.3;
+  const limits = share === 0 ? '' : ` The bank uses ${plainNumber(100 * share, 2)} % of its limits` + (near ? '.' : '; switch them on below the chart.');
   return {
     data: {
       title: `Signal of ${name}`,
       x: { name: 'time', unit: 's', values: times(bank) },
       y: { name: 'position', unit: bank.unit.name },
       lines: [{ name: 'signal', values: inUnit(bankRow(bank, row), bank.unit) }],
-      marks: limitMarks(bank),
+      marks: limitMarks(bank, near),
       stretch: new TimeStretch(view),
       height: 240,
     },
-    caption: `From ${excursion(bank, of.lowest[paddle])} to ${excursion(bank, of.highest[paddle])} over all samples.${thinned}`,
+    caption: `From ${excursion(bank, of.lowest[paddle])} to ${excursion(bank, of.highest[paddle])} over all samples.${limits}${thinned}`,
   };
 }
 
