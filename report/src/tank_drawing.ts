@@ -3,9 +3,8 @@ import { colour } from './colours';
 import type { Plan } from './data';
 import { depthContours } from './depth_contours';
 import { drawPaddles } from './tank_paddles';
-import { shortText } from './sharp_canvas';
 import { tankExtent, type Extent } from './tank_extent';
-import { Pen } from './tank_pen';
+import { Pen, shortened } from './tank_pen';
 
 export interface TankOptions {
   points?: { name: string; x: number; y: number }[];
@@ -68,5 +67,5 @@ function drawContours(pen: Pen, plan: Plan, extent: Extent, place: Placed): void
 function drawPoint(pen: Pen, point: { name: string; x: number; y: number }, place: Placed, named: boolean): void {
   const [x, y] = place(point.x, point.y);
   pen.cross(x, y, 5, pen.onPicture ? '#1b1f24' : colour('accent'));
-  if (named) pen.text(shortText(point.name, 24), x + 7, y - 4, 'left', 'bottom');
+  if (named) pen.text(shortened(point.name, 24), x + 7, y - 4, 'left', 'bottom');
 }

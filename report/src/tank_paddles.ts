@@ -1,8 +1,7 @@
 // The paddles of a tank, as lines along their faces, with the numbers of the first and last.
 import type { Plan } from './data';
 import type { TankOptions } from './tank_drawing';
-import { shortText } from './sharp_canvas';
-import type { Pen } from './tank_pen';
+import { shortened, type Pen } from './tank_pen';
 
 export function drawPaddles(
   pen: Pen,
@@ -49,6 +48,6 @@ function label(
   pen.ctx.save();
   pen.ctx.translate(px + 7 * normal[0], py + 7 * normal[1]);
   pen.ctx.rotate(turn);
-  pen.text(shortText(name, 24) + numbers, 0, 0, 'center', below ? 'top' : 'bottom');
+  pen.text(shortened(name, 24) + numbers, 0, 0, 'center', below ? 'top' : 'bottom');
   pen.ctx.restore();
 }

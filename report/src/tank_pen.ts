@@ -66,3 +66,8 @@ export class Pen {
     ctx.setLineDash([]);
   }
 }
+
+export function shortened(text: string, most: number): string {
+  const letters = [...text];
+  return letters.length > most ? letters.slice(0, most - 1).join('') + '…' : text;
+}
