@@ -8,7 +8,7 @@ import { FieldPicture } from './field_picture';
 import { frameText } from './field_text';
 import { button, chartFrame, element } from './frame';
 import type { Page, Part } from './page';
-import { SharpCanvas } from './sharp_canvas';
+import { StillCanvas } from './still_canvas';
 import { strip } from './strip';
 
 const names: Record<Still['key'], string> = { crest: 'Highest crest', steepness: 'Steepest slope' };
@@ -33,7 +33,7 @@ async function figure(page: Page, still: Still, field: FieldPicture): Promise<HT
     png: () => canvas.picture(),
   });
   const { time, kind, range } = { time: still.t, kind: 'diverging' as const, range: usualRange(field.largest) };
-  const canvas = new SharpCanvas(
+  const canvas = new StillCanvas(
     made.body,
     page.view,
     (width) => fieldHeight(page, width, 420),

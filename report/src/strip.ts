@@ -6,7 +6,7 @@ import type { FieldPicture } from './field_picture';
 import { frameText } from './field_text';
 import { element } from './frame';
 import type { Page } from './page';
-import { SharpCanvas } from './sharp_canvas';
+import { StillCanvas } from './still_canvas';
 
 const most = 6;
 
@@ -21,7 +21,7 @@ export function strip(page: Page, picture: FieldPicture): HTMLElement {
   for (const time of times) {
     const box = element('div');
     row.append(box);
-    const canvas = new SharpCanvas(
+    const canvas = new StillCanvas(
       box,
       page.view,
       (width) => fieldHeight(page, width, 160, true),
