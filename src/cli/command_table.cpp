@@ -44,7 +44,7 @@ const std::vector<ExitText>& exit_texts() {
   static const std::vector<ExitText> all{
       {0, "good"},
       {1, "built, but a finding needs a look and --strict was given"},
-      {2, "a job or site that cannot be used, or a mistake on the command line"},
+      {2, "a job, site or folder of results that cannot be used, or a mistake on the command line"},
       {3, "results could not be written"},
       {129, "ended by SIGHUP; nothing half written is left"},
       {130, "interrupted by Ctrl-C; nothing half written is left"},

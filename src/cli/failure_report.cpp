@@ -30,7 +30,7 @@ Failure failure_of_current(const std::string& subject, const std::string& conseq
   } catch (const Outputs::CannotWrite& failure) {
     return {Exit::cannot_write, "cannot write " + failure.message, {}};
   } catch (const Outputs::CannotRead& failure) {
-    return {Exit::bad_input, "cannot read " + failure.message, {}};
+    return {Exit::bad_input, failure.message, {}};
   } catch (...) {
     return {Exit::bad_input, before + Jobs::message_of_current(), {}};
   }

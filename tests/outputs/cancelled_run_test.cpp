@@ -49,8 +49,8 @@ TEST(CancelledRun, LeavesNothingInAnyStep) {
   Testing::MadeRun made(dir.write("storm.toml", Testing::basin_job()));
   std::vector<std::string> steps;
   const std::vector<int> reports = first_reports(made, dir, steps);
-  EXPECT_EQ(steps,
-            (std::vector<std::string>{"drive_1.csv", "drive.nc", "points", "field", "field.nc"}));
+  EXPECT_EQ(steps, (std::vector<std::string>{"drive_1.csv", "drive.nc", "points", "field",
+                                             "field.nc", "report.html"}));
   for (const int report : reports) {
     int count = 0;
     const auto cancel = [&](const std::string&, double) {

@@ -47,22 +47,23 @@ class WriteRun : public testing::Test {
 
 TEST_F(WriteRun, WritesEverythingThatAJobCanAskFor) {
   run(Testing::basin_job());
-  EXPECT_EQ(names_in(dir.file("storm.out")),
-            (std::set<std::string>{
-                "directions_1.csv", "directions_2.csv", "drive.nc", "drive_1.csv", "field.nc",
-                "fronts.csv", "fronts_1.csv", "job.toml", "log.txt", "point_1.csv", "point_2.csv",
-                "points.nc", "spectra.nc", "spectrum_1.csv", "spectrum_2.csv", "summary.json"}));
+  EXPECT_EQ(
+      names_in(dir.file("storm.out")),
+      (std::set<std::string>{"directions_1.csv", "directions_2.csv", "drive.nc", "drive_1.csv",
+                             "field.nc", "fronts.csv", "fronts_1.csv", "job.toml", "log.txt",
+                             "point_1.csv", "point_2.csv", "points.nc", "report.html", "spectra.nc",
+                             "spectrum_1.csv", "spectrum_2.csv", "summary.json"}));
 }
 
 TEST_F(WriteRun, LeavesOutWhatTheJobDoesNotWant) {
   run(Testing::basin_job("[outputs]\ncsv = false\n"));
   EXPECT_EQ(names_in(dir.file("storm.out")),
             (std::set<std::string>{"drive.nc", "field.nc", "job.toml", "log.txt", "points.nc",
-                                   "spectra.nc", "summary.json"}));
+                                   "report.html", "spectra.nc", "summary.json"}));
   run(Testing::regular_job("[outputs]\nnetcdf = false\n"));
   EXPECT_EQ(names_in(dir.file("storm.out")),
             (std::set<std::string>{"drive_1.csv", "fronts.csv", "fronts_1.csv", "job.toml",
-                                   "log.txt", "summary.json"}));
+                                   "log.txt", "report.html", "summary.json"}));
 }
 
 TEST_F(WriteRun, GivesPointsOfDifferentRatesFilesOfTheirOwn) {

@@ -1,0 +1,210 @@
+// Texts on pages, and folders that no page can be made from.
+#include "outputs/page_texts.h"
+
+#include <gtest/gtest.h>
+
+#include "outputs/folder_listing.h"
+#include "outputs/made_page.h"
+#include "outputs/made_run.h"
+#include "outputs/page_shell.h"
+
+namespace Outputs {
+namespace {
+
+using Testing::Json;
+
+std::size_t count(const std::string& text, const std::string& part) {
+  std::size_t found = 0;
+  for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++found;
+  return found;
+}
+
+TEST(PageShell, HasEachMarkOnce) {
+  ASSERT_EQ(embedded_report().size(), 1U);
+  const std::string shell(embedded_report().front().text);
+  EXPECT_EQ(count(shell, "{{title}}"), 1U);
+  EXPECT_EQ(count(shell, "{{data}}"), 1U);
+  EXPECT_LT(shell.find("{{title}}"), shell.find("{{data}}"));
+}
+
+TEST(PageShell, KeepsTheLicenceOfTheChartLibrary) {
+  const std::string shell(embedded_report().front().text);
+  if (shell.find("uPlot") == shell.npos) GTEST_SKIP() << "no chart uses it";
+  EXPECT_NE(shell.find("MIT"), shell.npos);
+  EXPECT_NE(shell.find("Copyright"), shell.npos);
+}
+
+TEST(PageJson, HoldsNothingThatEndsItsElement) {
+  EXPECT_EQ(json_for_html("[\"</script><!--\"]"), "[\"\\u003c/script>\\u003c!--\"]");
+  EXPECT_EQ(json_for_html("\xE2\x80\xA8\xE2\x80\xA9\xE2\x80\xA6\xE2\x80"),
+            "\\u2028\\u2029\xE2\x80\xA6\xE2\x80");
+}
+
+TEST(PageTexts, CannotAddAScript) {
+  const Testing::TempDir dir;
+  const std::string evil = "</script><script>alert('&')</script><!--";
+  std::ifstream in(Testing::examples + "flume.site");
+  std::ostringstream text;
+  text << in.rdbuf();
+  std::string site = text.str();
+  const std::size_t at = site.find('"', site.find("site_name"));
+  ASSERT_NE(at, site.npos);
+  site.replace(at + 1, site.find('"', at + 1) - at - 1, evil);
+  dir.write("evil.site", site);
+  Testing::MadeRun made(dir.write(
+      "evil.toml", "# " + evil + "\ntitle = \"" + evil +
+                       "\"\nsite = \"evil.site\"\n[run]\nrepeat = \"60 s\"\n" +
+                       "[[sea]]\nname = \"" + evil + "\"\n[[sea.wave]]\nkind = \"single\"\n" +
+                       "f = \"0.8 Hz\"\na = \"25 mm\"\nangle = \"0 deg\"\nphase = \"0 deg\"\n" +
+                       "[[point]]\nname = \"" + evil + "\"\nx = \"3 m\"\ny = \"0 m\"\n"));
+  made.write(dir.file("x.out"));
+  dir.write("x.out/log.txt", evil + "\n");
+  const Json data = Testing::made_page(dir.file("x.out"));
+  const std::string page = dir.contents("x.out/report.html");
+  const std::string shell(embedded_report().front().text);
+  for (const char* part : {"<script", "</script", "<!--", "<"}) {
+    EXPECT_EQ(count(page, part), count(shell, part)) << part;
+  }
+  EXPECT_NE(page.find("<title>&lt;/script&gt;&lt;script&gt;alert(&#39;&amp;&#39;)"), page.npos);
+  EXPECT_EQ(data.at("summary").at("title"), evil);
+  EXPECT_EQ(data.at("summary").at("site").at("name"), evil);
+  EXPECT_EQ(data.at("summary").at("seas").at(0).at("name"), evil);
+  EXPECT_EQ(data.at("summary").at("points").at(0).at("name"), evil);
+  EXPECT_EQ(data.at("log"), evil + "\n");
+  EXPECT_EQ(data.at("job"), dir.contents("x.out/job.toml"));
+}
+
+TEST(PageTexts, MayHoldBytesThatAreNoText) {
+  const Testing::TempDir dir;
+  dir.write("summary.json", Testing::bare_summary().dump());
+  dir.write("log.txt", std::string("a\xff\x00\x1b[31m", 8));
+  EXPECT_EQ(Testing::made_page(dir.path()).at("log"), std::string("a\xEF\xBF\xBD\x00\x1b[31m", 10));
+}
+
+TEST(PageTexts, LoseTheMiddleOfALongLog) {
+  std::string log;
+  for (int i = 0; i < 1000; ++i) log += "line " + std::to_string(i) + "\n";
+  const std::string cut = without_middle(log, 500);
+  EXPECT_EQ(cut.substr(0, 14), "line 0\nline 1\n");
+  EXPECT_EQ(cut.substr(cut.size() - 9), "line 999\n");
+  EXPECT_LT(cut.size(), 600U);
+  const auto lines = count(cut, "\n") - 1;  // without the one that says so
+  EXPECT_NE(cut.find("[" + std::to_string(1000 - lines) + " lines are left out here"), cut.npos)
+      << cut;
+  EXPECT_EQ(without_middle(log, log.size()), log);
+  EXPECT_LT(without_middle(std::string(100'000, 'x'), 500).size(), 600U);
+}
+
+class BrokenResults : public testing::Test {
+ protected:
+  BrokenResults() {
+    summary["drive"] = Testing::drive_of(2, 3, 1.0);
+    summary["points"] = {{{"name", "p"}, {"rate", 1.0}, {"samples", 2}}};
+    summary["field"] = {{"rate", 1.0},
+                        {"frames", 2},
+                        {"x", {{"from", 0.0}, {"step", 1.0}, {"count", 2}}},
+                        {"y", {{"from", 0.0}, {"step", 1.0}, {"count", 2}}}};
+    dir.write("report.html", "old");
+  }
+  // The message; the old page must be there then, and nothing else.
+  std::string why() {
+    dir.write("summary.json", summary.dump());
+    const auto before = Testing::listing(dir.path());
+    std::string message = Testing::no_page(dir.path());
+    EXPECT_EQ(Testing::listing(dir.path()), before);
+    return message;
+  }
+
+  Json summary = Testing::bare_summary();
+  Testing::TempDir dir;
+};
+
+TEST_F(BrokenResults, AreReportedForAFolderWithoutSummary) {
+  EXPECT_EQ(Testing::no_page(dir.path()),
+            "x.out: is not a folder of results of `kelpbox run`: it has no summary.json");
+}
+
+TEST_F(BrokenResults, AreReportedForABrokenSummary) {
+  dir.write("summary.json", "{\"kelpbox\": \"1");
+  EXPECT_EQ(Testing::no_page(dir.path()), "x.out/summary.json: is broken at byte 15");
+}
+
+TEST_F(BrokenResults, AreReportedForForeignSummaries) {
+  const std::string foreign = "x.out/summary.json: is not a summary of `kelpbox run`";
+  for (const char* text : {"[]", "3", "{}", "{\"kelpbox\": 1}"}) {
+    dir.write("summary.json", text);
+    EXPECT_EQ(Testing::no_page(dir.path()), foreign) << text;
+  }
+  const Json good = summary;
+  for (const char* key : {"repeat", "highest_harmonic"}) {
+    for (const Json& value : {Json("x"), Json(0), Json(-1), Json(nullptr)}) {
+      summary = good;
+      summary["run"][key] = value;
+      EXPECT_EQ(why(), foreign) << key << value;
+    }
+  }
+  summary = good;
+  summary["drive"]["banks"] = 7;
+  EXPECT_EQ(why(), foreign);
+  summary = good;
+  summary["spectrum"] = {{"f", "x"}};
+  EXPECT_EQ(why(), foreign);
+  summary = good;
+  summary["plan"] = Json::object();
+  EXPECT_EQ(why(), foreign);
+}
+
+TEST_F(BrokenResults, AreReportedForNetcdfFilesThatAreNone) {
+  for (const char* name : {"drive.nc", "points.nc", "point_1.nc", "field.nc"}) {
+    const std::string path = dir.write(name, "no NetCDF");
+    EXPECT_EQ(why(), "x.out/" + std::string(name) + ": NetCDF: Unknown file format");
+    std::filesystem::remove(path);
+  }
+}
+
+TEST_F(BrokenResults, AreReportedForTheFilesOfAnotherRun) {
+  Testing::MadeRun made(dir.write("b.toml", Testing::basin_job()));
+  made.write(dir.file("other"));
+  const auto copy = [&](const char* name) {
+    dir.write(name, dir.contents("other/" + std::string(name)));
+  };
+  const auto without = [&](const char* name) {
+    const std::string message = why();
+    std::filesystem::remove(dir.file(name));
+    return message;
+  };
+  copy("drive.nc");
+  EXPECT_EQ(without("drive.nc"),
+            "x.out/drive.nc: drive_1 has 40 x 640 values, but summary.json says 2 x 3");
+  copy("points.nc");
+  EXPECT_EQ(without("points.nc").find("x.out/points.nc: eta has 2 x "), 0U);
+  copy("field.nc");
+  EXPECT_EQ(without("field.nc").find("x.out/field.nc: eta has 160 x "), 0U);
+  dir.write("field.nc", dir.contents("other/drive.nc"));
+  EXPECT_EQ(without("field.nc"), "x.out/field.nc: has no variable eta");
+  dir.write("drive.nc", dir.contents("other/drive.nc").substr(0, 100'000));
+  EXPECT_EQ(without("drive.nc").find("x.out/drive.nc: NetCDF: "), 0U);
+  copy("drive_1.csv");
+  EXPECT_EQ(without("drive_1.csv"), "x.out/drive_1.csv: has 40 paddles, but summary.json says 2");
+}
+
+TEST_F(BrokenResults, AreReportedForBrokenCsvFiles) {
+  const std::string head = "time [s],paddle 1 [m],paddle 2 [m]\n";
+  const std::string bad = ":3: is not a row of 3 numbers";
+  for (const char* row : {"1,2", "1,2,3,4", "1,2,x", "1,,2", "", "1,2,3 ", "1;2;3"}) {
+    dir.write("drive_1.csv", head + "0,1,2\n" + row + "\n2,3,4\n");
+    EXPECT_EQ(why(), "x.out/drive_1.csv" + bad) << row;
+  }
+  dir.write("drive_1.csv", head + "0,1,2\n");
+  EXPECT_EQ(why(), "x.out/drive_1.csv: has 1 samples, but summary.json says 3");
+  dir.write("drive_1.csv", head + "0,1,2\n0,1,nan\n0,1,2\n");
+  EXPECT_EQ(why(), "x.out/drive_1.csv: the signal of paddle 2 of bank 1 is not finite");
+  dir.write("drive_1.csv", "# nothing\n");
+  EXPECT_EQ(why(), "x.out/drive_1.csv: has no columns");
+  std::filesystem::remove(dir.file("drive_1.csv"));
+  dir.write("point_1.csv", "time [s],eta [m]\n0,1\n0,2\n0,3\n");
+  EXPECT_EQ(why(), "x.out/point_1.csv: has 3 samples, but summary.json says 2");
+}
+
+}  // namespace
+}  // namespace Outputs
