@@ -21,16 +21,16 @@ export class SharpCanvas {
   ) {
     this.canvas.setAttribute('role', 'img');
     box.append(this.canvas);
-    view.watch(() => this.redraw());
+    view.watch(() => this.update());
     let width = 0;
     new ResizeObserver(() => {
-      if (box.clientWidth !== width) this.redraw();
+      if (box.clientWidth !== width) this.update();
       width = box.clientWidth;
     }).observe(box);
     const near = new IntersectionObserver(
       (entries) => {
         this.seen = entries[entries.length - 1].isIntersecting;
-        if (this.seen && this.stale) this.redraw();
+        if (this.seen && this.stale) this.update();
       },
       { rootMargin: '200px' },
     );
@@ -52,9 +52,14 @@ export class SharpCanvas {
   redraw(): void {
     if (this.width <= 0) return; // not shown
     this.canvas.style.height = `${this.height}px`;
-    this.stale = !this.seen && !onPaper();
-    if (this.stale) return;
     this.paint(this.canvas, onPaper() ? 3 : Math.max(1, window.devicePixelRatio));
+  }
+
+  // Out of sight nothing is drawn, except for paper.
+  private update(): void {
+    this.stale = !this.seen && !onPaper();
+    if (!this.stale) this.redraw();
+    else if (this.width > 0) this.canvas.style.height = `${this.height}px`;
   }
 
   // The same picture on a canvas of its own, to be saved.
