@@ -42,7 +42,7 @@ function lines(text: string): string {
   return `${count} line${count === 1 ? '' : 's'}`;
 }
 
-// A text behind a line that opens it. It can be scrolled with the keyboard.
+// A text that a line unfolds. It can be scrolled with the keyboard.
 export function fold(title: string, text: string): HTMLDetailsElement {
   const made = element('details');
   const content = element('pre', '', text);
