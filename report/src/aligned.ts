@@ -7,9 +7,7 @@ export function alignedData(data: LineChartData): uPlot.AlignedData {
   const columns = data.lines.map((line) => gaps(line.values, log));
   const x = data.x.values;
   if (data.lines.every((line) => !line.x)) return [x, ...columns] as unknown as uPlot.AlignedData;
-  return uPlot.join(
-    data.lines.map((line, i) => [line.x ?? x, columns[i]] as unknown as uPlot.AlignedData),
-  );
+  return uPlot.join(data.lines.map((line, i) => [line.x ?? x, columns[i]] as unknown as uPlot.AlignedData));
 }
 
 // NaN, and what a logarithmic axis cannot show, as null.

@@ -65,8 +65,8 @@ export function paddleName(bank: BankData, paddle: number): string {
   return `paddle ${paddleNumber(bank, paddle)}${place}`;
 }
 
-export function excursion(bank: BankData, value: number): string {
-  return `${plainNumber(value * bank.unit.factor)} ${bank.unit.name}`;
+export function excursion(bank: BankData, value: number | null): string {
+  return `${plainNumber((value ?? NaN) * bank.unit.factor)} ${bank.unit.name}`;
 }
 
 // The share of its limits that the bank uses; 0 if they are not known.

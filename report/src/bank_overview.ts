@@ -5,7 +5,7 @@ import type { LineChartData } from './chart_types';
 import { chartFrame, element } from './frame';
 import { LineChart } from './line_chart';
 import { PaddleStretch } from './paddle_stretch';
-import { inUnit, largest, suited } from './units';
+import { greatest, inUnit, largest, suited } from './units';
 import type { View } from './view';
 
 export function bankOverview(bank: BankData, view: View): HTMLElement {
@@ -13,10 +13,11 @@ export function bankOverview(bank: BankData, view: View): HTMLElement {
   const stretch = new PaddleStretch(view, of.bank, of.highest.length);
   const places = of.highest.map((_, i) => i + 1);
   // Places between the paddles have no name.
-  const text = (place: number) => (Number.isInteger(place) && of.highest[place - 1] !== undefined ? String(paddleNumber(bank, place - 1)) : '');
+  const text = (place: number) =>
+    Number.isInteger(place) && of.highest[place - 1] !== undefined ? String(paddleNumber(bank, place - 1)) : '';
   const x = { name: 'paddle', unit: '', text, values: places };
-  const top = of.highest.indexOf(Math.max(...of.highest));
-  const bottom = of.lowest.indexOf(Math.min(...of.lowest));
+  const top = greatest(of.highest, 1);
+  const bottom = greatest(of.lowest, -1);
   const extremes: LineChartData = {
     title: 'Highest and lowest position by paddle',
     x,
@@ -29,7 +30,7 @@ export function bankOverview(bank: BankData, view: View): HTMLElement {
     stretch,
   };
   const fast = suited(summary.units + '/s', largest(of.velocity));
-  const quickest = of.velocity.indexOf(Math.max(...of.velocity));
+  const quickest = greatest(of.velocity, 1);
   const speed: LineChartData = {
     title: 'Greatest velocity by paddle',
     x,
@@ -43,14 +44,16 @@ export function bankOverview(bank: BankData, view: View): HTMLElement {
     framed(
       `drive-${bank.index + 1}-extremes`,
       extremes,
-      `Highest ${excursion(bank, of.highest[top])} (${name(top)}), lowest ${excursion(bank, of.lowest[bottom])} (${name(bottom)}).` + limitText(bank),
+      `Highest ${excursion(bank, of.highest[top])} (${name(top)}), ` +
+        `lowest ${excursion(bank, of.lowest[bottom])} (${name(bottom)}).${limitText(bank)}`,
       view,
     ),
     framed(
       `drive-${bank.index + 1}-velocities`,
       speed,
       `Greatest ${plainNumber(of.velocity[quickest] * fast.factor)} ${fast.name} (${name(quickest)}), ` +
-        `least ${plainNumber(Math.min(...of.velocity) * fast.factor)} ${fast.name}. The limit is not known here.`,
+        `least ${plainNumber(of.velocity[greatest(of.velocity, -1)] * fast.factor)} ${fast.name}. ` +
+        'The limit is not known here.',
       view,
     ),
   );
@@ -67,6 +70,9 @@ function framed(id: string, chart: LineChartData, caption: string, view: View): 
 
 function limitText(bank: BankData): string {
   const { clip_limit: clip, maximum, minimum } = bank.summary;
-  const reach = maximum === null || minimum === null ? '' : ` The machine reaches from ${excursion(bank, minimum)} to ${excursion(bank, maximum)}.`;
+  const reach =
+    maximum === null || minimum === null
+      ? ''
+      : ` The machine reaches from ${excursion(bank, minimum)} to ${excursion(bank, maximum)}.`;
   return (clip === null ? '' : ` The clip limit is ${excursion(bank, clip)}.`) + reach;
 }

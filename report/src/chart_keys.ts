@@ -1,7 +1,8 @@
 // Keys of charts: what a drag, a click and a double click do, without a mouse.
 import { goTo, move, pan, reset, zoom, type Stretch } from './stretch';
 
-export const KEYS = 'Arrow keys move the mark (Shift: faster), W and S or + and − zoom, A and D pan, Escape shows all.';
+export const KEYS =
+  'Arrow keys move the mark (Shift: faster), W and S or + and − zoom, A and D pan, Escape shows all.';
 
 // `further` is asked first, and returns whether it used the key.
 export function stretchKeys(host: HTMLElement, stretch: () => Stretch, further?: (key: string) => boolean): void {

@@ -55,18 +55,31 @@ function axis({ name, unit, text }: ChartAxis, palette: Palette, k: number): uPl
     ticks: { stroke: palette.line, width: k, size: 5 * k },
     incrs: roundSteps,
     values: (_plot, splits, _axis, _space, step) =>
-      splits.map((value) => text?.(value) ?? value.toFixed(Math.min(9, Math.max(0, -Math.floor(Math.log10(step) + 1e-9))))),
+      splits.map(
+        (value) => text?.(value) ?? value.toFixed(Math.min(9, Math.max(0, -Math.floor(Math.log10(step) + 1e-9)))),
+      ),
   };
 }
 
 function vertical(data: LineChartData, k: number): Partial<uPlot.Axis> {
-  const wide: uPlot.Axis.Size = (_plot, values) => (Math.max(2, ...(values ?? []).map((text) => String(text ?? '').length)) * 7 + 16) * k;
+  const wide: uPlot.Axis.Size = (_plot, values) =>
+    (Math.max(2, ...(values ?? []).map((text) => String(text ?? '').length)) * 7 + 16) * k;
   if (!data.y.log) return { space: 32 * k, size: wide };
-  return { size: wide, values: (_plot, splits) => splits.map((value) => (value === null ? '' : plainNumber(value, 1))) };
+  return {
+    size: wide,
+    values: (_plot, splits) => splits.map((value) => (value === null ? '' : plainNumber(value, 1))),
+  };
 }
 
-function yRange(data: LineChartData, shown: boolean[], lowest: number | null, highest: number | null): [number, number] {
-  const marks = (data.marks ?? []).flatMap((mark, i) => (mark.axis === 'y' && shown[data.lines.length + i] ? mark.at : []));
+function yRange(
+  data: LineChartData,
+  shown: boolean[],
+  lowest: number | null,
+  highest: number | null,
+): [number, number] {
+  const marks = (data.marks ?? []).flatMap((mark, i) =>
+    mark.axis === 'y' && shown[data.lines.length + i] ? mark.at : [],
+  );
   const base = data.lines.some((line) => line.kind === 'bars') ? [0] : [];
   const all = [...marks, ...base, lowest ?? NaN, highest ?? NaN].filter(Number.isFinite);
   if (all.length === 0) return data.y.log ? [0.1, 1] : [-1, 1];
@@ -84,7 +97,13 @@ function yRange(data: LineChartData, shown: boolean[], lowest: number | null, hi
 function series(line: Line, index: number, { palette, scale: k, shown }: Drawing): uPlot.Series {
   const look = lineLook(index);
   const stroke = palette[look.colour];
-  const common: uPlot.Series = { label: line.name, show: shown[index], stroke, width: 1.75 * k, points: { show: false } };
+  const common: uPlot.Series = {
+    label: line.name,
+    show: shown[index],
+    stroke,
+    width: 1.75 * k,
+    points: { show: false },
+  };
   const dots: uPlot.Series.Points = { show: true, size: 8 * k, fill: palette.paper, stroke, width: 2 * k };
   switch (line.kind ?? 'line') {
     case 'line':
@@ -92,7 +111,11 @@ function series(line: Line, index: number, { palette, scale: k, shown }: Drawing
       return {
         ...common,
         dash: look.dash.map((length) => length * k),
-        points: { size: 5 * k, fill: stroke, show: (plot, _i, from, to) => to - from < plot.bbox.width / (20 * k * uPlot.pxRatio) },
+        points: {
+          size: 5 * k,
+          fill: stroke,
+          show: (plot, _i, from, to) => !line.plain && to - from < plot.bbox.width / (20 * k * uPlot.pxRatio),
+        },
       };
     case 'area':
       return { ...common, fill: palette.line, fillTo: (plot) => plot.scales.y.min! };
@@ -147,8 +170,8 @@ function drawMarks(plot: uPlot, data: LineChartData, { palette, scale: k, shown 
     ctx.beginPath();
     for (const at of mark.at) {
       const place = Math.round(plot.valToPos(at, mark.axis, true));
-      if (mark.axis === 'x') ctx.moveTo(place, bbox.top), ctx.lineTo(place, bbox.top + bbox.height);
-      else ctx.moveTo(bbox.left, place), ctx.lineTo(bbox.left + bbox.width, place);
+      if (mark.axis === 'x') (ctx.moveTo(place, bbox.top), ctx.lineTo(place, bbox.top + bbox.height));
+      else (ctx.moveTo(bbox.left, place), ctx.lineTo(bbox.left + bbox.width, place));
     }
     ctx.stroke();
   });

@@ -5,7 +5,13 @@ import { lineLook, markLook, paperPalette, type LineChartData, type Look, type P
 
 const FONT = "system-ui, 'Liberation Sans', Arial, sans-serif";
 
-export function chartPicture(data: LineChartData, aligned: uPlot.AlignedData, shown: boolean[], width: number, titled: boolean): HTMLCanvasElement {
+export function chartPicture(
+  data: LineChartData,
+  aligned: uPlot.AlignedData,
+  shown: boolean[],
+  width: number,
+  titled: boolean,
+): HTMLCanvasElement {
   // uPlot multiplies by the pixel ratio of the screen; a picture has at least two pixels for each of
   // its width.
   const ratio = uPlot.pxRatio;
@@ -34,7 +40,9 @@ export function chartPicture(data: LineChartData, aligned: uPlot.AlignedData, sh
     ctx.font = `600 15px ${FONT}`;
     ctx.fillText(data.title, 12, 17, width - 24);
   }
-  rows.forEach((row, i) => row.forEach(({ item, left }) => drawItem(ctx, item, left + 56, head + height + 12 + 20 * i, colours)));
+  rows.forEach((row, i) =>
+    row.forEach(({ item, left }) => drawItem(ctx, item, left + 56, head + height + 12 + 20 * i, colours)),
+  );
   plot.destroy();
   return picture;
 }
@@ -73,15 +81,21 @@ function layOut(ctx: CanvasRenderingContext2D, items: Item[], width: number): { 
   return rows;
 }
 
-function drawItem(ctx: CanvasRenderingContext2D, { name, look, kind }: Item, x: number, y: number, colours: Palette): void {
+function drawItem(
+  ctx: CanvasRenderingContext2D,
+  { name, look, kind }: Item,
+  x: number,
+  y: number,
+  colours: Palette,
+): void {
   ctx.strokeStyle = colours[look.colour];
   ctx.fillStyle = kind === 'area' ? colours.line : colours[look.colour];
   ctx.lineWidth = 2;
   ctx.setLineDash(kind === 'line' ? look.dash : []);
   ctx.beginPath();
   if (kind === 'bars' || kind === 'area') ctx.fillRect(x + 4, y - 5, 22, 10);
-  else if (kind === 'dots') ctx.arc(x + 15, y, 4, 0, 2 * Math.PI), ctx.fill();
-  else ctx.moveTo(x, y), ctx.lineTo(x + 30, y), ctx.stroke();
+  else if (kind === 'dots') (ctx.arc(x + 15, y, 4, 0, 2 * Math.PI), ctx.fill());
+  else (ctx.moveTo(x, y), ctx.lineTo(x + 30, y), ctx.stroke());
   ctx.fillStyle = colours.ink;
   ctx.font = `12px ${FONT}`;
   ctx.fillText(name, x + 36, y);

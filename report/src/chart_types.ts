@@ -16,6 +16,7 @@ export interface Line {
   // "area" fills down to the lower edge. "stem" and "post" stand on 0. "dots" are not joined.
   kind?: 'line' | 'area' | 'stem' | 'post' | 'dots' | 'bars';
   shown?: boolean; // at first; true if absent
+  plain?: boolean; // its samples are never shown as dots
 }
 
 // Lines across the chart, such as limits.
@@ -58,7 +59,19 @@ export function markLook(index: number): Look {
 }
 
 export type Palette = Record<string, string>;
-const names = ['ink', 'paper', 'panel', 'faint', 'line', 'bad', 'accent', 'series-1', 'series-2', 'series-3', 'series-4'];
+const names = [
+  'ink',
+  'paper',
+  'panel',
+  'faint',
+  'line',
+  'bad',
+  'accent',
+  'series-1',
+  'series-2',
+  'series-3',
+  'series-4',
+];
 
 export function palette(): Palette {
   return Object.fromEntries(names.map((name) => [name, colour(name)]));

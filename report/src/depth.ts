@@ -14,20 +14,24 @@ export async function depthPart({ data, view }: Page): Promise<HTMLElement | nul
   const bed = wholeProfile(plan);
   const deepest = Math.max(...bed.depth);
   const shallowest = Math.min(...bed.depth);
-  const banks = plan.banks.filter((bank) => bank.paddles.x.length > 0).map((bank) => ({
-    name: short(bank.name),
-    from: Math.min(...bank.paddles.x),
-    to: Math.max(...bank.paddles.x),
-  }));
+  const banks = plan.banks
+    .filter((bank) => bank.paddles.x.length > 0)
+    .map((bank) => ({
+      name: short(bank.name),
+      from: Math.min(...bank.paddles.x),
+      to: Math.max(...bank.paddles.x),
+    }));
   // Of a bank along the tank, the first and the last paddle.
   const paddles = [...new Set(banks.flatMap(({ from, to }) => [from, to]))].sort((a, b) => a - b);
   const lines: Line[] = [
     { name: 'bed', kind: 'area', values: bed.depth.map((depth) => -depth) },
-    { name: 'still water level', values: bed.x.map(() => 0) },
+    { name: 'still water level', plain: true, values: bed.x.map(() => 0) },
   ];
-  if (paddles.length > 0) lines.push({ name: 'paddles', kind: 'post', x: paddles, values: paddles.map((x) => -depthAt(bed, x)) });
+  if (paddles.length > 0)
+    lines.push({ name: 'paddles', kind: 'post', x: paddles, values: paddles.map((x) => -depthAt(bed, x)) });
   const atPoints = [...points].sort((a, b) => a.x - b.x);
-  if (points.length > 0) lines.push({ name: 'points', kind: 'dots', x: atPoints.map((point) => point.x), values: atPoints.map(() => 0) });
+  if (points.length > 0)
+    lines.push({ name: 'points', kind: 'dots', x: atPoints.map((point) => point.x), values: atPoints.map(() => 0) });
   const chart: LineChartData = {
     title: 'Depth along the tank',
     x: { name: 'x', unit: 'm', values: bed.x },
@@ -35,13 +39,21 @@ export async function depthPart({ data, view }: Page): Promise<HTMLElement | nul
     lines,
     labels: [
       ...(points.length > 8 ? [] : atPoints.map((point) => ({ x: point.x, y: 0, text: short(point.name) }))),
-      ...(banks.length > 4 ? [] : banks.map(({ name, to }, i) => ({ x: to, y: (-0.35 - 0.15 * i) * depthAt(bed, to), text: name }))),
+      ...(banks.length > 4
+        ? []
+        : banks.map(({ name, to }, i) => ({ x: to, y: (-0.35 - 0.15 * i) * depthAt(bed, to), text: name }))),
     ],
     stretch: new OwnStretch(view, bed.x[0], bed.x[bed.x.length - 1]),
     height: 240,
   };
   const drawn = new LineChart(view, chart);
-  const frame = chartFrame({ id: 'depth', title: chart.title, caption: '', png: () => drawn.picture(), csv: () => drawn.csv() });
+  const frame = chartFrame({
+    id: 'depth',
+    title: chart.title,
+    caption: '',
+    png: () => drawn.picture(),
+    csv: () => drawn.csv(),
+  });
   drawn.addReset(frame);
   frame.body.append(drawn.root);
   const depths =
@@ -50,11 +62,19 @@ export async function depthPart({ data, view }: Page): Promise<HTMLElement | nul
       : `The depth goes from ${plainNumber(deepest)} m to ${plainNumber(shallowest)} m`;
   const places =
     `${depths}, x from ${plainNumber(bed.x[0])} m to ${plainNumber(bed.x[bed.x.length - 1])} m.` +
-    banks.map(({ name, from, to }) => ` Bank ${name} stands ${to - from < 0.01 ? 'at' : `from x ${plainNumber(from)} m to`} x ${plainNumber(to)} m.`).join('') +
-    atPoints.slice(0, 8).map((point) => ` Point ${short(point.name)} is at x ${plainNumber(point.x)} m, over ${plainNumber(depthAt(bed, point.x))} m.`).join('');
+    banks.map(bankPlace).join('') +
+    atPoints
+      .slice(0, 8)
+      .map(({ name, x }) => ` Point ${short(name)}: x ${plainNumber(x)} m, ${plainNumber(depthAt(bed, x))} m deep.`)
+      .join('');
   frame.setCaption(places);
   drawn.onDraw = (plot) => frame.setCaption(`${places} ${exaggeration(plot)}`);
   return frame.section;
+}
+
+function bankPlace({ name, from, to }: { name: string; from: number; to: number }): string {
+  const start = to - from < 0.01 ? 'at' : `from x ${plainNumber(from)} m to`;
+  return ` Bank ${name} stands ${start} x ${plainNumber(to)} m.`;
 }
 
 function exaggeration(plot: uPlot): string {
@@ -72,9 +92,9 @@ interface Bed {
 function wholeProfile(plan: Plan): Bed {
   const x = [...plan.profile.x];
   const depth = [...plan.profile.depth];
-  if (plan.x[0] < x[0]) x.unshift(plan.x[0]), depth.unshift(depth[0]);
-  if (plan.x[1] > x[x.length - 1]) x.push(plan.x[1]), depth.push(depth[depth.length - 1]);
-  if (x.length === 1) x.push(x[0] + 1), depth.push(depth[0]);
+  if (plan.x[0] < x[0]) (x.unshift(plan.x[0]), depth.unshift(depth[0]));
+  if (plan.x[1] > x[x.length - 1]) (x.push(plan.x[1]), depth.push(depth[depth.length - 1]));
+  if (x.length === 1) (x.push(x[0] + 1), depth.push(depth[0]));
   return { x, depth };
 }
 

@@ -24,7 +24,9 @@ export async function drivePart(page: Page): Promise<HTMLElement | null> {
   const panels = data.drive.map((of, i) => {
     const panel = element('div', 'bank');
     const { name } = drive.banks[of.bank];
-    whenNear(panel, async () => panel.replaceChildren(...(await bankParts(page, i, data.drive.length > 1 ? ` of bank ${name}` : ''))));
+    whenNear(panel, async () =>
+      panel.replaceChildren(...(await bankParts(page, i, data.drive.length > 1 ? ` of bank ${name}` : ''))),
+    );
     return { name, panel };
   });
   if (panels.length > 1) {
@@ -62,19 +64,25 @@ function caption(bank: BankData): string {
   const [low, high] = bounds(bank);
   const known = Number.isFinite(low) && Number.isFinite(high);
   const beyond = of.highest.map((_, i) => i).filter((i) => of.highest[i] > high || of.lowest[i] < low);
-  const named = beyond.slice(0, 5).map((i) => paddleNumber(bank, i)).join(', ');
+  const named = beyond
+    .slice(0, 5)
+    .map((i) => paddleNumber(bank, i))
+    .join(', ');
   const counted = beyond.length > 5 ? `${named} and ${beyond.length - 5} more` : named;
-  const limit =
-    beyond.length > 0
-      ? ` ${beyond.length} of ${paddles} paddles go beyond the limits ${excursion(bank, low)} and ${excursion(bank, high)} ` +
-        `(paddle ${counted}); there the map is striped in black and yellow.`
-      : known
-        ? ` No paddle goes beyond the limits ${excursion(bank, low)} and ${excursion(bank, high)}.`
-        : '';
+  const limits = `beyond the limits ${excursion(bank, low)} and ${excursion(bank, high)}`;
+  const none = known ? ` No paddle goes ${limits}.` : '';
+  const some =
+    ` ${beyond.length} of ${paddles} paddles go ${limits} (paddle ${counted}); ` +
+    'there the map is striped in black and yellow.';
+  const limit = beyond.length > 0 ? some : none;
+  const missing = of.highest.filter((highest) => !Number.isFinite(highest)).length;
   return (
     `${paddles === 1 ? '1 paddle' : `${paddles} paddles`}, up to ${excursion(bank, bank.peak)} from rest. ` +
     `Each pixel shows the largest excursion within it.${limit}` +
-    (of.paddles.length < paddles ? ` Thinned: ${of.paddles.length} of ${paddles} paddles are shown, the worst among them.` : '') +
+    (missing > 0 ? ` The signals of ${missing} of the paddles are NaN and left blank.` : '') +
+    (of.paddles.length < paddles
+      ? ` Thinned: ${of.paddles.length} of ${paddles} paddles are shown, the worst among them.`
+      : '') +
     (of.every > 1 ? ` Thinned: one in ${of.every} samples of the run is shown.` : '')
   );
 }

@@ -35,11 +35,16 @@ export class DriveMap {
     this.host.setAttribute('aria-label', `${label}. ${KEYS} Up and down choose the paddle.`);
     this.host.append(this.canvas, this.chosen, this.time);
     this.root.append(this.host, element('p', 'chart-hint', `${KEYS} Up and down choose the paddle.`), this.readout);
-    stretchKeys(this.host, () => this.stretch, (key) => (this.readout.setAttribute('aria-live', 'polite'), this.paddleKey(key)));
+    stretchKeys(
+      this.host,
+      () => this.stretch,
+      (key) => (this.readout.setAttribute('aria-live', 'polite'), this.paddleKey(key)),
+    );
     dragZoom(this.host, {
       inside: (x) => Math.min(Math.max(x, this.box.left), this.box.left + this.box.width),
       zoom: (left, right) => this.stretch.show(this.timeAt(left), this.timeAt(right)),
-      click: (x, y) => this.view.set({ time: this.timeAt(x), bank: bank.of.bank, paddle: bank.of.paddles[this.rowAt(y)] }),
+      click: (x, y) =>
+        this.view.set({ time: this.timeAt(x), bank: bank.of.bank, paddle: bank.of.paddles[this.rowAt(y)] }),
       hover: (x, y) => this.point(x, y),
       reset: () => reset(this.stretch),
     });
@@ -91,7 +96,11 @@ export class DriveMap {
       this.canvas.style.height = `${this.box.all}px`;
       const ctx = this.canvas.getContext('2d')!;
       ctx.scale(ratio, ratio);
-      drawMap(ctx, this.bank, this.box, from, to, { palette: palette(), scale: scale(grey ? 'grey' : 'diverging'), ratio });
+      drawMap(ctx, this.bank, this.box, from, to, {
+        palette: palette(),
+        scale: scale(grey ? 'grey' : 'diverging'),
+        ratio,
+      });
     }
     this.moveMarks();
     this.read();
@@ -111,7 +120,12 @@ export class DriveMap {
     const tall = box.height / bank.of.paddles.length;
     const y = box.top + box.height - (this.row() + 1) * tall;
     this.chosen.classList.toggle('thin', tall < 6);
-    Object.assign(this.chosen.style, { left: `${box.left}px`, top: `${y.toFixed(1)}px`, width: `${box.width}px`, height: `${Math.max(1, tall).toFixed(1)}px` });
+    Object.assign(this.chosen.style, {
+      left: `${box.left}px`,
+      top: `${y.toFixed(1)}px`,
+      width: `${box.width}px`,
+      height: `${Math.max(1, tall).toFixed(1)}px`,
+    });
   }
 
   private row(): number {

@@ -1,41 +1,47 @@
 // Builds what is far down the page when it comes near, or when the browser has nothing else to do,
 // so that the first picture does not wait for it and print still finds it.
-interface Job {
-  host: HTMLElement;
-  build: () => Promise<void>;
-}
+type Build = () => Promise<void>;
 
-const waiting = new Map<Element, Job>();
-let last: Promise<void> = Promise.resolve();
+const waiting = new Map<Element, Build>();
 let planned = false;
+let ready: Promise<void> | undefined;
 const near = new IntersectionObserver(
   (entries) => {
-    for (const entry of entries) if (entry.isIntersecting) void start(waiting.get(entry.target));
+    for (const entry of entries) if (entry.isIntersecting) void start(entry.target);
   },
   { rootMargin: '600px' },
 );
 
-export function whenNear(host: HTMLElement, build: () => Promise<void>): void {
-  waiting.set(host, { host, build });
-  near.observe(host);
-  plan();
+// Until it is built, the element has the attribute data-waiting.
+export function whenNear(host: HTMLElement, build: Build): void {
+  host.dataset.waiting = '';
+  waiting.set(host, build);
+  void pageReady().then(() => {
+    near.observe(host);
+    plan();
+  });
 }
 
-// Builds all that is left, and waits until it is there.
-export async function buildAll(): Promise<void> {
-  for (const job of [...waiting.values()]) await start(job);
-  await last;
+// While the page is put together, everything is near.
+function pageReady(): Promise<void> {
+  ready ??= new Promise((resolve) => {
+    const root = document.documentElement;
+    const watch = new MutationObserver(() => {
+      if (root.dataset.ready !== 'true') return;
+      watch.disconnect();
+      resolve();
+    });
+    if (root.dataset.ready === 'true') resolve();
+    else watch.observe(root, { attributeFilter: ['data-ready'] });
+  });
+  return ready;
 }
 
-async function start(job: Job | undefined): Promise<void> {
-  if (!job || !waiting.delete(job.host)) return;
-  near.unobserve(job.host);
-  const done = build(job);
-  last = Promise.all([last, done]).then(() => undefined);
-  return done;
-}
-
-async function build({ host, build }: Job): Promise<void> {
+async function start(host: Element): Promise<void> {
+  const build = waiting.get(host);
+  if (!build) return;
+  waiting.delete(host);
+  near.unobserve(host);
   try {
     await build();
   } catch (error) {
@@ -45,6 +51,7 @@ async function build({ host, build }: Job): Promise<void> {
     host.replaceChildren(message);
     console.error(error);
   }
+  host.removeAttribute('data-waiting');
 }
 
 // One at a time, when the page has been seen.
@@ -52,12 +59,11 @@ function plan(): void {
   if (planned) return;
   planned = true;
   const idle = window.requestIdleCallback ?? ((act: () => void) => window.setTimeout(act, 200));
-  const next = async (): Promise<void> => {
+  idle(async () => {
     planned = false;
-    const [job] = waiting.values();
-    if (!job) return;
-    await start(job);
+    const [host] = waiting.keys();
+    if (!host) return;
+    await start(host);
     plan();
-  };
-  idle(() => void next());
+  });
 }

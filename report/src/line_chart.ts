@@ -43,10 +43,13 @@ export class LineChart {
     this.pointer();
     this.set(data);
     new ResizeObserver(() => this.refresh()).observe(this.host);
-    new IntersectionObserver((entries) => {
-      this.visible = entries[entries.length - 1].isIntersecting;
-      this.refresh();
-    }, { rootMargin: '300px' }).observe(this.root);
+    new IntersectionObserver(
+      (entries) => {
+        this.visible = entries[entries.length - 1].isIntersecting;
+        this.refresh();
+      },
+      { rootMargin: '300px' },
+    ).observe(this.root);
     view.watch(() => this.refresh());
   }
 
@@ -63,7 +66,9 @@ export class LineChart {
   }
 
   addReset(frame: ChartFrame): this {
-    frame.tools.prepend(button('Reset', 'Show all of it again (double click or Escape)', () => reset(this.data.stretch)));
+    frame.tools.prepend(
+      button('Reset', 'Show all of it again (double click or Escape)', () => reset(this.data.stretch)),
+    );
     return this;
   }
 
@@ -153,7 +158,11 @@ export class LineChart {
     if (!plot) return;
     const hover = (plot.cursor.left ?? -1) >= 0 ? plot.cursor.idxs : undefined;
     const at = hover ? plot.posToVal(plot.cursor.left!, 'x') : stretch.at;
-    if (Number.isNaN(at)) return this.legend.read('', lines.map(() => ''));
+    if (Number.isNaN(at))
+      return this.legend.read(
+        '',
+        lines.map(() => ''),
+      );
     const values = lines.map((_, i) => {
       const index = hover ? hover[i + 1] : plot.valToIdx(at);
       const value = index === null || index === undefined ? null : plot.data[i + 1][index];

@@ -25,7 +25,14 @@ export interface MapLook {
 }
 
 // Origin and size are those of the canvas context, scaled to CSS pixels.
-export function drawMap(ctx: CanvasRenderingContext2D, bank: BankData, box: MapBox, from: number, to: number, look: MapLook): void {
+export function drawMap(
+  ctx: CanvasRenderingContext2D,
+  bank: BankData,
+  box: MapBox,
+  from: number,
+  to: number,
+  look: MapLook,
+): void {
   const cells = cellPicture(bank, box, from, to, look);
   ctx.imageSmoothingEnabled = false;
   ctx.drawImage(cells, box.left, box.top, box.width, box.height);
@@ -38,7 +45,13 @@ export function drawMap(ctx: CanvasRenderingContext2D, bank: BankData, box: MapB
   drawBar(ctx, bank, box, look);
 }
 
-function cellPicture(bank: BankData, box: MapBox, from: number, to: number, { scale, ratio }: MapLook): HTMLCanvasElement {
+function cellPicture(
+  bank: BankData,
+  box: MapBox,
+  from: number,
+  to: number,
+  { scale, ratio }: MapLook,
+): HTMLCanvasElement {
   const rows = bank.of.paddles.length;
   const across = Math.max(1, Math.round(box.width * ratio));
   // A whole number of pixels in each row, unless rows are narrower than a pixel.
@@ -89,7 +102,11 @@ function drawAxes(ctx: CanvasRenderingContext2D, bank: BankData, box: MapBox, fr
   ctx.textBaseline = 'middle';
   const rows = bank.of.paddles.length;
   const number = (row: number) => paddleNumber(bank, bank.of.paddles[row]);
-  const named = new Set(ticks(number(0), number(rows - 1), Math.min(rows, box.height / 24)).values.map((value) => nearestRow(rows, number, value)));
+  const named = new Set(
+    ticks(number(0), number(rows - 1), Math.min(rows, box.height / 24)).values.map((value) =>
+      nearestRow(rows, number, value),
+    ),
+  );
   for (const row of named) {
     const y = bottom - ((row + 0.5) / rows) * box.height;
     ctx.fillRect(box.left - 6, y, 5, 1);

@@ -35,7 +35,8 @@ export function paddleCharts(bank: BankData, view: View): HTMLElement {
     row = chosen;
     makers.forEach((make, i) => {
       const { data, caption } = make();
-      if (!charts[i]) charts[i] = framed(`drive-${bank.index + 1}-${['signal', 'velocity', 'spectrum'][i]}`, data, view);
+      if (!charts[i])
+        charts[i] = framed(`drive-${bank.index + 1}-${['signal', 'velocity', 'spectrum'][i]}`, data, view);
       else charts[i].chart.set(data);
       charts[i].frame.setCaption(caption);
       charts[i].frame.section.querySelector('h2')!.textContent = data.title;
@@ -68,7 +69,11 @@ function signalOf(bank: BankData, view: View, row: number): Shown {
   // Far limits would leave a flat line.
   const share = usedShare(bank);
   const near = share > 0.3;
-  const limits = share === 0 ? '' : ` The bank uses ${plainNumber(100 * share, 2)} % of its limits` + (near ? '.' : '; switch them on below the chart.');
+  const limits =
+    share === 0
+      ? ''
+      : ` The bank uses ${plainNumber(100 * share, 2)} % of its limits` +
+        (near ? '.' : '; switch them on below the chart.');
   return {
     data: {
       title: `Signal of ${name}`,
@@ -79,7 +84,10 @@ function signalOf(bank: BankData, view: View, row: number): Shown {
       stretch: new TimeStretch(view),
       height: 240,
     },
-    caption: `From ${excursion(bank, of.lowest[paddle])} to ${excursion(bank, of.highest[paddle])} over all samples.${limits}${thinned}`,
+    caption:
+      `From ${excursion(bank, of.lowest[paddle])} to ${excursion(bank, of.highest[paddle])} over all samples.` +
+      limits +
+      thinned,
   };
 }
 
@@ -97,8 +105,9 @@ function velocityOf(bank: BankData, view: View, row: number): Shown {
       stretch: new TimeStretch(view),
     },
     caption:
-      `At most ${plainNumber((of.velocity[paddle] ?? NaN) * unit.factor)} ${unit.name} over all samples. The line is the slope of the ` +
-      `samples shown (central difference, seven points)${bank.repeats ? '' : '; the record does not repeat exactly, so its ends have none'}.`,
+      `At most ${plainNumber((of.velocity[paddle] ?? NaN) * unit.factor)} ${unit.name} over all samples. ` +
+      'The line is the slope of the samples shown, by central differences over seven points' +
+      (bank.repeats ? '.' : '; the first and the last three have none.'),
   };
 }
 
@@ -119,6 +128,7 @@ function spectrumOf(bank: BankData, row: number, frequencies: Float64Array, stre
     caption:
       count === 0
         ? 'The run has no harmonics.'
-        : `Largest ${plainNumber(values[most] * unit.factor)} ${unit.name} at ${plainNumber(frequencies[most])} Hz; harmonics are ${plainNumber(bank.of.spectrum.df, 2)} Hz apart.`,
+        : `Largest ${plainNumber(values[most] * unit.factor)} ${unit.name} at ${plainNumber(frequencies[most])} Hz; ` +
+          `harmonics are ${plainNumber(bank.of.spectrum.df, 2)} Hz apart.`,
   };
 }

@@ -16,7 +16,9 @@ export async function pointsPart(page: Page): Promise<HTMLElement | null> {
   if (points.length === 0) return null;
   const section = element('section', 'part');
   section.id = 'points';
-  section.append(element('h2', '', points.length === 1 ? 'Elevation at the point' : `Elevation at ${points.length} points`));
+  section.append(
+    element('h2', '', points.length === 1 ? 'Elevation at the point' : `Elevation at ${points.length} points`),
+  );
   points.forEach((point, i) => {
     const place = element('div', 'point-place');
     section.append(place);
@@ -25,7 +27,12 @@ export async function pointsPart(page: Page): Promise<HTMLElement | null> {
   return section;
 }
 
-async function pointChart({ view }: Page, series: PointSeries, point: SummaryPoint, index: number): Promise<HTMLElement> {
+async function pointChart(
+  { view }: Page,
+  series: PointSeries,
+  point: SummaryPoint,
+  index: number,
+): Promise<HTMLElement> {
   const counts = await unpack(series.eta);
   const eta = counts.slice(0, counts.counts.length);
   const unit = suited('m', largest(eta));
@@ -63,8 +70,9 @@ function caption(eta: Float64Array, { rate, every }: PointSeries, point: Summary
     if (value > highest) highest = value;
   }
   const range = highest >= lowest ? `from ${lengthText(lowest)} to ${lengthText(highest)}` : 'NaN throughout';
+  const length = `${plainNumber(eta.length / rate, 4)} s at ${plainNumber(rate)} Hz`;
   return (
-    `At x ${plainNumber(point.x)} m, y ${plainNumber(point.y)} m: ${range}, ${plainNumber(eta.length / rate, 4)} s at ${plainNumber(rate)} Hz.` +
+    `At x ${plainNumber(point.x)} m, y ${plainNumber(point.y)} m: ${range}, ${length}.` +
     (every > 1 ? ` Thinned: one in ${every} samples of the run is shown.` : '') +
     (missing > 0 ? ` ${missing} of ${eta.length} samples are NaN and leave gaps.` : '') +
     point.remarks.map((remark) => ` ${remark}`).join('')

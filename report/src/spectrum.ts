@@ -21,11 +21,22 @@ export async function spectrumPart({ data, view }: Page): Promise<HTMLElement | 
   const lines: Line[] = [{ name: 'made', values: inUnit(spectrum.made, unit) }];
   if (spectrum.asked) lines.push({ name: 'asked', values: inUnit(spectrum.asked, unit) });
   if (sines.length > 0) {
-    lines.push({ name: 'sine waves asked', kind: 'stem', x: spectrum.lines.map((line) => line.f), values: inUnit(sines, unit) });
+    lines.push({
+      name: 'sine waves asked',
+      kind: 'stem',
+      x: spectrum.lines.map((line) => line.f),
+      values: inUnit(sines, unit),
+    });
   }
   const measured = await Promise.all(data.points.map((point) => pointDensity(point, band)));
   measured.forEach((density, i) => {
-    if (density) lines.push({ name: `made at point ${points[i]?.name ?? i + 1}`, shown: false, x: density.f, values: inUnit(density.values, unit) });
+    if (density)
+      lines.push({
+        name: `made at point ${points[i]?.name ?? i + 1}`,
+        shown: false,
+        x: density.f,
+        values: inUnit(density.values, unit),
+      });
   });
 
   const stretch = new OwnStretch(view, Math.max(0, limits[0] - 4 * band), limits[1] + 4 * band);
@@ -71,7 +82,11 @@ async function pointDensity(point: PointSeries, band: number): Promise<{ f: numb
   const { df, first, density } = point.spectrum;
   const counts = await unpack(density);
   const values = counts.slice(0, counts.counts.length);
-  return bandMeans(Array.from(values, (_, i) => (first + i) * df), values, Math.max(1, Math.round(band / df)));
+  return bandMeans(
+    Array.from(values, (_, i) => (first + i) * df),
+    values,
+    Math.max(1, Math.round(band / df)),
+  );
 }
 
 function peak(name: string, f: number[], density: (number | null)[]): string {
@@ -80,7 +95,8 @@ function peak(name: string, f: number[], density: (number | null)[]): string {
   const step = f.length > 1 ? (f[f.length - 1] - f[0]) / (f.length - 1) : 0;
   const variance = density.reduce<number>((sum, value) => sum + (value ?? 0) * step, 0);
   if (!(variance > 0)) return `${name}: no variance.`;
-  return `${name}: peak at ${plainNumber(f[most])} Hz, four standard deviations ${lengthText(4 * Math.sqrt(variance))}.`;
+  const height = lengthText(4 * Math.sqrt(variance));
+  return `${name}: peak at ${plainNumber(f[most])} Hz, four standard deviations ${height}.`;
 }
 
 function sineText(lines: { f: number; a: number }[]): string {

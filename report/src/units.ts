@@ -31,3 +31,12 @@ export function largest(values: ArrayLike<number | null>): number {
   }
   return most;
 }
+
+// Index of the greatest value, or with -1 of the least; null and NaN are passed over.
+export function greatest(values: ArrayLike<number | null>, sign: 1 | -1): number {
+  let best = 0;
+  for (let i = 0; i < values.length; ++i) {
+    if (sign * (values[i] ?? NaN) > sign * (values[best] ?? -sign * Infinity)) best = i;
+  }
+  return best;
+}
