@@ -23,7 +23,7 @@ export function paintGrid(ctx: CanvasRenderingContext2D, grid: Grid, rect: Rect,
   const box = widened(rect);
   ctx.save();
   ctx.imageSmoothingEnabled = true;
-  ctx.imageSmoothingQuality = 'high';
+  ctx.imageSmoothingQuality = 'low';
   // From the middle of the first pixel to the middle of the last.
   const inset = (count: number): [number, number] => (count > 1 ? [0.5, count - 1] : [0, 1]);
   const [left, width] = inset(fine.columns);
