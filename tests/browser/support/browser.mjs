@@ -57,3 +57,22 @@ export async function settled(page) {
     () => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(() => setTimeout(done, 50)))),
   );
 }
+
+// Scrolls through the page until all charts are there: those far down are drawn when they come near.
+export async function showAll(page) {
+  let before = -1;
+  for (let round = 0; round < 20; ++round) {
+    const now = await page.evaluate(async () => {
+      for (let y = 0; y < document.documentElement.scrollHeight; y += 400) {
+        window.scrollTo(0, y);
+        await new Promise((done) => setTimeout(done, 30));
+      }
+      window.scrollTo(0, 0);
+      return document.querySelectorAll('canvas').length;
+    });
+    if (now === before) return;
+    before = now;
+    await settled(page);
+  }
+  throw new Error('the page adds charts without end');
+}
