@@ -31,8 +31,9 @@ DriveBudget drive_budget(const std::vector<std::size_t>& paddles, std::size_t sa
   DriveBudget budget{every, shares(paddles, most_samples / thinned(samples, every))};
   const std::size_t kept =
       std::accumulate(budget.paddles.begin(), budget.paddles.end(), std::size_t{0});
-  // Even the least number of paddles may be too much of a very long run.
-  budget.every = std::max(every, thinned(kept * samples, most_samples));
+  // Even the least number of paddles may be too much of a very long run. A little more is no reason
+  // to lose samples.
+  budget.every = std::max(every, thinned(kept * samples, most_samples + most_samples / 8));
   return budget;
 }
 

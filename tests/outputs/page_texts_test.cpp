@@ -51,6 +51,7 @@ TEST(PageTexts, CannotAddAScript) {
   ASSERT_NE(at, site.npos);
   site.replace(at + 1, site.find('"', at + 1) - at - 1, evil);
   dir.write("evil.site", site);
+  std::filesystem::copy(Testing::examples + "common", dir.file("common"));
   Testing::MadeRun made(dir.write(
       "evil.toml", "# " + evil + "\ntitle = \"" + evil +
                        "\"\nsite = \"evil.site\"\n[run]\nrepeat = \"60 s\"\n" +
@@ -122,6 +123,11 @@ class BrokenResults : public testing::Test {
 TEST_F(BrokenResults, AreReportedForAFolderWithoutSummary) {
   EXPECT_EQ(Testing::no_page(dir.path()),
             "x.out: is not a folder of results of `kelpbox run`: it has no summary.json");
+}
+
+TEST_F(BrokenResults, AreReportedForFoldersInPlaceOfFiles) {
+  std::filesystem::create_directory(dir.file("log.txt"));
+  EXPECT_EQ(why(), "x.out/log.txt: Is a directory");
 }
 
 TEST_F(BrokenResults, AreReportedForABrokenSummary) {
