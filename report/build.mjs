@@ -27,10 +27,22 @@ const result = await build({
   target: ['chrome100', 'firefox115', 'safari16.4'],
   outdir: 'unused',
   write: false,
+  metafile: true,
+});
+
+// The packages that become part of the page ask that their licences go with it.
+const packages = new Set(
+  Object.keys(result.metafile.inputs)
+    .map((file) => /^node_modules\/((?:@[^/]+\/)?[^/]+)\//.exec(file)?.[1])
+    .filter((name) => name !== undefined),
+);
+const licences = [...packages].sort().map((name) => {
+  const { version } = JSON.parse(readFileSync(join(here, 'node_modules', name, 'package.json'), 'utf8'));
+  return `/*! ${name} ${version}\n\n${readFileSync(join(here, 'node_modules', name, 'LICENSE'), 'utf8').trim()}\n*/\n`;
 });
 // Scripts import styles of their own, so there may be several.
 const text = (ending) => result.outputFiles.filter((file) => file.path.endsWith(ending)).map((file) => file.text).join('\n');
-const script = text('.js');
+const script = licences.join('') + text('.js');
 const style = text('.css');
 const hash = (content) => `'sha256-${createHash('sha256').update(content).digest('base64')}'`;
 const policy = `default-src 'none'; script-src ${hash(script)}; style-src ${hash(style)}; img-src data: blob:`;
