@@ -79,7 +79,7 @@ function caption(bank: BankData): string {
   return (
     `${paddles === 1 ? '1 paddle' : `${paddles} paddles`}, up to ${excursion(bank, bank.peak)} from rest. ` +
     `Each pixel shows the largest excursion within it.${limit}` +
-    (missing > 0 ? ` The signals of ${missing} of the paddles are NaN and left blank.` : '') +
+    (missing > 0 ? ` Signals that are NaN are left blank (paddles: ${missing}).` : '') +
     (of.paddles.length < paddles
       ? ` Thinned: ${of.paddles.length} of ${paddles} paddles are shown, the worst among them.`
       : '') +

@@ -1,6 +1,6 @@
 // The chosen paddle of a bank: its signal with limits, its velocity, its spectrum.
 import { plainNumber } from './axis_ticks';
-import { bankRow, excursion, limitMarks, paddleName, rowOf, usedShare, type BankData } from './bank_data';
+import { bankRow, excursion, limitMarks, paddleName, rowOf, usedShare, worstPaddle, type BankData } from './bank_data';
 import type { LineChartData } from './chart_types';
 import { chartFrame, element, type ChartFrame } from './frame';
 import { LineChart } from './line_chart';
@@ -30,7 +30,8 @@ export function paddleCharts(bank: BankData, view: View): HTMLElement {
   const charts: { chart: LineChart; frame: ChartFrame }[] = [];
 
   const refresh = (): void => {
-    const chosen = view.bank === bank.of.bank ? rowOf(bank, view.paddle) : Math.max(0, row);
+    const kept = row < 0 ? rowOf(bank, worstPaddle(bank)) : row;
+    const chosen = view.bank === bank.of.bank ? rowOf(bank, view.paddle) : kept;
     if (chosen === row) return;
     row = chosen;
     makers.forEach((make, i) => {
