@@ -5,6 +5,7 @@ export interface DragActions {
   inside(x: number): number; // x, kept within what can be zoomed
   zoom(left: number, right: number): void;
   click(x: number, y: number): void;
+  undo(): void; // the click before, as it began a double click
   hover(x: number, y: number): void;
   reset(): void;
 }
@@ -41,7 +42,9 @@ export function dragZoom(host: HTMLElement, actions: DragActions): void {
   host.addEventListener('click', (event) => {
     const dragged = !band.hidden;
     band.hidden = true;
-    if (!dragged) actions.click(...place(event));
+    if (dragged) return;
+    if (event.detail > 1) actions.undo();
+    else actions.click(...place(event));
   });
   host.addEventListener('pointerleave', () => actions.hover(-1, -1));
   host.addEventListener('pointercancel', () => ((start = undefined), (band.hidden = true)));

@@ -40,11 +40,15 @@ export class DriveMap {
       () => this.stretch,
       (key) => (this.readout.setAttribute('aria-live', 'polite'), this.paddleKey(key)),
     );
+    let before = {};
     dragZoom(this.host, {
       inside: (x) => Math.min(Math.max(x, this.box.left), this.box.left + this.box.width),
       zoom: (left, right) => this.stretch.show(this.timeAt(left), this.timeAt(right)),
-      click: (x, y) =>
-        this.view.set({ time: this.timeAt(x), bank: bank.of.bank, paddle: bank.of.paddles[this.rowAt(y)] }),
+      click: (x, y) => {
+        before = { time: this.view.time, bank: this.view.bank, paddle: this.view.paddle };
+        this.view.set({ time: this.timeAt(x), bank: bank.of.bank, paddle: bank.of.paddles[this.rowAt(y)] });
+      },
+      undo: () => this.view.set(before),
       hover: (x, y) => this.point(x, y),
       reset: () => reset(this.stretch),
     });

@@ -132,13 +132,16 @@ export class LineChart {
     }
   }
 
-  // A click marks a place; the end of a drag is no click.
+  // A click marks a place; the end of a drag is no click, and a double click leaves the mark alone.
   private pointer(): void {
     let down = NaN;
+    let before = NaN;
     this.host.addEventListener('mousedown', (event) => (down = event.clientX));
     this.host.addEventListener('mousemove', () => this.legend.speak(false));
     this.host.addEventListener('click', (event) => {
       if (!this.plot || Math.abs(event.clientX - down) > 3 || !this.plot.over.contains(event.target as Node)) return;
+      if (event.detail > 1) return this.data.stretch.mark(before);
+      before = this.data.stretch.at;
       const box = this.plot.over.getBoundingClientRect();
       this.data.stretch.mark(this.plot.posToVal(event.clientX - box.left, 'x'));
     });

@@ -28,6 +28,7 @@ export class PaddleStretch implements Stretch {
     this.view.set({});
   }
   mark(at: number): void {
+    if (Number.isNaN(at)) return;
     this.view.set({ bank: this.bank, paddle: Math.min(Math.max(Math.round(at) - 1, 0), this.paddles - 1) });
   }
 }
