@@ -30,7 +30,7 @@ async function drag(page, selector, from, to) {
 async function timeCharts(page) {
   await settled(page);
   const all = await allPixels(page);
-  const found = all.filter(({ where }) => /^point|^drive-\d+-(map|signal)/.test(where));
+  const found = all.filter(({ where }) => /^point|^drive-\d+-(map|signal|velocity)$/.test(where));
   return Object.fromEntries(found.map(({ where, sum }) => [where, sum]));
 }
 
@@ -57,8 +57,10 @@ test('a drag in one chart zooms all charts over time, and a double click shows a
     await page.mouse.click(x + width / 2, y + height / 2, { count: 2 });
     await page.mouse.move(2, 2);
     await settled(page);
+    // Clicks in the map also choose a paddle, and so its curves are others.
+    const kept = Object.keys(before).filter((where) => selector === point || !/signal|velocity/.test(where));
     const range = await timeCharts(page);
-    for (const where of Object.keys(before)) assert.equal(range[where], before[where], `${where} after a double click`);
+    for (const where of kept) assert.equal(range[where], before[where], `${where} after a double click`);
   }
   assert.deepEqual(page.problems, []);
 });
@@ -75,7 +77,7 @@ test('a time chosen in a chart is shown by the field', async () => {
 
 test('the heat map has many colours', async () => {
   const page = await opened();
-  const { colours } = await pixels(page, map);
+  const { colours } = await pixels(page, '.map-host');
   assert.ok(colours > 100, `${colours} colours`);
 });
 
@@ -92,26 +94,36 @@ test('tabs show one bank each', async () => {
   assert.deepEqual(await shownPanel(), [true, false]);
 });
 
-test('every button for a picture or a table saves one', async () => {
-  const page = await opened();
-  const labels = await page.$$eval('button[aria-label^="Save"]', (all) =>
+// The buttons that save something, in the order of the page.
+function saveButtons(page) {
+  return page.$$eval('button[aria-label^="Save"]', (all) =>
     all.map((one, i) => {
       one.dataset.save = String(i);
-      return { id: one.closest('section').id, text: one.textContent, shown: one.getClientRects().length > 0 };
+      return `${one.closest('section').id}.${one.textContent.toLowerCase()}`;
     }),
   );
-  assert.ok(labels.length >= 10, `${labels.length} buttons`);
-  for (const [i, { id, text, shown }] of labels.entries()) {
-    if (!shown) continue;
-    const name = `${id}.${text.toLowerCase()}`;
-    const bytes = await download(page, () => page.$eval(`[data-save="${i}"]`, (one) => one.click()), name);
-    if (text === 'PNG') {
-      assert.ok(isPng(bytes), name);
-    } else {
-      const [head, first] = bytes.toString().split(/\r?\n/);
-      assert.ok(head.includes(','), `${name}: ${head}`);
-      assert.ok(/\d/.test(first), `${name}: ${first}`);
+}
+
+test('every button for a picture or a table saves one', async () => {
+  const atOnce = 8; // a browser takes only some files from one page before it asks
+  let page = await opened();
+  const names = await saveButtons(page);
+  assert.ok(names.length >= 20, `${names.length} buttons`);
+  for (const [i, name] of names.entries()) {
+    if (i > 0 && i % atOnce === 0) {
+      assert.deepEqual(page.problems, []);
+      await page.close();
+      page = await opened();
+      assert.deepEqual(await saveButtons(page), names);
     }
+    const bytes = await download(page, () => page.$eval(`[data-save="${i}"]`, (one) => one.click()), name);
+    if (name.endsWith('.png')) {
+      assert.ok(isPng(bytes), name);
+      continue;
+    }
+    const [head, first] = bytes.toString().split(/\r?\n/);
+    assert.ok(head.includes(','), `${name}: ${head}`);
+    assert.ok(/\d/.test(first), `${name}: ${first}`);
   }
   assert.deepEqual(page.problems, []);
 });

@@ -1,11 +1,14 @@
 // What the pixels of a canvas say.
 
-// Of the first canvas in `selector`: its size, the number of its colours, the greatest difference
+// Of the first canvas in `selector`, or of the canvas `selector` itself: its size, the number of its colours, the greatest difference
 // between the red, green and blue of a pixel, and a number that changes with any pixel.
 export function pixels(page, selector) {
-  return page.$eval(`${selector} canvas, canvas${selector}`, (canvas) => {
+  return page.$eval(`${selector} canvas, canvas:is(${selector})`, (canvas) => {
     const { width, height } = canvas;
-    const { data } = canvas.getContext('2d').getImageData(0, 0, width, height);
+    // A copy, because the browser complains about canvases that are read often.
+    const copy = new OffscreenCanvas(width, height).getContext('2d', { willReadFrequently: true });
+    copy.drawImage(canvas, 0, 0);
+    const { data } = copy.getImageData(0, 0, width, height);
     const colours = new Set();
     let tint = 0;
     let sum = 0;
