@@ -9,7 +9,7 @@ export type Draw = (ctx: CanvasRenderingContext2D, width: number, height: number
 export class SharpCanvas {
   readonly canvas = element('canvas', 'sharp');
   private seen = true; // on the screen or near it
-  private stale = false; // changed while it was not seen
+  protected stale = false; // changed while it was not seen
 
   // `heightFor` gives the height for a width; both and the coordinates of `draw` are CSS pixels.
   // The canvas is drawn again after changes of the view, of the scheme and of its own width.

@@ -8,7 +8,7 @@ export class StillCanvas extends SharpCanvas {
   override redraw(): void {
     const printing = document.documentElement.dataset.print !== undefined;
     const look = [this.width, printing, colour('paper'), window.devicePixelRatio].join(' ');
-    if (look === this.drawn) return;
+    if (look === this.drawn && !this.stale) return;
     this.drawn = look;
     super.redraw();
   }
