@@ -1,6 +1,7 @@
 #include "outputs/page_texts.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <fstream>
 #include <iterator>
@@ -46,7 +47,11 @@ std::string read_text(const PageSource& source, const std::string& name) {
   if (!source.has(name)) return "";
   errno = 0;
   std::ifstream in(source.path(name), std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  std::string text;
+  std::array<char, 1 << 16> block{};
+  while (in.read(block.data(), block.size()) || in.gcount() > 0) {
+    text.append(block.data(), static_cast<std::size_t>(in.gcount()));
+  }
   if (!in.is_open() || in.bad()) cannot_read(source.shown(name), errno == 0 ? EIO : errno);
   return text;
 }
