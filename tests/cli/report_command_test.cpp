@@ -58,8 +58,7 @@ TEST_F(ReportCommand, GoesOnAfterAFolderThatIsNone) {
   const Ran ran = run({"report", "none", ".", "a.out"});
   EXPECT_EQ(ran.code, 2);
   EXPECT_EQ(ran.out, "Page: a.out/report.html\n");
-  EXPECT_EQ(ran.err, "error: none" + not_results + "\nerror: ." +
-                         not_results + "\n");
+  EXPECT_EQ(ran.err, "error: none" + not_results + "\nerror: ." + not_results + "\n");
   EXPECT_FALSE(page().empty());
 }
 
