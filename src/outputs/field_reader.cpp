@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "outputs/cannot_read.h"
+
 namespace Outputs {
 namespace {
 
@@ -19,6 +21,8 @@ FieldReader::FieldReader(const PageSource& source, std::size_t frames, const Fie
       y_(y),
       eta_(file_.variable("eta", {frames, y.count, x.count})),
       scale_(file_.attribute(eta_, "scale_factor")) {
+  if (!(scale_ > 0.0))
+    throw CannotRead{source.shown("field.nc") + ": its scale_factor is not positive"};
   file_.keep_chunks(eta_, most_kept);
 }
 

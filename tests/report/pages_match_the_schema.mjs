@@ -67,12 +67,20 @@ function checkRefusals(name, data) {
 rmSync(folder, { recursive: true, force: true });
 mkdirSync(folder, { recursive: true });
 const jobs = readdirSync(join(examples, 'jobs')).filter((name) => name.endsWith('.toml'));
+
+function run(job, name, ...outputs) {
+  const out = join(folder, name);
+  const settings = outputs.flatMap((output) => ['--set', `outputs.${output}=false`]);
+  execFileSync(kelpbox, ['run', join(examples, 'jobs', job), '--out', out, '--quiet', ...settings]);
+  return checkPage(name, out);
+}
+
 for (const job of jobs) {
   const name = basename(job, '.toml');
-  const out = join(folder, name);
-  execFileSync(kelpbox, ['run', join(examples, 'jobs', job), '--out', out, '--quiet', '--set', 'outputs.csv=false']);
-  const data = checkPage(name, out);
+  const data = run(job, name, 'csv');
   if (job === jobs[0]) checkRefusals(name, data);
 }
-console.log(`${jobs.length} pages, ${failures} failures`);
+run(jobs[0], 'without_signals', 'csv', 'netcdf');
+run(jobs[0], 'without_netcdf', 'netcdf');
+console.log(`${jobs.length + 2} pages, ${failures} failures`);
 process.exit(failures === 0 && jobs.length > 0 ? 0 : 1);
