@@ -9,7 +9,7 @@
 
 namespace Outputs {
 
-// Every how manieth point and frame is kept, and how many frames are kept at most.
+// Keeps every x-th and y-th point of every time-th frame, and so many frames at most.
 struct FieldThinning {
   std::size_t x = 1;
   std::size_t y = 1;

@@ -19,7 +19,7 @@ struct PageFacts {
 // From summary.json. Throws a nlohmann::json::exception if it lacks them.
 PageFacts page_facts(const nlohmann::ordered_json& summary);
 
-// Of so many samples, every how manieth is kept so that at least 10 of them remain per period.
+// The n for which keeping every n-th sample leaves at least 10 per period, and no larger n does.
 std::size_t thinning(double rate, double frequency);
 
 // The number of samples that remain.
