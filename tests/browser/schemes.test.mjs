@@ -67,6 +67,8 @@ test('after printing the page is as before', async () => {
   const page = await printing('focused_group', 'light');
   await page.emulateMediaType('screen');
   await page.evaluate(() => window.dispatchEvent(new Event('afterprint')));
+  await page.$eval('#field', (section) => section.scrollIntoView());
+  await settled(page);
   await settled(page);
   const field = (await allPixels(page)).find(({ where }) => where === 'field');
   assert.ok(field.tint > 80, 'in colours again');
