@@ -18,7 +18,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::size_t most_samples = 1'200'000;
+constexpr std::size_t most_samples = 1'000'000;
 
 struct BankMotion {
   std::vector<double> highest;

@@ -18,7 +18,7 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Counts = std::vector<std::int16_t>;
 
-constexpr std::size_t most_values = 2'000'000;
+constexpr std::size_t most_values = 1'700'000;
 constexpr std::size_t longest_still = 300;  // points in each direction
 // Finer than any colour scale shows, and small enough to compress well.
 constexpr double largest_count = 1000.0;

@@ -1,6 +1,7 @@
 #include "outputs/write_page.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -15,6 +16,23 @@
 
 namespace Outputs {
 namespace {
+
+// Holds back Ctrl-C for the moment in which it would leave an unfinished file behind.
+class HeldSignals {
+ public:
+  HeldSignals() {
+    sigset_t held;
+    sigemptyset(&held);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&held, number);
+    pthread_sigmask(SIG_BLOCK, &held, &before_);
+  }
+  ~HeldSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  HeldSignals(const HeldSignals&) = delete;
+  HeldSignals& operator=(const HeldSignals&) = delete;
+
+ private:
+  sigset_t before_ = {};
+};
 
 // A file that is removed unless it is moved to its place.
 class Unfinished {
@@ -53,8 +71,10 @@ class Unfinished {
 
 void write_page(const PageSource& source, const Progress& progress) {
   const PageText data = page_json(source, progress);
+  const std::string text = filled_shell(data.title, data.json);
+  const HeldSignals held;
   Unfinished file(source.path(unfinished_page()), source.shown("report.html"));
-  file.write(filled_shell(data.title, data.json));
+  file.write(text);
   file.move_to(source.path("report.html"));
 }
 
