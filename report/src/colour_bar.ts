@@ -20,7 +20,8 @@ export function drawColourBar(ctx: CanvasRenderingContext2D, bar: ColourBar): vo
   ctx.save();
   for (let i = 0; i < length; ++i) {
     ctx.fillStyle = scaleColour(bar.scale, length > 1 ? i / (length - 1) : 0.5);
-    const size = Math.min(1, length - i);
+    // Each line reaches below the next one, so that the ground does not show between them.
+    const size = Math.min(2, length - i);
     if (stands) ctx.fillRect(bar.x, bar.y + bar.height - i - size, bar.width, size);
     else ctx.fillRect(bar.x + i, bar.y, size, bar.height);
   }

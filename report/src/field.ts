@@ -4,7 +4,7 @@ import type { ScaleKind } from './colours';
 import { drawFieldChart, fieldHeight, timeText, type FieldChart } from './field_drawing';
 import { FieldPicture } from './field_picture';
 import { FieldPlayer } from './field_player';
-import { fieldCaption, frameCsv, frameText } from './field_text';
+import { fieldCaption, frameCsv, frameText, heightText } from './field_text';
 import { chartFrame, element } from './frame';
 import type { Page, Part } from './page';
 import { SharpCanvas } from './sharp_canvas';
@@ -54,7 +54,7 @@ export const fieldPart: Part = async (page: Page) => {
 
   let pointer: [number, number] | undefined;
   const read = (): void => {
-    readout.textContent = pointer && fitted ? heightText(picture, view.time, fitted.metres(...pointer)) : '';
+    readout.textContent = pointer && fitted ? hoverText(picture, view.time, fitted.metres(...pointer)) : '';
   };
   canvas.canvas.addEventListener('pointermove', (event) => {
     pointer = [event.offsetX, event.offsetY];
@@ -77,16 +77,17 @@ export function usualRange(largest: number): number {
 function ranges(largest: number): [string, string][] {
   const all = usualRange(largest);
   const choices: [string, string][] = [[`± ${lengthText(all)} (all)`, String(all)]];
-  for (let range = roundStep(all / 2); choices.length < 5; range = roundStep(range / 2.01)) {
-    if (range < 0.9 * all) choices.push([`± ${lengthText(range, 2)}`, String(range)]);
+  // A third of 1, 2 or 5 is below the next smaller of them, and above the one after.
+  for (let range = roundStep(all / 3); choices.length < 5; range = roundStep(range / 3)) {
+    if (range < 0.9 * all) choices.push([`± ${lengthText(range, 1)}`, String(range)]);
   }
   return choices;
 }
 
-function heightText(picture: FieldPicture, time: number, [x, y]: [number, number]): string {
+function hoverText(picture: FieldPicture, time: number, [x, y]: [number, number]): string {
   const height = picture.heightAt(x, y, time);
   const at = `x ${x.toFixed(2)} m, y ${y.toFixed(2)} m, at ${timeText(picture.nearest(time), picture.rate)}`;
-  return Number.isNaN(height) ? `${at}: not in the field` : `${at}: ${lengthText(height)}`;
+  return Number.isNaN(height) ? `${at}: not in the field` : `${at}: ${heightText(height)}`;
 }
 
 function choice(name: string, options: [string, string][], act: (value: string) => void): HTMLElement {

@@ -21,6 +21,7 @@ export interface FieldChart {
 const margin = { left: 58, right: 86, top: 30, bottom: 42 };
 const plainMargin = { left: 6, right: 6, top: 24, bottom: 6 };
 
+const least = 96; // pixels across a narrow flume, so that texts have room
 const rim = 5; // of light ground around the tank
 
 // How far the chart of a page reaches.
@@ -38,7 +39,7 @@ export function fieldHeight(page: Page, width: number, most: number, plain = fal
   const { x, y } = fieldExtent(page);
   const across = Math.max(width - around.left - around.right, 40);
   const natural = (across * (y[1] - y[0])) / (x[1] - x[0]);
-  return Math.round(Math.min(Math.max(natural, 60), most) + around.top + around.bottom);
+  return Math.round(Math.min(Math.max(natural, plain ? 40 : least), most) + around.top + around.bottom);
 }
 
 export function drawFieldChart(ctx: CanvasRenderingContext2D, width: number, height: number, chart: FieldChart): Fit {
@@ -51,7 +52,7 @@ export function drawFieldChart(ctx: CanvasRenderingContext2D, width: number, hei
     height: Math.max(height - around.top - around.bottom, 20),
   };
   const extent = fieldExtent(page);
-  const fitted = fit(extent, box);
+  const fitted = fit(extent, box, chart.plain ? 40 : least);
   const { grey } = page.view;
   paintWater(ctx, fitted, chart);
   ctx.font = font(chart.plain ? 10 : 12);
@@ -134,14 +135,14 @@ function drawScaleBar(ctx: CanvasRenderingContext2D, fitted: Fit): void {
   ctx.stroke();
   ctx.textAlign = 'right';
   ctx.textBaseline = 'middle';
-  ctx.fillText(lengthText(metres, 1).replace(/^1000 mm$/, '1 m'), left - 6, y);
+  ctx.fillText(lengthText(metres, 1), left - 6, y);
 }
 
 function drawLegend(ctx: CanvasRenderingContext2D, fitted: Fit, width: number, range: number, kind: ScaleKind): void {
   const inMm = range < 1;
   const factor = inMm ? 1000 : 1;
   const limit = range * factor;
-  const round = ticks(-limit, limit, Math.max(2, fitted.height / 30));
+  const round = ticks(-limit, limit, Math.max(4, fitted.height / 30));
   drawColourBar(ctx, {
     x: Math.min(fitted.x + fitted.width + 18, width - margin.right + 18),
     y: fitted.y,
@@ -150,7 +151,7 @@ function drawLegend(ctx: CanvasRenderingContext2D, fitted: Fit, width: number, r
     scale: scale(kind),
     from: -limit,
     to: limit,
-    ticks: round.values.map((value) => ({ value, text: round.label(value) })),
+    ticks: round.values.map((value) => ({ value, text: round.label(value).replace('-', '−') })),
     title: `elevation in ${inMm ? 'mm' : 'm'}`,
   });
 }

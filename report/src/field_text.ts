@@ -27,9 +27,12 @@ export function thinningText(field: Field): string {
 }
 
 export function fieldCaption(field: Field): string {
-  const range = `from ${lengthText(field.lowest)} to ${lengthText(field.highest)}`;
+  const range = `from ${heightText(field.lowest)} to ${heightText(field.highest)}`;
   return `Water surface at ${plainNumber(field.rate)} frames per second, ${range} over all frames of the run. ${thinningText(field)}`;
 }
+
+// Above still water, with a real minus sign.
+export const heightText = (metres: number): string => lengthText(metres).replace('-', '−');
 
 // The frame at a time, for those who cannot see it.
 export function frameText(picture: FieldPicture, time: number): string {
@@ -48,7 +51,7 @@ export function frameText(picture: FieldPicture, time: number): string {
 function placed(picture: FieldPicture, heights: Float32Array, index: number): string {
   const x = picture.x.from + picture.x.step * (index % picture.x.count);
   const y = picture.y.from + picture.y.step * Math.floor(index / picture.x.count);
-  return `${lengthText(heights[index])} at x ${x.toFixed(2)} m, y ${y.toFixed(2)} m`;
+  return `${heightText(heights[index])} at x ${x.toFixed(2)} m, y ${y.toFixed(2)} m`;
 }
 
 export function frameCsv(picture: FieldPicture, time: number): string {

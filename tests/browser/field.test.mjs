@@ -117,7 +117,7 @@ test('hovering tells place and height', async () => {
   await page.mouse.move(box.x + box.width / 2, box.y + box.height / 2);
   await settled(page);
   const text = await page.$eval('#field .readout', (line) => line.textContent);
-  assert.match(text, /^x \d+\.\d\d m, y \d+\.\d\d m, at [\d.]+ s: -?[\d.]+ mm$/);
+  assert.match(text, /^x \d+\.\d\d m, y \d+\.\d\d m, at [\d.]+ s: −?[\d.]+ mm$/);
 });
 
 test('a still shows its moment in the field', async () => {
@@ -154,3 +154,12 @@ test('the picture is saved as PNG', async () => {
   const [width, height] = pngSize(png);
   assert.ok(width > 1000 && height > 400, `${width} x ${height}`);
 });
+
+for (const name of ['short_crested', 'focused_group', 'looks', 'flume_field']) {
+  test(`the ranges of ${name} become smaller`, async () => {
+    const page = await open(name);
+    const ranges = await page.$eval('#field label:nth-of-type(3) select', (select) => [...select.options].map((option) => Number(option.value)));
+    assert.equal(ranges.length, 5);
+    for (let i = 1; i < ranges.length; ++i) assert.ok(ranges[i] < ranges[i - 1] && ranges[i] > 0, ranges.join(' '));
+  });
+}

@@ -9,8 +9,8 @@ import { allPixels } from './support/pixels.mjs';
 
 after(closeBrowser);
 
-const names = ['short_crested', 'focused_group', 'crossed_seas', 'beach_jonswap', 'thousand', 'looks', 'hostile',
-  'nan_in_points', 'one_sample', 'one_place', 'hostile_results'];
+const names = ['short_crested', 'focused_group', 'crossed_seas', 'beach_jonswap', 'thousand', 'looks', 'flume_field',
+  'hostile', 'nan_in_points', 'one_sample', 'one_place', 'hostile_results'];
 
 for (const name of names) {
   test(`${name} opens without errors and requests`, async () => {

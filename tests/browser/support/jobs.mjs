@@ -2,6 +2,7 @@
 import { mkdirSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { evil, evilBare } from './evil.mjs';
+import { root } from './folders.mjs';
 import { siteText } from './site_text.mjs';
 
 const quoted = (text) => JSON.stringify(text);
@@ -15,7 +16,7 @@ function put(folder, name, text) {
 
 // Writes the jobs with all they need, and gives the path of each by the name of its page.
 export function writeJobs(folder) {
-  return { thousand: thousand(folder), looks: looks(folder), hostile: hostile(folder) };
+  return { thousand: thousand(folder), looks: looks(folder), hostile: hostile(folder), flume_field: flumeField(folder) };
 }
 
 function thousand(folder) {
@@ -61,6 +62,29 @@ y = "2 m"
 rate = "4 Hz"
 x = { from = "0 m", to = "10 m", step = "0.5 m" }
 y = { from = "0 m", to = "4 m", step = "0.5 m" }
+`);
+}
+
+// One paddle, and a field of two rows.
+function flumeField(folder) {
+  return put(folder, 'flume_field.toml', `title = "A regular wave in the flume"
+site = ${quoted(join(root, 'examples/flume.site'))}
+[run]
+repeat = "20 s"
+[[sea]]
+holds = { x = "9 m" }
+  [[sea.wave]]
+  kind = "single"
+  f = "0.5 Hz"
+  a = "30 mm"
+[[point]]
+name = "flat"
+x = "9 m"
+y = "0.4 m"
+[field]
+rate = "10 Hz"
+x = { from = "0 m", to = "25 m", step = "0.25 m" }
+y = { from = "0 m", to = "0.8 m", step = "0.8 m" }
 `);
 }
 
