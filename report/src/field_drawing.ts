@@ -18,7 +18,7 @@ export interface FieldChart {
   plain?: boolean; // without axes and legend: one of several frames
 }
 
-const margin = { left: 58, right: 86, top: 30, bottom: 42 };
+const margin = { left: 58, right: 94, top: 30, bottom: 42 };
 const plainMargin = { left: 6, right: 6, top: 24, bottom: 6 };
 
 const least = 96; // pixels across a narrow flume, so that texts have room
