@@ -15,7 +15,7 @@ export function ticks(from: number, to: number, most = 6): Ticks {
   const values: number[] = [];
   const last = Math.floor(to / step + 1e-6);
   for (let i = Math.ceil(from / step - 1e-6); i <= last; ++i) values.push(Number((i * step).toFixed(decimals)));
-  return { values, step, label: (value) => value.toFixed(decimals) };
+  return { values, step, label: (value) => minus(value.toFixed(decimals)) };
 }
 
 // The smallest of 1, 2, 5, 10, 20, 50, ... (and 0.5, 0.2, 0.1, ...) that is not below `least`.
@@ -25,14 +25,24 @@ export function roundStep(least: number): number {
   return times * power;
 }
 
+// The sign of numbers that are shown. Files have the plain hyphen.
+export function minus(text: string): string {
+  return text.replaceAll('-', '−');
+}
+
+// The same in texts of the run: a hyphen between letters, or between two numbers, stays.
+export function withMinus(text: string): string {
+  return text.replace(/(^|[\s(])-(?=[\d.])/g, '$1−');
+}
+
 // A number with a few significant digits and without an exponent where that is readable: "0.157",
 // "12.3", "1234". NaN, null and infinity give a dash.
 export function plainNumber(value: number | null | undefined, digits = 3): string {
   if (value === null || value === undefined || !isFinite(value)) return '–';
   if (value === 0) return '0';
   const size = Math.floor(Math.log10(Math.abs(value)));
-  if (size < -4 || size > 6) return value.toExponential(digits - 1);
-  return String(Number(value.toPrecision(Math.max(digits, size + 1))));
+  if (size < -4 || size > 6) return minus(value.toExponential(digits - 1));
+  return minus(String(Number(value.toPrecision(Math.max(digits, size + 1)))));
 }
 
 // A length in the unit that suits it: "78.5 mm", "2 m".

@@ -1,5 +1,5 @@
 // The signals of one bank, decoded, with what the summary says about it.
-import { plainNumber } from './axis_ticks';
+import { minus, plainNumber } from './axis_ticks';
 import type { Mark } from './chart_types';
 import type { BankSignals, PageData, Plan, SummaryBank } from './data';
 import { unpack, type Counts } from './packed';
@@ -61,7 +61,7 @@ export function paddleNumber(bank: BankData, paddle: number): number {
 export function paddleName(bank: BankData, paddle: number): string {
   const x = bank.plan?.paddles.x[paddle];
   const y = bank.plan?.paddles.y[paddle];
-  const place = x === undefined || y === undefined ? '' : ` at x ${x.toFixed(1)} m, y ${y.toFixed(1)} m`;
+  const place = x === undefined || y === undefined ? '' : minus(` at x ${x.toFixed(1)} m, y ${y.toFixed(1)} m`);
   return `paddle ${paddleNumber(bank, paddle)}${place}`;
 }
 

@@ -1,5 +1,6 @@
 // The table of what was asked and what is made. Rows that need a look come first.
-import { plainNumber } from './axis_ticks';
+import { turnBetween } from './angles';
+import { plainNumber, withMinus } from './axis_ticks';
 import type { Finding } from './data';
 import { chartFrame, element } from './frame';
 import { csvLine } from './csv';
@@ -86,7 +87,7 @@ function findingRow(finding: Finding): HTMLElement {
   const row = element('tr', finding.verdict === 'look' ? 'is-bad' : '');
   const name = element('th', 'of-quantity', finding.quantity);
   name.scope = 'row';
-  if (finding.remark) name.append(element('span', 'remark', finding.remark));
+  if (finding.remark) name.append(element('span', 'remark', withMinus(finding.remark)));
   const verdict = element('td', `of-verdict ${finding.verdict === 'good' ? 'is-good' : ''}`);
   if (word) {
     const mark = element('span', 'mark', finding.verdict === 'good' ? '✓' : '▲');
@@ -98,7 +99,7 @@ function findingRow(finding: Finding): HTMLElement {
     element('td', 'of-asked', unbroken(finding.asked_text)),
     element('td', 'of-made', unbroken(finding.made_text)),
     element('td', 'of-difference', unbroken(difference(finding))),
-    element('td', 'of-criterion', finding.criterion),
+    element('td', 'of-criterion', withMinus(finding.criterion)),
     verdict,
   );
   return row;
@@ -106,7 +107,8 @@ function findingRow(finding: Finding): HTMLElement {
 
 // A number stays on one line with its unit.
 function unbroken(text: string): string {
-  return text.length <= 13 ? text.replaceAll(' ', '\u00a0') : text;
+  const shown = withMinus(text);
+  return shown.length <= 13 ? shown.replaceAll(' ', '\u00a0') : shown;
 }
 
 // Angles differ in degrees, all else in percent of what was asked.
@@ -114,7 +116,7 @@ export function difference({ asked, made, units }: Finding): string {
   if (asked === null || made === null) return '';
   const angle = units === 'rad';
   if (!angle && asked === 0) return '';
-  const value = angle ? ((made - asked) * 180) / Math.PI : (100 * (made - asked)) / Math.abs(asked);
+  const value = angle ? (turnBetween(asked, made) * 180) / Math.PI : (100 * (made - asked)) / Math.abs(asked);
   const text = Math.abs(value) >= 100 ? plainNumber(Math.abs(value)) : Math.abs(value).toFixed(1);
   const sign = Number(text) === 0 ? '' : value < 0 ? '−' : '+';
   return `${sign}${text} ${angle ? 'deg' : '%'}`;

@@ -1,4 +1,5 @@
 // The head of the page: title, site, the sea in numbers, the verdict in words.
+import { withMinus } from './axis_ticks';
 import type { Summary, SummarySea } from './data';
 import { element } from './frame';
 import type { Part } from './page';
@@ -27,7 +28,7 @@ function seas({ seas, run }: Summary): HTMLElement {
 }
 
 function sentence(sea: SummarySea): string {
-  return sea.sentence || sea.waves.join(' + ') || 'no waves';
+  return withMinus(sea.sentence || sea.waves.join(' + ') || 'no waves');
 }
 
 function verdict(summary: Summary): HTMLElement {

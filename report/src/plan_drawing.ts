@@ -1,4 +1,5 @@
 // Draws the plan: water or a sketch of crests, the tank, arrows of direction, axes and scales.
+import { degreesText, turnBetween } from './angles';
 import { drawArrow } from './arrow';
 import { ticks } from './axis_ticks';
 import { drawColourBar } from './colour_bar';
@@ -96,8 +97,7 @@ function drawDirections(ctx: CanvasRenderingContext2D, { wave, picture }: PlanCo
     return [from[0] + ((px - from[0]) / size) * length, from[1] + ((py - from[1]) / size) * length];
   };
   const length = Math.max(45, Math.min(90, 0.2 * fitted.width));
-  const degrees = (angle: number): string => ((angle * 180) / Math.PI).toFixed(1).replace('-', '−');
-  if (asked !== undefined && Math.abs(asked - direction) > 0.03) {
+  if (asked !== undefined && Math.abs(turnBetween(asked, direction)) > 0.03) {
     drawArrow(ctx, from, reach(asked, length), { ink: colour('series-2'), ground, dash: [6, 4], width: 2 });
   }
   const tip = reach(direction, length);
@@ -106,7 +106,7 @@ function drawDirections(ctx: CanvasRenderingContext2D, { wave, picture }: PlanCo
   ctx.font = font(12, 600);
   ctx.textAlign = tip[0] < from[0] ? 'right' : 'left';
   ctx.textBaseline = 'middle';
-  haloText(ctx, `${degrees(direction)}°`, tip[0] + (tip[0] < from[0] ? -7 : 7), tip[1], ink, ground);
+  haloText(ctx, degreesText(direction), tip[0] + (tip[0] < from[0] ? -7 : 7), tip[1], ink, ground);
   ctx.restore();
 }
 
@@ -143,7 +143,7 @@ function drawHeights(
     scale: scale(grey ? 'grey' : 'diverging'),
     from: -range,
     to: range,
-    ticks: marks.values.map((value) => ({ value, text: marks.label(value).replace('-', '−') })),
+    ticks: marks.values.map((value) => ({ value, text: marks.label(value) })),
     title: 'height above still water in mm',
   });
 }

@@ -1,5 +1,6 @@
 // What the plan shows, in words and numbers.
-import { lengthText, plainNumber } from './axis_ticks';
+import { degreesText, turnBetween } from './angles';
+import { lengthText, minus, plainNumber } from './axis_ticks';
 import type { Plan } from './data';
 import { depthAt } from './depth_at';
 import { waveNumber, type MainWave } from './main_wave';
@@ -23,7 +24,7 @@ export function planCaption({ plan, extent, picture, wave, view, summary }: Plan
 
 // x, y, depth and height at a place, with units.
 export function placeText({ plan, picture, view }: PlanContent, { x, y }: Place): string {
-  const values = [`x ${x.toFixed(2)} m`, `y ${y.toFixed(2)} m`];
+  const values = [minus(`x ${x.toFixed(2)} m`), minus(`y ${y.toFixed(2)} m`)];
   const depth = depthAt(plan, x);
   if (isFinite(depth)) values.push(`depth ${lengthText(depth)}`);
   if (picture) {
@@ -64,9 +65,8 @@ function sketchText(plan: Plan, period: number): string {
 }
 
 function arrowText({ direction, asked }: MainWave): string {
-  const degrees = (angle: number): string => `${((angle * 180) / Math.PI).toFixed(1).replace('-', '−')}°`;
-  const dashed = asked !== undefined && Math.abs(asked - direction!) > 0.03 ? `, asked ${degrees(asked)} (dashed)` : '';
-  return `Arrow: mean direction ${degrees(direction!)}${dashed}, where 0° is along x and 90° along y.`;
+  const dashed = asked !== undefined && Math.abs(turnBetween(asked, direction!)) > 0.03 ? `, asked ${degreesText(asked)} (dashed)` : '';
+  return `Arrow: mean direction ${degreesText(direction!)}${dashed}, where 0° is along x and 90° along y.`;
 }
 
 function seconds(time: number): string {
