@@ -1,6 +1,6 @@
 // Turns a chart into options of uPlot.
 import uPlot from 'uplot';
-import { plainNumber } from './axis_ticks';
+import { minus, plainNumber } from './axis_ticks';
 import { lineLook, markLook, type ChartAxis, type Line, type LineChartData, type Palette } from './chart_types';
 import { named } from './csv_table';
 
@@ -28,6 +28,7 @@ export function chartOptions(data: LineChartData, drawing: Drawing): uPlot.Optio
     cursor: {
       y: false,
       drag: { x: true, y: false, setScale: false, dist: 4 },
+      hover: { prox: 12 },
       points: { size: 7, fill: palette.paper, width: 2 },
     },
     hooks: {
@@ -56,7 +57,8 @@ function axis({ name, unit, text }: ChartAxis, palette: Palette, k: number): uPl
     incrs: roundSteps,
     values: (_plot, splits, _axis, _space, step) =>
       splits.map(
-        (value) => text?.(value) ?? value.toFixed(Math.min(9, Math.max(0, -Math.floor(Math.log10(step) + 1e-9)))),
+        (value) => text?.(value) ??
+          minus(value.toFixed(Math.min(9, Math.max(0, -Math.floor(Math.log10(step) + 1e-9))))),
       ),
   };
 }

@@ -1,7 +1,7 @@
 // A line chart: uPlot with legend, keys, links to other charts, and pictures for PNG and print.
 import uPlot from 'uplot';
 import './charts.css';
-import { plainNumber } from './axis_ticks';
+import { minus, plainNumber } from './axis_ticks';
 import { KEYS, stretchKeys } from './chart_keys';
 import { chartOptions } from './chart_options';
 import { chartPicture } from './chart_picture';
@@ -10,8 +10,11 @@ import { alignedData } from './aligned';
 import { csvTable } from './csv_table';
 import { button, element, type ChartFrame } from './frame';
 import { Legend } from './legend';
+import { valueAt } from './line_value';
 import { reset } from './stretch';
 import type { View } from './view';
+
+const NEAR = 10; // pixels from the mouse to a sample that stands alone
 
 export class LineChart {
   readonly root = element('div', 'line-chart');
@@ -159,19 +162,19 @@ export class LineChart {
     const { x, y, lines, stretch } = this.data;
     const { plot } = this;
     if (!plot) return;
-    const hover = (plot.cursor.left ?? -1) >= 0 ? plot.cursor.idxs : undefined;
-    const at = hover ? plot.posToVal(plot.cursor.left!, 'x') : stretch.at;
+    const hovers = (plot.cursor.left ?? -1) >= 0;
+    const at = hovers ? plot.posToVal(plot.cursor.left!, 'x') : stretch.at;
     if (Number.isNaN(at))
       return this.legend.read(
         '',
         lines.map(() => ''),
       );
-    const values = lines.map((_, i) => {
-      const index = hover ? hover[i + 1] : plot.valToIdx(at);
-      const value = index === null || index === undefined ? null : plot.data[i + 1][index];
-      return value === null || value === undefined ? '–' : `${plainNumber(value)} ${y.unit}`;
+    const reach = (NEAR * (stretch.to - stretch.from)) / Math.max(1, plot.over.clientWidth);
+    const values = lines.map((line) => {
+      const value = valueAt(line, x.values, at, reach);
+      return Number.isFinite(value) ? `${plainNumber(value)} ${y.unit}` : '–';
     });
     const digits = Math.max(0, Math.min(6, 3 - Math.floor(Math.log10(stretch.to - stretch.from))));
-    this.legend.read(`${x.name} ${x.text?.(Math.round(at)) ?? at.toFixed(digits)} ${x.unit}`.trim(), values);
+    this.legend.read(`${x.name} ${x.text?.(Math.round(at)) ?? minus(at.toFixed(digits))} ${x.unit}`.trim(), values);
   }
 }
