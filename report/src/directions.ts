@@ -118,7 +118,8 @@ function addConventions(frame: ChartFrame, choose: (convention: Convention) => v
 
 function cellText(energy: DirectionEnergy, { row, column }: Cell, convention: Convention): string {
   const { f, angle, density, made, asked, total } = energy;
-  const share = (value: number): string => `${plainNumber((100 * value) / total, 2)} %`;
+  // Shares without meaning are none.
+  const share = (value: number): string => `${value < 1e-6 * total ? 0 : plainNumber((100 * value) / total, 2)} %`;
   const all = asked ? `asked ${share(asked[column])}, made ${share(made[column])}` : share(made[column]);
   return (
     `${sectorText(angle, column, convention)}, ${plainNumber(f[row])} Hz to ${plainNumber(f[row + 1])} Hz: ` +
@@ -126,11 +127,11 @@ function cellText(energy: DirectionEnergy, { row, column }: Cell, convention: Co
   );
 }
 
-// From the lower to the higher of its edges: nautical degrees grow the other way.
+// The middle of a sector and its width: "10° (5° wide)".
 function sectorText(angle: number[], column: number, convention: Convention): string {
-  const edges = [angle[column], angle[column + 1]].map((edge) => `${degreesOf(edge, convention).toFixed(0).replace('-', '−')}°`);
-  if (convention === 'nautical') edges.reverse();
-  return edges.join(' to ');
+  const middle = Math.round(5 * (angle[column] + angle[column + 1]) * (180 / Math.PI)) / 10;
+  const width = ((angle[column + 1] - angle[column]) * 180) / Math.PI;
+  return `${plainNumber(degreesOf((middle * Math.PI) / 180, convention), 4)}° (${plainNumber(width)}° wide)`;
 }
 
 function captionOf(energy: DirectionEnergy, convention: Convention): string {

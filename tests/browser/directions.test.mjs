@@ -32,14 +32,15 @@ test('the chosen sector says its directions, frequencies and density', async () 
   const page = await open('short_crested');
   await press(page, 'ArrowUp');
   await press(page, 'ArrowDown'); // back to the densest
-  const found = /^(-?\d+)° to (-?\d+)°, ([\d.]+) Hz to ([\d.]+) Hz: ([\d.]+) mm²/.exec(await readout(page));
+  const found = /^(-?[\d.]+)° \(([\d.]+)° wide\), ([\d.]+) Hz to ([\d.]+) Hz: ([\d.]+) mm²/.exec(await readout(page));
   assert.ok(found, await readout(page));
-  const [low, high, from, to, shown] = found.slice(1).map(Number);
-  assert.ok(Math.abs(low - degrees(directions.angle[j])) <= 0.51 && Math.abs(high - degrees(directions.angle[j + 1])) <= 0.51);
+  const [middle, width, from, to, shown] = found.slice(1).map(Number);
+  assert.ok(Math.abs(middle - width / 2 - degrees(directions.angle[j])) < 0.01, await readout(page));
+  assert.ok(Math.abs(middle + width / 2 - degrees(directions.angle[j + 1])) < 0.01, await readout(page));
   assert.ok(Math.abs(from - directions.f[i]) < 0.006 && Math.abs(to - directions.f[i + 1]) < 0.006);
   assert.ok(Math.abs(shown - density) < 0.01 * density);
   await press(page, 'ArrowLeft');
-  assert.ok(Math.abs(Number((await readout(page)).split('°')[0]) - high) <= 1, 'left is anticlockwise');
+  assert.ok(Math.abs(Number((await readout(page)).split('°')[0]) - middle - width) < 0.01, 'left is anticlockwise');
 });
 
 test('nautical directions say where waves come from', async () => {
@@ -53,8 +54,8 @@ test('nautical directions say where waves come from', async () => {
   assert.notEqual((await pixels(page, '#directions')).sum, tank.sum);
   await press(page, 'ArrowUp');
   // Waves that go along +x come from 270 degrees.
-  const expected = (270 - degrees(directions.angle[j + 1]) + 360) % 360;
-  assert.ok(Math.abs(Number((await readout(page)).split('°')[0]) - expected) <= 0.51, await readout(page));
+  const expected = (270 - degrees(directions.angle[j] + directions.angle[j + 1]) / 2 + 360) % 360;
+  assert.ok(Math.abs(Number((await readout(page)).split('°')[0]) - expected) < 0.01, await readout(page));
   assert.equal(await nautical.evaluate((button) => button.getAttribute('aria-pressed')), 'true');
 });
 
@@ -63,11 +64,11 @@ test('the pointer finds the sector that the picture shows', async () => {
   await page.$eval('#directions', (section) => section.scrollIntoView());
   const canvas = await page.$('#directions canvas');
   const box = await canvas.boundingBox();
-  const middle = { x: box.x + box.height / 2, y: box.y + box.height / 2 }; // the plot is square, at the left
-  await page.mouse.move(middle.x + 60, middle.y - 60);
+  const centre = { x: box.x + box.height / 2, y: box.y + box.height / 2 }; // the plot is square, at the left
+  await page.mouse.move(centre.x + 60, centre.y - 60);
   await settled(page);
-  const [low, high] = /^(-?\d+)° to (-?\d+)°/.exec(await readout(page)).slice(1).map(Number);
-  assert.ok(low <= 45 && high >= 45, `${low} to ${high}`);
+  const [middle, width] = /^(-?[\d.]+)° \(([\d.]+)° wide\)/.exec(await readout(page)).slice(1).map(Number);
+  assert.ok(Math.abs(middle - 45) <= width / 2, `${middle}, ${width} wide`);
 });
 
 test('the saved table has all variance, and the sums by direction', async () => {
