@@ -171,7 +171,9 @@ export class DriveMap {
     const sample = Math.min(Math.max(Math.round(time * bank.of.rate), 0), bank.samples - 1);
     const value = bank.samples > 0 ? bank.signals.at(row * bank.samples + sample) : NaN;
     const [low, high] = bounds(bank);
-    const beyond = value > high || value < low ? ', beyond the limit' : '';
+    // A signal that is held at its limit may lie a step beyond by rounding.
+    const { step } = bank.signals;
+    const beyond = value > high + step || value < low - step ? ', beyond the limit' : '';
     const text = Number.isNaN(value) ? 'NaN' : excursion(bank, value) + beyond;
     this.readout.textContent = `${paddleName(bank, bank.of.paddles[row])}; time ${time.toFixed(2)} s; ${text}`;
   }

@@ -12,7 +12,7 @@ export function mapCells({ counts, shape }: Counts, from: number, to: number, ac
     const lowest = Math.floor((j * rows) / up);
     const end = Math.max(lowest + 1, Math.floor(((j + 1) * rows) / up));
     for (let i = 0; i < across; ++i) {
-      const start = Math.max(0, edges[i]);
+      const start = Math.max(0, Math.min(edges[i], samples - 1));
       const stop = Math.min(samples, Math.max(edges[i] + 1, edges[i + 1]));
       let most = -1;
       let value = NOTHING;

@@ -57,7 +57,8 @@ function cellPicture(
   // A whole number of pixels in each row, unless rows are narrower than a pixel.
   const tall = Math.max(1, Math.round((box.height * ratio) / rows));
   const up = Math.min(rows, Math.round(box.height * ratio));
-  const cells = mapCells(bank.signals, from * bank.of.rate, to * bank.of.rate, across, up);
+  // A sample stands for the times that are nearest to it.
+  const cells = mapCells(bank.signals, from * bank.of.rate + 0.5, to * bank.of.rate + 0.5, across, up);
   const canvas = document.createElement('canvas');
   canvas.width = across;
   canvas.height = up * tall;
