@@ -72,7 +72,7 @@ function caption(bank: BankData): string {
   const limits = `beyond the limits ${excursion(bank, low)} and ${excursion(bank, high)}`;
   const none = known ? ` No paddle goes ${limits}.` : '';
   const some =
-    ` ${beyond.length} of ${paddles} paddles go ${limits} (paddle ${counted}); ` +
+    ` ${beyond.length} of ${paddles} paddles go ${limits} (${beyond.length === 1 ? 'paddle' : 'paddles'} ${counted}); ` +
     'there the map is striped in black and yellow.';
   const limit = beyond.length > 0 ? some : none;
   const missing = of.highest.filter((highest) => !Number.isFinite(highest)).length;

@@ -39,7 +39,9 @@ export async function spectrumPart({ data, view }: Page): Promise<HTMLElement | 
       });
   });
 
-  const stretch = new OwnStretch(view, Math.max(0, limits[0] - 4 * band), limits[1] + 4 * band);
+  // Also what was asked for beyond the limits, and is not made.
+  const ends = [...limits, spectrum.f[0], spectrum.f[spectrum.f.length - 1]];
+  const stretch = new OwnStretch(view, Math.max(0, Math.min(...ends) - 4 * band), Math.max(...ends) + 4 * band);
   const chart: LineChartData = {
     title: 'Spectrum asked and made',
     x: { name: 'frequency', unit: 'Hz', values: spectrum.f },
@@ -58,7 +60,9 @@ export async function spectrumPart({ data, view }: Page): Promise<HTMLElement | 
       `At x ${plainNumber(at.x)} m, y ${plainNumber(at.y)} m. ${peak('Made', spectrum.f, spectrum.made)}` +
       (spectrum.asked ? ` ${peak('Asked', spectrum.f, spectrum.asked)}` : '') +
       sineText(spectrum.lines) +
-      ` Each value is the mean over ${spectrum.harmonics} harmonics (${plainNumber(band, 2)} Hz).` +
+      (spectrum.harmonics === 1
+        ? ` Each value is that of one harmonic; harmonics are ${plainNumber(band, 2)} Hz apart.`
+        : ` Each value is the mean over ${spectrum.harmonics} harmonics (${plainNumber(band, 2)} Hz).`) +
       ` The run makes waves from ${plainNumber(limits[0])} Hz to ${plainNumber(limits[1])} Hz.`,
     png: () => drawn.picture(),
     csv: () => drawn.csv(),
