@@ -191,7 +191,8 @@ export interface SeaSpectrum {
   lines: { f: number; a: number }[]; // sine waves that were asked for, at most 200
 }
 
-// Variance of the fronts at the paddles by frequency and direction.
+// Variance by frequency and direction, where the first sea holds. Sectors are 5 degrees wide, about
+// multiples of 5 degrees.
 export interface Directions {
   f: number[]; // Hz, edges: one more than rows
   angle: number[]; // rad, edges: one more than columns, over a full circle
