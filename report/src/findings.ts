@@ -5,6 +5,7 @@ import type { Finding } from './data';
 import { chartFrame, element } from './frame';
 import { csvLine } from './csv';
 import type { Part } from './page';
+import { counted } from './words';
 
 const groups: Record<string, string> = { sea: 'Sea', lost: 'Lost on the way', machine: 'Machine', waves: 'Waves' };
 const columns = ['quantity', 'asked', 'made', 'difference', 'criterion', 'verdict'];
@@ -32,7 +33,7 @@ export const moreFindingsPart: Part = async ({ data }) => {
   const section = element('section', 'more-findings');
   const fold = element('details');
   const good = minor.filter((finding) => finding.verdict === 'good').length;
-  const title = `${minor.length} more findings${good > 0 ? `, ${good} of them judged good` : ''}`;
+  const title = `${counted(minor.length, 'more finding')}${good > 0 ? `, ${good} of them judged good` : ''}`;
   fold.append(element('summary', '', title), table('More findings', grouped(minor)));
   section.append(fold);
   return section;
@@ -49,7 +50,7 @@ export function verdictWord({ verdict, key, group }: Finding): string {
 
 function caption(judged: number, looks: number, all: number): string {
   const good = judged - looks;
-  return `${all} findings: ${good} good, ${looks} to look at, ${all - judged} for information.`;
+  return `${counted(all, 'finding')}: ${good} good, ${looks} to look at, ${all - judged} for information.`;
 }
 
 function grouped(findings: Finding[]): HTMLElement[] {

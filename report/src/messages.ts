@@ -2,6 +2,7 @@
 import type { PageData } from './data';
 import { element } from './frame';
 import type { Part } from './page';
+import { counted } from './words';
 
 const most = 200; // remarks that are listed
 
@@ -39,7 +40,7 @@ function remarksOf({ summary }: PageData): { about: string; remark: string }[] {
 
 function lines(text: string): string {
   const count = text.trimEnd() === '' ? 0 : text.trimEnd().split('\n').length;
-  return `${count} line${count === 1 ? '' : 's'}`;
+  return counted(count, 'line');
 }
 
 // A text that a line unfolds. It can be scrolled with the keyboard.

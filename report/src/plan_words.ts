@@ -7,6 +7,7 @@ import { waveNumber, type MainWave } from './main_wave';
 import type { PlanContent } from './plan_drawing';
 import type { Place } from './tank_extent';
 import { shortText } from './sharp_canvas';
+import { counted } from './words';
 
 // `stretch` is how much longer a metre along y is drawn than one along x.
 export function planCaption({ plan, extent, picture, wave, view, summary }: PlanContent, stretch: number): string {
@@ -55,7 +56,7 @@ function tankText({ profile, banks }: Plan, extent: PlanContent['extent']): stri
 function pointsText(points: { name: string; x: number; y: number }[]): string {
   const named = points.slice(0, 3).map(({ name, x, y }) => `${shortText(name, 24)} (${plainNumber(x)} m, ${plainNumber(y)} m)`);
   const more = points.length > 3 ? ` and ${points.length - 3} more` : '';
-  return `Crosses: ${named.join(', ')}${more}.`;
+  return `${points.length === 1 ? 'Cross' : 'Crosses'}: ${named.join(', ')}${more}.`;
 }
 
 function sketchText(plan: Plan, period: number): string {
@@ -71,8 +72,4 @@ function arrowText({ direction, asked }: MainWave): string {
 
 function seconds(time: number): string {
   return `${time.toFixed(1)} s`;
-}
-
-function counted(count: number, what: string): string {
-  return `${count} ${what}${count === 1 ? '' : 's'}`;
 }

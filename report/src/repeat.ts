@@ -3,6 +3,7 @@ import type { Summary, SummaryFile } from './data';
 import { element } from './frame';
 import { fold } from './messages';
 import type { Part } from './page';
+import { counted } from './words';
 
 export const repeatPart: Part = async ({ data }) => {
   const { summary } = data;
@@ -25,7 +26,7 @@ export const repeatPart: Part = async ({ data }) => {
   const files = summary.files ?? [];
   const inputs = summary.inputs.filter((input) => !files.some((file) => file.name === input.name));
   if (files.length + inputs.length > 0) {
-    section.append(checksums(`Checksums of ${files.length + inputs.length} files`, [...files, ...inputs]));
+    section.append(checksums(`Checksums of ${counted(files.length + inputs.length, 'file')}`, [...files, ...inputs]));
   }
   return section;
 };
@@ -38,12 +39,12 @@ function facts({ kelpbox, compiler, site, run, drive, field }: Summary): HTMLEle
   add('Program', `kelpbox ${kelpbox}, compiled by ${compiler}`);
   add('Site', [site.identity, site.file].filter(Boolean).join(', from '));
   add('Repeat', `${short(run.repeat)} s; harmonics ${run.lowest_harmonic} to ${run.highest_harmonic}`);
-  add('Waves', `${run.fronts} fronts${run.side_walls ? ', with reflections from the side walls' : ''}`);
+  add('Waves', `${counted(run.fronts, 'front')}${run.side_walls ? ', with reflections from the side walls' : ''}`);
   if (drive) {
     const limit = drive.stop_at_limit ? ', held at the limits of the machine' : '';
-    add('Signals', `${drive.samples} samples at ${short(drive.rate)} Hz, ramps of ${short(drive.ramp)} s${limit}`);
+    add('Signals', `${counted(drive.samples, 'sample')} at ${short(drive.rate)} Hz, ramps of ${short(drive.ramp)} s${limit}`);
   }
-  if (field) add('Wave field', `${field.frames} frames of ${field.x.count} x ${field.y.count} points at ${short(field.rate)} Hz`);
+  if (field) add('Wave field', `${counted(field.frames, 'frame')} of ${field.x.count} × ${field.y.count} points at ${short(field.rate)} Hz`);
   return list;
 }
 

@@ -60,9 +60,7 @@ export async function spectrumPart({ data, view }: Page): Promise<HTMLElement | 
       `At x ${plainNumber(at.x)} m, y ${plainNumber(at.y)} m. ${peak('Made', spectrum.f, spectrum.made)}` +
       (spectrum.asked ? ` ${peak('Asked', spectrum.f, spectrum.asked)}` : '') +
       sineText(spectrum.lines) +
-      (spectrum.harmonics === 1
-        ? ` Each value is that of one harmonic; harmonics are ${plainNumber(band, 2)} Hz apart.`
-        : ` Each value is the mean over ${spectrum.harmonics} harmonics (${plainNumber(band, 2)} Hz).`) +
+      bandText(spectrum.harmonics, band) +
       ` The run makes waves from ${plainNumber(limits[0])} Hz to ${plainNumber(limits[1])} Hz.`,
     png: () => drawn.picture(),
     csv: () => drawn.csv(),
@@ -101,6 +99,11 @@ function peak(name: string, f: number[], density: (number | null)[]): string {
   if (!(variance > 0)) return `${name}: no variance.`;
   const height = lengthText(4 * Math.sqrt(variance));
   return `${name}: peak at ${plainNumber(f[most])} Hz, four standard deviations ${height}.`;
+}
+
+function bandText(harmonics: number, width: number): string {
+  const apart = `${plainNumber(width, 2)} Hz`;
+  return harmonics === 1 ? ` Harmonics are ${apart} apart.` : ` Each value is the mean over ${harmonics} harmonics (${apart}).`;
 }
 
 function sineText(lines: { f: number; a: number }[]): string {
