@@ -65,6 +65,28 @@ test('a sine wave has a value only at its frequency', async () => {
   assert.ok(Math.abs(number(found['sine waves asked']) - density) < 0.006 * density, found['sine waves asked']);
 });
 
+test('the heat map changes its colour where the value under the mouse changes', async () => {
+  const page = await opened('crossed_seas');
+  await page.evaluate(() => (location.hash = '#t=10&from=10.00&to=10.50')); // 16 samples
+  await settled(page);
+  const map = await page.waitForSelector('#drive-1-map .map-host canvas');
+  const { x, y, width, height } = await map.boundingBox();
+  const seen = [];
+  for (let i = 0; i < 48; ++i) {
+    const at = Math.round(58 + ((i + 0.5) / 48) * (width - 150)); // between the axis and the colour bar
+    await page.mouse.move(x + at, y + 0.4 * height);
+    await settled(page);
+    const text = await page.$eval('#drive-1-map .readout', (line) => line.textContent.split('; ')[2]);
+    const pixel = [at, Math.round(0.4 * height)];
+    seen.push([text, await map.evaluate((canvas, place) => canvas.getContext('2d').getImageData(...place, 1, 1).data.join(' '), pixel)]);
+  }
+  const changes = (j) => seen.slice(1).map((one, i) => one[j] !== seen[i][j]);
+  const [values, colours] = [changes(0), changes(1)];
+  assert.ok(values.filter(Boolean).length > 10, seen.join(' '));
+  // Neighbours may be too near each other for two colours.
+  assert.ok(values.filter((change, i) => change !== colours[i]).length <= 3, seen.join(' '));
+});
+
 test('texts have a true minus, files a hyphen', async () => {
   const page = await opened('focused_group');
   const texts = await page.$$eval('.caption, .head, .findings, .legend, .readout', (all) => all.map((one) => one.textContent));
