@@ -18,6 +18,7 @@ import { repeatPart } from './repeat';
 import { spectrumPart } from './spectrum';
 import { stillsPart } from './stills';
 import { View } from './view';
+import { withoutTurns } from './words';
 
 // In the order of the page. Two neighbours of half width share a row. Without a link, a part is not
 // among the contents.
@@ -46,7 +47,7 @@ function openingTime({ field }: PageData): number {
 }
 
 async function show(): Promise<void> {
-  const data = JSON.parse(document.getElementById('data')!.textContent!) as PageData;
+  const data = JSON.parse(document.getElementById('data')!.textContent!, withoutTurns) as PageData;
   const page: Page = { data, view: new View(data.summary.run.repeat) };
   page.view.time = openingTime(data);
   keepInAddress(page.view);
