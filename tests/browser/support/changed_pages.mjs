@@ -7,7 +7,9 @@ export function changedPages() {
   writeChanged('focused_group', 'one_sample', oneSample);
   writeChanged('focused_group', 'one_place', onePlace);
   writeChanged('focused_group', 'hostile_results', hostileResults);
-  return ['nan_in_points', 'one_sample', 'one_place', 'hostile_results'];
+  writeChanged('focused_group', 'one_of_each', oneOfEach);
+  writeChanged('focused_group', 'turned_names', turnedNames);
+  return ['one_of_each', 'turned_names', 'nan_in_points', 'one_sample', 'one_place', 'hostile_results'];
 }
 
 function nanInPoints(data) {
@@ -53,6 +55,26 @@ function cutField(field, frames, rows, columns) {
   field.eta = pack(kept, [frames, rows, columns], step);
   field.x.count = columns;
   field.y.count = rows;
+}
+
+function oneOfEach({ summary }) {
+  summary.spectrum.harmonics = 1;
+  summary.run.fronts = 1;
+  summary.drive.samples = 1;
+  summary.field.frames = 1;
+  summary.findings.length = 1;
+  summary.findings[0].minor = true;
+  summary.findings[0].verdict = 'good';
+  summary.files.length = 1;
+  summary.inputs.length = 0;
+}
+
+// Characters that turn the direction of text.
+export const turning = '\u202a\u202b\u202c\u202d\u202e\u2066\u2067\u2068\u2069\u200e\u200f\u061c';
+
+function turnedNames(data) {
+  data.summary.title = data.summary.points[0].name = data.summary.seas[0].name = `\u202ereversed${turning}`;
+  data.job = `# ${turning}\n${data.job}`;
 }
 
 // A script in every text that is free in results.
