@@ -145,21 +145,61 @@ TEST_F(BrokenResults, AreReportedForForeignSummaries) {
   }
   const Json good = summary;
   for (const char* key : {"repeat", "highest_harmonic"}) {
-    for (const Json& value : {Json("x"), Json(0), Json(-1), Json(nullptr)}) {
+    for (const Json& value : {Json(0), Json(-1)}) {
       summary = good;
       summary["run"][key] = value;
       EXPECT_EQ(why(), foreign) << key << value;
     }
   }
   summary = good;
-  summary["drive"]["banks"] = 7;
-  EXPECT_EQ(why(), foreign);
-  summary = good;
-  summary["spectrum"] = {{"f", "x"}};
-  EXPECT_EQ(why(), foreign);
-  summary = good;
   summary["plan"] = Json::object();
   EXPECT_EQ(why(), foreign);
+}
+
+TEST_F(BrokenResults, AreReportedForValuesOfWrongTypes) {
+  struct Wrong {
+    const char* place;
+    Json value;
+    const char* fault;
+  };
+  const Json good = summary;
+  const Wrong all[] = {
+      {"/title", 3, "title is not a text"},
+      {"/site", nullptr, "site is not an object"},
+      {"/run/repeat", nullptr, "run.repeat is not a number"},
+      {"/run/highest_harmonic", "x", "run.highest_harmonic is not a number"},
+      {"/drive/banks", 7, "drive.banks is not a list"},
+      {"/drive/banks/1/name", Json::array(), "drive.banks[1].name is not a text"},
+      {"/points/0/remarks", "x", "points[0].remarks is not a list"},
+      {"/points/0/statistics", {{"Hs", 3}}, "points[0].statistics.Hs is not an object"},
+      {"/spectrum", {{"f", "x"}}, "spectrum.f is not a list"},
+      {"/directions", {{"variance", {0}}}, "directions.variance[0] is not a list"},
+      {"/findings", 2147483648, "findings is not a list"},
+      {"/plan",
+       {{"banks", {{{"paddles", {{"x", 1e30}}}}}}},
+       "plan.banks[0].paddles.x is not a list"},
+  };
+  for (const Wrong& wrong : all) {
+    summary = good;
+    summary[Json::json_pointer(wrong.place)] = wrong.value;
+    EXPECT_EQ(why(),
+              "x.out/summary.json: is not a summary of `kelpbox run`: " + std::string(wrong.fault));
+  }
+}
+
+TEST_F(BrokenResults, AreReportedForDeepNesting) {
+  const std::string rest = summary.dump().substr(1);
+  const std::string deep = std::string(500'000, '[') + std::string(500'000, ']');
+  dir.write("summary.json", "{\"unknown\":" + deep + "," + rest);
+  EXPECT_EQ(Testing::no_page(dir.path()), "x.out/summary.json: is not a summary of `kelpbox run`");
+}
+
+TEST_F(BrokenResults, AreReportedForNumbersThatAreTooLarge) {
+  std::string text = summary.dump();
+  const std::string repeat = "\"repeat\":";
+  text.insert(text.find(repeat) + repeat.size(), "1e999,\"repeat\":");
+  dir.write("summary.json", text);
+  EXPECT_EQ(Testing::no_page(dir.path()), "x.out/summary.json: has a number that is too large");
 }
 
 TEST_F(BrokenResults, AreReportedForNetcdfFilesThatAreNone) {

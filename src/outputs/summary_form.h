@@ -1,0 +1,16 @@
+// The types of the values in summary.json.
+#ifndef KELPBOX_OUTPUTS_SUMMARY_FORM_H_
+#define KELPBOX_OUTPUTS_SUMMARY_FORM_H_
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+
+namespace Outputs {
+
+// What is wrong with the type of a value that the page shows: "drive.banks[0].name is not a text".
+// Empty if nothing is. Keys may be missing, as in the summaries of older versions.
+std::string fault_of_form(const nlohmann::ordered_json& summary);
+
+}  // namespace Outputs
+
+#endif  // KELPBOX_OUTPUTS_SUMMARY_FORM_H_
