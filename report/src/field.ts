@@ -1,7 +1,7 @@
 // The water surface over the tank, to be played.
 import { lengthText, roundStep } from './axis_ticks';
 import type { ScaleKind } from './colours';
-import { drawFieldChart, fieldHeight, timeText, type FieldChart } from './field_drawing';
+import { drawFieldChart, fieldHeight, type FieldChart } from './field_drawing';
 import { FieldPicture } from './field_picture';
 import { FieldPlayer } from './field_player';
 import { fieldCaption, frameCsv, frameText, heightText } from './field_text';
@@ -9,6 +9,7 @@ import { chartFrame, element } from './frame';
 import type { Page, Part } from './page';
 import { SharpCanvas } from './sharp_canvas';
 import type { Fit } from './tank_extent';
+import { placeText, timeText } from './words';
 
 export const fieldPart: Part = async (page: Page) => {
   const { field } = page.data;
@@ -86,7 +87,7 @@ function ranges(largest: number): [string, string][] {
 
 function hoverText(picture: FieldPicture, time: number, [x, y]: [number, number]): string {
   const height = picture.heightAt(x, y, time);
-  const at = `x ${x.toFixed(2)} m, y ${y.toFixed(2)} m, at ${timeText(picture.nearest(time), picture.rate)}`;
+  const at = `${placeText(x, y)}, at ${timeText(picture.nearest(time), picture.rate)}`;
   return Number.isNaN(height) ? `${at}: not in the field` : `${at}: ${heightText(height)}`;
 }
 

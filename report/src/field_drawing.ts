@@ -1,4 +1,5 @@
 // One chart of the water surface: axes, water, tank, scale bar and the legend of the colours.
+import { timeText } from './words';
 import { lengthText, roundStep, ticks } from './axis_ticks';
 import { drawColourBar } from './colour_bar';
 import { colour, scale, type ScaleKind } from './colours';
@@ -164,9 +165,4 @@ function drawRing(ctx: CanvasRenderingContext2D, [x, y]: [number, number]): void
     ctx.lineWidth = thick;
     ctx.stroke();
   }
-}
-
-// A time with as many digits as the frames are apart: "32.0 s".
-export function timeText(time: number, rate: number): string {
-  return `${time.toFixed(Math.min(Math.max(Math.ceil(Math.log10(rate) - 1e-9), 0), 3))} s`;
 }

@@ -2,7 +2,7 @@
 // all charts share. Nothing starts by itself.
 import { button, element } from './frame';
 import type { FieldPicture } from './field_picture';
-import { timeText } from './field_drawing';
+import { timeText } from './words';
 import type { View } from './view';
 
 const speeds = [0.25, 0.5, 1, 2, 4, 8];

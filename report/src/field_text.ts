@@ -3,7 +3,7 @@ import { lengthText, plainNumber } from './axis_ticks';
 import { csvLine } from './csv';
 import type { Field } from './data';
 import type { FieldPicture } from './field_picture';
-import { timeText } from './field_drawing';
+import { placeText, timeText } from './words';
 
 // "The page keeps every 2nd frame and every 3rd point of 4500 frames × 61 × 41 points; ..."
 export function thinningText(field: Field): string {
@@ -13,11 +13,12 @@ export function thinningText(field: Field): string {
   if (every.x === every.y) {
     if (every.x > 1) kept.push(`every ${ordinal(every.x)} point`);
   } else {
-    kept.push(`every ${ordinal(every.x)} point along x`, `every ${ordinal(every.y)} along y`);
+    if (every.x > 1) kept.push(`every ${ordinal(every.x)} point along x`);
+    if (every.y > 1) kept.push(`every ${ordinal(every.y)} point along y`);
   }
   const whole = `${of.frames} frames × ${of.x} × ${of.y} points`;
   const frames = field.eta.shape[0];
-  const cut = frames * every.time < of.frames - every.time + 1;
+  const cut = frames * every.time < of.frames;
   const end = field.start + (frames - 1) / field.rate;
   const stretch = `${timeText(field.start, field.rate)} to ${timeText(end, field.rate)}`;
   const text = kept.length
@@ -51,13 +52,13 @@ export function frameText(picture: FieldPicture, time: number): string {
 function placed(picture: FieldPicture, heights: Float32Array, index: number): string {
   const x = picture.x.from + picture.x.step * (index % picture.x.count);
   const y = picture.y.from + picture.y.step * Math.floor(index / picture.x.count);
-  return `${heightText(heights[index])} at x ${x.toFixed(2)} m, y ${y.toFixed(2)} m`;
+  return `${heightText(heights[index])} at ${placeText(x, y)}`;
 }
 
 export function frameCsv(picture: FieldPicture, time: number): string {
   const heights = picture.heights(time);
   const at = timeText(picture.nearest(time), picture.rate);
-  let text = csvLine(['x (m)', 'y (m)', `eta (m) at ${at}`]);
+  let text = csvLine(['x [m]', 'y [m]', `eta [m] at ${at}`]);
   for (let i = 0; i < heights.length; ++i) {
     const x = picture.x.from + picture.x.step * (i % picture.x.count);
     const y = picture.y.from + picture.y.step * Math.floor(i / picture.x.count);

@@ -7,13 +7,13 @@ import { waveNumber, type MainWave } from './main_wave';
 import type { PlanContent } from './plan_drawing';
 import type { Place } from './tank_extent';
 import { shortText } from './sharp_canvas';
-import { counted } from './words';
+import { counted, timeText } from './words';
 
 // `stretch` is how much longer a metre along y is drawn than one along x.
 export function planCaption({ plan, extent, picture, wave, view, summary }: PlanContent, stretch: number): string {
   const sentences = [tankText(plan, extent)];
   if (picture) {
-    sentences.push(`Waves at ${seconds(picture.nearest(view.time))}.`);
+    sentences.push(`Waves at ${timeText(picture.nearest(view.time), picture.rate)}.`);
   } else if (wave.period && wave.direction !== undefined) {
     sentences.push(sketchText(plan, wave.period));
   }
@@ -32,7 +32,7 @@ export function placeText({ plan, picture, view }: PlanContent, { x, y }: Place)
     const time = picture.nearest(view.time);
     const height = picture.heightAt(x, y, time);
     const text = isFinite(height) ? `${height < 0 ? '−' : '+'}${(Math.abs(height) * 1000).toFixed(0)} mm` : 'not computed here';
-    values.push(`height ${text} at ${seconds(time)}`);
+    values.push(`height ${text} at ${timeText(time, picture.rate)}`);
   }
   return values.join('   ');
 }
@@ -68,8 +68,4 @@ function sketchText(plan: Plan, period: number): string {
 function arrowText({ direction, asked }: MainWave): string {
   const dashed = asked !== undefined && Math.abs(turnBetween(asked, direction!)) > 0.03 ? `, asked ${degreesText(asked)} (dashed)` : '';
   return `Arrow: mean direction ${degreesText(direction!)}${dashed}, where 0° is along x and 90° along y.`;
-}
-
-function seconds(time: number): string {
-  return `${time.toFixed(1)} s`;
 }

@@ -1,9 +1,10 @@
 // Two moments of the run in more detail: the highest crest and the steepest slope. On paper also
 // the frames about the highest crest, in place of the animation.
 import { lengthText, plainNumber } from './axis_ticks';
+import { placeText, timeText } from './words';
 import type { Still } from './data';
 import { usualRange } from './field';
-import { drawFieldChart, fieldHeight, timeText } from './field_drawing';
+import { drawFieldChart, fieldHeight } from './field_drawing';
 import { FieldPicture } from './field_picture';
 import { frameText } from './field_text';
 import { button, chartFrame, element } from './frame';
@@ -60,5 +61,5 @@ function detailText({ x, y }: Still): string {
 // "Highest crest: 200 mm at 32.0 s, x 6.00 m, y 10.00 m."
 function text(still: Still): string {
   const value = still.key === 'crest' ? lengthText(still.value) : `${plainNumber(still.value)} (rise over run)`;
-  return `${names[still.key]}: ${value} at ${still.t.toFixed(2)} s, x ${still.at.x.toFixed(2)} m, y ${still.at.y.toFixed(2)} m.`;
+  return `${names[still.key]}: ${value} at ${still.t.toFixed(2)} s, ${placeText(still.at.x, still.at.y)}.`;
 }

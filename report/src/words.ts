@@ -1,8 +1,20 @@
 // Words and texts of the page.
+import { minus } from './axis_ticks';
 
 // "1 file", "3 files".
 export function counted(count: number, what: string): string {
   return `${count} ${what}${count === 1 ? '' : 's'}`;
+}
+
+// A time with the digits that tell the frames of a rate apart: "32.0 s" at 10 Hz, "0.125 s" at 8 Hz.
+export function timeText(time: number, rate: number): string {
+  const exact = [0, 1, 2].find((digits) => Math.abs(10 ** digits / rate - Math.round(10 ** digits / rate)) < 1e-6);
+  return `${time.toFixed(exact ?? 3)} s`;
+}
+
+// "x 6.00 m, y −0.50 m".
+export function placeText(x: number, y: number): string {
+  return minus(`x ${x.toFixed(2)} m, y ${y.toFixed(2)} m`);
 }
 
 // Characters that turn the direction of text. In a name they would reorder the words and numbers around it.
