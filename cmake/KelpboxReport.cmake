@@ -14,7 +14,7 @@ endforeach()
 
 function(kelpbox_report_page file)
   set(report ${PROJECT_SOURCE_DIR}/report)
-  file(GLOB sources CONFIGURE_DEPENDS ${report}/src/*)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${report}/src/*)
   add_custom_command(OUTPUT ${file}
     COMMAND ${KELPBOX_NODE} ${report}/build.mjs ${file}
     DEPENDS ${sources} ${report}/build.mjs ${report}/package-lock.json

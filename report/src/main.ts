@@ -1,24 +1,24 @@
 // Puts the page together.
-import { keepInAddress } from './address';
-import { fillContents } from './contents';
-import type { PageData } from './data';
-import { depthPart } from './depth';
-import { directionsPart } from './directions';
-import { drivePart } from './drive';
-import { fieldPart } from './field';
-import { findingsPart, moreFindingsPart } from './findings';
-import { element } from './frame';
-import { headPart } from './head';
-import { messagesPart } from './messages';
-import type { Page, Part } from './page';
-import { planPart } from './plan';
-import { pointsPart } from './points';
-import { preparePrinting } from './printing';
-import { repeatPart } from './repeat';
-import { spectrumPart } from './spectrum';
-import { stillsPart } from './stills';
-import { View } from './view';
-import { withoutTurns } from './words';
+import { depthPart } from './charts/depth';
+import { pointsPart } from './charts/points';
+import { spectrumPart } from './charts/spectrum';
+import type { PageData } from './data/data';
+import { withoutTurns } from './data/words';
+import { directionsPart } from './directions/directions';
+import { fieldPart } from './field/field';
+import { stillsPart } from './field/stills';
+import { drivePart } from './paddles/drive';
+import { keepInAddress } from './page/address';
+import { fillContents } from './page/contents';
+import { findingsPart, moreFindingsPart } from './page/findings';
+import { element } from './page/frame';
+import { headPart } from './page/head';
+import { messagesPart } from './page/messages';
+import type { Page, Part } from './page/page';
+import { preparePrinting } from './page/printing';
+import { repeatPart } from './page/repeat';
+import { View } from './page/view';
+import { planPart } from './tank/plan';
 
 // In the order of the page. Two neighbours of half width share a row. Without a link, a part is not
 // among the contents.

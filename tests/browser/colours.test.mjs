@@ -9,7 +9,7 @@ const { build } = createRequire(new URL('../../report/package.json', import.meta
 
 async function scaleOf(kind) {
   const { outputFiles } = await build({
-    entryPoints: [join(root, 'report/src/colours.ts')],
+    entryPoints: [join(root, 'report/src/drawing/colours.ts')],
     bundle: true,
     format: 'esm',
     write: false,
