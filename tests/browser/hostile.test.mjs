@@ -39,3 +39,10 @@ test('the title of the window is the hostile text', async () => {
   const page = await open('hostile');
   assert.equal(await page.title(), evil);
 });
+
+test('a paddle far from the tank does not keep the page from opening', async () => {
+  const page = await open('far_paddle');
+  assert.ok(page.readyAfter < 5000, `${page.readyAfter} ms`);
+  assert.deepEqual(page.problems, []);
+  await page.close();
+});

@@ -3,6 +3,9 @@ import type { Plan } from '../data/data';
 import { depthAt } from './depth_at';
 import { waveNumber } from './main_wave';
 
+// More crests than this cannot be told apart, and take long to draw.
+const most = 1000;
+
 export type Segment = [number, number, number, number]; // x, y to x, y in m
 
 // Lines of equal phase of a wave that starts with `direction` (rad) at the first x of the tank and
@@ -26,6 +29,7 @@ export function crestLines(
   }
   if (!isFinite(along[columns]) || !isFinite(ky)) return [];
   const up = (reach.y[1] - reach.y[0]) / rows;
+  if (Math.abs(along[columns]) + Math.abs((ky * up * rows) / (2 * Math.PI)) > most) return [];
   const phase = (i: number, j: number): number => along[i] + (ky * up * j) / (2 * Math.PI) - wave.time / wave.period;
   const lines: Segment[] = [];
   const corner = (i: number, j: number): Corner => [reach.x[0] + i * step, reach.y[0] + j * up, phase(i, j)];

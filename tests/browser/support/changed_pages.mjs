@@ -9,7 +9,8 @@ export function changedPages() {
   writeChanged('focused_group', 'hostile_results', hostileResults);
   writeChanged('focused_group', 'one_of_each', oneOfEach);
   writeChanged('focused_group', 'turned_names', turnedNames);
-  return ['one_of_each', 'turned_names', 'nan_in_points', 'one_sample', 'one_place', 'hostile_results'];
+  writeChanged('beach_jonswap', 'far_paddle', farPaddle);
+  return ['far_paddle', 'one_of_each', 'turned_names', 'nan_in_points', 'one_sample', 'one_place', 'hostile_results'];
 }
 
 function nanInPoints(data) {
@@ -55,6 +56,11 @@ function cutField(field, frames, rows, columns) {
   field.eta = pack(kept, [frames, rows, columns], step);
   field.x.count = columns;
   field.y.count = rows;
+}
+
+// Without a field the plan draws crests over the whole tank: here over two million kilometres.
+function farPaddle({ summary }) {
+  summary.plan.banks[0].paddles.x[0] = 2 ** 31;
 }
 
 function oneOfEach({ summary }) {
