@@ -51,8 +51,10 @@ class CsvSignals : public SignalReader {
   void load(std::size_t first) {
     CsvReader file(path_, shown_);
     if (file.columns() != paddles_ + 1) {
-      throw CannotRead{shown_ + ": has " + std::to_string(file.columns() - 1) +
-                       " paddles, but summary.json says " + std::to_string(paddles_)};
+      const std::size_t found = file.columns() - 1;
+      throw CannotRead{shown_ + ": has " + std::to_string(found) +
+                       (found == 1 ? " paddle" : " paddles") + ", but summary.json says " +
+                       std::to_string(paddles_)};
     }
     constexpr std::size_t most_values = std::size_t{1} << 22;
     first_ = first;
