@@ -17,7 +17,7 @@ export class View {
     this.to = repeat;
   }
 
-  // Changes some of it. Charts are told once a picture, however many changes there were.
+  // Changes some of it. Charts hear of them once a picture, however many they are.
   set(change: Partial<Pick<View, 'time' | 'from' | 'to' | 'bank' | 'paddle' | 'playing' | 'grey'>>): void {
     Object.assign(this, change);
     if (this.pending) return;
