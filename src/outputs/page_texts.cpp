@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
@@ -30,6 +31,10 @@ bool is_complete(const Json& summary) {
 }  // namespace
 
 Json read_summary(const PageSource& source) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(source.folder, ignored)) {
+    throw CannotRead{source.shown_folder + ": there is no such folder"};
+  }
   if (!source.has("summary.json")) {
     throw CannotRead{source.shown_folder +
                      ": is not a folder of results of `kelpbox run`: it has no summary.json"};

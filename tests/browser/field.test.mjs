@@ -137,7 +137,7 @@ test('the shown frame is saved as x, y and eta', async () => {
   await press(page, 'Home');
   const csv = await download(page, () => page.click('#field button[aria-label^="Save the data"]'), 'field.csv');
   const [head, ...rows] = csv.toString().trim().split('\r\n');
-  assert.match(head, /^x \(m\),y \(m\),eta \(m\) at /);
+  assert.match(head, /^x \[m\],y \[m\],eta \[m\] at /);
   assert.equal(rows.length, x.count * y.count);
   const { counts, step } = unpack(eta);
   const index = 3 * x.count + 5; // the fourth row, the sixth point

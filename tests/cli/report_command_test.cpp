@@ -58,7 +58,7 @@ TEST_F(ReportCommand, GoesOnAfterAFolderThatIsNone) {
   const Ran ran = run({"report", "none", ".", "a.out"});
   EXPECT_EQ(ran.code, 2);
   EXPECT_EQ(ran.out, "Page: a.out/report.html\n");
-  EXPECT_EQ(ran.err, "error: none" + not_results + "\nerror: ." + not_results + "\n");
+  EXPECT_EQ(ran.err, "error: none: there is no such folder\nerror: ." + not_results + "\n");
   EXPECT_FALSE(page().empty());
 }
 
@@ -70,7 +70,7 @@ TEST_F(ReportCommand, AnswersMachines) {
   const Json pages = Json::parse(ran.out).at("pages");
   ASSERT_EQ(pages.size(), 2U);
   EXPECT_EQ(pages[0], (Json{{"folder", "a.out"}, {"exit_code", 0}, {"page", "a.out/report.html"}}));
-  EXPECT_EQ(pages[1].at("error").at("message"), "none" + not_results);
+  EXPECT_EQ(pages[1].at("error").at("message"), "none: there is no such folder");
   EXPECT_EQ(pages[1].at("exit_code"), 2);
 }
 

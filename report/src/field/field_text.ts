@@ -5,7 +5,7 @@ import { placeText, timeText } from '../data/words';
 import { lengthText, plainNumber } from '../drawing/axis_ticks';
 import type { FieldPicture } from './field_picture';
 
-// "The page keeps every 2nd frame and every 3rd point of 4500 frames × 61 × 41 points; ..."
+// What of the frames and points of the run the page keeps.
 export function thinningText(field: Field): string {
   const { every, of } = field;
   const kept: string[] = [];
@@ -21,10 +21,12 @@ export function thinningText(field: Field): string {
   const cut = frames * every.time < of.frames;
   const end = field.start + (frames - 1) / field.rate;
   const stretch = `${timeText(field.start, field.rate)} to ${timeText(end, field.rate)}`;
-  const text = kept.length
-    ? `This page keeps ${kept.join(' and ')} of ${whole} in the run`
-    : `This page keeps every point of ${cut ? '' : 'all '}${whole}`;
-  return cut ? `${text}; frames from ${stretch} of ${plainNumber(of.frames / of.rate)} s.` : `${text}, ${stretch}.`;
+  if (cut) {
+    const thinned = kept.length ? `, ${kept.join(' and ')}` : '';
+    return `This page keeps the time from ${stretch} of ${plainNumber(of.frames / of.rate)} s${thinned}: ${frames} frames of ${whole} in the run.`;
+  }
+  const text = kept.length ? `${kept.join(' and ')} of ${whole} in the run` : `every point of all ${whole}`;
+  return `This page keeps ${text}, ${stretch}.`;
 }
 
 export function fieldCaption(field: Field): string {
