@@ -11,7 +11,7 @@ namespace Outputs {
 
 std::span<const Base::EmbeddedFile> embedded_report();  // one file, with marks for title and data
 
-// The whole page. `json` is the text of its data.
+// The whole page. `json` is its data.
 std::string filled_shell(const std::string& title, const std::string& json);
 
 // JSON that may stand in a script element: no text in it ends that element, or starts a comment.

@@ -17,8 +17,8 @@ export interface Packed {
 export interface PageData {
   schema: 1;
   summary: Summary; // of summary.json, without change
-  job: string; // the text of job.toml
-  log: string; // the text of log.txt, cut in the middle if it is long
+  job: string; // contents of job.toml
+  log: string; // contents of log.txt, without its middle if it is long
   drive: BankSignals[]; // empty if the run wrote no signals
   points: PointSeries[]; // empty if the run wrote none; same order as summary.points
   field?: Field;

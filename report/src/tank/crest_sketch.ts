@@ -3,7 +3,7 @@ import type { Plan } from '../data/data';
 import { depthAt } from './depth_at';
 import { waveNumber } from './main_wave';
 
-// More crests than this cannot be told apart, and take long to draw.
+// More crests than this merge on the screen, and take long to draw.
 const most = 1000;
 
 export type Segment = [number, number, number, number]; // x, y to x, y in m

@@ -38,8 +38,8 @@ function span(walls: [number | null, number | null], inside: number[]): [number,
 }
 
 // The largest rectangle of the extent's shape within a box, and where a place in metres falls in
-// it. y grows upwards. A narrow flume is drawn wider than it is, so that paddles and points can be
-// told apart: `stretch` says how much, 1 for none.
+// it. y grows upwards. A narrow flume is drawn wider than it is, to separate paddles and points:
+// `stretch` is the factor, 1 for none.
 export interface Fit {
   x: number;
   y: number;
