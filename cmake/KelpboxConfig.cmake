@@ -3,6 +3,7 @@
 include(CMakeFindDependencyMacro)
 find_dependency(Boost 1.74 COMPONENTS filesystem)
 find_dependency(Threads)
+find_dependency(hwy CONFIG)
 
 # FindFFTW3.cmake lies beside this file.
 set(Kelpbox_module_path ${CMAKE_MODULE_PATH})

@@ -46,6 +46,14 @@ function(kelpbox_folder name)
   endif()
 endfunction()
 
+# kelpbox_kernels(<files>)
+#
+# Sources with vector instructions. They are optimised in every build: without optimisation they are
+# 10 to 25 times slower.
+function(kelpbox_kernels)
+  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O2)
+endfunction()
+
 # kelpbox_test(<name> [SHARDS <n>] SOURCES <files> LINKS <targets>)
 #
 # The GoogleTest program tests_<name>, which ctest starts once, or once for each of <n> shards of
