@@ -28,6 +28,12 @@ using Plan = std::unique_ptr<fftw_plan_s, DestroyPlan>;
 // The mean and the Nyquist element have no conjugate of their own in the two-sided spectrum.
 bool counts_once(std::size_t h, std::size_t samples) { return h == 0 || 2 * h == samples; }
 
+// FFTW adds each harmonic's conjugate, hence the halves. Only the real parts of the mean and of the
+// Nyquist element contribute to the samples.
+std::complex<double> two_sided(std::complex<double> element, bool once) {
+  return {once ? element.real() : 0.5 * element.real(), once ? 0.0 : 0.5 * element.imag()};
+}
+
 fftw_complex* raw(Spectrum& spectrum) { return reinterpret_cast<fftw_complex*>(spectrum.data()); }
 
 // The planner is the only part of FFTW that threads share. After this call it locks itself.
@@ -87,10 +93,7 @@ class ToTime {
       plan_ = checked_plan(fftw_plan_dft_c2r_1d(n_, raw(freq), time.data(), FFTW_ESTIMATE), size_);
     }
     for (std::size_t h = 0; h < freq.size(); ++h) {
-      // FFTW adds each harmonic's conjugate, hence the halves. Only the real parts of the mean and
-      // of the Nyquist element contribute to the samples.
-      const bool once = counts_once(h, size_);
-      freq[h] = {once ? freq[h].real() : 0.5 * freq[h].real(), once ? 0.0 : 0.5 * freq[h].imag()};
+      freq[h] = two_sided(freq[h], counts_once(h, size_));
     }
     fftw_execute_dft_c2r(plan_.get(), raw(freq), time.data());
   }
@@ -192,6 +195,46 @@ void FFT_Plan::consume(std::vector<std::complex<double>>& freq, std::vector<doub
 }
 
 void FFT_Plan::freeFFTBuffers() { buffers_.reset(); }
+
+struct BandTransform::Work {
+  Work(std::size_t samples, std::size_t first_harmonic, std::size_t harmonics)
+      : n(checked_size(samples)),
+        first(first_harmonic),
+        count(harmonics),
+        spectrum(spectrum_size(samples)) {}
+
+  int n;
+  std::size_t first;
+  std::size_t count;
+  Spectrum spectrum;
+  Plan plan;
+};
+
+BandTransform::BandTransform(std::size_t samples, std::size_t first, std::size_t count) {
+  if (samples != 0) work_ = std::make_unique<Work>(samples, first, count);
+}
+
+BandTransform::~BandTransform() = default;
+
+void BandTransform::run(const double* band, double* time) {
+  if (!work_) return;
+  Work& work = *work_;
+  const auto samples = static_cast<std::size_t>(work.n);
+  // A transform that leaves its input as it is needs a copy of it, and more time.
+  if (!work.plan) {
+    work.plan = checked_plan(fftw_plan_dft_c2r_1d(work.n, raw(work.spectrum), time, FFTW_ESTIMATE),
+                             samples);
+  }
+  Spectrum& spectrum = work.spectrum;
+  const auto begin = spectrum.begin() + static_cast<std::ptrdiff_t>(work.first);
+  std::fill(spectrum.begin(), begin, 0.0);
+  std::fill(begin + static_cast<std::ptrdiff_t>(work.count), spectrum.end(), 0.0);
+  for (std::size_t i = 0; i < work.count; ++i) {
+    const std::size_t h = work.first + i;
+    spectrum[h] = two_sided({band[2 * i], band[2 * i + 1]}, counts_once(h, samples));
+  }
+  fftw_execute_dft_c2r(work.plan.get(), raw(spectrum), time);
+}
 
 const char* transform_library() { return fftw_version; }
 

@@ -13,21 +13,21 @@
 
 #include <hwy/highway.h>
 
+#include <cmath>
+#include <cstddef>
+
 HWY_BEFORE_NAMESPACE();
 namespace Base {
 namespace HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-// Whether all angles are small enough for vector_sine_cosine. False for NaN.
-template <class D>
-HWY_INLINE bool all_reducible(D d, hn::Vec<D> angles) {
-  return hn::AllTrue(d, hn::Le(hn::Abs(angles), hn::Set(d, 1.6e6)));
-}
+// Larger angles lose too much in the reduction.
+constexpr double largest_reducible = 1.6e6;
 
-// Needs angles that are reducible.
+// Of angles up to largest_reducible. The others, and NaN, get any value.
 template <class D, class V = hn::Vec<D>>
-HWY_INLINE void vector_sine_cosine(D d, V x, V& sines, V& cosines) {
+HWY_INLINE void reduced_sine_cosine(D d, V x, V& sines, V& cosines) {
   const hn::RebindToUnsigned<D> bits;
   // Adding 1.5 * 2^52 rounds to an integer, which is then the low bits of the sum.
   const V magic = hn::Set(d, 6755399441055744.0);
@@ -76,6 +76,26 @@ HWY_INLINE void vector_sine_cosine(D d, V x, V& sines, V& cosines) {
   const V cosine_sign = hn::BitCast(d, hn::ShiftLeft<62>(hn::And(hn::Add(q, first), second)));
   sines = hn::Xor(hn::IfThenElse(odd, cosine, sine), sine_sign);
   cosines = hn::Xor(hn::IfThenElse(odd, sine, cosine), cosine_sign);
+}
+
+// Of any angles. The large ones are rare and take the C library.
+template <class D, class V = hn::Vec<D>>
+HWY_INLINE void vector_sine_cosine(D d, V x, V& sines, V& cosines) {
+  reduced_sine_cosine(d, x, sines, cosines);
+  if (HWY_LIKELY(hn::AllTrue(d, hn::Le(hn::Abs(x), hn::Set(d, largest_reducible))))) return;
+  HWY_ALIGN double angle[hn::MaxLanes(d)];
+  HWY_ALIGN double sine[hn::MaxLanes(d)];
+  HWY_ALIGN double cosine[hn::MaxLanes(d)];
+  hn::Store(x, d, angle);
+  hn::Store(sines, d, sine);
+  hn::Store(cosines, d, cosine);
+  for (std::size_t i = 0; i < hn::Lanes(d); ++i) {
+    if (std::fabs(angle[i]) <= largest_reducible) continue;
+    sine[i] = std::sin(angle[i]);
+    cosine[i] = std::cos(angle[i]);
+  }
+  sines = hn::Load(d, sine);
+  cosines = hn::Load(d, cosine);
 }
 
 }  // namespace HWY_NAMESPACE

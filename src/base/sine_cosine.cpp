@@ -1,7 +1,6 @@
 #include "base/sine_cosine.h"
 
 #include <algorithm>
-#include <cmath>
 
 // This file is compiled once for each instruction set.
 #undef HWY_TARGET_INCLUDE
@@ -15,32 +14,13 @@ HWY_BEFORE_NAMESPACE();
 namespace Base {
 namespace HWY_NAMESPACE {
 
-// One vector at `angles`. Vectors with an angle that is too large are rare.
 void one_vector(const double* angles, double* sines, double* cosines) {
   const hn::ScalableTag<double> d;
-  const auto x = hn::LoadU(d, angles);
-  if (all_reducible(d, x)) {
-    auto s = x;
-    auto c = x;
-    vector_sine_cosine(d, x, s, c);
-    hn::StoreU(s, d, sines);
-    hn::StoreU(c, d, cosines);
-    return;
-  }
-  const hn::CappedTag<double, 1> single;
-  for (std::size_t i = 0; i < hn::Lanes(d); ++i) {
-    const auto angle = hn::LoadU(single, angles + i);
-    if (all_reducible(single, angle)) {
-      auto s = angle;
-      auto c = angle;
-      vector_sine_cosine(single, angle, s, c);
-      hn::StoreU(s, single, sines + i);
-      hn::StoreU(c, single, cosines + i);
-    } else {
-      sines[i] = std::sin(angles[i]);
-      cosines[i] = std::cos(angles[i]);
-    }
-  }
+  auto s = hn::Zero(d);
+  auto c = s;
+  vector_sine_cosine(d, hn::LoadU(d, angles), s, c);
+  hn::StoreU(s, d, sines);
+  hn::StoreU(c, d, cosines);
 }
 
 void sine_cosine_of(const double* angles, std::size_t count, double* sines, double* cosines) {

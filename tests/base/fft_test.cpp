@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <cstddef>
@@ -264,6 +265,50 @@ TEST(FftPlan, GivesTheSameResultFromASpectrumItMayOverwrite) {
       EXPECT_EQ(time, expected) << n;
     }
   }
+}
+
+// The harmonics of a band as real and imaginary parts, with room for the samples.
+Values band_parts(const Spectrum& freq, std::size_t first, std::size_t n) {
+  Values parts;
+  for (std::size_t h = first; h < freq.size(); ++h) {
+    parts.push_back(freq[h].real());
+    parts.push_back(freq[h].imag());
+  }
+  parts.resize(std::max(parts.size(), n));
+  return parts;
+}
+
+TEST(BandTransform, SamplesAreTheSumOfTheHarmonicsOfTheBand) {
+  for (const std::size_t n : sizes()) {
+    for (std::size_t first = 0; first <= n / 2; first += n / 5 + 1) {
+      for (std::size_t end = first; end <= n / 2 + 1; end += n / 4 + 1) {
+        Base::BandTransform transform(n, first, end - first);
+        // Twice, because a transform may leave remains of the last one.
+        for (const double sign : {1.0, -1.0}) {
+          Spectrum freq = harmonics(end);
+          for (std::size_t h = 0; h < end; ++h) freq[h] = h < first ? 0.0 : sign * freq[h];
+          const Values band = band_parts(freq, first, 0);
+          Values apart(n);
+          transform.run(band.data(), apart.data());
+          expect_near(apart, sum_of_harmonics(freq, n), 1e-11);
+          Values within = band_parts(freq, first, n);
+          transform.run(within.data(), within.data());
+          within.resize(n);
+          EXPECT_EQ(within, apart) << n << " samples from " << first << " to " << end;
+        }
+      }
+    }
+  }
+}
+
+TEST(BandTransform, AcceptsZeroSamples) {
+  Base::BandTransform transform(0, 0, 0);
+  transform.run(nullptr, nullptr);
+}
+
+TEST(BandTransform, RefusesMoreSamplesThanTheLibraryCanTransform) {
+  EXPECT_EQ(thrown([] { Base::BandTransform transform(std::size_t{1} << 31, 1, 1); }),
+            "FFT of 2147483648 samples is too long");
 }
 
 TEST(Fft, TheEstimatedMemoryGrowsWithTheLargestPrime) {
