@@ -11,7 +11,8 @@
 #include "base/constants.h"
 #include "base/fft.h"
 #include "base/memory.h"
-#include "drive/paddle_spectrum.h"
+#include "drive/paddle_bands.h"
+#include "drive/within_limit.h"
 #include "maths/dispersion.h"
 #include "maths/sample_count.h"
 
@@ -30,32 +31,22 @@ PaddleRow paddle_row(const Common::Paddles& paddles) {
   return row;
 }
 
-// Frees each spectrum as soon as its signal is made, so that the signals take their memory.
-std::vector<std::vector<double>> signals(std::vector<std::vector<std::complex<double>>> spectra,
-                                         std::uint32_t samples) {
-  std::vector<std::vector<double>> result(spectra.size());
-  if (spectra.empty()) return result;
-  Base::FFT_Plan plan(samples, samples / 2 + 1, Base::FFT_Type::freq_to_time);
-  for (std::size_t p = 0; p < spectra.size(); ++p) {
-    std::vector<std::complex<double>> spectrum = std::move(spectra[p]);
-    result[p].resize(samples);
-    plan.consume(spectrum, result[p]);
-  }
-  return result;
-}
-
 }  // namespace
 
 void BankMotion::init(const Maths::TankConfig& tank, const Maths::RunData& run,
                       const Base::Params& params) {
   const double repeat = run.value();
   const double rate = params.read("rate", Base::Category::frequency);
-  samples_ = Maths::sample_count(repeat, rate);
+  const std::uint32_t samples = Maths::sample_count(repeat, rate);
+  // New signals of the same length take the memory of the old ones.
+  if (!series_.empty()) memory_ = std::move(series_);
+  if (samples != samples_) memory_.clear();
+  series_.clear();
+  samples_ = samples;
   rate_ = rate;
   depth_ = tank.paddle_depth;
   g_ = tank.g;
   delta_omega_ = Base::TwoPi / repeat;
-  series_.clear();
   ready_ = true;
 }
 
@@ -63,15 +54,16 @@ void BankMotion::require_memory(std::size_t paddles) const {
   if (paddles == 0 || samples_ == 0) return;
   const std::uint64_t spectrum = sizeof(std::complex<double>) * (samples_ / 2 + std::uint64_t{1});
   const std::uint64_t signal = sizeof(double) * std::uint64_t{samples_};
-  // Each signal replaces its spectrum, so only one of the two exists, except for the paddle whose
-  // transform is running.
-  Base::require_memory(paddles * spectrum + signal + Base::transform_memory(samples_),
+  // Each spectrum lies in the memory of its signal, except for the paddle whose transform is
+  // running.
+  const std::size_t missing = paddles - std::min(paddles, memory_.size());
+  Base::require_memory(missing * spectrum + signal + Base::transform_memory(samples_),
                        Base::compose("rate::", rate_, " Hz gives ", samples_,
                                      " samples for each of ", paddles, " paddles, which"));
 }
 
-std::vector<BankMotion::Spectrum> BankMotion::spectra(const Common::Paddles& paddles,
-                                                      const Maths::FrontSet& fronts) const {
+BankMotion::Series BankMotion::signals(const Common::Paddles& paddles,
+                                       const Maths::FrontSet& fronts, bool& within) {
   const Common::Machine& machine = paddles.machine();
   const PaddleRow row = paddle_row(paddles);
   const double edge = machine.working_edge(depth_);
@@ -80,37 +72,44 @@ std::vector<BankMotion::Spectrum> BankMotion::spectra(const Common::Paddles& pad
 
   // Harmonics above half the sampling rate cannot be sampled. They are left out.
   const std::size_t elements = samples_ == 0 ? 0 : samples_ / 2 + std::size_t{1};
-  std::vector<Spectrum> result(count);
-  for (Spectrum& spectrum : result) spectrum.resize(elements);
-
-  Spectrum sums(count);  // one harmonic of all paddles
-  for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
-    if (fronts.slots[h].empty()) continue;
-    std::fill(sums.begin(), sums.end(), 0.0);
+  const HarmonicBand band = band_of(fronts, elements);
+  Series result = std::move(memory_);
+  memory_.clear();
+  result.resize(count);
+  for (std::vector<double>& signal : result) {
+    signal.resize(std::max<std::size_t>(samples_, 2 * band.count));
+  }
+  const auto harmonic = [&](std::size_t h) {
     const double k = Maths::knum(static_cast<double>(h) * delta_omega_, depth_, g_);
-    const PaddleHarmonic harmonic(k, machine.ratio(k, depth_, edge), row.width);
-    for (const Maths::HarmonicFront& front : fronts.slots[h]) {
-      // Hosts rely on this message for a rate that is far too low.
-      if (h > samples_ && reaches(row, harmonic, front)) {
-        throw Base::compose("Index ", h, " out of range");
-      }
-      add_front(row, harmonic, front, sums.data());
-    }
-    if (h >= elements) continue;
-    for (std::size_t p = 0; p < count; ++p) result[p][h] = sums[p];
+    return PaddleHarmonic(k, machine.ratio(k, depth_, edge), row.width);
+  };
+  fill_bands(row, fronts, harmonic, samples_, band, result);
+
+  clip_ = Maths::ClipStats{};
+  clip_.limit = machine.get(Common::Machine::clip_limit, machine.signal_units());
+  within = true;
+  if (result.empty()) return result;
+  Base::BandTransform transform(samples_, band.first, band.count);
+  for (std::vector<double>& signal : result) {
+    transform.run(signal.data(), signal.data());
+    signal.resize(samples_);
+    // Much cheaper while the samples are in the cache.
+    within = within && all_within(signal.data(), samples_, clip_.limit);
   }
   return result;
 }
 
 void BankMotion::build(const Common::Paddles& paddles, const Maths::FrontSet& fronts) {
   if (!ready_) throw std::string("Trying to build paddle positions when not initialised");
-  std::vector<Spectrum> amplitudes = spectra(paddles, fronts);
-
-  clip_ = Maths::ClipStats{};
-  const Common::Machine& machine = paddles.machine();
-  clip_.limit = machine.get(Common::Machine::clip_limit, machine.signal_units());
-
-  for (std::vector<double>& samples : signals(std::move(amplitudes), samples_)) {
+  series_.clear();
+  bool within = true;
+  Series made = signals(paddles, fronts, within);
+  if (within) {
+    // Such signals have no peaks to report, and all their sign changes match.
+    series_ = std::move(made);
+    return;
+  }
+  for (std::vector<double>& samples : made) {
     Base::Vector signal("", Base::Units(), std::move(samples));
     std::vector<Maths::ClipPeak> peaks;
     if (!signal.data.empty()) Maths::clip_scan(signal, clip_, peaks);

@@ -1,7 +1,7 @@
 // The drive signals of one wavemaker bank.
 //
-// The fronts of a run become one spectrum for each paddle (paddle_spectrum.h), and each spectrum
-// one signal. Signals are not clipped: what exceeds the machine's clip_limit is counted
+// The fronts of a run become one spectrum for each paddle (paddle_bands.h), and each spectrum one
+// signal. Signals are not clipped: what exceeds the machine's clip_limit is counted
 // (maths/clip.h) and stays in the signal.
 #ifndef KELPBOX_DRIVE_BANK_MOTION_H_
 #define KELPBOX_DRIVE_BANK_MOTION_H_
@@ -38,13 +38,12 @@ class BankMotion {
   const std::vector<std::vector<double>>& series() const { return series_; }
 
  private:
-  using Spectrum = std::vector<std::complex<double>>;
+  using Series = std::vector<std::vector<double>>;
 
   // Throws unless the spectra and signals of all paddles fit in memory.
   void require_memory(std::size_t paddles) const;
-  // The spectrum of each paddle's signal.
-  std::vector<Spectrum> spectra(const Common::Paddles& paddles,
-                                const Maths::FrontSet& fronts) const;
+  // Makes the signals. Stores whether all samples are within the limit of `clip_`.
+  Series signals(const Common::Paddles& paddles, const Maths::FrontSet& fronts, bool& within);
 
   std::uint32_t samples_ = 0;  // of each signal
   double depth_ = 0.0;
@@ -53,7 +52,8 @@ class BankMotion {
   double rate_ = 0.0;
   bool ready_ = false;
   Maths::ClipStats clip_;
-  std::vector<std::vector<double>> series_;
+  Series series_;
+  Series memory_;  // signals of the last build, whose memory the next one takes
 };
 
 }  // namespace Synthesis

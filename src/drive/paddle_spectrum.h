@@ -1,4 +1,4 @@
-// The motion with which each paddle of a row makes a wave front: the hot loop of the drive signals.
+// The motion with which each paddle of a row makes a wave front. front_sums.h adds them up.
 //
 // The paddle's motion is the front's amplitude divided by the machine's ratio, times the obliquity
 // factor (maths/wavemaker_ratio.h) of the angle between the front and the paddle's normal. Its
@@ -8,7 +8,6 @@
 #ifndef KELPBOX_DRIVE_PADDLE_SPECTRUM_H_
 #define KELPBOX_DRIVE_PADDLE_SPECTRUM_H_
 
-#include <complex>
 #include <vector>
 
 #include "maths/front.h"
@@ -39,11 +38,6 @@ struct PaddleHarmonic {
 // Whether any paddle makes the front. The amplitude of the front does not matter.
 bool reaches(const PaddleRow& row, const PaddleHarmonic& harmonic,
              const Maths::HarmonicFront& front);
-
-// Adds the front to the complex amplitude of each paddle that makes it. A result above 1e10 is
-// written to the standard output stream, followed by ":" and no line end.
-void add_front(const PaddleRow& row, const PaddleHarmonic& harmonic,
-               const Maths::HarmonicFront& front, std::complex<double>* amplitudes);
 
 }  // namespace Synthesis
 

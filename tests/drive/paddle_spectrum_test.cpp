@@ -11,6 +11,7 @@
 #include <sstream>
 #include <vector>
 
+#include "drive/row_sums.h"
 #include "support/output.h"
 
 namespace {
@@ -19,6 +20,8 @@ using Complex = std::complex<double>;
 using Maths::HarmonicFront;
 using Synthesis::PaddleHarmonic;
 using Synthesis::PaddleRow;
+using Testing::add_front;
+using Testing::plain_sum;
 using Testing::printed;
 
 constexpr double pi = std::numbers::pi;
@@ -26,22 +29,6 @@ constexpr double pi = std::numbers::pi;
 PaddleRow row_of(double width, std::vector<double> x, std::vector<double> y,
                  std::vector<double> angle) {
   return {width, std::move(x), std::move(y), std::move(angle)};
-}
-
-// The sum for one paddle, straight from the formula. The library shares work between paddles.
-Complex plain_sum(const std::vector<HarmonicFront>& fronts, double k, double ratio, double w,
-                  double x, double y, double normal) {
-  Complex sum = 0.0;
-  for (const HarmonicFront& front : fronts) {
-    const double d = front.angle - normal;
-    if (k * w >= pi && std::abs(d) > std::asin(pi / (k * w))) continue;
-    const double v = std::abs(std::sin(d) * k * w / 2.0);
-    const double obliquity = v > 1e-6 ? std::cos(d) * v / std::sin(v) : std::cos(d);
-    const double psi =
-        front.phase - k * (x * std::cos(front.angle) + y * std::sin(front.angle)) - pi / 2.0;
-    sum += front.amp / ratio * obliquity * std::polar(1.0, psi);
-  }
-  return sum;
 }
 
 TEST(PaddleSpectrum, AgreesWithThePlainSumForAnyRowAndFronts) {
@@ -66,8 +53,7 @@ TEST(PaddleSpectrum, AgreesWithThePlainSumForAnyRowAndFronts) {
     double peak = 0.0;
     for (const Complex& sum : sums) peak = std::max(peak, std::abs(sum));
     for (std::size_t p = 0; p < sums.size(); ++p) {
-      const Complex expected =
-          plain_sum(fronts, k, ratio, row.width, row.x[p], row.y[p], row.angle[p]);
+      const Complex expected = plain_sum(row, p, fronts, k, ratio);
       EXPECT_LE(std::abs(sums[p] - expected), 1e-12 * peak) << "k " << k << " paddle " << p;
     }
   }

@@ -1,0 +1,58 @@
+// The complex amplitudes that a row of paddles needs for the fronts of one harmonic.
+//
+// The sum of each paddle is within 1e-12 of the largest sum of the row by the plain formula of
+// paddle_spectrum.h. Fronts are added in their order.
+#ifndef KELPBOX_DRIVE_FRONT_SUMS_H_
+#define KELPBOX_DRIVE_FRONT_SUMS_H_
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "drive/paddle_spectrum.h"
+#include "drive/paddle_terms.h"
+#include "maths/front.h"
+
+namespace Synthesis {
+
+class FrontSums {
+ public:
+  explicit FrontSums(PaddleRow row);
+
+  // The length of the arrays of sums: the number of paddles, rounded up to whole groups.
+  std::size_t padded() const { return row_.x.size(); }
+
+  // Adds the fronts to the sums. A sum that becomes larger than 1e10 is written to the standard
+  // output stream each time that a front is added to it, followed by ":" and no line end.
+  void add(const PaddleHarmonic& harmonic, std::span<const Maths::HarmonicFront> fronts,
+           SumArrays sums);
+
+ private:
+  void add_unreported(const PaddleHarmonic& harmonic, std::span<const Maths::HarmonicFront> fronts,
+                      SumArrays sums);
+  void report(const PaddleHarmonic& harmonic, const Maths::HarmonicFront& front,
+              SumArrays sums) const;
+  void collect(const PaddleHarmonic& harmonic, std::span<const Maths::HarmonicFront> fronts);
+  void find_gains(const PaddleHarmonic& harmonic);
+  void find_steps(const PaddleHarmonic& harmonic);
+
+  std::size_t paddles_;
+  PaddleRow row_;  // padded
+  std::vector<double> normal_cosines_;
+  std::vector<double> normal_sines_;
+  bool straight_ = true;  // all paddles face the same way
+  double dx_ = 0.0;       // from one paddle to the next, if the row is even
+  double dy_ = 0.0;
+  double extent_ = 0.0;      // m, the largest coordinate
+  double unevenness_ = 0.0;  // m, how far even positions are off, with their rounding
+
+  // The fronts that are added, and scratch arrays beside them.
+  std::vector<FrontTerm> terms_;
+  std::vector<double> angles_;
+  std::vector<double> sines_;
+  std::vector<double> cosines_;
+};
+
+}  // namespace Synthesis
+
+#endif  // KELPBOX_DRIVE_FRONT_SUMS_H_
