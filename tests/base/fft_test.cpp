@@ -279,7 +279,7 @@ Values band_parts(const Spectrum& freq, std::size_t first, std::size_t n) {
 }
 
 TEST(BandTransform, SamplesAreTheSumOfTheHarmonicsOfTheBand) {
-  for (const std::size_t n : sizes()) {
+  for (const std::size_t n : {1, 2, 3, 4, 5, 8, 11, 12, 97, 200, 201}) {
     for (std::size_t first = 0; first <= n / 2; first += n / 5 + 1) {
       for (std::size_t end = first; end <= n / 2 + 1; end += n / 4 + 1) {
         Base::BandTransform transform(n, first, end - first);
