@@ -236,6 +236,26 @@ void BandTransform::run(const double* band, double* time) {
   fftw_execute_dft_c2r(work.plan.get(), raw(spectrum), time);
 }
 
+struct ComplexTransform::Plans {
+  Plan forward;
+  Plan backward;
+};
+
+ComplexTransform::ComplexTransform(std::size_t size)
+    : in_(size), out_(size), plans_(std::make_unique<Plans>()) {
+  const int n = checked_size(size);
+  plans_->forward =
+      checked_plan(fftw_plan_dft_1d(n, raw(in_), raw(out_), FFTW_FORWARD, FFTW_ESTIMATE), size);
+  plans_->backward =
+      checked_plan(fftw_plan_dft_1d(n, raw(out_), raw(in_), FFTW_BACKWARD, FFTW_ESTIMATE), size);
+}
+
+ComplexTransform::~ComplexTransform() = default;
+
+void ComplexTransform::forward() { fftw_execute(plans_->forward.get()); }
+
+void ComplexTransform::backward() { fftw_execute(plans_->backward.get()); }
+
 const char* transform_library() { return fftw_version; }
 
 }  // namespace Base

@@ -63,6 +63,28 @@ class FFT_Plan {
   std::unique_ptr<Buffers> buffers_;
 };
 
+// Complex transforms of one size in both directions, without any factor.
+class ComplexTransform {
+ public:
+  explicit ComplexTransform(std::size_t size);
+  ~ComplexTransform();
+  ComplexTransform(const ComplexTransform&) = delete;
+  ComplexTransform& operator=(const ComplexTransform&) = delete;
+
+  // Each direction reads one of them and fills the other.
+  std::vector<std::complex<double>>& in() { return in_; }
+  std::vector<std::complex<double>>& out() { return out_; }
+  // The sign of the exponent is - on the way forward, and + on the way back.
+  void forward();
+  void backward();
+
+ private:
+  struct Plans;
+  std::vector<std::complex<double>> in_;
+  std::vector<std::complex<double>> out_;
+  std::unique_ptr<Plans> plans_;
+};
+
 // Inverse transforms of one size, of spectra that are 0 outside one band of harmonics.
 class BandTransform {
  public:

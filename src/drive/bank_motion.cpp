@@ -9,8 +9,8 @@
 
 #include "base/compose.h"
 #include "base/constants.h"
-#include "base/fft.h"
 #include "base/memory.h"
+#include "base/signal_transform.h"
 #include "drive/paddle_bands.h"
 #include "drive/within_limit.h"
 #include "maths/dispersion.h"
@@ -57,7 +57,7 @@ void BankMotion::require_memory(std::size_t paddles) const {
   // Each spectrum lies in the memory of its signal, except for the paddle whose transform is
   // running.
   const std::size_t missing = paddles - std::min(paddles, memory_.size());
-  Base::require_memory(missing * spectrum + signal + Base::transform_memory(samples_),
+  Base::require_memory(missing * spectrum + signal + Base::SignalTransform::memory(samples_),
                        Base::compose("rate::", rate_, " Hz gives ", samples_,
                                      " samples for each of ", paddles, " paddles, which"));
 }
@@ -89,12 +89,19 @@ BankMotion::Series BankMotion::signals(const Common::Paddles& paddles,
   clip_.limit = machine.get(Common::Machine::clip_limit, machine.signal_units());
   within = true;
   if (result.empty()) return result;
-  Base::BandTransform transform(samples_, band.first, band.count);
-  for (std::vector<double>& signal : result) {
-    transform.run(signal.data(), signal.data());
-    signal.resize(samples_);
-    // Much cheaper while the samples are in the cache.
-    within = within && all_within(signal.data(), samples_, clip_.limit);
+  Base::SignalTransform transform(samples_, band.first, band.count);
+  for (std::size_t p = 0; p < count; p += 2) {
+    const std::size_t end = std::min(p + 2, count);
+    if (end == p + 2) {
+      transform.run(result[p].data(), result[p + 1].data());
+    } else {
+      transform.run(result[p].data());
+    }
+    for (std::size_t i = p; i < end; ++i) {
+      result[i].resize(samples_);
+      // Much cheaper while the samples are in the cache.
+      within = within && all_within(result[i].data(), samples_, clip_.limit);
+    }
   }
   return result;
 }

@@ -112,7 +112,7 @@ TEST(BankSignals, AgreeWithThePlainSumForAnyLengthAndBand) {
            {1, 20}, {3, 3}, {7, 8}, {5, 12}, {2, 17}, {9, 20}}) {
     const Maths::FrontSet fronts = fronts_between(first, last, 3);
     // Odd, even, prime, and with the highest harmonics at or above half the samples.
-    for (const std::size_t samples : {200u, 201u, 211u, 64u, 40u, 39u, 34u, 25u, 21u, 20u}) {
+    for (const std::size_t samples : {1009u, 200u, 201u, 211u, 64u, 40u, 39u, 34u, 25u, 21u, 20u}) {
       bank.build(fronts, static_cast<double>(samples) / repeat);
       expect_plain_signals(bank, fronts, samples);
     }

@@ -1,0 +1,59 @@
+#include "base/signal_transform.h"
+
+#include <algorithm>
+
+namespace Base {
+namespace {
+
+// Whether the plain transform is slow: above prime factors of 13 by 4 to 14 times.
+bool is_awkward(std::size_t samples) {
+  constexpr std::size_t small = 1000;  // too short to matter
+  if (samples < small) return false;
+  for (const std::size_t factor : {2U, 3U, 5U, 7U, 11U, 13U}) {
+    while (samples % factor == 0) samples /= factor;
+  }
+  return samples > 1;
+}
+
+// The plain transform of an even length is twice as fast, so that only a narrow band gains.
+bool is_faster_by_chirp(std::size_t samples, std::size_t first, std::size_t count) {
+  if (!is_awkward(samples)) return false;
+  return samples % 2 == 1 || ChirpTransform::length(samples, first, count) < samples / 2 * 3;
+}
+
+}  // namespace
+
+std::uint64_t SignalTransform::memory(std::size_t samples) {
+  // At most 2.1 times the samples as the length of the convolution: three complex arrays of it, its
+  // tables, and the chirp.
+  constexpr std::uint64_t chirp_bytes = 210;
+  const std::uint64_t plain = transform_memory(samples);
+  return is_awkward(samples) ? plain + chirp_bytes * samples : plain;
+}
+
+SignalTransform::SignalTransform(std::size_t samples, std::size_t first, std::size_t count) {
+  if (is_faster_by_chirp(samples, first, count)) {
+    chirp_.emplace(samples, first, count);
+  } else {
+    plain_.emplace(samples, first, count);
+  }
+}
+
+void SignalTransform::run(double* signal) {
+  if (chirp_) {
+    chirp_->run(signal);
+  } else {
+    plain_->run(signal, signal);
+  }
+}
+
+void SignalTransform::run(double* a, double* b) {
+  if (chirp_) {
+    chirp_->run(a, b);
+  } else {
+    plain_->run(a, a);
+    plain_->run(b, b);
+  }
+}
+
+}  // namespace Base

@@ -1,0 +1,189 @@
+#include "base/signal_transform.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <complex>
+#include <limits>
+#include <numbers>
+#include <random>
+#include <vector>
+
+#include "support/own_process.h"
+
+namespace {
+
+using Base::ChirpTransform;
+using Base::SignalTransform;
+using Complex = std::complex<double>;
+using Values = std::vector<double>;
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+// Real and imaginary parts up to `size`, with room for the samples.
+Values drawn_band(std::size_t count, std::size_t samples, unsigned seed, double size = 1.0) {
+  std::mt19937 random(seed);
+  std::uniform_real_distribution<double> unit(-size, size);
+  Values band(std::max(2 * count, samples));
+  for (std::size_t i = 0; i < 2 * count; ++i) band[i] = unit(random);
+  return band;
+}
+
+// The sum of the harmonics, by its definition.
+double plain_sample(const Values& band, std::size_t first, std::size_t count, std::size_t samples,
+                    std::size_t j) {
+  double sum = 0.0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t turn = (first + i) * j % samples;
+    const double angle =
+        2.0 * std::numbers::pi * static_cast<double>(turn) / static_cast<double>(samples);
+    sum += band[2 * i] * std::cos(angle) - band[2 * i + 1] * std::sin(angle);
+  }
+  return sum;
+}
+
+// The largest difference from the plain sum, relative to the largest sample.
+double worst_error(const Values& signal, const Values& band, std::size_t first, std::size_t count,
+                   std::size_t samples) {
+  double worst = 0.0;
+  double peak = 0.0;
+  const std::size_t step = samples / 300 + 1;
+  for (std::size_t j = 0; j < samples; j += step) {
+    const double expected = plain_sample(band, first, count, samples, j);
+    peak = std::max(peak, std::abs(expected));
+    const double error = std::abs(signal[j] - expected);
+    if (!(error <= worst)) worst = error;
+  }
+  return worst / peak;
+}
+
+struct Band {
+  std::size_t first;
+  std::size_t count;
+};
+
+std::vector<Band> bands_of(std::size_t samples) {
+  const std::size_t half = samples / 2;
+  return {{0, 1}, {1, 1}, {half, 1}, {0, half + 1}, {half / 3, half / 5 + 1}};
+}
+
+TEST(ChirpTransform, AgreesWithThePlainSumForAnyLengthAndBand) {
+  for (const std::size_t samples : {17u, 18u, 19u, 34u, 101u, 202u, 499u, 1009u, 2018u}) {
+    for (const Band& band : bands_of(samples)) {
+      const Values a = drawn_band(band.count, samples, 1);
+      const Values b = drawn_band(band.count, samples, 2);
+      ChirpTransform transform(samples, band.first, band.count);
+      for (int time = 0; time < 2; ++time) {
+        Values first = a;
+        Values second = b;
+        transform.run(first.data(), second.data());
+        EXPECT_LE(worst_error(first, a, band.first, band.count, samples), 1e-12) << samples;
+        EXPECT_LE(worst_error(second, b, band.first, band.count, samples), 1e-12) << samples;
+        Values alone = a;
+        transform.run(alone.data());
+        EXPECT_LE(worst_error(alone, a, band.first, band.count, samples), 1e-12) << samples;
+      }
+    }
+  }
+}
+
+TEST(ChirpTransform, ASmallSignalIsExactBesideALargeOne) {
+  const std::size_t samples = 1009;
+  ChirpTransform transform(samples, 5, 40);
+  for (const double size : {1e-30, 1e-200, 1e200, 1e-307, 1e307}) {
+    const Values a = drawn_band(40, samples, 1);
+    const Values b = drawn_band(40, samples, 2, size);
+    Values first = a;
+    Values second = b;
+    transform.run(first.data(), second.data());
+    EXPECT_LE(worst_error(first, a, 5, 40, samples), 1e-12) << size;
+    EXPECT_LE(worst_error(second, b, 5, 40, samples), 1e-12) << size;
+  }
+}
+
+TEST(ChirpTransform, ABandOfZerosGivesZerosBesideAnySignal) {
+  const std::size_t samples = 1009;
+  ChirpTransform transform(samples, 5, 40);
+  const Values zeros(samples, 0.0);
+  Values still = zeros;
+  Values moving = drawn_band(40, samples, 1);
+  transform.run(still.data(), moving.data());
+  EXPECT_EQ(still, zeros);
+  moving = drawn_band(40, samples, 1);
+  transform.run(moving.data(), still.data());
+  EXPECT_EQ(still, zeros);
+  transform.run(still.data());
+  EXPECT_EQ(still, zeros);
+}
+
+TEST(SignalTransform, NeedsNoMoreMemoryThanItReports) {
+  if (Testing::sanitized) GTEST_SKIP() << "the sanitizer's own memory is counted too";
+  // A prime, twice a prime, and a convenient length, with all their harmonics and with few.
+  for (const std::size_t samples : {500009u, 1000018u, 1000000u}) {
+    for (const std::size_t count : {samples / 2, samples / 50}) {
+      EXPECT_TRUE(Testing::good_alone([&] {
+        Values a = drawn_band(count, samples, 1);
+        Values b = a;
+        const double before = Testing::peak_memory();
+        SignalTransform transform(samples, 1, count);
+        transform.run(a.data(), b.data());
+        const double growth = Testing::peak_memory() - before;
+        const auto most = static_cast<double>(SignalTransform::memory(samples));
+        return growth <= most && growth > 0.25 * most - 5e6;
+      })) << samples
+          << " samples, " << count;
+    }
+  }
+}
+
+TEST(SignalTransform, AnEmptyBandGivesZeros) {
+  for (const std::size_t samples : {1u, 64u, 1009u}) {
+    SignalTransform transform(samples, 0, 0);
+    Values a(samples, 3.0);
+    Values b(samples, 4.0);
+    transform.run(a.data(), b.data());
+    EXPECT_EQ(a, Values(samples, 0.0));
+    EXPECT_EQ(b, a);
+  }
+}
+
+TEST(ChirpTransform, NanReachesAllSamplesOfItsSignalAndNoOther) {
+  const std::size_t samples = 1009;
+  ChirpTransform transform(samples, 5, 40);
+  for (const double odd : {nan, std::numeric_limits<double>::infinity()}) {
+    for (const bool swapped : {false, true}) {
+      const Values good = drawn_band(40, samples, 1);
+      Values broken = drawn_band(40, samples, 2);
+      broken[7] = odd;
+      Values signal = good;
+      if (swapped) {
+        transform.run(broken.data(), signal.data());
+      } else {
+        transform.run(signal.data(), broken.data());
+      }
+      EXPECT_LE(worst_error(signal, good, 5, 40, samples), 1e-12);
+      for (const double sample : broken) ASSERT_FALSE(std::isfinite(sample));
+    }
+  }
+}
+
+TEST(SignalTransform, AgreesWithThePlainSumForConvenientAndAwkwardLengths) {
+  for (const std::size_t samples : {2u, 64u, 1000u, 1009u, 2018u, 4096u, 5999u, 6002u}) {
+    for (const Band& band : bands_of(samples)) {
+      const Values a = drawn_band(band.count, samples, 1);
+      const Values b = drawn_band(band.count, samples, 2);
+      SignalTransform transform(samples, band.first, band.count);
+      Values first = a;
+      Values second = b;
+      Values alone = a;
+      transform.run(first.data(), second.data());
+      transform.run(alone.data());
+      EXPECT_LE(worst_error(first, a, band.first, band.count, samples), 1e-12) << samples;
+      EXPECT_LE(worst_error(second, b, band.first, band.count, samples), 1e-12) << samples;
+      EXPECT_LE(worst_error(alone, a, band.first, band.count, samples), 1e-12) << samples;
+    }
+  }
+}
+
+}  // namespace
