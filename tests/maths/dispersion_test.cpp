@@ -77,6 +77,24 @@ TEST(Dispersion, IsOneNewtonStepFromThePublishedApproximation) {
   }
 }
 
+// The formula with the powers and the hyperbolic functions as published.
+double plain_knum(double omega, double depth) {
+  const double a = omega * omega;
+  const double k = (a / g) * std::pow(1 - std::exp(-std::pow(depth * a / g, 1.25)), -0.4);
+  const double C = std::cosh(k * depth);
+  const double T = std::tanh(k * depth);
+  return k + (a - g * T * k) / (g * T + g * k * depth / (C * C));
+}
+
+TEST(Dispersion, IsTheFormulaAsPublishedUpToRounding) {
+  for (double omega = 1e-3; omega < 200.0; omega *= 1.013) {
+    for (double depth = 1e-3; depth < 1e5; depth *= 1.17) {
+      const double expected = plain_knum(omega, depth);
+      EXPECT_NEAR(knum(omega, depth, g) / expected, 1.0, 2e-14) << omega << " " << depth;
+    }
+  }
+}
+
 TEST(Dispersion, DeepWaterIsOmegaSquaredOverG) {
   // k * depth is 41, 1000 and 100000; at the last one cosh overflows.
   for (const double depth : {41.0 * 9.81 / 25.0, 1000.0 * 9.81 / 25.0, 1e5 * 9.81 / 25.0}) {
