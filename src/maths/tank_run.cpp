@@ -1,9 +1,9 @@
 #include "maths/tank_run.h"
 
 #include <cmath>
+#include <limits>
 #include <string>
 
-#include "base/compose.h"
 #include "base/constants.h"
 #include "maths/angle.h"
 #include "maths/dispersion.h"
@@ -11,10 +11,6 @@
 
 namespace Maths {
 namespace {
-
-[[noreturn]] void throw_outside(double x) {
-  throw Base::compose("Value x=", x, " is outside dimensions of tank");
-}
 
 // Twice the ratio of group velocity to phase velocity.
 double group_factor(double depth, double k) {
@@ -60,35 +56,30 @@ void TankRun::build_ladder(std::uint64_t harmonic, double x) {
   ladder_x_ = x;
   if (std::isnan(x)) throw_outside(x);
   const double w = omega(harmonic);
-  push_rung(0.0, knum(w, tank_.paddle_depth, tank_.g));
-  ladder_end_depth_ = x == 0 ? tank_.paddle_depth : walk(w, x);
-  push_rung(0.0, knum(w, ladder_end_depth_, tank_.g));
+  const double k0 = knum(w, tank_.paddle_depth, tank_.g);
+  double depth = tank_.paddle_depth;
+  double k = k0;
+  // Neighbouring pieces are often equally deep.
+  const auto wave_num = [&](double next) {
+    if (next != depth) {
+      k = next == tank_.paddle_depth ? k0 : knum(w, next, tank_.g);
+      depth = next;
+    }
+    return k;
+  };
+  push_rung(0.0, k0);
+  lead_to(x);
+  for (const PathPiece& piece : path_.pieces) push_rung(piece.dx, wave_num(piece.depth));
+  if (!path_.inside) throw_outside(x);
+  ladder_end_depth_ = path_.end_depth;
+  push_rung(0.0, wave_num(ladder_end_depth_));
 }
 
-double TankRun::walk(double w, double x) {
-  const std::vector<ProfilePoint>& profile = tank_.profile;
-  const bool forward = x > 0;
-  double x_prev = 0.0;
-  double d_prev = tank_.paddle_depth;
-  // Backward, the walk starts at the paddle's own point and ends when the index passes 0 and wraps.
-  std::size_t i = std::size_t{tank_.paddle_index} + (forward ? 1 : 0);
-  for (; i < profile.size(); forward ? ++i : --i) {
-    double x_i = profile[i].x;
-    double d_i = profile[i].depth;
-    const double dx = x_i - x_prev;
-    if ((forward ? dx : -dx) > 1e-6) {
-      if (forward ? x <= x_i : x_i <= x) {
-        const double t = (x_i - x) / dx;
-        d_i = (1 - t) * d_i + t * d_prev;
-        x_i = x;
-      }
-      push_rung(x_i - x_prev, knum(w, (d_prev + d_i) * 0.5, tank_.g));
-    }
-    x_prev = x_i;
-    d_prev = d_i;
-    if (x_i == x) return d_i;
-  }
-  throw_outside(x);
+void TankRun::lead_to(double x) {
+  if (x == path_x_) return;
+  path_x_ = std::numeric_limits<double>::quiet_NaN();  // until the path is complete
+  path_.lead_to(tank_, x);
+  path_x_ = x;
 }
 
 void TankRun::push_rung(double dx, double k) { ladder_.push_back({dx, k, k * k}); }

@@ -9,10 +9,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "maths/run_data.h"
 #include "maths/tank_config.h"
+#include "maths/tank_path.h"
 
 namespace Maths {
 
@@ -58,8 +60,8 @@ class TankRun {
  private:
   // Builds the ladder unless it is already there.
   void ensure_ladder(std::uint64_t harmonic, double x);
-  // Pushes the rungs from the paddle line to x, and returns the depth there.
-  double walk(double w, double x);
+  // Takes the path to x, unless it is there from another harmonic.
+  void lead_to(double x);
   void push_rung(double dx, double k);
 
   TankConfig tank_;
@@ -68,6 +70,8 @@ class TankRun {
   std::uint64_t ladder_harmonic_ = 0;
   double ladder_x_ = 0.0;
   double ladder_end_depth_ = 0.0;
+  TankPath path_;
+  double path_x_ = std::numeric_limits<double>::quiet_NaN();  // NaN: there is no path yet
 };
 
 }  // namespace Maths
