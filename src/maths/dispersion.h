@@ -2,6 +2,8 @@
 #ifndef KELPBOX_MATHS_DISPERSION_H_
 #define KELPBOX_MATHS_DISPERSION_H_
 
+#include <cstddef>
+
 namespace Maths {
 
 // The wave number k (rad/m) that solves omega^2 = g k tanh(k depth), from the explicit
@@ -10,6 +12,11 @@ namespace Maths {
 // m/s2. Throws std::string "Knum calculation failed for omega=..." when the step is too large or
 // NaN.
 double knum(double omega, double depth, double g);
+
+// The wave numbers of `count` frequencies at one depth, or of one frequency at `count` depths. Each
+// differs from `knum` by rounding at most. Throws what `knum` throws for the first one that fails.
+void knums(const double* omegas, double depth, double g, std::size_t count, double* out);
+void knums(double omega, const double* depths, double g, std::size_t count, double* out);
 
 }  // namespace Maths
 
