@@ -8,18 +8,10 @@
 #include "maths/angle.h"
 #include "maths/dispersion.h"
 #include "maths/power_of_two.h"
+#include "maths/shoaling.h"
+#include "maths/short_waves.h"
 
 namespace Maths {
-namespace {
-
-// Twice the ratio of group velocity to phase velocity.
-double group_factor(double depth, double k) {
-  constexpr double deep = 70.0;  // from here on the first term is lost in rounding
-  const double q = 2 * depth * k;
-  return q >= deep ? 1 : q / std::sinh(q) + 1;
-}
-
-}  // namespace
 
 double TankRun::omega(std::uint64_t harmonic) const { return run_.freq(harmonic) * Base::TwoPi; }
 
@@ -56,29 +48,36 @@ void TankRun::build_ladder(std::uint64_t harmonic, double x) {
   ladder_x_ = x;
   if (std::isnan(x)) throw_outside(x);
   const double w = omega(harmonic);
-  const double k0 = knum(w, tank_.paddle_depth, tank_.g);
-  double depth = tank_.paddle_depth;
-  double k = k0;
-  // Neighbouring pieces are often equally deep.
-  const auto wave_num = [&](double next) {
-    if (next != depth) {
-      k = next == tank_.paddle_depth ? k0 : knum(w, next, tank_.g);
-      depth = next;
-    }
-    return k;
-  };
-  push_rung(0.0, k0);
   lead_to(x);
-  for (const PathPiece& piece : path_.pieces) push_rung(piece.dx, wave_num(piece.depth));
+  path_k_.resize(path_depths_.size());
+  short_waves(w, path_depths_.data(), tank_.g, path_depths_.size(), path_k_.data());
+  std::size_t at = 0;
+  const auto wave_num = [&](double depth) {
+    if (std::isnan(path_k_[at])) path_k_[at] = knum(w, depth, tank_.g);
+    return path_k_[at];
+  };
+  const auto next_wave_num = [&](double depth) {
+    if (depth != path_depths_[at]) ++at;
+    return wave_num(depth);
+  };
+  push_rung(0.0, wave_num(tank_.paddle_depth));
+  for (const PathPiece& piece : path_.pieces) push_rung(piece.dx, next_wave_num(piece.depth));
   if (!path_.inside) throw_outside(x);
   ladder_end_depth_ = path_.end_depth;
-  push_rung(0.0, wave_num(ladder_end_depth_));
+  push_rung(0.0, next_wave_num(ladder_end_depth_));
 }
 
 void TankRun::lead_to(double x) {
   if (x == path_x_) return;
   path_x_ = std::numeric_limits<double>::quiet_NaN();  // until the path is complete
   path_.lead_to(tank_, x);
+  path_depths_.assign(1, tank_.paddle_depth);
+  // Neighbouring pieces are often equally deep.
+  const auto add = [&](double depth) {
+    if (depth != path_depths_.back()) path_depths_.push_back(depth);
+  };
+  for (const PathPiece& piece : path_.pieces) add(piece.depth);
+  if (path_.inside) add(path_.end_depth);
   path_x_ = x;
 }
 
@@ -104,9 +103,8 @@ double TankRun::shoaling(std::uint64_t harmonic, double x) {
   const double k0 = ladder_.front().k;
   const double k1 = ladder_.back().k;
   run_.require_harmonic(harmonic);
-  const double c0 = group_factor(tank_.paddle_depth, k0);
-  const double c1 = group_factor(ladder_end_depth_, k1);
-  return std::sqrt((c0 * k1) / (c1 * k0));
+  return shoaling_factor(group_factor(tank_.paddle_depth, k0), k0,
+                         group_factor(ladder_end_depth_, k1), k1);
 }
 
 double TankRun::phase_lag(std::uint64_t harmonic, double x, double y, double theta) {
