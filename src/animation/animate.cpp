@@ -6,7 +6,6 @@
 #include <string>
 
 #include "base/memory.h"
-#include "maths/tank_run.h"
 
 namespace Synthesis {
 AnimationGrid Animate::start(const Maths::FrontSet& fronts, const Maths::RunData& run,
@@ -23,13 +22,12 @@ AnimationGrid Animate::start(const Maths::FrontSet& fronts, const Maths::RunData
 
 void Animate::build(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
                     const Maths::RunData& run, Base::Params& params) {
-  Maths::TankRun tank_run(tank, run);
   AnimationGrid grid = start(fronts, run, params);
   const auto cycle = static_cast<std::uint32_t>(Maths::reduced_length(fronts, grid.samples, run));
   grid.divisor = grid.samples / cycle;
   grid.samples = cycle;
   frames_.setup(grid.x.count, grid.y.count, grid.samples, columns_memory(fronts, grid));
-  AnimationColumns columns(fronts, grid, tank_run, frames_, FrontAngles::shown);
+  AnimationColumns columns(fronts, grid, tank, run, frames_, FrontAngles::shown);
   build_columns(columns, 0, grid.x.count);
   frames_.end();
 }
@@ -46,10 +44,9 @@ void Animate::build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig
   if (!frames_.ready()) throw std::string("animate not initialised");
   to = std::min(to, grid_.x.count);
   if (from >= to) return;
-  Maths::TankRun tank_run(tank, run);
   // Other memory may have been taken since the frames were allocated.
   if (!Base::memory_fits(columns_memory(fronts, grid_))) throw std::bad_alloc();
-  AnimationColumns columns(fronts, grid_, tank_run, frames_, FrontAngles::hidden);
+  AnimationColumns columns(fronts, grid_, tank, run, frames_, FrontAngles::hidden);
   build_columns(columns, from, to);
 }
 

@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ostream>
+#include <sstream>
+#include <utility>
 
 #include "animation/surface_code.h"
 #include "base/streams.h"
+#include "maths/tank_run.h"
 
 namespace Synthesis {
 namespace {
@@ -38,6 +42,22 @@ std::size_t count_fronts(const Maths::FrontSet& fronts, std::size_t top) {
   return count;
 }
 
+std::size_t count_harmonics(const Maths::FrontSet& fronts, std::size_t top) {
+  std::size_t count = 0;
+  for (std::size_t h = 0; h < top; ++h) count += fronts.slots[h].empty() ? 0 : 1;
+  return count;
+}
+
+// The angle of each front, a line each.
+std::string angle_lines(const Maths::FrontSet& fronts, std::size_t top) {
+  std::ostringstream text;
+  text.copyfmt(Base::progress());
+  for (std::size_t h = 0; h < top; ++h) {
+    for (const Maths::HarmonicFront& front : fronts.slots[h]) text << front.angle << '\n';
+  }
+  return std::move(text).str();
+}
+
 // The row next to y = 0, or the first one.
 std::uint32_t row_of_axis(const GridAxis& y) {
   const double row = std::round(-y.min / y.step);
@@ -48,25 +68,31 @@ std::uint32_t row_of_axis(const GridAxis& y) {
 
 std::uint64_t columns_memory(const Maths::FrontSet& fronts, const AnimationGrid& grid) {
   const std::size_t top = top_slot(fronts, grid);
+  const std::uint64_t count = count_fronts(fronts, top);
+  const std::uint64_t harmonics = count_harmonics(fronts, top);
+  // Of each front: its wave number along y and its line, with the copies of a text that grows.
+  constexpr std::uint64_t beside = sizeof(double) + 4 * 16;
   const std::uint64_t code = sizeof(std::int16_t) * stride_of(grid) *
                              ColumnSurface::rows_of_block(grid.samples, rows_of(grid));
-  return ColumnSurface::memory(grid.samples, rows_of(grid), bins_of(grid, top)) + code +
-         sizeof(ColumnFront) * std::uint64_t{count_fronts(fronts, top)};
+  return ColumnSurface::memory(grid.samples, rows_of(grid), bins_of(grid, top), count) + code +
+         Maths::CarriedFronts::memory(count, harmonics) + sizeof(ColumnFronts::Bin) * harmonics +
+         beside * count;
 }
 
 AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid,
-                                   Maths::TankRun& tank, AnimationFrames& frames,
-                                   FrontAngles angles)
+                                   const Maths::TankConfig& tank, const Maths::RunData& run,
+                                   AnimationFrames& frames, FrontAngles angles)
     : fronts_(fronts),
       grid_(grid),
       tank_(tank),
+      run_(run),
       frames_(frames),
-      angles_(angles),
       top_(top_slot(fronts, grid)),
+      carried_(tank, run, fronts, 0, top_),
       surface_(grid.samples, rows_of(grid), bins_of(grid, top_)),
       stride_(stride_of(grid)),
       code_(stride_ * surface_.block_rows()) {
-  column_.reserve(count_fronts(fronts, top_));
+  if (angles == FrontAngles::shown) lines_ = angle_lines(fronts, top_);
 }
 
 void AnimationColumns::build(std::uint32_t ix) {
@@ -81,22 +107,54 @@ void AnimationColumns::build(std::uint32_t ix) {
 
 void AnimationColumns::carry_fronts(double x) {
   const FlushAtEnd lines;
-  column_.clear();
+  try {
+    if (!carried_.carry_to(x, [this] { return frames_.running(); })) return;
+  } catch (const std::string&) {
+    fail_in_order(x);
+    if (!frames_.running()) return;
+    throw;
+  }
+  write_lines(0, lines_.size());
+  if (column_.bins.empty()) take_fronts();
+  for (std::size_t h = 0; h < column_.bins.size(); ++h) {
+    column_.bins[h].shoaling = carried_.harmonics()[h].shoaling;
+  }
+}
+
+void AnimationColumns::fail_in_order(double x) {
+  Maths::TankRun tank(tank_, run_);
+  std::size_t written = 0;
   for (std::size_t h = 0; h < top_ && frames_.running(); ++h) {
     if (fronts_.slots[h].empty()) continue;
-    const double shoaling = tank_.shoaling(h, x);
-    const double k0 = tank_.wave_num_at(h, 0.0);
-    for (const Maths::HarmonicFront& front : fronts_.slots[h]) {
-      if (!frames_.running()) return;
-      const double lag = tank_.phase_lag(h, x, 0.0, front.angle);
-      const double ky = std::sin(front.angle) * k0;
-      if (angles_ == FrontAngles::shown) Base::progress() << front.angle << '\n';
-      // A front outside the tank's angle limits keeps its slot with amplitude 0. Its phase can be
-      // NaN.
-      if (front.amp == 0.0) continue;
-      column_.push_back({h / grid_.divisor, shoaling * front.amp, front.phase, lag, ky});
+    tank.shoaling(h, x);
+    written = write_lines(written, fronts_.slots[h].size());
+  }
+}
+
+std::size_t AnimationColumns::write_lines(std::size_t from, std::size_t count) {
+  std::ostream& out = Base::progress();
+  for (; count != 0 && from != lines_.size() && frames_.running(); --count) {
+    const std::size_t end = lines_.find('\n', from) + 1;
+    out.write(lines_.data() + from, static_cast<std::streamsize>(end - from));
+    from = end;
+  }
+  return from;
+}
+
+void AnimationColumns::take_fronts() {
+  ky_.reserve(carried_.amps().size());
+  column_.bins.reserve(carried_.harmonics().size());
+  for (const Maths::CarriedFronts::Harmonic& harmonic : carried_.harmonics()) {
+    column_.bins.push_back({harmonic.index / grid_.divisor, harmonic.first, harmonic.last, 1.0});
+    for (std::size_t i = harmonic.first; i < harmonic.last; ++i) {
+      ky_.push_back(carried_.angle_sines()[i] * harmonic.k0);
     }
   }
+  column_.amps = carried_.amps();
+  column_.phases = carried_.phases();
+  column_.lags = carried_.lags();
+  column_.ky = ky_;
+  if (rows_of(grid_) > 1) surface_.take_turns(ky_, grid_.y.step);
 }
 
 void AnimationColumns::add_rows(std::uint32_t ix) {

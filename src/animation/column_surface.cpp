@@ -1,8 +1,8 @@
 #include "animation/column_surface.h"
 
 #include <algorithm>
-#include <cmath>
 
+#include "base/sine_cosine.h"
 #include "base/vector.h"
 
 namespace Synthesis {
@@ -10,9 +10,7 @@ namespace {
 
 // Rows of a block. They are adjacent in each frame, where 64 of them fill two cache lines.
 constexpr std::uint32_t most_rows = 64;
-// Independent rotations side by side, so that none waits for another.
-constexpr std::uint32_t lanes = 4;
-static_assert(most_rows % lanes == 0);
+static_assert(most_rows % row_group == 0);
 
 // Values of one row of a block, and of all rows together.
 constexpr std::uint32_t most_values = 1 << 20;
@@ -23,53 +21,22 @@ std::size_t elements_of(std::uint32_t samples, std::size_t bins) {
   return samples < most_values ? std::min(bins, all) : all;
 }
 
-struct RowSums {
-  double re[most_rows] = {};
-  double im[most_rows] = {};
-};
-
-void add_front(const ColumnFront& front, const GridAxis& y, std::uint32_t first, std::uint32_t rows,
-               RowSums& sums) {
-  const double psi = front.phase - (y.at(first) * front.ky + front.lag);
-  double re[lanes] = {front.amp * std::cos(psi)};
-  double im[lanes] = {front.amp * std::sin(psi)};
-  if (rows == 1) {
-    sums.re[0] += re[0];
-    sums.im[0] += im[0];
-    return;
-  }
-  const double turn = front.ky * y.step;
-  const double c = std::cos(turn);
-  const double s = std::sin(turn);
-  for (std::uint32_t lane = 1; lane < lanes; ++lane) {
-    re[lane] = re[lane - 1] * c + im[lane - 1] * s;
-    im[lane] = im[lane - 1] * c - re[lane - 1] * s;
-  }
-  const double leap_c = std::cos(lanes * turn);
-  const double leap_s = std::sin(lanes * turn);
-  for (std::uint32_t row = 0; row < rows; row += lanes) {
-    for (std::uint32_t lane = 0; lane < lanes; ++lane) {
-      sums.re[row + lane] += re[lane];
-      sums.im[row + lane] += im[lane];
-      const double turned = re[lane] * leap_c + im[lane] * leap_s;
-      im[lane] = im[lane] * leap_c - re[lane] * leap_s;
-      re[lane] = turned;
-    }
-  }
-}
-
 }  // namespace
 
 std::uint32_t ColumnSurface::rows_of_block(std::uint32_t samples, std::uint32_t rows) {
   return std::min(std::clamp(most_values / samples, std::uint32_t{1}, most_rows), rows);
 }
 
-std::uint64_t ColumnSurface::memory(std::uint32_t samples, std::uint32_t rows, std::size_t bins) {
+std::uint64_t ColumnSurface::memory(std::uint32_t samples, std::uint32_t rows, std::size_t bins,
+                                    std::uint64_t fronts) {
+  // The phases, the parts and the turns of a front.
+  constexpr std::uint64_t of_front = 8 * sizeof(double);
   constexpr std::uint64_t element = sizeof(std::complex<double>);
   // Transforms of short cycles copy a spectrum.
   const std::uint64_t copy = samples < most_values ? element * Base::spectrum_size(samples) : 0;
   return element * elements_of(samples, bins) * rows_of_block(samples, rows) + copy +
-         sizeof(double) * std::uint64_t{samples} + Base::transform_memory(samples);
+         sizeof(double) * std::uint64_t{samples} + Base::transform_memory(samples) +
+         of_front * fronts;
 }
 
 ColumnSurface::ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::size_t bins)
@@ -79,22 +46,46 @@ ColumnSurface::ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::siz
       series_(samples),
       plan_(samples, samples / 2 + 1, Base::FFT_Type::freq_to_time) {}
 
-void ColumnSurface::sum(const std::vector<ColumnFront>& fronts, const GridAxis& y,
-                        std::uint32_t first, std::uint32_t rows) {
+void ColumnSurface::take_turns(const std::vector<double>& ky, double y_step) {
+  turns_.take(ky, y_step);
+}
+
+void ColumnSurface::sum(const ColumnFronts& fronts, const GridAxis& y, std::uint32_t first,
+                        std::uint32_t rows) {
   for (std::uint32_t row = 0; row < rows; ++row) {
     std::fill(spectra_[row].begin(), spectra_[row].end(), 0.0);
   }
-  std::size_t front = 0;
-  while (front < fronts.size()) {
-    const std::size_t bin = fronts[front].bin;
+  place(fronts, y.at(first));
+  for (const ColumnFronts::Bin& bin : fronts.bins) {
     // Harmonics above half the sampling rate have no meaning; all later ones are above it too.
-    if (bin >= spectra_[0].size()) return;
-    RowSums sums;
-    for (; front < fronts.size() && fronts[front].bin == bin; ++front) {
-      add_front(fronts[front], y, first, rows, sums);
+    if (bin.bin >= spectra_[0].size()) return;
+    double re[most_rows] = {};
+    double im[most_rows] = {};
+    if (rows > 1) {
+      add_rows(re_.data(), im_.data(), turns_, bin.first, bin.last, rows, re, im);
+    } else {
+      for (std::size_t i = bin.first; i < bin.last; ++i) re[0] += re_[i];
+      for (std::size_t i = bin.first; i < bin.last; ++i) im[0] += im_[i];
     }
     for (std::uint32_t row = 0; row < rows; ++row) {
-      spectra_[row][bin] = {sums.re[row], sums.im[row]};
+      spectra_[row][bin.bin] += std::complex<double>(re[row], im[row]);
+    }
+  }
+}
+
+void ColumnSurface::place(const ColumnFronts& fronts, double y) {
+  psi_.resize(fronts.amps.size());
+  re_.resize(psi_.size());
+  im_.resize(psi_.size());
+  for (std::size_t i = 0; i < psi_.size(); ++i) {
+    psi_[i] = fronts.phases[i] - (y * fronts.ky[i] + fronts.lags[i]);
+  }
+  Base::sine_cosine(psi_.data(), psi_.size(), im_.data(), re_.data());
+  for (const ColumnFronts::Bin& bin : fronts.bins) {
+    for (std::size_t i = bin.first; i < bin.last; ++i) {
+      const double amp = bin.shoaling * fronts.amps[i];
+      re_[i] *= amp;
+      im_[i] *= amp;
     }
   }
 }

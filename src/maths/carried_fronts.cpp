@@ -1,8 +1,7 @@
 #include "maths/carried_fronts.h"
 
 #include <algorithm>
-#include <cmath>
-#include <string>
+#include <utility>
 
 #include "base/constants.h"
 #include "base/sine_cosine.h"
@@ -12,13 +11,10 @@
 
 namespace Maths {
 
-std::uint64_t CarriedFronts::memory(std::uint64_t fronts, std::uint64_t harmonics,
-                                    const TankConfig& tank) {
+std::uint64_t CarriedFronts::memory(std::uint64_t fronts, std::uint64_t harmonics) {
   constexpr std::uint64_t of_front = 8 * sizeof(double);
   constexpr std::uint64_t of_harmonic = sizeof(Harmonic) + 4 * sizeof(double);
-  // A list of pieces grows to at most twice its length, with the old block beside it.
-  constexpr std::uint64_t of_piece = 2 * 3 * sizeof(PathPiece);
-  return of_front * fronts + of_harmonic * harmonics + of_piece * tank.profile.size();
+  return of_front * fronts + of_harmonic * harmonics;
 }
 
 CarriedFronts::CarriedFronts(const TankConfig& tank, const RunData& run, const FrontSet& fronts,
@@ -65,16 +61,12 @@ bool CarriedFronts::WaveNumbers::take(const std::vector<double>& omegas, double 
 }
 
 bool CarriedFronts::carry_to(double x, const std::function<bool()>& go_on) {
-  try {
-    if (std::isnan(x)) return false;
-    if (omegas_.empty()) leave_paddles();
-    path_.lead_to(tank_, x);
-    if (!path_.inside || !follow_path(go_on)) return false;
-    take_shoaling();
-    return true;
-  } catch (const std::string&) {
-    return false;
-  }
+  if (omegas_.empty()) leave_paddles();
+  path_.lead_to(tank_, x);
+  if (!path_.inside) throw_outside(x);
+  if (!follow_path(go_on)) return false;
+  take_shoaling();
+  return true;
 }
 
 void CarriedFronts::leave_paddles() {

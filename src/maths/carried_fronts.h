@@ -31,16 +31,16 @@ class CarriedFronts {
     double shoaling = 1.0;  // the amplitude at the position, of 1 at the paddle line
   };
 
-  // The bytes for a number of fronts and of harmonics, and for a profile.
-  static std::uint64_t memory(std::uint64_t fronts, std::uint64_t harmonics,
-                              const TankConfig& tank);
+  // The bytes for a number of fronts and of harmonics.
+  static std::uint64_t memory(std::uint64_t fronts, std::uint64_t harmonics);
 
   // Takes the fronts of the slots from `first` to `last` - 1. The tank and the run must outlive it.
   CarriedFronts(const TankConfig& tank, const RunData& run, const FrontSet& fronts,
                 std::size_t first, std::size_t last);
 
   // Brings the fronts to x, and asks `go_on` before each piece of the tank. False once that is
-  // false, and where TankRun throws for any of the harmonics.
+  // false. Throws if TankRun throws for any of the harmonics: one of the messages that it throws
+  // for them.
   bool carry_to(double x, const std::function<bool()>& go_on);
 
   const std::vector<Harmonic>& harmonics() const { return harmonics_; }

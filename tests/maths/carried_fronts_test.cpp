@@ -5,9 +5,12 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "maths/snell_sum.h"
+#include "support/thrown.h"
 #include "varied_tank.h"
 
 namespace {
@@ -16,6 +19,7 @@ using Maths::CarriedFronts;
 using Maths::FrontSet;
 using Maths::TankConfig;
 using Maths::TankRun;
+using Testing::thrown;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
@@ -99,12 +103,14 @@ TEST(CarriedFronts, TakeTheirShareOfTheSlots) {
   EXPECT_TRUE(none.carry_to(12.0, always));
 }
 
-TEST(CarriedFronts, StayWhereTankRunThrows) {
+TEST(CarriedFronts, ThrowWhereTankRunThrows) {
   const Maths::RunData run = grid();
   const FrontSet set = sea();
   const TankConfig tank = varied();
   CarriedFronts carried(tank, run, set, 0, set.slots.size());
-  for (const double x : {21.0, -6.0, nan}) EXPECT_FALSE(carried.carry_to(x, always));
+  for (const auto& [x, text] : {std::pair{21.0, "21"}, {-6.0, "-6"}, {nan, "nan"}}) {
+    EXPECT_EQ(thrown([&] { carried.carry_to(x, always); }), outside(text));
+  }
   expect_as_one_by_one(carried, tank, 12.0);
 
   TankConfig dry = slope();
@@ -112,8 +118,11 @@ TEST(CarriedFronts, StayWhereTankRunThrows) {
     if (point.x > 9.0) point.depth = 0.0;
   }
   CarriedFronts ashore(dry, run, set, 0, set.slots.size());
-  EXPECT_FALSE(ashore.carry_to(12.0, always));
-  EXPECT_FALSE(ashore.carry_to(12.0, always));
+  TankRun single(dry, run);
+  const std::string first = thrown([&] { single.shoaling(2, 12.0); });
+  EXPECT_NE(first, Testing::nothing_thrown);
+  EXPECT_EQ(thrown([&] { ashore.carry_to(12.0, always); }), first);
+  EXPECT_EQ(thrown([&] { ashore.carry_to(12.0, always); }), first);
   expect_as_one_by_one(ashore, dry, 8.0);
 
   FrontSet high;
@@ -121,7 +130,7 @@ TEST(CarriedFronts, StayWhereTankRunThrows) {
   high.append(5, {0.1, 0.0, 0.0});
   high.append(41, {0.1, 0.0, 0.0});  // above the highest harmonic
   CarriedFronts beyond(tank, run, high, 0, 50);
-  EXPECT_FALSE(beyond.carry_to(3.0, always));
+  EXPECT_EQ(thrown([&] { beyond.carry_to(3.0, always); }), "Harmonic out of range");
 }
 
 TEST(CarriedFronts, CanBeStoppedAtEachPiece) {
