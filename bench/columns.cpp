@@ -1,0 +1,233 @@
+// Animations and waves at a point against their floor: the same inverse transforms from one plan, a
+// sine and a cosine for each front at each point (or column, if they do not vary across it), and
+// one write of the results. Processor time, so that other work on the machine matters little; the
+// ratio of a row is that of its two entries.
+#include <benchmark/benchmark.h>
+#include <fftw3.h>
+
+#include <algorithm>
+#include <cmath>
+#include <complex>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "animation/animate.h"
+#include "base/params.h"
+#include "base/sine_cosine.h"
+#include "point/two_d.h"
+
+namespace {
+
+constexpr double rate = 100.0;  // Hz
+constexpr double lowest = 0.3;
+constexpr double highest = 2.5;
+
+struct Job {
+  std::size_t samples;
+  std::size_t fronts;  // of each harmonic
+  bool slope;          // a thousand pieces of depth instead of one
+
+  bool straight() const { return fronts == 1; }
+};
+
+constexpr std::size_t columns = 101;
+constexpr std::size_t rows = 61;
+
+// A job with its tank and fronts, made once.
+struct Prepared {
+  explicit Prepared(const Job& job) {
+    tank.g = 9.81;
+    tank.paddle_depth = 1.0;
+    const int pieces = job.slope ? 1004 : 1;
+    for (int i = 0; i <= pieces; ++i) {
+      tank.profile.push_back({1.0 - (job.slope ? 0.5 * i / pieces : 0.0), 20.0 * i / pieces});
+    }
+    tank.x_high = tank.profile.back().x;
+    run.init(static_cast<double>(job.samples) / rate, rate, lowest, highest, false);
+    fronts.reset(run.size());
+    for (std::uint64_t h = run.min_harmonic(); h <= run.max_harmonic(); ++h) {
+      for (std::size_t i = 0; i < job.fronts; ++i) {
+        const double s = static_cast<double>(h * job.fronts + i);
+        fronts.append(h, {5e-4, job.straight() ? 0.0 : 0.7 * std::sin(s), s});
+        ++terms;
+      }
+    }
+  }
+
+  Maths::TankConfig tank;
+  Maths::RunData run;
+  Maths::FrontSet fronts;
+  std::size_t terms = 0;  // fronts of all harmonics
+};
+
+Base::Params grid() {
+  Base::Params params;
+  params.insert("rate", rate, "Hz");
+  const std::vector<std::pair<std::string, double>> lengths = {
+      {"x_min", 0.0}, {"x_max", 20.0}, {"x_step", 20.0 / (columns - 1)},
+      {"y_min", 0.0}, {"y_max", 6.0},  {"y_step", 6.0 / (rows - 1)}};
+  for (const auto& [name, value] : lengths) params.insert(name, value, "m");
+  return params;
+}
+
+// Takes the lines that a build writes, and drops them.
+class Quiet {
+ public:
+  Quiet() : screen_(std::cout.rdbuf(lines_.rdbuf())) {}
+  ~Quiet() { std::cout.rdbuf(screen_); }
+  Quiet(const Quiet&) = delete;
+  Quiet& operator=(const Quiet&) = delete;
+
+ private:
+  std::ostringstream lines_;
+  std::streambuf* screen_;
+};
+
+void whole(benchmark::State& state, const Job& job, bool fresh) {
+  const Prepared made(job);
+  Base::Params params = grid();
+  Synthesis::Animate animate;
+  for (auto _ : state) {
+    const Quiet quiet;
+    if (fresh) animate.frames().release();
+    animate.build(made.fronts, made.tank, made.run, params);
+  }
+}
+
+// A column at a time.
+void slices(benchmark::State& state, const Job& job) {
+  const Prepared made(job);
+  Base::Params params = grid();
+  Synthesis::Animate animate;
+  for (auto _ : state) {
+    animate.frames().stop();
+    animate.init(made.fronts, made.run, params);
+    for (std::uint32_t ix = 0; ix < columns; ++ix) {
+      animate.build_slice(made.fronts, made.tank, made.run, ix, ix + 1);
+    }
+  }
+}
+
+void point(benchmark::State& state, const Job& job) {
+  const Prepared made(job);
+  Base::Params params;
+  params.insert("rate", rate, "Hz");
+  params.insert("x", 19.0, "m");
+  params.insert("y", 1.0, "m");
+  params.insert("delta_angle", 0.1, "rad");
+  Synthesis::TwoD two_d;
+  for (auto _ : state) {
+    Maths::TankRun tank_run(made.tank, made.run);
+    two_d.build(made.fronts, tank_run, Synthesis::fit_point(params, made.run), params);
+    benchmark::DoNotOptimize(two_d.data(0).data());
+  }
+}
+
+// One plan for all transforms of a job.
+class Transform {
+ public:
+  explicit Transform(std::size_t samples) : spectrum_(samples / 2 + 1), series_(samples) {
+    auto* const input = reinterpret_cast<fftw_complex*>(spectrum_.data());
+    plan_ = fftw_plan_dft_c2r_1d(static_cast<int>(samples), input, series_.data(), FFTW_ESTIMATE);
+  }
+  ~Transform() { fftw_destroy_plan(plan_); }
+  Transform(const Transform&) = delete;
+  Transform& operator=(const Transform&) = delete;
+  const std::vector<double>& run() {
+    fftw_execute(plan_);
+    benchmark::ClobberMemory();
+    return series_;
+  }
+
+ private:
+  std::vector<std::complex<double>> spectrum_;
+  std::vector<double> series_;
+  fftw_plan plan_ = nullptr;
+};
+
+// The sines and cosines of `count` terms at a time.
+class Terms {
+ public:
+  explicit Terms(std::size_t count) : angles_(count, 0.5), sines_(count), cosines_(count) {}
+  void take() {
+    Base::sine_cosine(angles_.data(), angles_.size(), sines_.data(), cosines_.data());
+    benchmark::DoNotOptimize(sines_.data());
+    benchmark::DoNotOptimize(cosines_.data());
+    benchmark::ClobberMemory();
+  }
+
+ private:
+  std::vector<double> angles_;
+  std::vector<double> sines_;
+  std::vector<double> cosines_;
+};
+
+void animation_floor(benchmark::State& state, const Job& job, bool fresh) {
+  Transform transform(job.samples);
+  Terms terms(Prepared(job).terms);
+  const std::size_t points = columns * (job.straight() ? 1 : rows);
+  std::vector<std::vector<std::int16_t>> frames(job.samples);
+  for (auto _ : state) {
+    for (std::size_t i = 0; i < points; ++i) {
+      terms.take();
+      transform.run();
+    }
+    if (fresh) std::vector<std::vector<std::int16_t>>(job.samples).swap(frames);
+    for (auto& frame : frames) frame.assign(columns * rows, 1);
+    benchmark::DoNotOptimize(frames.data());
+    benchmark::ClobberMemory();
+  }
+}
+
+void point_floor(benchmark::State& state, const Job& job) {
+  Transform transform(job.samples);
+  Terms terms(Prepared(job).terms);
+  std::vector<double> time;
+  std::vector<double> spectrum;
+  std::vector<double> variance;
+  for (auto _ : state) {
+    terms.take();
+    time = transform.run();
+    spectrum.assign(job.samples / 2 + 1, 1.0);
+    variance.assign(job.samples / 2 + 1, 1.0);
+    benchmark::ClobberMemory();
+  }
+}
+
+template <typename Work>
+void entry(const std::string& name, Work work) {
+  benchmark::RegisterBenchmark(name.c_str(), work)->Unit(benchmark::kMillisecond);
+}
+
+void animations(const std::string& name, const Job& job) {
+  const std::string prefix = "animation, " + name;
+  using State = benchmark::State;
+  entry(prefix + ", whole/library", [job](State& s) { whole(s, job, false); });
+  entry(prefix + ", whole/floor", [job](State& s) { animation_floor(s, job, false); });
+  entry(prefix + ", whole, new frames/library", [job](State& s) { whole(s, job, true); });
+  entry(prefix + ", whole, new frames/floor", [job](State& s) { animation_floor(s, job, true); });
+  entry(prefix + ", slices/library", [job](State& s) { slices(s, job); });
+  entry(prefix + ", slices/floor", [job](State& s) { animation_floor(s, job, false); });
+}
+
+void points(const std::string& name, const Job& job) {
+  entry("point, " + name + "/library", [job](benchmark::State& s) { point(s, job); });
+  entry("point, " + name + "/floor", [job](benchmark::State& s) { point_floor(s, job); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  animations("31 directions", {8192, 31, false});
+  animations("uniform", {8192, 1, false});
+  animations("31 directions on a slope", {8192, 31, true});
+  animations("uniform on a slope", {8192, 1, true});
+  points("31 directions", {32768, 31, false});
+  points("1 front", {32768, 1, false});
+  points("31 directions on a slope", {32768, 31, true});
+  points("1 front on a slope", {32768, 1, true});
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
