@@ -36,6 +36,16 @@ void prove_room(std::uint64_t points, std::uint32_t t, const Frames& held, std::
   if (!Base::memory_fits(bytes)) throw std::bad_alloc();
 }
 
+// Each frame is in another part of the memory, so that a store would wait for it.
+constexpr std::size_t frames_ahead = 12;
+
+void fetch(const std::int16_t* samples, std::size_t count) {
+  constexpr std::size_t line = 64 / sizeof(std::int16_t);
+  constexpr int to_write = 1;
+  for (std::size_t i = 0; i < count; i += line) __builtin_prefetch(samples + i, to_write);
+  if (count != 0) __builtin_prefetch(samples + count - 1, to_write);
+}
+
 }  // namespace
 
 void AnimationFrames::setup(std::uint32_t x, std::uint32_t y, std::uint32_t t,
@@ -89,8 +99,13 @@ void AnimationFrames::add_series(std::uint32_t x, std::uint32_t y, const SeriesB
   const std::uint32_t rows = std::min(series.rows, y_lim_ - y);
   const std::size_t first = std::size_t{y_lim_} * x + y;
   for (std::size_t t = 0; t < t_lim_; ++t) {
+    if (t + frames_ahead < t_lim_) fetch(frames_[t + frames_ahead].data() + first, rows);
     std::int16_t* const out = frames_[t].data() + first;
-    for (std::size_t row = 0; row < rows; ++row) out[row] = series.data[row * series.stride + t];
+    if (series.stride == 0) {
+      std::fill_n(out, rows, series.data[t]);
+    } else {
+      for (std::size_t row = 0; row < rows; ++row) out[row] = series.data[row * series.stride + t];
+    }
   }
   const Count count = count_.load(std::memory_order_relaxed);
   count_.store({count.done + rows, count.total}, std::memory_order_release);
