@@ -82,6 +82,7 @@ void CarriedFronts::leave_paddles() {
   for (std::size_t h = 0; h < harmonics_.size(); ++h) {
     Harmonic& harmonic = harmonics_[h];
     harmonic.k0 = at_end_.k[h];
+    harmonic.k1 = harmonic.k0;
     group_factors_[h] = group_factor(tank_.paddle_depth, harmonic.k0);
     const double k0_squared = harmonic.k0 * harmonic.k0;
     for (std::size_t i = harmonic.first; i < harmonic.last; ++i) {
@@ -131,6 +132,7 @@ void CarriedFronts::take_shoaling() {
   if (!at_end_.take(omegas_, depth, tank_.g)) return;
   for (std::size_t h = 0; h < harmonics_.size(); ++h) {
     const double k1 = at_end_.k[h];
+    harmonics_[h].k1 = k1;
     harmonics_[h].shoaling =
         depth == tank_.paddle_depth
             ? 1.0

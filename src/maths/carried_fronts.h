@@ -28,6 +28,7 @@ class CarriedFronts {
     std::size_t first = 0;  // of its fronts, in the vectors of all fronts
     std::size_t last = 0;   // after them
     double k0 = 0.0;        // wave number at the paddle line
+    double k1 = 0.0;        // and at the position
     double shoaling = 1.0;  // the amplitude at the position, of 1 at the paddle line
   };
 
@@ -44,6 +45,8 @@ class CarriedFronts {
   bool carry_to(double x, const std::function<bool()>& go_on);
 
   const std::vector<Harmonic>& harmonics() const { return harmonics_; }
+  const std::vector<double>& omegas() const { return omegas_; }  // of the harmonics
+  double end_depth() const { return path_.end_depth; }           // at the position
   // Of each front, at the paddle line.
   const std::vector<double>& amps() const { return amps_; }
   const std::vector<double>& phases() const { return phases_; }

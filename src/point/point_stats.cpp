@@ -1,5 +1,7 @@
 #include "point/point_stats.h"
 
+#include <algorithm>
+#include <complex>
 #include <utility>
 
 #include "analysis/spectrum_stats.h"
@@ -18,7 +20,9 @@ void point_stats(const Maths::FrontSet& fronts, Maths::TankRun& run, const Point
   local.insert("y", point.y, "m");
   local.insert("rate", params.read("rate", Base::Category::frequency), "Hz");
 
-  require_point_memory(params, point, Maths::signal_memory(point.samples));
+  const std::uint64_t sums = sizeof(std::complex<double>) * Base::spectrum_size(point.samples) +
+                             point_memory(fronts, point);
+  require_point_memory(params, point, std::max(Maths::signal_memory(point.samples), sums));
   Base::Cvector surface;
   surface_at(surface, fronts, run, point);
   Base::DataSet record(std::move(surface), local);

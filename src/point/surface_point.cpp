@@ -7,25 +7,30 @@
 #include <vector>
 
 #include "base/units.h"
+#include "point/point_fronts.h"
 
 namespace Synthesis {
 namespace {
 
 using Complex = std::complex<double>;
-using Slot = std::vector<Maths::HarmonicFront>;
 
 // The number of harmonics that both the samples and the fronts have.
 std::size_t harmonic_count(const Maths::FrontSet& fronts, const PointSpec& point) {
   return std::min(Base::spectrum_size(point.samples), fronts.slots.size());
 }
 
-// A front outside the tank's angle limits keeps its slot with amplitude 0. Its phase can be NaN.
-bool refused(const Maths::HarmonicFront& front) { return front.amp == 0.0; }
+void label(Base::Cvector& surface, const PointSpec& point) {
+  surface.label = "Data";
+  surface.units = Base::default_units(Base::Category::length);
+  surface.length = point.samples;
+  surface.data.assign(Base::spectrum_size(point.samples), Complex());
+}
 
-void require_in_tank(const Maths::TankRun& run, double x) { static_cast<void>(run.depth_at(x)); }
-
-Complex wave(double amplitude, double phase) {
-  return {amplitude * std::cos(phase), amplitude * std::sin(phase)};
+void label(Base::Vector& directions, const PointSpec& point) {
+  directions.label = "Data";
+  directions.units = Base::default_units(Base::Category::angle);
+  directions.length = Base::spectrum_size(point.samples);
+  directions.data.assign(directions.length, 0.0);
 }
 
 bool finite(const Complex& z) { return std::isfinite(z.real()) && std::isfinite(z.imag()); }
@@ -33,57 +38,67 @@ bool finite(const Complex& z) { return std::isfinite(z.real()) && std::isfinite(
 double phase_of(const Complex& z) { return std::atan2(z.imag(), z.real()); }
 
 // From the phase changes over a small step along x and one along y.
-double direction_of(const Slot& slot, std::size_t h, Maths::TankRun& run, const PointSpec& point) {
-  const double k0 = run.wave_num_at(h, 0.0);
-  const double k1 = run.wave_num_at(h, point.x);
-  constexpr double step_phase = 0.1;  // radians at the local wave number
-  const double d = step_phase / k1;
-  Complex at_point;
-  Complex along;
-  Complex across;
-  for (const Maths::HarmonicFront& front : slot) {
-    if (refused(front)) continue;
-    const double psi = front.phase - run.phase_lag(h, point.x, point.y, front.angle);
-    at_point += wave(front.amp, psi);
-    along += wave(front.amp, psi + std::cos(front.angle) * k0 * d);
-    across += wave(front.amp, psi + std::sin(front.angle) * k0 * d);
-  }
+double direction_of(Complex at_point, Complex along, Complex across) {
   const double direction = std::atan2(phase_of(smith_quotient(across, at_point)),
                                       phase_of(smith_quotient(along, at_point)));
   return std::isnan(direction) ? 0.0 : direction;
 }
 
-}  // namespace
-
-void surface_at(Base::Cvector& out, const Maths::FrontSet& fronts, Maths::TankRun& run,
-                const PointSpec& point) {
-  out.label = "Data";
-  out.units = Base::default_units(Base::Category::length);
-  out.length = point.samples;
-  out.data.assign(Base::spectrum_size(point.samples), Complex());
-  const std::size_t harmonics = harmonic_count(fronts, point);
-  for (std::size_t h = 0; h < harmonics; ++h) {
-    if (fronts.slots[h].empty()) continue;
-    require_in_tank(run, point.x);
-    const double shoaling = run.shoaling(h, point.x);
-    for (const Maths::HarmonicFront& front : fronts.slots[h]) {
-      if (refused(front)) continue;
-      const double lag = run.phase_lag(h, point.x, point.y, front.angle);
-      out.data[h] += wave(shoaling * front.amp, front.phase - lag);
+void add_surface(Base::Cvector& surface, const PointFronts& at) {
+  const PointWaves& waves = at.waves();
+  for (const Maths::CarriedFronts::Harmonic& harmonic : at.carried().harmonics()) {
+    Complex& sum = surface.data[harmonic.index];
+    for (std::size_t i = harmonic.first; i < harmonic.last; ++i) {
+      const double amp = harmonic.shoaling * at.carried().amps()[i];
+      sum += Complex(amp * waves.cosines[i], amp * waves.sines[i]);
     }
   }
 }
 
+void add_directions(Base::Vector& directions, PointFronts& at) {
+  const PointSteps& steps = at.take_steps();
+  const std::vector<double>& amps = at.carried().amps();
+  const auto sum = [&](const PointWaves& waves, const Maths::CarriedFronts::Harmonic& harmonic) {
+    Complex total;
+    for (std::size_t i = harmonic.first; i < harmonic.last; ++i) {
+      total += Complex(amps[i] * waves.cosines[i], amps[i] * waves.sines[i]);
+    }
+    return total;
+  };
+  for (const Maths::CarriedFronts::Harmonic& harmonic : at.carried().harmonics()) {
+    directions.data[harmonic.index] = direction_of(
+        sum(at.waves(), harmonic), sum(steps.along, harmonic), sum(steps.across, harmonic));
+  }
+}
+
+}  // namespace
+
+std::uint64_t point_memory(const Maths::FrontSet& fronts, const PointSpec& point) {
+  return PointFronts::memory(fronts, harmonic_count(fronts, point));
+}
+
+void surface_at(Base::Cvector& out, const Maths::FrontSet& fronts, Maths::TankRun& run,
+                const PointSpec& point) {
+  label(out, point);
+  PointFronts at(fronts, harmonic_count(fronts, point), run, point, PointFronts::surface);
+  while (at.next()) add_surface(out, at);
+}
+
 void direction_at(Base::Vector& out, const Maths::FrontSet& fronts, Maths::TankRun& run,
                   const PointSpec& point) {
-  out.label = "Data";
-  out.units = Base::default_units(Base::Category::angle);
-  out.length = Base::spectrum_size(point.samples);
-  out.data.assign(out.length, 0.0);
-  const std::size_t harmonics = harmonic_count(fronts, point);
-  for (std::size_t h = 0; h < harmonics; ++h) {
-    const Slot& slot = fronts.slots[h];
-    if (!slot.empty()) out.data[h] = direction_of(slot, h, run, point);
+  label(out, point);
+  PointFronts at(fronts, harmonic_count(fronts, point), run, point, PointFronts::directions);
+  while (at.next()) add_directions(out, at);
+}
+
+void wave_at(Base::Cvector& surface, Base::Vector& directions, const Maths::FrontSet& fronts,
+             Maths::TankRun& run, const PointSpec& point) {
+  label(surface, point);
+  label(directions, point);
+  PointFronts at(fronts, harmonic_count(fronts, point), run, point, PointFronts::both);
+  while (at.next()) {
+    add_surface(surface, at);
+    add_directions(directions, at);
   }
 }
 

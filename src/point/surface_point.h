@@ -12,18 +12,16 @@
 #include "base/vector.h"
 #include "maths/front_set.h"
 #include "maths/tank_run.h"
+#include "point/point_spec.h"
 
 namespace Synthesis {
 
-struct PointSpec {
-  double x = 0.0;             // metres
-  double y = 0.0;             // metres
-  std::uint32_t samples = 0;  // in one repeat time
-};
-
-// Both functions below use the harmonics from 0 to samples / 2 and ignore higher ones. A front of
+// The functions below use the harmonics from 0 to samples / 2 and ignore higher ones. A front of
 // amplitude 0 is ignored, whatever its phase. If there are any fronts, a point outside the tank
 // throws std::string "Value x=<x> is outside dimensions of tank".
+
+// The bytes that they need in addition to their results.
+std::uint64_t point_memory(const Maths::FrontSet& fronts, const PointSpec& point);
 
 // Fills `out` with the complex amplitude of each harmonic in metres, labelled "Data".
 void surface_at(Base::Cvector& out, const Maths::FrontSet& fronts, Maths::TankRun& run,
@@ -35,6 +33,10 @@ void surface_at(Base::Cvector& out, const Maths::FrontSet& fronts, Maths::TankRu
 // node.
 void direction_at(Base::Vector& out, const Maths::FrontSet& fronts, Maths::TankRun& run,
                   const PointSpec& point);
+
+// Both at once, as surface_at and then direction_at give them, in about the time of one.
+void wave_at(Base::Cvector& surface, Base::Vector& directions, const Maths::FrontSet& fronts,
+             Maths::TankRun& run, const PointSpec& point);
 
 // a / b by the method of R. L. Smith (Algorithm 116, CACM 5, 1962). It scales by the larger part of
 // the divisor, so intermediate results do not overflow. Both parts are NaN if a or b has an

@@ -56,12 +56,12 @@ void TwoD::build(const Maths::FrontSet& fronts, Maths::TankRun& run, const Point
       sizeof(double) * (time_.data.size() + spectrum_.data.size() + variance_.data.size());
   // The earlier results are freed once the surface and the directions exist.
   const std::uint64_t before_release =
-      (sizeof(std::complex<double>) + sizeof(double)) * Base::spectrum_size(point.samples);
+      (sizeof(std::complex<double>) + sizeof(double)) * Base::spectrum_size(point.samples) +
+      point_memory(fronts, point);
   require_point_memory(params, point, std::max(before_release, bytes - std::min(bytes, held)));
   Base::Cvector surface;
-  surface_at(surface, fronts, run, point);
   Base::Vector directions;
-  direction_at(directions, fronts, run, point);
+  wave_at(surface, directions, fronts, run, point);
 
   Base::DataSet record(std::move(surface), params);
   // Frees the results of the build before. Assigning a temporary releases the memory; a copy of an

@@ -60,6 +60,7 @@ void expect_as_one_by_one(CarriedFronts& carried, const TankConfig& tank, double
   for (const CarriedFronts::Harmonic& harmonic : carried.harmonics()) {
     EXPECT_EQ(harmonic.shoaling, single.shoaling(harmonic.index, x)) << x;
     EXPECT_EQ(harmonic.k0, single.ladder().front().k);
+    EXPECT_EQ(harmonic.k1, single.ladder().back().k);
     std::size_t i = harmonic.first;
     for (const Maths::HarmonicFront& front : set.slots[harmonic.index]) {
       if (front.amp == 0.0) continue;
