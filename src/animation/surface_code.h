@@ -2,8 +2,6 @@
 #ifndef KELPBOX_ANIMATION_SURFACE_CODE_H_
 #define KELPBOX_ANIMATION_SURFACE_CODE_H_
 
-#include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -20,20 +18,8 @@ inline std::int16_t surface_code(double height) {
       Maths::truncate_to_i64(scaled >= 0 ? scaled + 0.5 : scaled - 0.5));
 }
 
-// The same for a series. Heights that leave room in 32 bits are converted several at a time.
-inline void surface_codes(const double* heights, std::size_t count, std::int16_t* out) {
-  bool far = false;
-  for (std::size_t i = 0; i < count; ++i) far |= !(std::abs(heights[i]) < 65536.0);
-  if (far) {
-    std::transform(heights, heights + count, out, surface_code);
-    return;
-  }
-  for (std::size_t i = 0; i < count; ++i) {
-    const double scaled = heights[i] * 32767.0 * 0.25;
-    out[i] =
-        static_cast<std::int16_t>(static_cast<std::int32_t>(scaled + std::copysign(0.5, scaled)));
-  }
-}
+// The same for a series, several heights at a time.
+void surface_codes(const double* heights, std::size_t count, std::int16_t* out);
 
 }  // namespace Synthesis
 

@@ -17,8 +17,7 @@ namespace HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-// One exponential gives tanh and cosh, and roots give the power 1.25. The Newton step removes the
-// rounding of the first guess.
+// Roots give the power 1.25. The Newton step removes the rounding of the first guess.
 template <class D, class V = hn::Vec<D>>
 HWY_INLINE V vector_of_waves(D d, V omega, V depth, V g) {
   const V one = hn::Set(d, 1.0);
@@ -29,12 +28,14 @@ HWY_INLINE V vector_of_waves(D d, V omega, V depth, V g) {
   const V lack = hn::Sub(one, hn::Exp(d, hn::Neg(power)));
   const V k = hn::Mul(deep, hn::Exp(d, hn::Mul(hn::Set(d, -0.4), hn::Log(d, lack))));
   const V kd = hn::Mul(k, depth);
-  const V decay = hn::Exp(d, hn::Mul(hn::Set(d, -2.0), kd));
-  const V sum = hn::Div(one, hn::Add(one, decay));
-  const V tanh = hn::Mul(hn::Sub(one, decay), sum);
-  const V cosh_power_m2 = hn::Mul(hn::Set(d, 4.0), hn::Mul(decay, hn::Mul(sum, sum)));
-  const V slope = hn::Mul(g, hn::Add(tanh, hn::Mul(kd, cosh_power_m2)));
-  const V step = hn::Div(hn::Sub(a, hn::Mul(hn::Mul(g, tanh), k)), slope);
+  // With q = exp(-2 k depth), tanh is (1 - q) / (1 + q) and 1 / cosh^2 is 4 q / (1 + q)^2. The
+  // quotients of the step have (1 + q)^2 as their common divisor.
+  const V q = hn::Exp(d, hn::Mul(hn::Set(d, -2.0), kd));
+  const V sum = hn::Add(one, q);
+  const V product = hn::Mul(sum, hn::Sub(one, q));
+  const V missing = hn::Sub(hn::Mul(deep, hn::Mul(sum, sum)), hn::Mul(k, product));
+  const V slope = hn::Add(product, hn::Mul(hn::Set(d, 4.0), hn::Mul(kd, q)));
+  const V step = hn::Div(missing, slope);
   const V k_new = hn::Add(k, step);
   // Signed on purpose, as in the formula for all waves.
   const auto good =

@@ -2,11 +2,13 @@
 #include "animation/animation_frames.h"
 
 #include <gtest/gtest.h>
+#include <hwy/highway.h>
 
 #include <cmath>
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "animation/surface_code.h"
@@ -81,12 +83,20 @@ TEST(SurfaceCode, ASeriesIsEncodedAsItsHeights) {
       EXPECT_EQ(codes[i], surface_code(heights[i])) << heights[i];
     }
   };
-  check();
-  for (const double far :
-       {65536.0, -4e6, 1e300, infinity, std::numeric_limits<double>::quiet_NaN()}) {
-    heights[500] = far;
+  for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
+    SCOPED_TRACE(hwy::TargetName(target));
+    hwy::SetSupportedTargetsForTest(target);
+    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
     check();
+    for (const double far :
+         {65536.0, -4e6, 1e300, infinity, std::numeric_limits<double>::quiet_NaN()}) {
+      const double before = std::exchange(heights[500], far);
+      check();
+      heights[500] = before;
+    }
   }
+  hwy::SetSupportedTargetsForTest(0);
+  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
 }
 
 TEST(AnimationFrames, APointIsFoundByColumnAndRow) {
