@@ -82,7 +82,8 @@ void TwoD::share_out(const std::vector<double>& directions, std::int32_t sectors
   direction_.assign(static_cast<std::size_t>(sectors), 0.0);
   double sum = 0.0;
   for (std::size_t i = 1; i < variance_.data.size(); ++i) {
-    std::int32_t sector = Maths::round_to_i32(directions[i] / step);
+    // Most harmonics have no fronts, and the direction 0.
+    std::int32_t sector = directions[i] == 0.0 ? 0 : Maths::round_to_i32(directions[i] / step);
     if (sector < 0) sector += sectors;
     const auto index = static_cast<std::size_t>(sector);
     if (index >= direction_.size()) throw std::string("invalid vector<T> subscript");
