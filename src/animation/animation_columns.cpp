@@ -71,7 +71,8 @@ std::uint64_t columns_memory(const Maths::FrontSet& fronts, const AnimationGrid&
   const std::uint64_t count = count_fronts(fronts, top);
   const std::uint64_t harmonics = count_harmonics(fronts, top);
   // Of each front: its wave number along y and its line, with the copies of a text that grows.
-  constexpr std::uint64_t beside = sizeof(double) + 4 * 16;
+  constexpr std::uint64_t of_line = 64;
+  constexpr std::uint64_t beside = sizeof(double) + of_line;
   const std::uint64_t code = sizeof(std::int16_t) * stride_of(grid) *
                              ColumnSurface::rows_of_block(grid.samples, rows_of(grid));
   return ColumnSurface::memory(grid.samples, rows_of(grid), bins_of(grid, top), count) + code +

@@ -11,6 +11,12 @@ namespace {
 
 using Harmonic = Maths::CarriedFronts::Harmonic;
 
+// The first slot that has fronts.
+std::size_t next_filled(const Maths::FrontSet& fronts, std::size_t slot, std::size_t top) {
+  while (slot < top && fronts.slots[slot].empty()) ++slot;
+  return slot;
+}
+
 // The end of a part of the slots that stays in the cache and is long enough for vectors.
 std::size_t end_of_part(const Maths::FrontSet& fronts, std::size_t first, std::size_t top) {
   constexpr std::size_t most_slots = 256;
@@ -39,15 +45,15 @@ void PointWaves::take() {
 
 std::uint64_t PointFronts::memory(const Maths::FrontSet& fronts, std::size_t top) {
   std::uint64_t most = 0;
-  for (std::size_t first = 0; first < top;) {
+  for (std::size_t first = next_filled(fronts, 0, top); first < top;) {
     const std::size_t last = end_of_part(fronts, first, top);
     std::uint64_t count = 0;
     for (std::size_t slot = first; slot < last; ++slot) count += fronts.slots[slot].size();
     const std::uint64_t harmonics = last - first;
-    constexpr std::uint64_t of_waves = 3 * 3 * sizeof(double);
+    constexpr std::uint64_t of_waves = std::uint64_t{9} * sizeof(double);
     most = std::max(most, Maths::CarriedFronts::memory(count, harmonics) + of_waves * count +
                               2 * sizeof(double) * harmonics);
-    first = last;
+    first = next_filled(fronts, last, top);
   }
   return most;
 }
@@ -57,7 +63,7 @@ PointFronts::PointFronts(const Maths::FrontSet& fronts, std::size_t top, Maths::
     : fronts_(fronts), top_(top), run_(run), point_(point), purpose_(purpose) {}
 
 bool PointFronts::next() {
-  while (next_slot_ < top_ && fronts_.slots[next_slot_].empty()) ++next_slot_;
+  next_slot_ = next_filled(fronts_, next_slot_, top_);
   if (next_slot_ == top_) return false;
   try {
     take_next();
