@@ -8,8 +8,8 @@
 #define HWY_TARGET_INCLUDE "maths/short_waves.cpp"
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
-
-#include "hwy/contrib/math/math-inl.h"
+// After the two above, which it needs.
+#include <hwy/contrib/math/math-inl.h>
 
 HWY_BEFORE_NAMESPACE();
 namespace Maths {
