@@ -1,16 +1,14 @@
 #include "maths/dispersion.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
 #include "base/compose.h"
-#include "maths/short_waves.h"
 
 namespace Maths {
 
 double knum(double omega, double depth, double g) {
-  const double quick = short_wave(omega, depth, g);
-  if (!std::isnan(quick)) return quick;
   const double a = omega * omega;
   const double kd0 = depth * a / g;
   const double k = (a / g) * std::pow(1 - std::exp(-std::pow(kd0, 1.25)), -0.4);
@@ -27,17 +25,7 @@ double knum(double omega, double depth, double g) {
 }
 
 void knums(const double* omegas, double depth, double g, std::size_t count, double* out) {
-  short_waves(omegas, depth, g, count, out);
-  for (std::size_t i = 0; i < count; ++i) {
-    if (std::isnan(out[i])) out[i] = knum(omegas[i], depth, g);
-  }
-}
-
-void knums(double omega, const double* depths, double g, std::size_t count, double* out) {
-  short_waves(omega, depths, g, count, out);
-  for (std::size_t i = 0; i < count; ++i) {
-    if (std::isnan(out[i])) out[i] = knum(omega, depths[i], g);
-  }
+  std::transform(omegas, omegas + count, out, [=](double omega) { return knum(omega, depth, g); });
 }
 
 }  // namespace Maths

@@ -11,12 +11,14 @@ namespace Maths {
 // Coastal Engineering 45, with one Newton step on the relation. omega in rad/s, depth in m, g in
 // m/s2. Throws std::string "Knum calculation failed for omega=..." when the step is too large or
 // NaN.
+//
+// The operations and their order are fixed. Whether a front at the limit of the tank's angles is
+// made depends on the last bit of its wave numbers.
 double knum(double omega, double depth, double g);
 
-// The wave numbers of `count` frequencies at one depth, or of one frequency at `count` depths. Each
-// differs from `knum` by rounding at most. Throws what `knum` throws for the first one that fails.
+// The wave numbers of `count` frequencies at one depth. Throws what `knum` throws for the first one
+// that fails.
 void knums(const double* omegas, double depth, double g, std::size_t count, double* out);
-void knums(double omega, const double* depths, double g, std::size_t count, double* out);
 
 }  // namespace Maths
 

@@ -9,7 +9,6 @@
 #include "maths/dispersion.h"
 #include "maths/power_of_two.h"
 #include "maths/shoaling.h"
-#include "maths/short_waves.h"
 
 namespace Maths {
 
@@ -49,35 +48,25 @@ void TankRun::build_ladder(std::uint64_t harmonic, double x) {
   if (std::isnan(x)) throw_outside(x);
   const double w = omega(harmonic);
   lead_to(x);
-  path_k_.resize(path_depths_.size());
-  short_waves(w, path_depths_.data(), tank_.g, path_depths_.size(), path_k_.data());
-  std::size_t at = 0;
-  const auto wave_num = [&](double depth) {
-    if (std::isnan(path_k_[at])) path_k_[at] = knum(w, depth, tank_.g);
-    return path_k_[at];
+  // Neighbouring pieces are often equally deep.
+  double depth = tank_.paddle_depth;
+  double k = knum(w, depth, tank_.g);
+  const auto wave_num = [&](double next) {
+    if (next != depth) k = knum(w, next, tank_.g);
+    depth = next;
+    return k;
   };
-  const auto next_wave_num = [&](double depth) {
-    if (depth != path_depths_[at]) ++at;
-    return wave_num(depth);
-  };
-  push_rung(0.0, wave_num(tank_.paddle_depth));
-  for (const PathPiece& piece : path_.pieces) push_rung(piece.dx, next_wave_num(piece.depth));
+  push_rung(0.0, k);
+  for (const PathPiece& piece : path_.pieces) push_rung(piece.dx, wave_num(piece.depth));
   if (!path_.inside) throw_outside(x);
   ladder_end_depth_ = path_.end_depth;
-  push_rung(0.0, next_wave_num(ladder_end_depth_));
+  push_rung(0.0, wave_num(ladder_end_depth_));
 }
 
 void TankRun::lead_to(double x) {
   if (x == path_x_) return;
   path_x_ = std::numeric_limits<double>::quiet_NaN();  // until the path is complete
   path_.lead_to(tank_, x);
-  path_depths_.assign(1, tank_.paddle_depth);
-  // Neighbouring pieces are often equally deep.
-  const auto add = [&](double depth) {
-    if (depth != path_depths_.back()) path_depths_.push_back(depth);
-  };
-  for (const PathPiece& piece : path_.pieces) add(piece.depth);
-  if (path_.inside) add(path_.end_depth);
   path_x_ = x;
 }
 

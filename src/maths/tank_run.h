@@ -71,8 +71,6 @@ class TankRun {
   double ladder_x_ = 0.0;
   double ladder_end_depth_ = 0.0;
   TankPath path_;
-  std::vector<double> path_depths_;  // along the path, from the paddle line on, each change once
-  std::vector<double> path_k_;       // the wave numbers there
   double path_x_ = std::numeric_limits<double>::quiet_NaN();  // NaN: there is no path yet
 };
 
