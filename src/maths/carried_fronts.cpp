@@ -61,6 +61,7 @@ bool CarriedFronts::WaveNumbers::take(const std::vector<double>& omegas, double 
 }
 
 bool CarriedFronts::carry_to(double x, const std::function<bool()>& go_on) {
+  if (harmonics_.empty()) return true;  // wherever x is: nothing has to go there
   if (omegas_.empty()) leave_paddles();
   path_.lead_to(tank_, x);
   if (!path_.inside) throw_outside(x);

@@ -104,6 +104,14 @@ TEST(CarriedFronts, TakeTheirShareOfTheSlots) {
   EXPECT_TRUE(none.carry_to(12.0, always));
 }
 
+TEST(CarriedFronts, NeedNoTankWithoutFronts) {
+  const Maths::RunData run = grid();
+  const FrontSet set = sea();
+  const TankConfig tank = varied();
+  CarriedFronts none(tank, run, set, 3, 5);
+  for (const double x : {21.0, -6.0, nan}) EXPECT_TRUE(none.carry_to(x, always)) << x;
+}
+
 TEST(CarriedFronts, ThrowWhereTankRunThrows) {
   const Maths::RunData run = grid();
   const FrontSet set = sea();
