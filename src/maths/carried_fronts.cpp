@@ -1,10 +1,10 @@
 #include "maths/carried_fronts.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "base/constants.h"
-#include "base/sine_cosine.h"
 #include "maths/dispersion.h"
 #include "maths/shoaling.h"
 #include "maths/snell_sum.h"
@@ -45,9 +45,14 @@ CarriedFronts::CarriedFronts(const TankConfig& tank, const RunData& run, const F
     harmonic.last = amps_.size();
     harmonics_.push_back(harmonic);
   }
-  sines_.resize(angles.size());
-  cosines_.resize(angles.size());
-  Base::sine_cosine(angles.data(), angles.size(), sines_.data(), cosines_.data());
+  // To the last bit: near a right angle the lag is the root of a difference of almost equal
+  // numbers.
+  sines_.reserve(count);
+  cosines_.reserve(count);
+  for (const double angle : angles) {
+    sines_.push_back(std::sin(angle));
+    cosines_.push_back(std::cos(angle));
+  }
 }
 
 bool CarriedFronts::WaveNumbers::take(const std::vector<double>& omegas, double depth_now,
