@@ -9,6 +9,7 @@
 #include "base/constants.h"
 #include "base/sine_cosine.h"
 #include "base/streams.h"
+#include "maths/wavemaker_ratio.h"
 
 namespace Synthesis {
 namespace {
@@ -72,17 +73,25 @@ void FrontSums::add(const PaddleHarmonic& harmonic, std::span<const Maths::Harmo
     add_unreported(harmonic, fronts, sums);
     return;
   }
-  for (const Maths::HarmonicFront& front : fronts) {
-    add_unreported(harmonic, {&front, 1}, sums);
-    report(harmonic, front, sums);
-  }
+  for (const Maths::HarmonicFront& front : fronts) add_reported(harmonic, front, sums);
 }
 
-void FrontSums::report(const PaddleHarmonic& harmonic, const Maths::HarmonicFront& front,
-                       SumArrays sums) const {
+void FrontSums::add_reported(const PaddleHarmonic& harmonic, const Maths::HarmonicFront& front,
+                             SumArrays sums) const {
+  // A front outside the tank's angle limits has amplitude 0, and its phase may be NaN.
   if (front.amp == 0.0) return;
+  static const double quarter_cycle = Base::Pi * 0.5;
+  const double kc = std::cos(front.angle) * harmonic.k;
+  const double ks = std::sin(front.angle) * harmonic.k;
   for (std::size_t p = 0; p < paddles_; ++p) {
-    if (std::fabs(front.angle - row_.angle[p]) > harmonic.max_offset) continue;
+    const double offset = front.angle - row_.angle[p];
+    if (std::fabs(offset) > harmonic.max_offset) continue;
+    const double gain =
+        Maths::obliquity_factor(harmonic.k, row_.width, offset) * front.amp * harmonic.inverse;
+    const double lag = ks * row_.y[p] + kc * row_.x[p] + quarter_cycle;
+    const double psi = front.phase - lag;
+    sums.real[p] += gain * std::cos(psi);
+    sums.imaginary[p] += gain * std::sin(psi);
     const std::complex<double> sum(sums.real[p], sums.imaginary[p]);
     if (std::abs(sum) > huge) Base::progress() << sum << ":";
   }

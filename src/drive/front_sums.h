@@ -30,8 +30,10 @@ class FrontSums {
  private:
   void add_unreported(const PaddleHarmonic& harmonic, std::span<const Maths::HarmonicFront> fronts,
                       SumArrays sums);
-  void report(const PaddleHarmonic& harmonic, const Maths::HarmonicFront& front,
-              SumArrays sums) const;
+  // By the plain formula, one paddle after the other. Hosts see the digits of these sums, also of a
+  // part that is nothing but the rounding of the other.
+  void add_reported(const PaddleHarmonic& harmonic, const Maths::HarmonicFront& front,
+                    SumArrays sums) const;
   void collect(const PaddleHarmonic& harmonic, std::span<const Maths::HarmonicFront> fronts);
   void find_gains(const PaddleHarmonic& harmonic);
   void find_steps(const PaddleHarmonic& harmonic);
