@@ -80,13 +80,19 @@ ChirpTransform::ChirpTransform(std::size_t samples, std::size_t first, std::size
 
 void ChirpTransform::run(double* signal) {
   const double size = size_of(signal, 2 * count_);
+  if (size == 0.0) {
+    // The convolution would give zeros of both signs.
+    std::fill_n(signal, samples_, 0.0);
+    return;
+  }
   run_scaled(signal, std::isnan(size) ? 1.0 : size, nullptr, 0.0);
 }
 
 void ChirpTransform::run(double* a, double* b) {
   const double size_a = size_of(a, 2 * count_);
   const double size_b = size_of(b, 2 * count_);
-  if (std::isnan(size_a) || std::isnan(size_b)) {
+  const bool usual = size_a > 0.0 && size_b > 0.0;
+  if (!usual) {
     run(a);
     run(b);
   } else {
@@ -115,8 +121,8 @@ void ChirpTransform::run_scaled(double* a, double size_a, double* b, double size
   std::vector<Complex>& in = transform_.in();
   std::vector<Complex>& out = transform_.out();
   std::fill(in.begin(), in.end(), 0.0);
-  if (size_a != 0.0) add_band(a, 1.0 / size_a);
-  if (size_b != 0.0) add_band(b, Complex(0.0, 1.0 / size_b));
+  add_band(a, 1.0 / size_a);
+  if (b != nullptr) add_band(b, Complex(0.0, 1.0 / size_b));
   transform_.forward();
   for (std::size_t i = 0; i < out.size(); ++i) out[i] = product(out[i], kernel_[i]);
   transform_.backward();

@@ -102,6 +102,11 @@ TEST(ChirpTransform, ASmallSignalIsExactBesideALargeOne) {
   }
 }
 
+bool all_positive_zeros(const Values& values) {
+  return std::all_of(values.begin(), values.end(),
+                     [](double value) { return value == 0.0 && !std::signbit(value); });
+}
+
 TEST(ChirpTransform, ABandOfZerosGivesZerosBesideAnySignal) {
   const std::size_t samples = 1009;
   ChirpTransform transform(samples, 5, 40);
@@ -109,12 +114,12 @@ TEST(ChirpTransform, ABandOfZerosGivesZerosBesideAnySignal) {
   Values still = zeros;
   Values moving = drawn_band(40, samples, 1);
   transform.run(still.data(), moving.data());
-  EXPECT_EQ(still, zeros);
+  EXPECT_TRUE(all_positive_zeros(still));
   moving = drawn_band(40, samples, 1);
   transform.run(moving.data(), still.data());
-  EXPECT_EQ(still, zeros);
+  EXPECT_TRUE(all_positive_zeros(still));
   transform.run(still.data());
-  EXPECT_EQ(still, zeros);
+  EXPECT_TRUE(all_positive_zeros(still));
 }
 
 TEST(SignalTransform, NeedsNoMoreMemoryThanItReports) {
