@@ -1,6 +1,7 @@
 #include "base/signal_transform.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Base {
 namespace {
@@ -31,7 +32,8 @@ std::uint64_t SignalTransform::memory(std::size_t samples) {
   return is_awkward(samples) ? plain + chirp_bytes * samples : plain;
 }
 
-SignalTransform::SignalTransform(std::size_t samples, std::size_t first, std::size_t count) {
+SignalTransform::SignalTransform(std::size_t samples, std::size_t first, std::size_t count)
+    : samples_(samples), first_(first), count_(count) {
   if (is_faster_by_chirp(samples, first, count)) {
     chirp_.emplace(samples, first, count);
   } else {
@@ -40,20 +42,25 @@ SignalTransform::SignalTransform(std::size_t samples, std::size_t first, std::si
 }
 
 void SignalTransform::run(double* signal) {
-  if (chirp_) {
+  if (chirp_ && is_finite(signal)) {
     chirp_->run(signal);
-  } else {
-    plain_->run(signal, signal);
+    return;
   }
+  if (!plain_) plain_.emplace(samples_, first_, count_);
+  plain_->run(signal, signal);
 }
 
 void SignalTransform::run(double* a, double* b) {
-  if (chirp_) {
+  if (chirp_ && is_finite(a) && is_finite(b)) {
     chirp_->run(a, b);
   } else {
-    plain_->run(a, a);
-    plain_->run(b, b);
+    run(a);
+    run(b);
   }
+}
+
+bool SignalTransform::is_finite(const double* band) const {
+  return std::all_of(band, band + 2 * count_, [](double part) { return std::isfinite(part); });
 }
 
 }  // namespace Base

@@ -173,6 +173,26 @@ TEST(ChirpTransform, NanReachesAllSamplesOfItsSignalAndNoOther) {
   }
 }
 
+TEST(SignalTransform, NanAndInfinityComeOutAsInThePlainTransform) {
+  constexpr std::size_t samples = 1009;
+  constexpr std::size_t count = 40;
+  for (const double odd : {nan, std::numeric_limits<double>::infinity()}) {
+    const Values good = drawn_band(count, samples, 1);
+    Values broken = drawn_band(count, samples, 2);
+    broken[0] = odd;
+    Values expected(samples);
+    Base::BandTransform(samples, 0, count).run(broken.data(), expected.data());
+    Values signal = good;
+    SignalTransform(samples, 0, count).run(signal.data(), broken.data());
+    EXPECT_LE(worst_error(signal, good, 0, count, samples), 1e-12);
+    for (std::size_t j = 0; j < samples; ++j) {
+      const bool same =
+          broken[j] == expected[j] || (std::isnan(broken[j]) && std::isnan(expected[j]));
+      ASSERT_TRUE(same) << j;
+    }
+  }
+}
+
 TEST(SignalTransform, AgreesWithThePlainSumForConvenientAndAwkwardLengths) {
   for (const std::size_t samples : {2u, 64u, 1000u, 1009u, 2018u, 4096u, 5999u, 6002u}) {
     for (const Band& band : bands_of(samples)) {
