@@ -1,9 +1,9 @@
 #include "point/point_fronts.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
-#include "base/sine_cosine.h"
 #include "maths/dispersion.h"
 
 namespace Synthesis {
@@ -40,7 +40,11 @@ bool all_refused(const std::vector<Maths::HarmonicFront>& slot) {
 void PointWaves::take() {
   cosines.resize(phases.size());
   sines.resize(phases.size());
-  Base::sine_cosine(phases.data(), phases.size(), sines.data(), cosines.data());
+  // Of the C library, to the last bit: it decides between two sectors for a direction halfway.
+  for (std::size_t i = 0; i < phases.size(); ++i) {
+    cosines[i] = std::cos(phases[i]);
+    sines[i] = std::sin(phases[i]);
+  }
 }
 
 std::uint64_t PointFronts::memory(const Maths::FrontSet& fronts, std::size_t top) {
