@@ -62,20 +62,21 @@ ChirpTransform::ChirpTransform(std::size_t samples, std::size_t first, std::size
     : samples_(samples),
       first_(first),
       count_(count),
-      chirp_(chirp_of(samples)),
+      chirp_(std::make_shared<const std::vector<Complex>>(chirp_of(samples))),
       transform_(length(samples, first, count)) {
+  const std::vector<Complex>& chirp = *chirp_;
   std::vector<Complex>& in = transform_.in();
   const double size = static_cast<double>(in.size());
   std::fill(in.begin(), in.end(), 0.0);
-  for (std::size_t k = 0; k < samples; ++k) in[k] = std::conj(chirp_[k]) / size;
+  for (std::size_t k = 0; k < samples; ++k) in[k] = std::conj(chirp[k]) / size;
   // The distances from samples to harmonics reach beyond both ends.
   const std::size_t last = first + count;
-  for (std::size_t k = 1; k < last; ++k) in[in.size() - k] = std::conj(chirp_[k]) / size;
+  for (std::size_t k = 1; k < last; ++k) in[in.size() - k] = std::conj(chirp[k]) / size;
   // chirp(k + samples) = chirp(k) * (-1)^samples.
   const double sign = samples % 2 == 0 ? 1.0 : -1.0;
-  for (std::size_t k = 0; k < last; ++k) in[samples + k] = sign * std::conj(chirp_[k]) / size;
+  for (std::size_t k = 0; k < last; ++k) in[samples + k] = sign * std::conj(chirp[k]) / size;
   transform_.forward();
-  kernel_ = transform_.out();
+  kernel_ = std::make_shared<const std::vector<Complex>>(transform_.out());
 }
 
 void ChirpTransform::run(double* signal) {
@@ -106,7 +107,7 @@ void ChirpTransform::add_band(const double* band, Complex factor) {
   for (std::size_t i = 0; i < count_; ++i) {
     const std::size_t h = first_ + i;
     const Complex element(band[2 * i], band[2 * i + 1]);
-    const Complex chirp = chirp_[h];
+    const Complex chirp = (*chirp_)[h];
     // The mean and the Nyquist element have no conjugate of their own.
     if (h == 0 || 2 * h == samples_) {
       in[h] += product(factor * element.real(), chirp);
@@ -124,10 +125,12 @@ void ChirpTransform::run_scaled(double* a, double size_a, double* b, double size
   add_band(a, 1.0 / size_a);
   if (b != nullptr) add_band(b, Complex(0.0, 1.0 / size_b));
   transform_.forward();
-  for (std::size_t i = 0; i < out.size(); ++i) out[i] = product(out[i], kernel_[i]);
+  const std::vector<Complex>& kernel = *kernel_;
+  for (std::size_t i = 0; i < out.size(); ++i) out[i] = product(out[i], kernel[i]);
   transform_.backward();
+  const std::vector<Complex>& chirp = *chirp_;
   for (std::size_t j = 0; j < samples_; ++j) {
-    const Complex sample = product(in[j], chirp_[j]);
+    const Complex sample = product(in[j], chirp[j]);
     a[j] = sample.real() * size_a;
     if (b != nullptr) b[j] = sample.imag() * size_b;
   }

@@ -8,6 +8,7 @@
 
 #include <complex>
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 #include "base/fft.h"
@@ -21,6 +22,7 @@ class ChirpTransform {
 
   // For the harmonics from `first` to `first` + `count` - 1 of at least one sample. None is above
   // samples / 2.
+  // A copy shares the tables and has working memory of its own.
   ChirpTransform(std::size_t samples, std::size_t first, std::size_t count);
 
   // Replace bands, as real and imaginary parts of each harmonic, by the samples. NaN and infinity
@@ -35,8 +37,8 @@ class ChirpTransform {
   std::size_t samples_;
   std::size_t first_;
   std::size_t count_;
-  std::vector<std::complex<double>> chirp_;
-  std::vector<std::complex<double>> kernel_;  // transformed, over the length
+  std::shared_ptr<const std::vector<std::complex<double>>> chirp_;
+  std::shared_ptr<const std::vector<std::complex<double>>> kernel_;  // transformed, over the length
   ComplexTransform transform_;
 };
 

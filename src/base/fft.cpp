@@ -57,6 +57,20 @@ Plan checked_plan(fftw_plan plan, std::size_t samples) {
   return Plan(plan);
 }
 
+// A plan that a transform and its copies share. FFTW may run it in several threads at a time.
+class SharedPlan {
+ public:
+  template <typename Make>
+  fftw_plan get(Make make) {
+    std::call_once(made_, [&] { plan_ = make(); });
+    return plan_.get();
+  }
+
+ private:
+  std::once_flag made_;
+  Plan plan_;
+};
+
 // Needs a spectrum of at least n / 2 + 1 elements.
 void to_freq(const Samples& time, Spectrum& freq) {
   const int n = checked_size(time.size());
@@ -76,7 +90,10 @@ void to_freq(const Samples& time, Spectrum& freq) {
 // Transforms of one size to the time form, with a buffer for a copy of the spectrum.
 class ToTime {
  public:
-  explicit ToTime(std::size_t samples) : size_(samples), n_(checked_size(samples)) {}
+  explicit ToTime(std::size_t samples)
+      : size_(samples), n_(checked_size(samples)), plan_(std::make_shared<SharedPlan>()) {}
+  ToTime(const ToTime& other) : size_(other.size_), n_(other.n_), plan_(other.plan_) {}
+  ToTime& operator=(const ToTime&) = delete;
 
   void run(const Spectrum& freq, Samples& time) {
     // Growing the copy afterwards would hold two of them for a moment.
@@ -88,20 +105,20 @@ class ToTime {
 
   void consume(Spectrum& freq, Samples& time) {
     freq.resize(Base::spectrum_size(size_));
-    if (!plan_) {
-      // Planning on the first arrays takes no others. FFTW looks at their alignment only.
-      plan_ = checked_plan(fftw_plan_dft_c2r_1d(n_, raw(freq), time.data(), FFTW_ESTIMATE), size_);
-    }
+    // Planning on the first arrays takes no others. FFTW looks at their alignment only.
+    const fftw_plan plan = plan_->get([&] {
+      return checked_plan(fftw_plan_dft_c2r_1d(n_, raw(freq), time.data(), FFTW_ESTIMATE), size_);
+    });
     for (std::size_t h = 0; h < freq.size(); ++h) {
       freq[h] = two_sided(freq[h], counts_once(h, size_));
     }
-    fftw_execute_dft_c2r(plan_.get(), raw(freq), time.data());
+    fftw_execute_dft_c2r(plan, raw(freq), time.data());
   }
 
  private:
   std::size_t size_;
   int n_;  // the size as FFTW takes it
-  Plan plan_;
+  std::shared_ptr<SharedPlan> plan_;
   Spectrum spectrum_;
 };
 
@@ -169,6 +186,10 @@ FFT_Plan::FFT_Plan(unsigned samples, unsigned, FFT_Type) : samples_(samples) {
   }
 }
 
+FFT_Plan::FFT_Plan(const FFT_Plan& other) : samples_(other.samples_) {
+  if (other.buffers_) buffers_ = std::make_unique<Buffers>(*other.buffers_);
+}
+
 FFT_Plan::~FFT_Plan() = default;
 
 void FFT_Plan::require_usable(const std::vector<double>& time) const {
@@ -201,17 +222,22 @@ struct BandTransform::Work {
       : n(checked_size(samples)),
         first(first_harmonic),
         count(harmonics),
-        spectrum(spectrum_size(samples)) {}
+        spectrum(spectrum_size(samples)),
+        plan(std::make_shared<SharedPlan>()) {}
 
   int n;
   std::size_t first;
   std::size_t count;
   Spectrum spectrum;
-  Plan plan;
+  std::shared_ptr<SharedPlan> plan;
 };
 
 BandTransform::BandTransform(std::size_t samples, std::size_t first, std::size_t count) {
   if (samples != 0) work_ = std::make_unique<Work>(samples, first, count);
+}
+
+BandTransform::BandTransform(const BandTransform& other) {
+  if (other.work_) work_ = std::make_unique<Work>(*other.work_);
 }
 
 BandTransform::~BandTransform() = default;
@@ -221,10 +247,10 @@ void BandTransform::run(const double* band, double* time) {
   Work& work = *work_;
   const auto samples = static_cast<std::size_t>(work.n);
   // A transform that leaves its input as it is needs a copy of it, and more time.
-  if (!work.plan) {
-    work.plan = checked_plan(fftw_plan_dft_c2r_1d(work.n, raw(work.spectrum), time, FFTW_ESTIMATE),
-                             samples);
-  }
+  const fftw_plan plan = work.plan->get([&] {
+    return checked_plan(fftw_plan_dft_c2r_1d(work.n, raw(work.spectrum), time, FFTW_ESTIMATE),
+                        samples);
+  });
   Spectrum& spectrum = work.spectrum;
   const auto begin = spectrum.begin() + static_cast<std::ptrdiff_t>(work.first);
   std::fill(spectrum.begin(), begin, 0.0);
@@ -233,7 +259,7 @@ void BandTransform::run(const double* band, double* time) {
     const std::size_t h = work.first + i;
     spectrum[h] = two_sided({band[2 * i], band[2 * i + 1]}, counts_once(h, samples));
   }
-  fftw_execute_dft_c2r(work.plan.get(), raw(spectrum), time);
+  fftw_execute_dft_c2r(plan, raw(spectrum), time);
 }
 
 struct ComplexTransform::Plans {
@@ -242,7 +268,7 @@ struct ComplexTransform::Plans {
 };
 
 ComplexTransform::ComplexTransform(std::size_t size)
-    : in_(size), out_(size), plans_(std::make_unique<Plans>()) {
+    : in_(size), out_(size), plans_(std::make_shared<Plans>()) {
   const int n = checked_size(size);
   plans_->forward =
       checked_plan(fftw_plan_dft_1d(n, raw(in_), raw(out_), FFTW_FORWARD, FFTW_ESTIMATE), size);
@@ -252,9 +278,9 @@ ComplexTransform::ComplexTransform(std::size_t size)
 
 ComplexTransform::~ComplexTransform() = default;
 
-void ComplexTransform::forward() { fftw_execute(plans_->forward.get()); }
+void ComplexTransform::forward() { fftw_execute_dft(plans_->forward.get(), raw(in_), raw(out_)); }
 
-void ComplexTransform::backward() { fftw_execute(plans_->backward.get()); }
+void ComplexTransform::backward() { fftw_execute_dft(plans_->backward.get(), raw(out_), raw(in_)); }
 
 const char* transform_library() { return fftw_version; }
 

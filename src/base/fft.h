@@ -4,7 +4,8 @@
 // Sample j of n is the sum over h of Re(X[h] exp(+i 2 pi h j / n)), without a factor of n. The
 // element at n/2 of an even n counts once, so the two directions are inverse to each other.
 // Elements above n/2 are ignored. n can be any number, including a prime. Several threads may
-// transform at the same time. Every transform throws std::string "FFT of N samples is too long"
+// transform at the same time, each with its own object; a copy of an object shares its plan and has
+// working memory of its own. Every transform throws std::string "FFT of N samples is too long"
 // above 2^31 - 1 samples, and "FFT of N samples cannot be planned".
 #ifndef KELPBOX_BASE_FFT_H_
 #define KELPBOX_BASE_FFT_H_
@@ -43,7 +44,7 @@ class FFT_Plan {
   // For N samples. The number of elements of the spectrum is not needed.
   FFT_Plan(unsigned samples, unsigned elements, FFT_Type type);
   ~FFT_Plan();
-  FFT_Plan(const FFT_Plan&) = delete;
+  FFT_Plan(const FFT_Plan& other);
   FFT_Plan& operator=(const FFT_Plan&) = delete;
 
   // The same result as KLPFFT_freq_to_time. Throws std::string "FFT plan for N samples given M",
@@ -68,7 +69,7 @@ class ComplexTransform {
  public:
   explicit ComplexTransform(std::size_t size);
   ~ComplexTransform();
-  ComplexTransform(const ComplexTransform&) = delete;
+  ComplexTransform(const ComplexTransform& other) = default;
   ComplexTransform& operator=(const ComplexTransform&) = delete;
 
   // Each direction reads one of them and fills the other.
@@ -82,7 +83,7 @@ class ComplexTransform {
   struct Plans;
   std::vector<std::complex<double>> in_;
   std::vector<std::complex<double>> out_;
-  std::unique_ptr<Plans> plans_;
+  std::shared_ptr<Plans> plans_;
 };
 
 // Inverse transforms of one size, of spectra that are 0 outside one band of harmonics.
@@ -91,7 +92,7 @@ class BandTransform {
   // For the harmonics from `first` to `first` + `count` - 1, of which none is above samples / 2.
   BandTransform(std::size_t samples, std::size_t first, std::size_t count);
   ~BandTransform();
-  BandTransform(const BandTransform&) = delete;
+  BandTransform(const BandTransform& other);
   BandTransform& operator=(const BandTransform&) = delete;
 
   // Fills the samples from the band: a real and an imaginary part for each harmonic. Both arrays

@@ -18,7 +18,8 @@ class SignalTransform {
   static std::uint64_t memory(std::size_t samples);
 
   // For the harmonics from `first` to `first` + `count` - 1, of which none is above samples / 2.
-  // Throws as the transforms of fft.h.
+  // Throws as the transforms of fft.h. A copy shares the plan and the tables and has working memory
+  // of its own.
   SignalTransform(std::size_t samples, std::size_t first, std::size_t count);
 
   // Replaces a band by its samples. The band is a real and an imaginary part for each harmonic.
