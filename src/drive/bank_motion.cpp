@@ -1,9 +1,11 @@
 #include "drive/bank_motion.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -50,25 +52,28 @@ void BankMotion::init(const Maths::TankConfig& tank, const Maths::RunData& run,
   ready_ = true;
 }
 
-void BankMotion::require_memory(std::size_t paddles) const {
+void BankMotion::require_memory(std::size_t paddles, unsigned workers) const {
   if (paddles == 0 || samples_ == 0) return;
   const std::uint64_t spectrum = sizeof(std::complex<double>) * (samples_ / 2 + std::uint64_t{1});
   const std::uint64_t signal = sizeof(double) * std::uint64_t{samples_};
-  // Each spectrum lies in the memory of its signal, except for the paddle whose transform is
-  // running.
+  // Each spectrum lies in the memory of its signal, except for the paddles whose transforms are
+  // running, one in each worker.
   const std::size_t missing = paddles - std::min(paddles, memory_.size());
-  Base::require_memory(missing * spectrum + signal + Base::SignalTransform::memory(samples_),
+  const std::uint64_t working = signal + Base::SignalTransform::memory(samples_);
+  Base::require_memory(missing * spectrum + workers * working,
                        Base::compose("rate::", rate_, " Hz gives ", samples_,
                                      " samples for each of ", paddles, " paddles, which"));
 }
 
 BankMotion::Series BankMotion::signals(const Common::Paddles& paddles,
-                                       const Maths::FrontSet& fronts, bool& within) {
+                                       const Maths::FrontSet& fronts,
+                                       const Base::Executor& executor, bool& within) {
   const Common::Machine& machine = paddles.machine();
   const PaddleRow row = paddle_row(paddles);
   const double edge = machine.working_edge(depth_);
   const std::size_t count = row.angle.size();
-  require_memory(count);
+  const std::size_t pairs = (count + 1) / 2;
+  require_memory(count, executor.workers(pairs));
 
   // Harmonics above half the sampling rate cannot be sampled. They are left out.
   const std::size_t elements = samples_ == 0 ? 0 : samples_ / 2 + std::size_t{1};
@@ -76,41 +81,55 @@ BankMotion::Series BankMotion::signals(const Common::Paddles& paddles,
   Series result = std::move(memory_);
   memory_.clear();
   result.resize(count);
-  for (std::vector<double>& signal : result) {
-    signal.resize(std::max<std::size_t>(samples_, 2 * band.count));
-  }
+  const std::size_t room = std::max<std::size_t>(samples_, 2 * band.count);
+  for (std::vector<double>& signal : result) signal.reserve(room);
+  // The system gives memory when it is first written to, which takes time.
+  executor.each(count, [&](std::size_t p) { result[p].resize(room); });
   const auto harmonic = [&](std::size_t h) {
     const double k = Maths::knum(static_cast<double>(h) * delta_omega_, depth_, g_);
     return PaddleHarmonic(k, machine.ratio(k, depth_, edge), row.width);
   };
-  fill_bands(row, fronts, harmonic, samples_, band, result);
+  fill_bands(row, fronts, harmonic, samples_, band, executor, result);
 
   clip_ = Maths::ClipStats{};
   clip_.limit = machine.get(Common::Machine::clip_limit, machine.signal_units());
   within = true;
   if (result.empty()) return result;
-  Base::SignalTransform transform(samples_, band.first, band.count);
-  for (std::size_t p = 0; p < count; p += 2) {
-    const std::size_t end = std::min(p + 2, count);
-    if (end == p + 2) {
-      transform.run(result[p].data(), result[p + 1].data());
-    } else {
-      transform.run(result[p].data());
+  std::vector<Base::SignalTransform> transforms;
+  transforms.reserve(executor.workers(pairs));
+  transforms.emplace_back(samples_, band.first, band.count);
+  while (transforms.size() < executor.workers(pairs)) transforms.push_back(transforms.front());
+  std::atomic<bool> all_are_within{true};
+  // Always in the same pairs, since the two signals of a pair may share a transform.
+  executor.share(pairs, [&](Base::WorkItems& items) {
+    Base::SignalTransform& transform = transforms[items.worker()];
+    for (std::size_t pair = 0; items.next(pair);) {
+      const std::span signals(result.begin() + static_cast<std::ptrdiff_t>(2 * pair),
+                              std::min<std::size_t>(2, count - 2 * pair));
+      if (signals.size() == 2) {
+        transform.run(signals[0].data(), signals[1].data());
+      } else {
+        transform.run(signals[0].data());
+      }
+      for (std::vector<double>& signal : signals) {
+        signal.resize(samples_);
+        // Much cheaper while the samples are in the cache.
+        if (all_are_within && !all_within(signal.data(), samples_, clip_.limit)) {
+          all_are_within = false;
+        }
+      }
     }
-    for (std::size_t i = p; i < end; ++i) {
-      result[i].resize(samples_);
-      // Much cheaper while the samples are in the cache.
-      within = within && all_within(result[i].data(), samples_, clip_.limit);
-    }
-  }
+  });
+  within = all_are_within;
   return result;
 }
 
-void BankMotion::build(const Common::Paddles& paddles, const Maths::FrontSet& fronts) {
+void BankMotion::build(const Common::Paddles& paddles, const Maths::FrontSet& fronts,
+                       const Base::Executor& executor) {
   if (!ready_) throw std::string("Trying to build paddle positions when not initialised");
   series_.clear();
   bool within = true;
-  Series made = signals(paddles, fronts, within);
+  Series made = signals(paddles, fronts, executor, within);
   if (within) {
     // Such signals have no peaks to report, and all their sign changes match.
     series_ = std::move(made);

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/executor.h"
 #include "base/params.h"
 #include "maths/clip.h"
 #include "maths/front_set.h"
@@ -30,8 +31,9 @@ class BankMotion {
   // build paddle positions when not initialised", what the machine throws, "Index N out of range"
   // for a harmonic N above the number of samples, and, before it allocates anything, "rate::<value>
   // Hz gives <samples> samples for each of <paddles> paddles, which need ... GiB of memory, ... GiB
-  // are available".
-  void build(const Common::Paddles& paddles, const Maths::FrontSet& fronts);
+  // are available". The signals are the same for every number of workers.
+  void build(const Common::Paddles& paddles, const Maths::FrontSet& fronts,
+             const Base::Executor& executor = Base::Executor());
   // Empties the parameters, then adds the clipping ratios if anything exceeded the limit.
   void stats(Base::Params& out) const;
 
@@ -41,9 +43,10 @@ class BankMotion {
   using Series = std::vector<std::vector<double>>;
 
   // Throws unless the spectra and signals of all paddles fit in memory.
-  void require_memory(std::size_t paddles) const;
+  void require_memory(std::size_t paddles, unsigned workers) const;
   // Makes the signals. Stores whether all samples are within the limit of `clip_`.
-  Series signals(const Common::Paddles& paddles, const Maths::FrontSet& fronts, bool& within);
+  Series signals(const Common::Paddles& paddles, const Maths::FrontSet& fronts,
+                 const Base::Executor& executor, bool& within);
 
   std::uint32_t samples_ = 0;  // of each signal
   double depth_ = 0.0;

@@ -37,16 +37,6 @@ double deviation(const PaddleRow& row, double dx, double dy) {
   return largest;
 }
 
-// Whether a sum may become huge. Obliquity factors are below 2 for waves longer than two paddle
-// widths, and the others reach only paddles for which it is.
-bool may_report(const PaddleHarmonic& harmonic, double width,
-                std::span<const Maths::HarmonicFront> fronts) {
-  double amplitudes = 0.0;
-  for (const Maths::HarmonicFront& front : fronts) amplitudes += std::fabs(front.amp);
-  const bool bounded = harmonic.k * width > -Base::Pi;
-  return !(bounded && 2.0 * amplitudes * std::fabs(harmonic.inverse) < 0.99 * huge);
-}
-
 }  // namespace
 
 FrontSums::FrontSums(PaddleRow row) : paddles_(row.x.size()), row_(std::move(row)) {
@@ -66,10 +56,21 @@ FrontSums::FrontSums(PaddleRow row) : paddles_(row.x.size()), row_(std::move(row
   Base::sine_cosine(row_.angle.data(), padded, normal_sines_.data(), normal_cosines_.data());
 }
 
+// Whether a sum may become huge. Obliquity factors are below 2 for waves longer than two paddle
+// widths, and the others reach only paddles for which it is.
+bool FrontSums::may_report(const PaddleHarmonic& harmonic,
+                           std::span<const Maths::HarmonicFront> fronts) const {
+  if (paddles_ == 0) return false;
+  double amplitudes = 0.0;
+  for (const Maths::HarmonicFront& front : fronts) amplitudes += std::fabs(front.amp);
+  const bool bounded = harmonic.k * row_.width > -Base::Pi;
+  return !(bounded && 2.0 * amplitudes * std::fabs(harmonic.inverse) < 0.99 * huge);
+}
+
 void FrontSums::add(const PaddleHarmonic& harmonic, std::span<const Maths::HarmonicFront> fronts,
                     SumArrays sums) {
   if (paddles_ == 0) return;
-  if (!may_report(harmonic, row_.width, fronts)) {
+  if (!may_report(harmonic, fronts)) {
     add_unreported(harmonic, fronts, sums);
     return;
   }

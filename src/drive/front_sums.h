@@ -15,6 +15,7 @@
 
 namespace Synthesis {
 
+// For one thread at a time. A copy has working memory of its own.
 class FrontSums {
  public:
   explicit FrontSums(PaddleRow row);
@@ -22,6 +23,9 @@ class FrontSums {
   // The length of the arrays of sums: the number of paddles, rounded up to whole groups.
   std::size_t padded() const { return row_.x.size(); }
 
+  // Whether `add` may write to the standard output stream.
+  bool may_report(const PaddleHarmonic& harmonic,
+                  std::span<const Maths::HarmonicFront> fronts) const;
   // Adds the fronts to the sums. A sum that becomes larger than 1e10 is written to the standard
   // output stream each time that a front is added to it, followed by ":" and no line end.
   void add(const PaddleHarmonic& harmonic, std::span<const Maths::HarmonicFront> fronts,

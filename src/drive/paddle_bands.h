@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#include "base/executor.h"
 #include "drive/paddle_spectrum.h"
 #include "maths/front_set.h"
 
@@ -23,10 +24,11 @@ HarmonicBand band_of(const Maths::FrontSet& fronts, std::size_t end);
 // Fills `bands`, one for each paddle, with the real and imaginary parts of the harmonics of the
 // band. `harmonic` is called for each harmonic with fronts, in or out of the band. Throws what it
 // throws, and std::string "Index N out of range" for a front above harmonic `samples` that a paddle
-// makes.
+// makes. What is written to the standard output stream keeps its order for any number of workers.
 void fill_bands(const PaddleRow& row, const Maths::FrontSet& fronts,
                 const std::function<PaddleHarmonic(std::size_t)>& harmonic, std::size_t samples,
-                const HarmonicBand& band, std::vector<std::vector<double>>& bands);
+                const HarmonicBand& band, const Base::Executor& executor,
+                std::vector<std::vector<double>>& bands);
 
 }  // namespace Synthesis
 
