@@ -26,8 +26,8 @@ void Animate::build(const Maths::FrontSet& fronts, const Maths::TankConfig& tank
   const auto cycle = static_cast<std::uint32_t>(Maths::reduced_length(fronts, grid.samples, run));
   grid.divisor = grid.samples / cycle;
   grid.samples = cycle;
-  frames_.setup(grid.x.count, grid.y.count, grid.samples, columns_memory(fronts, grid));
-  AnimationColumns columns(fronts, grid, tank, run, frames_, FrontAngles::shown);
+  frames_.setup(grid.x.count, grid.y.count, grid.samples, build_memory(fronts, grid, grid.x.count));
+  ColumnBuild columns(fronts, grid, tank, run, frames_, FrontAngles::shown);
   build_columns(columns, 0, grid.x.count);
   frames_.end();
 }
@@ -35,7 +35,8 @@ void Animate::build(const Maths::FrontSet& fronts, const Maths::TankConfig& tank
 void Animate::init(const Maths::FrontSet& fronts, const Maths::RunData& run, Base::Params& params) {
   grid_ = start(fronts, run, params);
   if (frames_.running() && !frames_.ready()) {
-    frames_.setup(grid_.x.count, grid_.y.count, grid_.samples, columns_memory(fronts, grid_));
+    frames_.setup(grid_.x.count, grid_.y.count, grid_.samples,
+                  build_memory(fronts, grid_, grid_.x.count));
   }
 }
 
@@ -45,12 +46,30 @@ void Animate::build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig
   to = std::min(to, grid_.x.count);
   if (from >= to) return;
   // Other memory may have been taken since the frames were allocated.
-  if (!Base::memory_fits(columns_memory(fronts, grid_))) throw std::bad_alloc();
-  AnimationColumns columns(fronts, grid_, tank, run, frames_, FrontAngles::hidden);
+  if (!Base::memory_fits(build_memory(fronts, grid_, to - from))) throw std::bad_alloc();
+  ColumnBuild columns(fronts, grid_, tank, run, frames_, FrontAngles::hidden);
   build_columns(columns, from, to);
 }
 
-void Animate::build_columns(AnimationColumns& columns, std::uint32_t from, std::uint32_t to) {
+std::uint64_t Animate::build_memory(const Maths::FrontSet& fronts, const AnimationGrid& grid,
+                                    std::uint32_t columns) const {
+  return executor_.workers(columns) * columns_memory(fronts, grid);
+}
+
+void Animate::build_columns(ColumnBuild& build, std::uint32_t from, std::uint32_t to) {
+  if (executor_.workers(to - from) > 1) {
+    const std::uint32_t end = build.end_without_failure(from, to);
+    executor_.share(end - from, [&](Base::WorkItems& items) {
+      AnimationColumns columns(build);
+      for (std::size_t i = 0; frames_.running() && items.next(i);) {
+        columns.build(from + static_cast<std::uint32_t>(i));
+      }
+    });
+    from = end;
+  }
+  // A column that fails comes after all columns before it, and before all others.
+  if (from == to) return;
+  AnimationColumns columns(build);
   for (std::uint32_t ix = from; ix < to && frames_.running(); ++ix) columns.build(ix);
 }
 

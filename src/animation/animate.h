@@ -12,6 +12,7 @@
 #include "animation/animation_columns.h"
 #include "animation/animation_frames.h"
 #include "animation/animation_grid.h"
+#include "base/executor.h"
 #include "base/params.h"
 #include "maths/front_set.h"
 #include "maths/run_data.h"
@@ -24,6 +25,10 @@ namespace Synthesis {
 // is for one thread at a time.
 class Animate {
  public:
+  // The workers of the builds to come, one unless set. They share out the columns. The frames, and
+  // everything that is written, are the same for every number of workers.
+  void set_executor(const Base::Executor& executor) { executor_ = executor; }
+
   // Builds the whole animation. A single harmonic gets frames for a cycle as short as
   // Maths::reduced_length allows. Writes the angle of each front to the standard output stream,
   // for each column. Throws "Trying to build animation when wave expression has no data".
@@ -45,8 +50,12 @@ class Animate {
   // this fails.
   AnimationGrid start(const Maths::FrontSet& fronts, const Maths::RunData& run,
                       Base::Params& params);
-  void build_columns(AnimationColumns& columns, std::uint32_t from, std::uint32_t to);
+  // The bytes that all workers need for that many columns.
+  std::uint64_t build_memory(const Maths::FrontSet& fronts, const AnimationGrid& grid,
+                             std::uint32_t columns) const;
+  void build_columns(ColumnBuild& build, std::uint32_t from, std::uint32_t to);
 
+  Base::Executor executor_;
   AnimationFrames frames_;
   AnimationGrid grid_;  // of a build in slices
 };

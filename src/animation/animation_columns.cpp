@@ -2,24 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ostream>
-#include <sstream>
-#include <utility>
+#include <string>
 
 #include "animation/surface_code.h"
-#include "base/streams.h"
+#include "maths/tank_path.h"
 #include "maths/tank_run.h"
 
 namespace Synthesis {
 namespace {
-
-// Flushing each line would cost more than the waves.
-struct FlushAtEnd {
-  FlushAtEnd() = default;
-  ~FlushAtEnd() { Base::progress().flush(); }
-  FlushAtEnd(const FlushAtEnd&) = delete;
-  FlushAtEnd& operator=(const FlushAtEnd&) = delete;
-};
 
 std::size_t top_slot(const Maths::FrontSet& fronts, const AnimationGrid& grid) {
   return std::min(fronts.slots.size(), std::size_t{grid.samples} * grid.divisor);
@@ -48,16 +38,6 @@ std::size_t count_harmonics(const Maths::FrontSet& fronts, std::size_t top) {
   return count;
 }
 
-// The angle of each front, a line each.
-std::string angle_lines(const Maths::FrontSet& fronts, std::size_t top) {
-  std::ostringstream text;
-  text.copyfmt(Base::progress());
-  for (std::size_t h = 0; h < top; ++h) {
-    for (const Maths::HarmonicFront& front : fronts.slots[h]) text << front.angle << '\n';
-  }
-  return std::move(text).str();
-}
-
 // The row next to y = 0, or the first one.
 std::uint32_t row_of_axis(const GridAxis& y) {
   const double row = std::round(-y.min / y.step);
@@ -80,21 +60,37 @@ std::uint64_t columns_memory(const Maths::FrontSet& fronts, const AnimationGrid&
          beside * count;
 }
 
-AnimationColumns::AnimationColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid,
-                                   const Maths::TankConfig& tank, const Maths::RunData& run,
-                                   AnimationFrames& frames, FrontAngles angles)
-    : fronts_(fronts),
-      grid_(grid),
-      tank_(tank),
-      run_(run),
-      frames_(frames),
-      top_(top_slot(fronts, grid)),
-      carried_(tank, run, fronts, 0, top_),
-      surface_(grid.samples, rows_of(grid), bins_of(grid, top_)),
-      stride_(stride_of(grid)),
-      code_(stride_ * surface_.block_rows()) {
-  if (angles == FrontAngles::shown) lines_ = angle_lines(fronts, top_);
+ColumnBuild::ColumnBuild(const Maths::FrontSet& all_fronts, const AnimationGrid& all_points,
+                         const Maths::TankConfig& tank_config, const Maths::RunData& run_data,
+                         AnimationFrames& filled, FrontAngles angles)
+    : fronts(all_fronts),
+      grid(all_points),
+      tank(tank_config),
+      run(run_data),
+      frames(filled),
+      top(top_slot(fronts, grid)),
+      lines(fronts, top, angles),
+      plan(grid.samples, grid.samples / 2 + 1, Base::FFT_Type::freq_to_time) {}
+
+std::uint32_t ColumnBuild::end_without_failure(std::uint32_t from, std::uint32_t to) const {
+  const std::uint32_t stored = std::min(to, frames.columns_for(grid.samples, grid.y.count));
+  Maths::TankPath path;
+  std::uint32_t ix = from;
+  for (; ix < stored && frames.running(); ++ix) {
+    path.lead_to(tank, grid.x.at(ix));
+    if (!path.inside) break;
+  }
+  return ix;
 }
+
+AnimationColumns::AnimationColumns(ColumnBuild& build)
+    : build_(build),
+      grid_(build.grid),
+      frames_(build.frames),
+      carried_(build.tank, build.run, build.fronts, 0, build.top),
+      surface_(grid_.samples, rows_of(grid_), bins_of(grid_, build.top), build.plan),
+      stride_(stride_of(grid_)),
+      code_(stride_ * surface_.block_rows()) {}
 
 void AnimationColumns::build(std::uint32_t ix) {
   carry_fronts(grid_.x.at(ix));
@@ -107,15 +103,19 @@ void AnimationColumns::build(std::uint32_t ix) {
 }
 
 void AnimationColumns::carry_fronts(double x) {
-  const FlushAtEnd lines;
+  bool arrived = false;
   try {
-    if (!carried_.carry_to(x, [this] { return frames_.running(); })) return;
+    arrived = carried_.carry_to(x, [this] { return frames_.running(); });
   } catch (const std::string&) {
     fail_in_order(x);
     if (!frames_.running()) return;
     throw;
   }
-  write_lines(0, lines_.size());
+  {
+    AngleLines::Column lines(build_.lines, frames_);
+    if (!arrived) return;
+    lines.write_all();
+  }
   if (column_.bins.empty()) take_fronts();
   for (std::size_t h = 0; h < column_.bins.size(); ++h) {
     column_.bins[h].shoaling = carried_.harmonics()[h].shoaling;
@@ -123,23 +123,14 @@ void AnimationColumns::carry_fronts(double x) {
 }
 
 void AnimationColumns::fail_in_order(double x) {
-  Maths::TankRun tank(tank_, run_);
-  std::size_t written = 0;
-  for (std::size_t h = 0; h < top_ && frames_.running(); ++h) {
-    if (fronts_.slots[h].empty()) continue;
+  AngleLines::Column lines(build_.lines, frames_);
+  Maths::TankRun tank(build_.tank, build_.run);
+  for (std::size_t h = 0; h < build_.top && frames_.running(); ++h) {
+    const std::vector<Maths::HarmonicFront>& slot = build_.fronts.slots[h];
+    if (slot.empty()) continue;
     tank.shoaling(h, x);
-    written = write_lines(written, fronts_.slots[h].size());
+    lines.write(slot.size());
   }
-}
-
-std::size_t AnimationColumns::write_lines(std::size_t from, std::size_t count) {
-  std::ostream& out = Base::progress();
-  for (; count != 0 && from != lines_.size() && frames_.running(); --count) {
-    const std::size_t end = lines_.find('\n', from) + 1;
-    out.write(lines_.data() + from, static_cast<std::streamsize>(end - from));
-    from = end;
-  }
-  return from;
 }
 
 void AnimationColumns::take_fronts() {

@@ -5,12 +5,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <vector>
 
+#include "animation/angle_lines.h"
 #include "animation/animation_frames.h"
 #include "animation/animation_grid.h"
 #include "animation/column_surface.h"
+#include "base/fft.h"
 #include "maths/carried_fronts.h"
 #include "maths/front_set.h"
 #include "maths/run_data.h"
@@ -18,18 +19,33 @@
 
 namespace Synthesis {
 
-// Whether the angle of each front is written to the standard output, a line each, for each column.
-enum class FrontAngles { hidden, shown };
-
-// The bytes that a build needs in addition to its frames.
+// The bytes that each worker of a build needs, in addition to the frames.
 std::uint64_t columns_memory(const Maths::FrontSet& fronts, const AnimationGrid& grid);
 
-// Made for one build. Everything passed to the constructor must outlive it.
+// What all workers of one build have in common. Everything passed to the constructor must outlive
+// it.
+struct ColumnBuild {
+  ColumnBuild(const Maths::FrontSet& all_fronts, const AnimationGrid& all_points,
+              const Maths::TankConfig& tank_config, const Maths::RunData& run_data,
+              AnimationFrames& filled, FrontAngles angles);
+
+  // The end of the columns from `from` on, at most `to`, that can be carried to and stored.
+  std::uint32_t end_without_failure(std::uint32_t from, std::uint32_t to) const;
+
+  const Maths::FrontSet& fronts;
+  const AnimationGrid& grid;
+  const Maths::TankConfig& tank;
+  const Maths::RunData& run;
+  AnimationFrames& frames;
+  std::size_t top;  // slots below this one fit into the cycle
+  AngleLines lines;
+  Base::FFT_Plan plan;
+};
+
+// One worker of a build, which must outlive it.
 class AnimationColumns {
  public:
-  AnimationColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid,
-                   const Maths::TankConfig& tank, const Maths::RunData& run,
-                   AnimationFrames& frames, FrontAngles angles);
+  explicit AnimationColumns(ColumnBuild& build);
 
   // Builds and stores the column, or returns early if the build has been stopped. Throws what
   // TankRun and AnimationFrames throw.
@@ -40,22 +56,15 @@ class AnimationColumns {
   void carry_fronts(double x);
   // Writes the lines of the harmonics before the one that fails, and throws what it throws.
   void fail_in_order(double x);
-  // Writes up to `count` angle lines from a place in their text, and returns the place after them.
-  // Ends early if the build is stopped.
-  std::size_t write_lines(std::size_t from, std::size_t count);
   // What is the same in all columns. The fronts must have been carried.
   void take_fronts();
   // Each stores the series of the column's rows, a block at a time.
   void add_rows(std::uint32_t ix);
   void add_uniform_rows(std::uint32_t ix);
 
-  const Maths::FrontSet& fronts_;
+  ColumnBuild& build_;
   const AnimationGrid& grid_;
-  const Maths::TankConfig& tank_;
-  const Maths::RunData& run_;
   AnimationFrames& frames_;
-  std::string lines_;  // with the angle of each front, for each column
-  std::size_t top_;    // slots below this one fit into the cycle
   Maths::CarriedFronts carried_;
   std::vector<double> ky_;  // of each front, the wave number along y
   ColumnFronts column_;

@@ -107,9 +107,16 @@ void AnimationFrames::add_series(std::uint32_t x, std::uint32_t y, const SeriesB
       for (std::size_t row = 0; row < rows; ++row) out[row] = series.data[row * series.stride + t];
     }
   }
-  const Count count = count_.load(std::memory_order_relaxed);
-  count_.store({count.done + rows, count.total}, std::memory_order_release);
+  Count count = count_.load(std::memory_order_relaxed);
+  while (!count_.compare_exchange_weak(count, {count.done + rows, count.total},
+                                       std::memory_order_release, std::memory_order_relaxed)) {
+  }
   if (rows < series.rows) throw std::string("Error y >= y_lim");
+}
+
+std::uint32_t AnimationFrames::columns_for(std::uint32_t samples, std::uint32_t rows) const {
+  const bool fits = ready() && frames_.size() == t_lim_ && samples == t_lim_ && rows <= y_lim_;
+  return fits ? x_lim_ : 0;
 }
 
 const std::vector<std::int16_t>& AnimationFrames::data(std::uint32_t index) const {

@@ -5,8 +5,9 @@
 // rows * x + y, encoded as in surface_code.h. Failures are thrown as std::string, except for
 // exhausted memory.
 //
-// For one thread at a time, with one exception: `progress`, `complete` and `stop` may be called
-// while another thread is in any other operation except `release`.
+// For one thread at a time, with two exceptions: several threads may add series to different
+// columns, and `progress`, `complete`, `running` and `stop` may be called while another thread is
+// in any other operation except `release`.
 #ifndef KELPBOX_ANIMATION_ANIMATION_FRAMES_H_
 #define KELPBOX_ANIMATION_ANIMATION_FRAMES_H_
 
@@ -46,6 +47,9 @@ class AnimationFrames {
   // the rows before it are stored, and, after a line on the standard output stream, "Error
   // vec.size() != t_lim".
   void add_series(std::uint32_t x, std::uint32_t y, const SeriesBlock& series);
+
+  // The number of columns for which `add_series` takes series of so many samples and rows.
+  std::uint32_t columns_for(std::uint32_t samples, std::uint32_t rows) const;
 
   // One frame, valid until `setup` or `release`. Throws "invalid vector<T> subscript".
   const std::vector<std::int16_t>& data(std::uint32_t index) const;

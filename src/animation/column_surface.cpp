@@ -40,11 +40,16 @@ std::uint64_t ColumnSurface::memory(std::uint32_t samples, std::uint32_t rows, s
 }
 
 ColumnSurface::ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::size_t bins)
+    : ColumnSurface(samples, rows, bins,
+                    Base::FFT_Plan(samples, samples / 2 + 1, Base::FFT_Type::freq_to_time)) {}
+
+ColumnSurface::ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::size_t bins,
+                             const Base::FFT_Plan& plan)
     : long_cycle_(samples >= most_values),
       spectra_(rows_of_block(samples, rows),
                std::vector<std::complex<double>>(elements_of(samples, bins))),
       series_(samples),
-      plan_(samples, samples / 2 + 1, Base::FFT_Type::freq_to_time) {}
+      plan_(plan) {}
 
 void ColumnSurface::take_turns(const std::vector<double>& ky, double y_step) {
   turns_.take(ky, y_step);

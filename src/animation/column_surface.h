@@ -48,6 +48,9 @@ class ColumnSurface {
   // For cycles of `samples` (at least 1) and columns of `rows`. Only harmonics below `bins` may
   // have fronts.
   ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::size_t bins);
+  // The same, with a copy of an existing plan for the samples.
+  ColumnSurface(std::uint32_t samples, std::uint32_t rows, std::size_t bins,
+                const Base::FFT_Plan& plan);
 
   // The largest number of rows of a block.
   std::uint32_t block_rows() const { return static_cast<std::uint32_t>(spectra_.size()); }
