@@ -38,6 +38,7 @@ class Executor {
   // 0 workers count as 1.
   explicit Executor(unsigned workers = 1) : workers_(workers == 0 ? 1 : workers) {}
 
+  unsigned workers() const { return workers_; }
   // The number of workers for that many items: none is without an item.
   unsigned workers(std::size_t items) const;
 

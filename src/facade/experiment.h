@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "base/executor.h"
 #include "base/params.h"
 #include "base/vector.h"
 #include "facade/site_facade.h"
@@ -51,6 +52,13 @@ class Experiment : public SiteFacade {
  public:
   using SiteFacade::query;
   using SiteFacade::SiteFacade;
+
+  // How many threads build drive signals and animations, the calling one included: one unless set,
+  // and 0 counts as 1. Also for definitions that exist already, but not while an animation is
+  // built. Results, messages and lines on the standard output are the same for every number. Each
+  // worker needs working memory of its own.
+  void set_workers(unsigned workers);
+  unsigned workers() const { return executor_.workers(); }
 
   // The site.
 
@@ -144,6 +152,7 @@ class Experiment : public SiteFacade {
   void make_room(std::uint32_t parent);
   std::uint32_t append(ExperimentItem made, std::uint32_t parent);
 
+  Base::Executor executor_;
   std::vector<ExperimentItem> items_;
   std::vector<std::uint32_t> definitions_;  // those not removed, in order of creation
 };

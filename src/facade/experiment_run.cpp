@@ -3,6 +3,11 @@
 
 namespace Kelpbox {
 
+void Experiment::set_workers(unsigned workers) {
+  executor_ = Base::Executor(workers);
+  for (const std::uint32_t id : definitions_) definition(id).set_executor(executor_);
+}
+
 void Experiment::run_build(std::uint32_t id) {
   guarded<LogItems::shown>("Uncaught Exception in Run Build", [&] {
     item(id);

@@ -56,6 +56,7 @@ std::uint32_t Experiment::add_definition(const std::string& name) {
   ExperimentItem made;
   made.type = ItemDefinition;
   made.definition = std::make_unique<Synthesis::Definition>(name, context());
+  made.definition->set_executor(executor_);
 
   make_room_in(definitions_);
   const auto id = static_cast<std::uint32_t>(items_.size());

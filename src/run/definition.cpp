@@ -48,6 +48,11 @@ void make_room(std::vector<Record>& list, std::uint64_t count) {
 
 }  // namespace
 
+void Definition::set_executor(const Base::Executor& executor) {
+  executor_ = executor;
+  animation_.set_executor(executor);
+}
+
 void Definition::add_specification(Specification& specification) {
   specifications_.push_back(&specification);
 }
@@ -129,7 +134,7 @@ void Definition::paddle_motion_build(const Base::Params& in) {
   banks_.resize(context_.wavemaker_bank.size());
   for (std::size_t bank = 0; bank < banks_.size(); ++bank) {
     banks_[bank].init(context_.tank_config(), run_.run, in);
-    banks_[bank].build(context_.wavemaker_bank[bank], run_.merged);
+    banks_[bank].build(context_.wavemaker_bank[bank], run_.merged, executor_);
   }
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "animation/animate.h"
+#include "base/executor.h"
 #include "base/params.h"
 #include "drive/bank_motion.h"
 #include "maths/front.h"
@@ -26,6 +27,10 @@ class Definition {
  public:
   Definition(std::string name, Common::Context& context)
       : name_(std::move(name)), context_(context) {}
+
+  // The workers of the drive signals and animations to come, one unless set. Results are the same
+  // for every number of workers.
+  void set_executor(const Base::Executor& executor);
 
   void add_specification(Specification& specification);
   // Throws "Failed to find Specification to remove".
@@ -91,6 +96,7 @@ class Definition {
   void twod_stats(Base::Params& params) const;
 
  private:
+  Base::Executor executor_;
   Base::Params params_;
   std::string name_;  // as the host gave it; nothing reads it
   std::vector<Specification*> specifications_;

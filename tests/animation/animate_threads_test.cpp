@@ -24,6 +24,10 @@ Base::Params small_grid() {
 
 // Each interaction of the threads is repeated, at later and later moments of a build.
 constexpr int rounds = 40;
+
+// Of a build, beside the thread that watches it: one in every other round.
+Base::Executor workers_of(int round) { return Base::Executor(round % 2 == 0 ? 1 : 3); }
+
 double moment(int round) { return static_cast<double>(round) / rounds; }
 
 // Calls `build` a number of times in a second thread.
@@ -54,6 +58,7 @@ TEST(AnimateThreads, AWatcherSeesProgressRiseFromZeroToOne) {
   printed([&] {
     for (int i = 0; i < rounds; ++i) {
       Testing::BuiltRun run(Testing::SiteText{}, sea);
+      run.definition.set_executor(workers_of(i));
       Base::Params params = small_grid();
       Builder builder(1, [&] { run.definition.animate_build(params); });
       double last = 0.0;
@@ -82,6 +87,7 @@ TEST(AnimateThreads, FramesAreCompleteOnceTheyAreReady) {
     reference.definition.animate_build(same);
     for (int i = 0; i < rounds; ++i) {
       Testing::BuiltRun run(Testing::SiteText{}, sea);
+      run.definition.set_executor(workers_of(i));
       Base::Params params = small_grid();
       Builder builder(1, [&] { run.definition.animate_build(params); });
       while (!run.definition.animate_ready()) std::this_thread::yield();
@@ -96,6 +102,7 @@ TEST(AnimateThreads, ProgressFallsOnceWhenASecondBuildStarts) {
     Base::Params params = small_grid();
     run.definition.animate_build(params);
     for (int i = 0; i < rounds; ++i) {
+      run.definition.set_executor(workers_of(i));
       Builder builder(1, [&] { run.definition.animate_build(params); });
       double last = 1.0;
       int falls = 0;
@@ -116,6 +123,7 @@ TEST(AnimateThreads, AStopEndsAWholeBuild) {
     Testing::BuiltRun run(Testing::SiteText{}, sea);
     Base::Params params = small_grid();
     for (int i = 0; i < rounds; ++i) {
+      run.definition.set_executor(workers_of(i));
       {
         Builder builder(1, [&] { run.definition.animate_build(params); });
         // A stop before the build has begun is lost, so it is repeated.
@@ -168,11 +176,12 @@ TEST(AnimateThreads, SlicesAreWatchedAndStopped) {
   Testing::BuiltRun run(Testing::SiteText{}, sea);
   Base::Params params = small_grid();
   for (int i = 0; i < rounds; ++i) {
+    run.definition.set_executor(workers_of(i));
     run.definition.animate_init(params);
     std::uint32_t column = 0;
-    Builder builder(11, [&] {
-      run.definition.animate_build_slice(column, column + 1);
-      ++column;
+    Builder builder(4, [&] {
+      run.definition.animate_build_slice(column, column + 3);
+      column += 3;
     });
     while (!builder.done) {
       if (run.definition.animate_progress() > moment(i)) run.definition.animate_stop();

@@ -1,0 +1,158 @@
+// Animations of several workers: the same frames, lines and failures as those of one.
+#include <algorithm>
+#include <iostream>
+#include <sstream>
+#include <streambuf>
+#include <string>
+
+#include "test_animation.h"
+
+namespace {
+
+using Testing::AnimatedSea;
+using Testing::Given;
+using Testing::GridText;
+using Testing::printed;
+using Testing::thrown;
+
+constexpr unsigned worker_counts[] = {1, 2, 3, 7};
+
+const Given oblique = {{5, {0.1, 0.3, 0.4}}, {6, {0.2, -0.2, 0.0}}, {6, {0.1, 2.8, 1.0}}};
+const Given straight = {{5, {0.1, 0.0, 0.4}}, {6, {0.2, 0.0, 0.0}}};
+
+// A sea whose builds have that many workers.
+struct SharedSea : AnimatedSea {
+  explicit SharedSea(unsigned workers, const Given& given = oblique,
+                     const Testing::SiteText& text = {})
+      : AnimatedSea(given, text) {
+    animate.set_executor(Base::Executor(workers));
+  }
+};
+
+TEST(AnimateWorkers, FramesAndLinesAreTheSameForEveryNumberOfWorkers) {
+  for (const Given& given : {oblique, straight}) {
+    for (const Testing::SiteText& text : {Testing::SiteText{}, Testing::sloping_site()}) {
+      AnimatedSea one(given, text);
+      const std::string lines = one.build();
+      ASSERT_NE(lines, "");
+      for (const unsigned workers : worker_counts) {
+        SharedSea several(workers, given, text);
+        EXPECT_EQ(several.build(), lines);
+        EXPECT_EQ(several.all(), one.all()) << workers;
+        EXPECT_TRUE(several.frames().complete());
+        EXPECT_FALSE(several.frames().running());
+      }
+    }
+  }
+}
+
+TEST(AnimateWorkers, SlicesAreTheSameForEveryNumberOfWorkers) {
+  for (const Given& given : {oblique, straight}) {
+    AnimatedSea one(given);
+    one.init();
+    one.slice(0, 21);
+    for (const unsigned workers : worker_counts) {
+      SharedSea several(workers, given);
+      several.init();
+      EXPECT_EQ(printed([&] {
+                  several.slice(2, 9);
+                  EXPECT_EQ(several.frames().progress(), 7.0 / 21.0);
+                  several.slice(0, 2);
+                  several.slice(9, 30);
+                }),
+                "");
+      EXPECT_TRUE(several.frames().complete());
+      EXPECT_EQ(several.all(), one.all()) << workers;
+    }
+  }
+}
+
+TEST(AnimateWorkers, AColumnThatFailsEndsTheBuildAtTheSamePlace) {
+  for (const Given& given : {oblique, straight}) {
+    for (const unsigned workers : worker_counts) {
+      SharedSea sea(workers, given);
+      GridText grid;
+      grid.x_min = 30.0;
+      grid.x_max = 50.0;
+      grid.x_step = 2.0;
+      Base::Params params = grid.params();
+      // The columns at 30 m to 40 m are in the tank.
+      EXPECT_EQ(thrown([&] { sea.build(params); }), "Value x=42 is outside dimensions of tank");
+      std::ostringstream lines;
+      for (int column = 0; column < 6; ++column) {
+        for (const auto& [slot, front] : given) lines << front.angle << '\n';
+      }
+      EXPECT_EQ(sea.output, lines.str());
+      EXPECT_EQ(sea.frames().progress(), 6.0 / 11.0);
+      EXPECT_TRUE(sea.frames().running());
+      const std::vector<std::int16_t>& frame = sea.frames().data(0);
+      EXPECT_EQ(std::vector<std::int16_t>(frame.begin() + 6 * 5, frame.end()),
+                std::vector<std::int16_t>(5 * 5, 0));
+    }
+  }
+}
+
+TEST(AnimateWorkers, SlicesThatDoNotFitTheFramesAreRefusedAlike) {
+  for (const unsigned workers : worker_counts) {
+    SharedSea sea(workers);
+    sea.init();
+    GridText fine;
+    fine.x_step = 0.25;
+    sea.init(fine);
+    EXPECT_EQ(thrown([&] { sea.slice(15, 30); }), "Error x >= x_lim");
+    EXPECT_EQ(sea.frames().progress(), 6.0 / 21.0);
+    GridText rows;
+    rows.y_step = 0.5;
+    sea.init(rows);
+    EXPECT_EQ(thrown([&] { sea.slice(0, 4); }), "Error y >= y_lim");
+    EXPECT_EQ(sea.frames().progress(), 35.0 / 105.0);
+    GridText fast;
+    fast.rate = 20.0;
+    sea.init(fast);
+    EXPECT_EQ(
+        printed([&] { EXPECT_EQ(thrown([&] { sea.slice(0, 4); }), "Error vec.size() != t_lim"); }),
+        "vec.size() 200 t_lim 100\n");
+  }
+}
+
+// Stops a build at the end of a given line.
+class StoppingBuffer : public std::streambuf {
+ public:
+  StoppingBuffer(Synthesis::AnimationFrames& frames, int lines) : frames_(frames), lines_(lines) {}
+  const std::string& text() const { return text_; }
+
+ private:
+  int_type overflow(int_type c) override {
+    text_ += traits_type::to_char_type(c);
+    if (c == '\n' && --lines_ == 0) frames_.stop();
+    return c;
+  }
+
+  Synthesis::AnimationFrames& frames_;
+  int lines_;
+  std::string text_;
+};
+
+TEST(AnimateWorkers, AStopEndsAllWorkersAtTheLineWhereItCame) {
+  for (const unsigned workers : worker_counts) {
+    for (const int lines : {1, 5, 17}) {
+      SharedSea sea(workers);
+      Base::Params params = GridText{}.params();
+      StoppingBuffer written(sea.frames(), lines);
+      std::streambuf* const shown = std::cout.rdbuf(&written);
+      const std::string failure =
+          thrown([&] { sea.animate.build(sea.fronts, sea.tank(), sea.run, params); });
+      std::cout.rdbuf(shown);
+      // A worker that was about to store its series reports the stop.
+      EXPECT_TRUE(failure == Testing::nothing_thrown || failure == "Animate Cancelled") << failure;
+      const std::string& text = written.text();
+      EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), lines);
+      EXPECT_EQ(text.substr(0, 4), "0.3\n");
+      EXPECT_FALSE(sea.frames().running());
+      EXPECT_EQ(sea.frames().size(0), 0u);
+      EXPECT_EQ(sea.frames().progress(), 0.0);
+    }
+  }
+}
+
+}  // namespace
