@@ -78,8 +78,10 @@ class Batch {
   }
 
   int work(const JobState& state, ChildReport& report) const {
-    return do_job({state.plan.path, state.folder.get(), state.folder_failure}, options_, console_,
-                  report);
+    // Several jobs keep all workers busy as processes.
+    const unsigned threads = states_.size() == 1 ? options_.workers : 1;
+    return do_job({state.plan.path, state.folder.get(), state.folder_failure, threads}, options_,
+                  console_, report);
   }
 
   void finish(JobState& state, Outcome outcome) {

@@ -13,10 +13,10 @@ const OptionText set_of_job{
     "--set",     "",
     "KEY=VALUE", "Replace a value of the job: sea.hs=\"100 mm\". May be given several times.",
     {},          true};
-const OptionText workers{
-    "--jobs", "-j", "N",
-    "Work on N jobs at a time, each in a process of its own. 0 or auto: one for each processor. "
-    "Without it, one job after the other."};
+const OptionText workers{"--jobs", "-j", "N",
+                         "Work on N jobs at a time, each in a process of its own, or on a single "
+                         "job with N threads. 0 or "
+                         "auto: one for each processor. Without it, one job after the other."};
 const OptionText strict{
     "--strict", "", "",
     "End with exit code 1 if a finding needs a look. Without it, findings are only shown."};

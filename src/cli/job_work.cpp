@@ -32,6 +32,7 @@ int build_and_judge(const JobWork& work, const JobOptions& options, const Consol
   Jobs::Diagnostics faults;
   Jobs::Job job = Jobs::read_job(work.path, options.set, faults);
   const std::unique_ptr<Jobs::Run> run = Jobs::prepare(std::move(job), std::move(faults));
+  run->experiment.set_workers(work.workers);
   if (!work.folder_failure.empty()) throw Outputs::CannotWrite{work.folder_failure};
   report.progress("waves", unknown);
   Jobs::build(*run);

@@ -15,6 +15,7 @@ struct JobWork {
   std::string path;
   Outputs::OutputFolder* folder = nullptr;  // null if nothing is to be written
   std::string folder_failure;               // why there is no folder although there should be one
+  unsigned workers = 1;                     // threads
 };
 
 // Reports the findings to standard output: as text, or with --json as the summary. Reports failures

@@ -68,7 +68,9 @@ void FieldFrames::init() {
 
 void FieldFrames::build_columns(const Progress& progress) {
   const Step step(progress, "field");
-  const std::size_t slice = std::max<std::size_t>(1, x_.count / 200);
+  // Enough columns to share out.
+  const unsigned workers = run_.experiment.workers();
+  const std::size_t slice = std::max<std::size_t>(workers == 1 ? 1 : 4 * workers, x_.count / 200);
   for (std::size_t first = 0; first < x_.count; first += slice) {
     step.done(first, x_.count);
     library_call(run_, "field", run_.job.field.span, [&] {
