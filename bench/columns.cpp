@@ -85,10 +85,11 @@ class Quiet {
   std::streambuf* screen_;
 };
 
-void whole(benchmark::State& state, const Job& job, bool fresh) {
+void whole(benchmark::State& state, const Job& job, bool fresh, unsigned workers = 1) {
   const Prepared made(job);
   Base::Params params = grid();
   Synthesis::Animate animate;
+  animate.set_executor(Base::Executor(workers));
   for (auto _ : state) {
     const Quiet quiet;
     if (fresh) animate.frames().release();
@@ -212,6 +213,17 @@ void animations(const std::string& name, const Job& job) {
   entry(prefix + ", slices/floor", [job](State& s) { animation_floor(s, job, false); });
 }
 
+// One worker against two, by the clock. They need two processors of their own.
+void animation_workers(const std::string& name, const Job& job) {
+  for (const unsigned workers : {1U, 2U}) {
+    const std::string title = "animation, " + name + ", workers: " + std::to_string(workers);
+    benchmark::RegisterBenchmark(title.c_str(),
+                                 [=](benchmark::State& s) { whole(s, job, false, workers); })
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+  }
+}
+
 void points(const std::string& name, const Job& job) {
   entry("point, " + name + "/library", [job](benchmark::State& s) { point(s, job); });
   entry("point, " + name + "/floor", [job](benchmark::State& s) { point_floor(s, job); });
@@ -224,6 +236,9 @@ int main(int argc, char** argv) {
   animations("uniform", {8192, 1, false});
   animations("31 directions on a slope", {8192, 31, true});
   animations("uniform on a slope", {8192, 1, true});
+  animation_workers("31 directions", {8192, 31, false});
+  animation_workers("uniform", {8192, 1, false});
+  animation_workers("31 directions on a slope", {8192, 31, true});
   points("31 directions", {32768, 31, false});
   points("1 front", {32768, 1, false});
   points("31 directions on a slope", {32768, 31, true});

@@ -73,12 +73,13 @@ struct Prepared {
 };
 
 // Builds again and again, as a host does that tries out seas.
-void library(benchmark::State& state, const Job& job) {
+void library(benchmark::State& state, const Job& job, unsigned workers) {
   const Prepared made(job);
+  const Base::Executor executor(workers);
   Synthesis::BankMotion motion;
   for (auto _ : state) {
     motion.init(made.tank, made.run, made.params);
-    motion.build(made.bank, made.fronts);
+    motion.build(made.bank, made.fronts, executor);
     benchmark::DoNotOptimize(motion.series().back().data());
   }
 }
@@ -128,13 +129,24 @@ void add(const std::string& name, const Job& job) {
     entry->Unit(benchmark::kMillisecond);
   };
   set(benchmark::RegisterBenchmark((name + "/library").c_str(),
-                                   [job](benchmark::State& s) { library(s, job); }));
+                                   [job](benchmark::State& s) { library(s, job, 1); }));
   set(benchmark::RegisterBenchmark((name + "/floor").c_str(),
                                    [job](benchmark::State& s) { floor_of(s, job, false); }));
   set(benchmark::RegisterBenchmark((name + ", first build/library").c_str(),
                                    [job](benchmark::State& s) { library_once(s, job); }));
   set(benchmark::RegisterBenchmark((name + ", first build/floor").c_str(),
                                    [job](benchmark::State& s) { floor_of(s, job, true); }));
+}
+
+// One worker against two, by the clock. They need two processors of their own.
+void add_workers(const std::string& name, const Job& job) {
+  for (const unsigned workers : {1U, 2U}) {
+    const std::string entry = name + ", workers: " + std::to_string(workers);
+    benchmark::RegisterBenchmark(entry.c_str(),
+                                 [=](benchmark::State& s) { library(s, job, workers); })
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+  }
 }
 
 }  // namespace
@@ -145,6 +157,8 @@ int main(int argc, char** argv) {
   add("drive, circle, 1 front", {128, 32768, 1, true});
   add("drive, circle, 31 directions", {128, 32768, 31, true});
   add("drive, prime length, 1 front", {128, 32771, 1, false});
+  add_workers("drive, 128 paddles, 1 front", {128, 32768, 1, false});
+  add_workers("drive, 128 paddles, 31 directions", {128, 32768, 31, false});
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }
