@@ -213,13 +213,15 @@ void animations(const std::string& name, const Job& job) {
   entry(prefix + ", slices/floor", [job](State& s) { animation_floor(s, job, false); });
 }
 
-// One worker against two, by the clock. They need two processors of their own.
+// One worker against two, by the clock, which needs two processors of their own. The processor time
+// is that of all threads.
 void animation_workers(const std::string& name, const Job& job) {
   for (const unsigned workers : {1U, 2U}) {
     const std::string title = "animation, " + name + ", workers: " + std::to_string(workers);
     benchmark::RegisterBenchmark(title.c_str(),
                                  [=](benchmark::State& s) { whole(s, job, false, workers); })
         ->Unit(benchmark::kMillisecond)
+        ->MeasureProcessCPUTime()
         ->UseRealTime();
   }
 }
