@@ -37,11 +37,12 @@ class Quiet {
   std::streambuf* screen_;
 };
 
-// A sea of ten waves of 0.7 s to 1.4 s.
+// A sea of ten waves of 0.5 s to 1.4 s, which does not repeat.
 Samples sea(std::size_t count, double probe) {
   Samples samples(count);
   for (int wave = 0; wave < 10; ++wave) {
-    const double omega = 2.0 * 3.14159265358979 * (0.71 + 0.073 * wave);
+    const double omega =
+        2.0 * 3.14159265358979 * (0.71 + 0.073 * std::sqrt(2.0 + wave) * wave / 2.0);
     const double amplitude = 0.01 / (1.0 + std::abs(wave - 4));
     const std::complex<double> step = std::polar(1.0, omega / rate);
     std::complex<double> turn = std::polar(amplitude, wave * wave - probe * omega * omega / 9.81);

@@ -1,11 +1,11 @@
 #include "analysis/wave_list.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <string>
 
-#include "analysis/total_order.h"
+#include "analysis/find_waves.h"
+#include "analysis/wave_order.h"
 
 namespace Analysis {
 namespace {
@@ -23,39 +23,14 @@ const Wave& middle_wave(const WaveList& list) { return list.waves[list.waves.siz
 
 WaveList::WaveList(Base::DataSet& set, bool wrap) { find_waves(*this, set, wrap); }
 
-void WaveList::sort_by_height() { std::ranges::sort(waves, TotalOrder(), &Wave::height); }
+void WaveList::sort_by_height() { sort_waves(waves, &Wave::height); }
 
-void WaveList::sort_by_period() { std::ranges::sort(waves, TotalOrder(), &Wave::period); }
+void WaveList::sort_by_period() { sort_waves(waves, &Wave::period); }
 
 void find_waves(WaveList& list, Base::DataSet& set, bool wrap) {
   double interval = 0.0;
   const std::vector<double>& samples = set.time(interval).data;
-  const std::size_t count = samples.size();
-
-  bool crossed = false;
-  Wave wave;  // the current wave, open at its end
-  Wave head;  // the part before the first crossing, moved by one record length
-  for (std::size_t i = 1; i < count; ++i) {
-    const double before = samples[i - 1];
-    const double sample = samples[i];
-    if (before <= 0.0 && sample > 0.0) {
-      wave.end = (static_cast<double>(i) - sample / (sample - before)) * interval;
-      if (crossed) {
-        list.waves.push_back(wave);
-      } else {
-        head = wave;
-        head.end = static_cast<double>(count) * interval + wave.end;
-        crossed = true;
-      }
-      wave = Wave{0.0, 0.0, 0.0, wave.end};
-    }
-    if (sample > wave.crest) wave.crest = sample;
-    if (sample < wave.trough) wave.trough = sample;
-  }
-  if (wrap && crossed) {
-    list.waves.push_back({std::max(wave.crest, head.crest), std::min(wave.trough, head.trough),
-                          head.end, wave.start});
-  }
+  append_waves(list.waves, samples, interval, wrap);
   list.sort_by_height();
 }
 

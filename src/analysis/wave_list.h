@@ -7,20 +7,11 @@
 
 #include <vector>
 
+#include "analysis/wave.h"
 #include "base/data_set.h"
 #include "base/params.h"
 
 namespace Analysis {
-
-struct Wave {
-  double height() const { return crest - trough; }
-  double period() const { return end - start; }
-
-  double crest = 0.0;   // the highest sample, 0 or above
-  double trough = 0.0;  // the lowest sample, 0 or below
-  double end = 0.0;     // time of the up-crossing that closes the wave
-  double start = 0.0;   // time of the up-crossing that opens it
-};
 
 struct WaveList {
   WaveList() = default;
