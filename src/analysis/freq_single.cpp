@@ -5,6 +5,7 @@
 #include <complex>
 #include <cstddef>
 #include <limits>
+#include <memory>
 #include <string>
 
 #include "analysis/separation.h"
@@ -31,15 +32,6 @@ void require_length(Base::Units units) {
   }
 }
 
-Base::Cvector zeros(const char* label, const Base::Cvector& like) {
-  Base::Cvector vector;
-  vector.label = label;
-  vector.units = like.units;
-  vector.length = like.length;
-  vector.data.resize(vector.storage_size(vector.length));
-  return vector;
-}
-
 }  // namespace
 
 FreqSingle::FreqSingle(const Maths::TankConfig& tank, Set& set) : TwoD(tank, set) {
@@ -53,8 +45,9 @@ void FreqSingle::process(const Base::Params& settings) {
   prepare();
   progress_line("DB");
 
-  double df = 0.0;
-  require_length(set_data_->front().freq(df).units);
+  const Record& first = set_data_->front();
+  const double df = first.rate() / static_cast<double>(first.samples().size());
+  require_length(first.units());
   progress_line("DC");
   const std::uint32_t bin = fundamental_bin();
   progress_line("DD");
@@ -87,50 +80,53 @@ void FreqSingle::process(const Base::Params& settings) {
 }
 
 void FreqSingle::prepare() {
-  std::vector<Base::DataSet>& sets = *set_data_;
-  if (sets.size() < 2) {
+  std::vector<Record>& records = *set_data_;
+  if (records.size() < 2) {
     throw std::string("At least two data sets must be provided for frequency analysis");
   }
-  const Base::Cvector& first = sets.front().freq();
-  for (Base::DataSet& set : sets) {
-    if (set.freq().length != first.length) throw std::string("Inconsistent sizes of data sets");
+  std::unique_ptr<Base::ForwardTransform> transform;  // one for all records
+  for (Record& record : records) {
+    static_cast<void>(record.spectrum(transform));
+    if (record.samples().size() != records.front().samples().size()) {
+      throw std::string("Inconsistent sizes of data sets");
+    }
   }
-  forward_free_ = zeros("Forward free", first);
-  backward_free_ = zeros("Backward free", first);
-  forward_bound_ = zeros("Forward bound", first);
-  backward_bound_ = zeros("Backward bound", first);
+  const BinValues none(records.front().spectrum().size());
+  forward_free_ = backward_free_ = forward_bound_ = backward_bound_ = none;
 }
 
 std::uint32_t FreqSingle::fundamental_bin() {
   std::uint32_t bin = std::numeric_limits<std::uint32_t>::max();
-  for (Base::DataSet& set : *set_data_) bin = std::min(bin, peak_bin(set.freq(), first_harmonic));
+  for (const Record& record : *set_data_) {
+    bin = std::min(bin, record.spectrum().peak(first_harmonic));
+  }
   return bin;
 }
 
 void FreqSingle::take_values(std::vector<ProbeRecord>& records, std::uint32_t bin) {
   for (ProbeRecord& record : records) {
-    record.value = (*set_data_)[record.index].freq().at(bin);
+    record.value = (*set_data_)[record.index].spectrum().at(bin);
   }
 }
 
 void FreqSingle::store_fundamental(const std::vector<ProbeRecord>& records, double k,
                                    std::uint32_t bin) {
   const FreeTrains trains = separate_fundamental(records, k);
-  forward_free_.at(bin) = trains.forward;
-  backward_free_.at(bin) = trains.backward;
+  forward_free_.set(bin, trains.forward);
+  backward_free_.set(bin, trains.backward);
 }
 
 void FreqSingle::store_harmonic(const std::vector<ProbeRecord>& records, double k_bound,
                                 double k_free, std::uint32_t bin) {
   const HarmonicTrains trains = separate_harmonic(records, k_bound, k_free);
-  forward_bound_.at(bin) = trains.bound.forward;
-  backward_bound_.at(bin) = trains.bound.backward;
-  forward_free_.at(bin) = trains.free.forward;
-  backward_free_.at(bin) = trains.free.backward;
+  forward_bound_.set(bin, trains.bound.forward);
+  backward_bound_.set(bin, trains.bound.backward);
+  forward_free_.set(bin, trains.free.forward);
+  backward_free_.set(bin, trains.free.backward);
 }
 
 void FreqSingle::results(Base::Params& out) {
-  const auto add = [&out](const char* name, const Base::Cvector& waves, std::uint32_t bin) {
+  const auto add = [&out](const char* name, const BinValues& waves, std::uint32_t bin) {
     out.insert(name, std::abs(waves.at(bin)), "");
   };
   add("Forward free fundamental", forward_free_, bin_);
@@ -150,19 +146,6 @@ const std::vector<double>& FreqSingle::data(const Base::Params& params) {
     params.require_value("rate", Category::frequency);
   }
   return data_;
-}
-
-std::uint32_t peak_bin(const Base::Cvector& form, std::uint32_t start) {
-  std::uint32_t bin = start;
-  double best = 0.0;
-  for (std::size_t i = start; i < form.data.size(); ++i) {
-    const double magnitude = std::abs(form.data[i]);
-    if (magnitude > best) {
-      best = magnitude;
-      bin = static_cast<std::uint32_t>(i);
-    }
-  }
-  return bin;
 }
 
 }  // namespace Analysis

@@ -45,10 +45,6 @@ class FreqSingle final : public TwoD {
   std::uint32_t bin_ = 0;  // of the fundamental
 };
 
-// The element of greatest magnitude from `start` on. The lowest one wins a tie. If all are 0, the
-// result is `start`.
-std::uint32_t peak_bin(const Base::Cvector& form, std::uint32_t start);
-
 }  // namespace Analysis
 
 #endif  // KELPBOX_ANALYSIS_FREQ_SINGLE_H_

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string>
 
+#include "analysis/find_waves.h"
+
 namespace Analysis {
 
 MultiTime::MultiTime(const Maths::TankConfig& tank, Set& set)
@@ -11,7 +13,9 @@ MultiTime::MultiTime(const Maths::TankConfig& tank, Set& set)
 void MultiTime::process(const Base::Params&) {
   if (waves_.size() != set_data_->size()) throw std::string("Mismatched sizes");
   for (std::size_t i = 0; i < waves_.size(); ++i) {
-    find_waves(waves_[i], (*set_data_)[i], false);
+    const Record& record = (*set_data_)[i];
+    append_waves(waves_[i].waves, record.samples(), 1.0 / record.rate(), false);
+    waves_[i].sort_by_height();
   }
 }
 

@@ -8,12 +8,12 @@
 
 namespace Analysis {
 
-ProbeRow locate_probes(const std::vector<Base::DataSet>& sets, double direction) {
+ProbeRow locate_probes(const std::vector<Record>& sets, double direction) {
   const double s = std::sin(direction);
   const double c = std::cos(direction);
   double sum_x = 0.0;
   ProbeRow row;
-  for (const Base::DataSet& set : sets) {
+  for (const Record& set : sets) {
     const double x = set.param("x").get(Base::Category::length);
     const double y = set.param("y").get(Base::Category::length);
     sum_x += x;

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "base/data_set.h"
+#include "analysis/record.h"
 
 namespace Analysis {
 
@@ -22,8 +22,8 @@ struct ProbeRow {
 };
 
 // Projects each probe's "x" and "y" onto the direction, in radians from the tank's x axis. The
-// records are in the order of the set. Throws as DataSet::param and Quantity::get.
-ProbeRow locate_probes(const std::vector<Base::DataSet>& sets, double direction);
+// records are in the order of the set. Throws as Record::param and Quantity::get.
+ProbeRow locate_probes(const std::vector<Record>& sets, double direction);
 
 void sort_by_position(std::vector<ProbeRecord>& records);
 

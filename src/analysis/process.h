@@ -4,8 +4,8 @@
 
 #include <vector>
 
+#include "analysis/record.h"
 #include "analysis/series.h"
-#include "base/data_set.h"
 #include "base/params.h"
 #include "maths/tank_config.h"
 
@@ -30,7 +30,7 @@ class Process {
 
  protected:
   const Maths::TankConfig* tank_;
-  std::vector<Base::DataSet>* set_data_;
+  std::vector<Record>* set_data_;
   std::vector<double> data_;
 };
 

@@ -2,18 +2,18 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 
 #include "base/streams.h"
-#include "base/units.h"
 #include "maths/rounding.h"
 
 namespace Analysis {
 namespace {
 
 // The samples of the time window, in seconds.
-Base::Vector cut(const Series& series, double start_time, double stop_time) {
+std::span<const double> cut(const Series& series, double start_time, double stop_time) {
   const double rate = series.params.read("rate", Base::Category::frequency);
   const std::uint32_t first = Maths::round_to_u32(start_time * rate);
   const std::uint32_t last = Maths::round_to_u32(stop_time * rate);
@@ -21,9 +21,7 @@ Base::Vector cut(const Series& series, double start_time, double stop_time) {
   if (last <= first) throw std::string("Out of range");
   if (series.samples.size() < last) throw std::string("out of range 2");
   Base::progress_line("size ", last - first);
-  const auto begin = series.samples.begin();
-  return {"Time series", Base::default_units(Base::Category::length),
-          std::vector<double>(begin + first, begin + last)};
+  return std::span(series.samples).subspan(first, last - first);
 }
 
 }  // namespace

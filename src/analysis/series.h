@@ -4,9 +4,8 @@
 
 #include <vector>
 
-#include "base/data_set.h"
+#include "analysis/record.h"
 #include "base/params.h"
-#include "base/vector.h"
 
 namespace Analysis {
 
@@ -20,12 +19,12 @@ struct Set {
   // Cuts every series to the samples from "start_time" up to, but not including, "stop_time". The
   // series can have different rates. Writes the bounds of each as progress lines. Throws
   // std::string "Out of range" for a window without samples, "out of range 2" for one that ends
-  // after the record, and as Params::read and the constructors of DataSet. The series must outlive
-  // the set.
+  // after the record, and as Params::read. The records refer to the samples of the series, which
+  // must outlive the set.
   Set(const Base::Params& params, std::vector<const Series*> given);
 
   std::vector<const Series*> series;
-  std::vector<Base::DataSet> data;  // one for each series, in metres
+  std::vector<Record> data;  // one for each series, in metres
 };
 
 }  // namespace Analysis

@@ -4,8 +4,8 @@
 #ifndef KELPBOX_ANALYSIS_TWO_D_H_
 #define KELPBOX_ANALYSIS_TWO_D_H_
 
+#include "analysis/bin_values.h"
 #include "analysis/process.h"
-#include "base/vector.h"
 
 namespace Analysis {
 
@@ -16,10 +16,10 @@ class TwoD : public Process {
  protected:
   // Complex amplitudes at the origin of the tank's coordinates, one for each element of the
   // records' spectra.
-  Base::Cvector forward_free_;
-  Base::Cvector backward_free_;
-  Base::Cvector forward_bound_;
-  Base::Cvector backward_bound_;
+  BinValues forward_free_;
+  BinValues backward_free_;
+  BinValues forward_bound_;
+  BinValues backward_bound_;
 };
 
 }  // namespace Analysis

@@ -8,6 +8,7 @@
 #include "analysis/freq_single.h"
 #include "analysis/multi_freq.h"
 #include "analysis/multi_time.h"
+#include "base/large_pages.h"
 #include "base/streams.h"
 #include "facade/guard.h"
 
@@ -34,6 +35,15 @@ std::unique_ptr<Process> make_process(std::uint32_t kind, const Maths::TankConfi
   }
 }
 
+// Most of the time of a copy of this size would go into small pages.
+std::vector<double> long_lived_copy(const std::vector<double>& samples) {
+  std::vector<double> copy;
+  copy.reserve(samples.size());
+  Base::prefer_large_pages(copy.data(), copy.capacity() * sizeof(double));
+  copy.assign(samples.begin(), samples.end());
+  return copy;
+}
+
 // The tables of analyses that have ended. Atomic, since two threads of a host may end two analyses
 // at the same time.
 std::atomic<AnalysisTable*> outliving{nullptr};
@@ -57,7 +67,7 @@ void Analysis::set(Base::Params& in) {
 
 std::uint32_t Analysis::add_series(const Base::Params& params, const std::vector<double>& samples) {
   return guarded("Uncaught Exception in Experiment add_series", [&] {
-    return append(std::make_unique<Series>(Series{params, samples}));
+    return append(std::make_unique<Series>(Series{params, long_lived_copy(samples)}));
   });
 }
 

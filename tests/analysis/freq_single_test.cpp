@@ -19,6 +19,7 @@
 namespace {
 
 using Analysis::FreqSingle;
+using Analysis::Record;
 using Analysis::Series;
 using Testing::nothing_thrown;
 using Testing::printed;
@@ -147,8 +148,8 @@ TEST(FreqSingle, RecordsMustBeElevations) {
   for (const char* const unit : {"s", "m/s", ""}) {
     Records records(sea_under(layout));
     auto& first = records.set().data.front();
-    first = Base::DataSet(Base::Vector("", Base::resolve_units(unit), first.time().data),
-                          at_rate(20.0));
+    const Base::Params params = at_rate(20.0);
+    first = Record(first.samples(), params, Base::resolve_units(unit));
     expect_failure(separate(records.set(), flat_tank(0.7)), "Units not of distance", marks('B'));
   }
   // Only the units of the first record are checked. Any length is accepted, and nothing is
@@ -156,9 +157,8 @@ TEST(FreqSingle, RecordsMustBeElevations) {
   Records records(sea_under(layout));
   auto& sets = records.set().data;
   for (std::size_t n = 0; n < sets.size(); ++n) {
-    sets[n] = Base::DataSet(
-        Base::Vector("", Base::resolve_units(n == 0 ? "mm" : "s"), sets[n].time().data),
-        at_point({}, row(layout)[n]));
+    sets[n] = Record(sets[n].samples(), records.set().series[n]->params,
+                     Base::resolve_units(n == 0 ? "mm" : "s"));
   }
   expect_sea(separate(records.set(), flat_tank(0.7)), Sea(), 1e-9);
 }

@@ -38,9 +38,7 @@ class Records {
       : series_(std::move(series)), set_(window(0.0, 0.0), {}) {
     for (const Analysis::Series& one : series_) {
       set_.series.push_back(&one);
-      set_.data.emplace_back(
-          Base::Vector("Time series", Base::default_units(Base::Category::length), one.samples),
-          one.params);
+      set_.data.emplace_back(one.samples, one.params);
     }
   }
   Analysis::Set& set() { return set_; }
