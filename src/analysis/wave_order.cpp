@@ -5,7 +5,6 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -53,7 +52,11 @@ void sort_by_digits(std::vector<Entry>& entries) {
   }
 }
 
-bool same(const Wave& a, const Wave& b) { return std::memcmp(&a, &b, sizeof(Wave)) == 0; }
+// To the last bit, so that NaN equals itself.
+bool same(const Wave& a, const Wave& b) {
+  using Bits = std::array<std::uint64_t, 4>;
+  return std::bit_cast<Bits>(a) == std::bit_cast<Bits>(b);
+}
 
 // Whether waves with the same key differ, so that their order is a matter of the way of sorting.
 bool ambiguous(const std::vector<Entry>& entries, const std::vector<Wave>& waves) {
