@@ -2,6 +2,7 @@
 #include "analysis/find_waves.h"
 
 #include <gtest/gtest.h>
+#include <hwy/highway.h>
 
 #include <algorithm>
 #include <bit>
@@ -10,6 +11,7 @@
 #include <cstdint>
 #include <limits>
 #include <random>
+#include <span>
 #include <vector>
 
 namespace {
@@ -60,12 +62,19 @@ std::vector<std::uint64_t> bits(const std::vector<Wave>& waves) {
   return all;
 }
 
+// With every instruction set that this machine has.
 void expect_plain(const std::vector<double>& samples) {
-  for (const bool wrap : {false, true}) {
-    std::vector<Wave> found;
-    Analysis::append_waves(found, samples, 0.01, wrap);
-    EXPECT_EQ(bits(found), bits(plain(samples, 0.01, wrap)));
+  for (const auto target : hwy::SupportedAndGeneratedTargets()) {
+    hwy::SetSupportedTargetsForTest(target);
+    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+    for (const bool wrap : {false, true}) {
+      std::vector<Wave> found;
+      Analysis::append_waves(found, samples, 0.01, wrap);
+      EXPECT_EQ(bits(found), bits(plain(samples, 0.01, wrap))) << hwy::TargetName(target);
+    }
   }
+  hwy::SetSupportedTargetsForTest(0);
+  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
 }
 
 TEST(AppendWaves, AgreesForRecordsOfEveryLength) {
@@ -116,6 +125,19 @@ TEST(AppendWaves, AgreesForZerosDenormalsAndNonFiniteSamples) {
       }
       expect_plain(samples);
     }
+  }
+}
+
+TEST(AppendWaves, ReadsNothingAroundTheRecord) {
+  // The samples around it would cross zero and be extremes.
+  for (std::size_t count = 0; count < 100; ++count) {
+    std::vector<double> wide(count + 40, 99.0);
+    std::fill_n(wide.begin(), 20, -99.0);
+    for (std::size_t j = 0; j < count; ++j) wide[20 + j] = std::sin(0.9 * static_cast<double>(j));
+    const std::span<const double> inner = std::span(wide).subspan(20, count);
+    std::vector<Wave> found;
+    Analysis::append_waves(found, inner, 0.01, true);
+    EXPECT_EQ(bits(found), bits(plain({inner.begin(), inner.end()}, 0.01, true)));
   }
 }
 
