@@ -132,7 +132,7 @@ FLOOR_CLONES void pass(const Samples& samples) {
       const double sample = now[lane];
       high[lane] = sample > high[lane] ? sample : high[lane];
       low[lane] = sample < low[lane] ? sample : low[lane];
-      crossings[lane] += (now[lane - 1] <= 0.0) & (sample > 0.0) ? 1.0 : 0.0;
+      crossings[lane] += ((now[lane - 1] <= 0.0) & (sample > 0.0)) ? 1.0 : 0.0;
     }
   }
   benchmark::DoNotOptimize(high);
