@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <climits>
 #include <cstddef>
+#include <cstdint>
 #include <mutex>
 #include <string>
 
 #include "base/compose.h"
+#include "base/forward_transform.h"
 #include "base/vector.h"
 
 namespace {
@@ -16,9 +18,14 @@ namespace {
 using Samples = std::vector<double>;
 using Spectrum = std::vector<std::complex<double>>;
 
-// FFTW chooses its plan by alignment. Every vector has the alignment that FFTW looks for, so one
-// input always gives the same result, wherever the vector lies in memory.
-static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ % 16 == 0);
+// FFTW chooses its plan by this alignment. Every vector has it, so one input always gives the same
+// result, wherever the vector lies in memory.
+constexpr std::size_t alignment = 16;
+static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ % alignment == 0);
+
+bool aligned(const double* memory) {
+  return reinterpret_cast<std::uintptr_t>(memory) % alignment == 0;
+}
 
 struct DestroyPlan {
   void operator()(fftw_plan plan) const { fftw_destroy_plan(plan); }
@@ -71,14 +78,19 @@ class SharedPlan {
   Plan plan_;
 };
 
+// FFTW writes nothing to the input of these plans, either when it plans or when it runs.
+double* input(const double* samples) { return const_cast<double*>(samples); }
+
+Plan forward_plan(int n, const double* samples, fftw_complex* spectrum) {
+  return checked_plan(
+      fftw_plan_dft_r2c_1d(n, input(samples), spectrum, FFTW_ESTIMATE | FFTW_PRESERVE_INPUT),
+      static_cast<std::size_t>(n));
+}
+
 // Needs a spectrum of at least n / 2 + 1 elements.
 void to_freq(const Samples& time, Spectrum& freq) {
   const int n = checked_size(time.size());
-  // With these flags FFTW writes nothing to the samples, either when it plans or when it runs.
-  auto* const samples = const_cast<double*>(time.data());
-  const Plan plan =
-      checked_plan(fftw_plan_dft_r2c_1d(n, samples, raw(freq), FFTW_ESTIMATE | FFTW_PRESERVE_INPUT),
-                   time.size());
+  const Plan plan = forward_plan(n, time.data(), raw(freq));
   fftw_execute(plan.get());
   const std::size_t elements = Base::spectrum_size(time.size());
   for (std::size_t h = 0; h < elements; ++h) {
@@ -281,6 +293,29 @@ ComplexTransform::~ComplexTransform() = default;
 void ComplexTransform::forward() { fftw_execute_dft(plans_->forward.get(), raw(in_), raw(out_)); }
 
 void ComplexTransform::backward() { fftw_execute_dft(plans_->backward.get(), raw(out_), raw(in_)); }
+
+struct ForwardTransform::Work {
+  int n;
+  Plan plan;
+};
+
+ForwardTransform::ForwardTransform(std::size_t samples)
+    : work_(std::make_unique<Work>(Work{checked_size(samples), nullptr})) {}
+
+ForwardTransform::~ForwardTransform() = default;
+
+std::size_t ForwardTransform::samples() const { return static_cast<std::size_t>(work_->n); }
+
+void ForwardTransform::run(std::span<const double> samples, std::span<double> parts) {
+  Samples copy;
+  if (!aligned(samples.data())) {
+    copy.assign(samples.begin(), samples.end());
+    samples = copy;
+  }
+  auto* const spectrum = reinterpret_cast<fftw_complex*>(parts.data());
+  if (!work_->plan) work_->plan = forward_plan(work_->n, samples.data(), spectrum);
+  fftw_execute_dft_r2c(work_->plan.get(), input(samples.data()), spectrum);
+}
 
 const char* transform_library() { return fftw_version; }
 

@@ -3,33 +3,31 @@
 #define KELPBOX_BASE_FORWARD_TRANSFORM_H_
 
 #include <cstddef>
+#include <memory>
 #include <span>
-
-#include "base/fft.h"
-
-struct fftw_plan_s;
 
 namespace Base {
 
 class ForwardTransform {
  public:
-  // For at least one sample. Throws std::string "FFT of N samples is too long", as in fft.h.
+  // For at least one sample. Throws as every transform of base/fft.h.
   explicit ForwardTransform(std::size_t samples);
   ~ForwardTransform();
   ForwardTransform(const ForwardTransform&) = delete;
   ForwardTransform& operator=(const ForwardTransform&) = delete;
 
-  std::size_t samples() const { return samples_; }
+  std::size_t samples() const;
 
   // Fills `parts` with the real and imaginary part of each of the samples / 2 + 1 elements. They
   // are samples / 2 times the elements of KLPFFT_time_to_freq, except the mean and the element at
-  // samples / 2, which are `samples` times theirs. Samples that are not aligned to 16 bytes are
-  // copied first. Throws std::string "FFT of N samples cannot be planned".
+  // samples / 2, which are `samples` times theirs. The parts are aligned as memory of a vector is.
+  // Samples that are not are copied first, so that a record has the same spectrum wherever it lies
+  // in memory.
   void run(std::span<const double> samples, std::span<double> parts);
 
  private:
-  std::size_t samples_;
-  fftw_plan_s* plan_ = nullptr;  // made for the first arrays
+  struct Work;
+  std::unique_ptr<Work> work_;
 };
 
 }  // namespace Base
