@@ -128,6 +128,14 @@ Base::Quantity Function::constant() const {
   return {value_ ? *value_ : tree.eval(no_variable()), units_, Base::ValueState{}};
 }
 
+bool Function::compile(Base::Units variable, Program& out) const {
+  const Node& tree = root();
+  const std::optional<double> value = tree.known();
+  if (!value) return tree.compile(variable, out);
+  out.constant(*value);
+  return true;
+}
+
 void Function::print(std::ostream& out) const { root().print(out); }
 
 Node& Function::root() const {

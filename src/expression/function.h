@@ -20,6 +20,7 @@
 namespace Expression {
 
 class Node;
+class Program;
 
 class Function {
  public:
@@ -50,6 +51,9 @@ class Function {
   // The value of a function that bind or is_constant has found to be fixed. Throws "Trying to find
   // the constant value of a non constant function", and as evaluate does if it has not been bound.
   Base::Quantity constant() const;
+  // Adds the steps of the formula for a variable in the given units. Returns false, or throws as
+  // Base::factor does, for a formula that has none: `evaluate` then reports what is wrong.
+  bool compile(Base::Units variable, Program& out) const;
   // The units of the result.
   Base::Units units() const { return units_; }
   // Writes the formula, fully parenthesised.

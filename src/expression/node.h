@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -20,6 +21,7 @@
 #include "base/quantity.h"
 #include "base/units.h"
 #include "expression/operators.h"
+#include "expression/program.h"
 
 namespace Expression {
 
@@ -46,6 +48,11 @@ class Node {
   virtual void print(std::ostream& out) const = 0;
   // Frees the nodes below this one. It must be called before this node is destroyed.
   virtual void destroy_children() = 0;
+  // The value, if it is known without evaluation.
+  virtual std::optional<double> known() const { return std::nullopt; }
+  // Adds the steps that compute the subtree for a variable in the given units. Returns false, or
+  // throws as Base::factor does, if it has no such steps: `eval` then reports what is wrong.
+  virtual bool compile(Base::Units, Program&) const { return false; }
 };
 
 class Constant final : public Node {
@@ -59,6 +66,7 @@ class Constant final : public Node {
   double eval(const Base::Quantity&) const override { return value_; }
   void print(std::ostream& out) const override { out << value_; }
   void destroy_children() override {}
+  std::optional<double> known() const override { return value_; }
 
  private:
   double value_;
@@ -77,6 +85,7 @@ class Value final : public Node {
   double eval(const Base::Quantity& variable) const override;
   void print(std::ostream& out) const override;
   void destroy_children() override {}
+  bool compile(Base::Units variable, Program& out) const override;
 
  private:
   Base::Units units_;
@@ -96,6 +105,7 @@ class Parameter final : public Node {
   double eval(const Base::Quantity& variable) const override;
   void print(std::ostream& out) const override;
   void destroy_children() override {}
+  std::optional<double> known() const override;
 
  private:
   std::string name_;
@@ -116,6 +126,8 @@ class UnaryOp final : public Node {
   double eval(const Base::Quantity& variable) const override;
   void print(std::ostream& out) const override;
   void destroy_children() override { child_.reset(); }
+  std::optional<double> known() const override;
+  bool compile(Base::Units variable, Program& out) const override;
 
  private:
   OperatorNumber op_;
@@ -140,12 +152,17 @@ class BinaryOp final : public Node {
   void print(std::ostream& out) const override;
   // The right side first.
   void destroy_children() override;
+  std::optional<double> known() const override;
+  bool compile(Base::Units variable, Program& out) const override;
 
  private:
   // The last BinaryOp in the chain of left operands that starts here.
   BinaryOp* lowest() const;
   // Applies the operator to both sides, even if the value is folded already.
   double compute(const Base::Quantity& variable) const;
+  // Adds the steps of the right side and of the operator. The left side is a known value or, if
+  // there is none, the program's current number.
+  bool compile_right(Base::Units variable, std::optional<double> left, Program& out) const;
 
   OperatorNumber op_;
   std::unique_ptr<Node> left_;

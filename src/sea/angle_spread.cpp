@@ -88,9 +88,10 @@ void AngleSpreadModifier::on_evaluate(const Base::Params& stored, Maths::FrontSe
   Maths::PureRandom generator = make_generator(stored, default_seed);
   const double top = Maths::wrap_angle(max_angle - mean);
   const double bottom = Maths::wrap_angle(min_angle - mean);
+  const Values power(*this);
   for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
     if (fronts.slots[h].empty()) continue;
-    const double s = value(context.run.freq(h));
+    const double s = power(context.run.freq(h));
     for (Maths::HarmonicFront& front : fronts.slots[h]) {
       const double u = generator.unit();
       const double d = function == Base::SpreadFunc::CosS

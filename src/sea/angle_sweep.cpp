@@ -52,10 +52,11 @@ void make_room(std::vector<Direction>& directions) {
 
 // Stops as soon as there are more directions than `most`.
 Fan make_fan(const Modifier& modifier, double lo, double step, std::int32_t n, std::size_t most) {
+  const Modifier::Values weight(modifier);
   Fan fan;
   for (std::int32_t i = 0; i <= n && fan.directions.size() <= most; ++i) {
     const double a = Maths::wrap_angle(i * step + lo);
-    const double w = modifier.value(a);
+    const double w = weight(a);
     if (w > negligible_weight) {
       make_room(fan.directions);
       fan.directions.push_back({a, w});

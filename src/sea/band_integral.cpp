@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "base/quantity.h"
-
 namespace Synthesis {
 
 namespace {
@@ -16,14 +14,11 @@ constexpr int most_parts = 256;
 
 }  // namespace
 
-double band_integral(const Expression::Function& density, double centre, double width,
-                     Base::UnitCategory units, double& last_end) {
-  const auto at = [&](double freq) {
-    return density.evaluate(Base::Quantity(freq, Base::Category::frequency)).get(units);
-  };
+double band_integral(const Expression::Curve& density, double centre, double width,
+                     double& last_end) {
   double step = width * 0.5;
-  double midpoint = at(centre);
-  const double end = at(centre + step);
+  double midpoint = density(centre);
+  const double end = density(centre + step);
   double tolerance = midpoint * relative_tolerance;
   if (tolerance < least_tolerance) tolerance = least_tolerance;
   double trapezium = (end + last_end) * 0.5;
@@ -32,7 +27,7 @@ double band_integral(const Expression::Function& density, double centre, double 
     trapezium = (trapezium + midpoint) * 0.5;
     midpoint = 0.0;
     for (int i = 1; i < n; i += 2) {
-      midpoint = midpoint + at(centre + i * step) + at(centre - i * step);
+      midpoint = midpoint + density(centre + i * step) + density(centre - i * step);
     }
     midpoint /= n;
   }

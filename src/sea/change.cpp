@@ -15,9 +15,10 @@ namespace Category = Base::Category;
 template <typename Change>
 void change_fronts(const Modifier& modifier, Maths::FrontSet& fronts, const Maths::RunData& run,
                    Change change) {
+  const Modifier::Values value(modifier);
   for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
     if (fronts.slots[h].empty()) continue;
-    const double v = modifier.value(run.freq(h));
+    const double v = value(run.freq(h));
     for (Maths::HarmonicFront& front : fronts.slots[h]) change(front, v);
   }
 }

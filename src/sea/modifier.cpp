@@ -28,4 +28,14 @@ double Modifier::value(double x) const {
   return expression_.evaluate(x);
 }
 
+Modifier::Values::Values(const Modifier& modifier)
+    : modifier_(modifier),
+      curves_(modifier.expression_.curves(modifier.expression_.units().input,
+                                          modifier.expression_.units().output)) {}
+
+double Modifier::Values::operator()(double x) const {
+  if (curves_.empty()) return modifier_.value(x);
+  return curves_[modifier_.expression_.function_at(x)](x);
+}
+
 }  // namespace Synthesis

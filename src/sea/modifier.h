@@ -45,6 +45,8 @@ class Modifier {
   }
   // The expression at x, from and to base units. Throws "<name>::evaluate::there is no expression".
   double value(double x) const;
+  // The same for many values, until the next `set`.
+  class Values;
 
  protected:
   virtual void on_query(Base::Params&) {}
@@ -57,6 +59,19 @@ class Modifier {
   std::string name_;
   Piecewise expression_;
   Base::Params params_;
+};
+
+class Modifier::Values {
+ public:
+  // Never fails: what is wrong with the expression is reported when a value is read.
+  explicit Values(const Modifier& modifier);
+
+  // Throws as Modifier::value does.
+  double operator()(double x) const;
+
+ private:
+  const Modifier& modifier_;
+  Curves curves_;
 };
 
 }  // namespace Synthesis

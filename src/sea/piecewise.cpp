@@ -71,4 +71,13 @@ double Piecewise::evaluate(double x) const {
   return function(function_at(x)).evaluate(Base::Quantity(x, units_.input)).get(units_.output);
 }
 
+Curves Piecewise::curves(Base::UnitCategory input, Base::UnitCategory output) const {
+  Curves curves;
+  curves.reserve(function_count());
+  for (std::size_t i = 0; i < function_count(); ++i) {
+    curves.emplace_back(function(i), input, output);
+  }
+  return curves;
+}
+
 }  // namespace Synthesis

@@ -11,6 +11,7 @@
 
 #include "base/params.h"
 #include "base/units.h"
+#include "expression/curve.h"
 #include "expression/function.h"
 #include "sea/limit_rules.h"
 
@@ -18,6 +19,9 @@ namespace Synthesis {
 
 // Limits and functions, in the order of the text.
 using Formulas = std::vector<Expression::Function>;
+
+// The functions of an expression, for use at many values.
+using Curves = std::vector<Expression::Curve>;
 
 // The categories of the limits, and of the arguments and results of the functions.
 struct PieceUnits {
@@ -57,6 +61,9 @@ class Piecewise {
   // one function.
   std::size_t function_at(double x) const;
   double evaluate(double x) const;
+
+  // All functions as they are bound now, for a variable and a result of those categories.
+  Curves curves(Base::UnitCategory input, Base::UnitCategory output) const;
 
  private:
   bool is_limit(std::size_t formula) const { return formula % 2 != first_function_; }

@@ -16,9 +16,9 @@ class Bands {
  public:
   // `left_edge` is that of the first band.
   Bands(const Piecewise& density, double left_edge, double width)
-      : density_(density),
-        width_(width),
+      : width_(width),
         walk_(density.limits()),
+        curves_(density.curves(Base::Category::frequency, density.units().output)),
         last_end_(density.function(0)
                       .evaluate(Base::Quantity(left_edge, density.units().input))
                       .get(density.units().output)) {}
@@ -39,13 +39,12 @@ class Bands {
 
  private:
   double integrate(double centre, double width) {
-    return band_integral(density_.function(walk_.function()), centre, width,
-                         density_.units().output, last_end_);
+    return band_integral(curves_[walk_.function()], centre, width, last_end_);
   }
 
-  const Piecewise& density_;
   double width_;
   BandWalk walk_;
+  Curves curves_;
   double last_end_;  // the density at the right edge of the last band
 };
 

@@ -33,14 +33,14 @@ Steepness sample(const Piecewise& elevation, const std::string& name, double dt,
   Steepness steepness;
   const Limits& limits = elevation.limits();
   TimeWalk walk(limits);
+  const Curves curves = elevation.curves(Category::time, Category::length);
   for (std::size_t i = 0; i < x.size(); ++i) {
     const double t = static_cast<double>(i) * dt;
     if (t < limits.front()) continue;
     const std::size_t passed = walk.limits_passed(t);
     if (passed == limits.size()) throw Base::compose(name, "::no function for the time ", t, "s");
     if (passed == 0) throw name + "::a limit is not a number";
-    x[i] =
-        elevation.function(passed - 1).evaluate(Quantity(t, Category::time)).get(Category::length);
+    x[i] = curves[passed - 1](t);
     steepness.add(i, x[i]);
   }
   return steepness;

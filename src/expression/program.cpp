@@ -1,0 +1,145 @@
+#include "expression/program.h"
+
+#include <array>
+
+namespace Expression {
+namespace {
+
+// Above the nesting of any formula that the parser takes.
+constexpr std::size_t most_aside = 256;
+
+bool is_arithmetic(OperatorNumber op) { return op >= Binary::times && op <= Binary::minus; }
+
+}  // namespace
+
+void Program::constant(double value) { add(make_constant, 0, value); }
+
+// Most formulas read the variable in one unit, and many begin with it. It is then converted once,
+// and needs no step at the beginning.
+void Program::variable(double factor) {
+  if (steps_.empty() && !starts_) {
+    factor_ = factor;
+    starts_ = true;
+  } else {
+    add(make_variable, 0, factor);
+  }
+}
+
+void Program::unary(OperatorNumber op) { add(apply_one, op); }
+
+void Program::binary_with(OperatorNumber op, double right) { add(with_constant, op, right); }
+
+void Program::binary_from(OperatorNumber op, double left) { add(from_constant, op, left); }
+
+bool Program::set_aside() {
+  if (aside_ == most_aside) return false;
+  ++aside_;
+  add(put_aside);
+  return true;
+}
+
+void Program::binary(OperatorNumber op) {
+  --aside_;
+  const std::size_t count = steps_.size();
+  const Step last = steps_[count - 1];
+  // The variable alone at the right needs nothing set aside.
+  const bool plain_variable = last.code == make_variable && starts_ && last.number == factor_;
+  if (plain_variable && steps_[count - 2].code == put_aside) {
+    steps_.resize(count - 2);
+    add(with_variable, op);
+  } else {
+    add(with_aside, op);
+  }
+}
+
+void Program::add(Kind kind, OperatorNumber op, double number) {
+  const bool written_out = kind >= with_constant && is_arithmetic(op);
+  steps_.push_back({kind + (written_out ? op : 0), op, number});
+}
+
+double Program::run(double x) const {
+  std::array<double, most_aside> room;
+  double* aside = room.data();
+  const double variable = x * factor_;
+  double current = variable;
+  for (const Step& step : steps_) {
+    switch (step.code) {
+      case make_constant:
+        current = step.number;
+        break;
+      case make_variable:
+        current = x * step.number;
+        break;
+      case put_aside:
+        *aside++ = current;
+        break;
+      case with_constant + Binary::times:
+        current = current * step.number;
+        break;
+      case with_constant + Binary::divide:
+        current = current / step.number;
+        break;
+      case with_constant + Binary::plus:
+        current = current + step.number;
+        break;
+      case with_constant + Binary::minus:
+        current = current - step.number;
+        break;
+      case from_constant + Binary::times:
+        current = step.number * current;
+        break;
+      case from_constant + Binary::divide:
+        current = step.number / current;
+        break;
+      case from_constant + Binary::plus:
+        current = step.number + current;
+        break;
+      case from_constant + Binary::minus:
+        current = step.number - current;
+        break;
+      case with_variable + Binary::times:
+        current = current * variable;
+        break;
+      case with_variable + Binary::divide:
+        current = current / variable;
+        break;
+      case with_variable + Binary::plus:
+        current = current + variable;
+        break;
+      case with_variable + Binary::minus:
+        current = current - variable;
+        break;
+      case with_aside + Binary::times:
+        current = *--aside * current;
+        break;
+      case with_aside + Binary::divide:
+        current = *--aside / current;
+        break;
+      case with_aside + Binary::plus:
+        current = *--aside + current;
+        break;
+      case with_aside + Binary::minus:
+        current = *--aside - current;
+        break;
+      // The other operators take so long that a second choice does not count.
+      case apply_one:
+        current = apply_unary(step.op, current);
+        break;
+      case with_constant:
+        current = apply_binary(step.op, current, step.number);
+        break;
+      case from_constant:
+        current = apply_binary(step.op, step.number, current);
+        break;
+      case with_variable:
+        current = apply_binary(step.op, current, variable);
+        break;
+      default:  // with_aside
+        current = apply_binary(step.op, *--aside, current);
+        break;
+    }
+  }
+  return current;
+}
+
+}  // namespace Expression
