@@ -8,7 +8,7 @@ Curve::Curve(const Function& function, Base::UnitCategory input, Base::UnitCateg
     : function_(&function), input_(input), output_(output) {
   try {
     compiled_ = function.compile(Base::default_units(input), program_);
-    factor_ = Base::factor_to_base(function.units(), output);
+    program_.finish(Base::factor_to_base(function.units(), output));
   } catch (const std::string&) {
     compiled_ = false;  // the function reports it
   }

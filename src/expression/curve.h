@@ -19,7 +19,7 @@ class Curve {
 
   // The same bits as Function::evaluate(Quantity(x, input)).get(output), and the same failures.
   double operator()(double x) const {
-    if (compiled_) return program_.run(x) * factor_;
+    if (compiled_) return program_.run(x);
     return function_->evaluate(Base::Quantity(x, input_)).get(output_);
   }
 
@@ -28,7 +28,6 @@ class Curve {
   Base::UnitCategory input_;
   Base::UnitCategory output_;
   Program program_;
-  double factor_ = 1.0;  // from the units of the function to those of the result
   bool compiled_ = false;
 };
 

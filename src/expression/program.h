@@ -29,9 +29,18 @@ class Program {
   // The operator on the number last set aside, at the left, and the current one.
   void binary(OperatorNumber op);
 
+  // The last step: the result is the current number times the factor.
+  void finish(double factor);
+
   // The result of all steps. The first must be a constant or the variable. Throws as apply_unary
   // and apply_binary.
-  double run(double x) const;
+  double run(double x) const {
+    const double variable = x * factor_;
+    double current = variable;
+    const Step* step = steps_.data();
+    for (; step->code == scale_and_shift; ++step) current = current * step->number + step->shift;
+    return step->code == return_result ? current : run_from(step, x, variable, current);
+  }
 
  private:
   // What a step does, with what it works on besides the current number.
@@ -39,6 +48,8 @@ class Program {
     make_constant,
     make_variable,
     put_aside,
+    scale_and_shift,
+    return_result,
     apply_one = 0x10,
     with_constant = 0x20,
     from_constant = 0x30,
@@ -50,9 +61,13 @@ class Program {
     std::uint32_t code;  // the kind, plus the operator if that is one of the four of arithmetic
     OperatorNumber op;
     double number;  // the constant, or the factor of the variable
+    double shift;   // of scale_and_shift
   };
 
   void add(Kind kind, OperatorNumber op = 0, double number = 0.0);
+  // The current number is multiplied, and then the shift is added.
+  void scale(double by, double shift);
+  static double run_from(const Step* step, double x, double variable, double current);
 
   std::vector<Step> steps_;
   double factor_ = 1.0;    // of the variable, as it was read first

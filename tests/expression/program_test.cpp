@@ -170,6 +170,7 @@ TEST(Program, SetsAsideNoMoreNumbersThanThereIsRoomFor) {
   }
   ASSERT_LT(count, 100000);
   for (int i = 0; i < count; ++i) program.binary(Binary::plus);
+  program.finish(1.0);
   EXPECT_EQ(program.run(1.0), 1.0 - 2.0 * count);
 }
 
