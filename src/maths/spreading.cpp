@@ -113,11 +113,22 @@ double cos_power_integral(double power, double theta) {
 }
 
 double spread_angle(double fraction, double max_angle, double min_angle, double power) {
+  return SpreadAngles().draw(fraction, max_angle, min_angle, power);
+}
+
+double SpreadAngles::draw(double fraction, double max_angle, double min_angle, double power) {
   if (min_angle <= -Base::Pi) throw std::string("Minimum angle too small");
   if (max_angle >= Base::Pi) throw std::string("Maximum angle too big");
   if (min_angle > max_angle) throw std::string("Maximum angle less than minimum angle");
-  const double target = (1 - fraction) * cos_power_integral(power, min_angle) +
-                        fraction * cos_power_integral(power, max_angle);
+  if (!(max_angle == max_angle_ && min_angle == min_angle_ && power == power_)) {
+    max_angle_ = std::numeric_limits<double>::quiet_NaN();  // until both integrals are there
+    integral_to_min_ = cos_power_integral(power, min_angle);
+    integral_to_max_ = cos_power_integral(power, max_angle);
+    min_angle_ = min_angle;
+    power_ = power;
+    max_angle_ = max_angle;
+  }
+  const double target = (1 - fraction) * integral_to_min_ + fraction * integral_to_max_;
   double theta = target;
   for (int pass = 0; pass < 25; ++pass) {
     const double step = (target - cos_power_integral(power, theta)) / cos_power(power, theta);

@@ -3,6 +3,8 @@
 #ifndef KELPBOX_MATHS_SPREADING_H_
 #define KELPBOX_MATHS_SPREADING_H_
 
+#include <limits>
+
 namespace Maths {
 
 // cos^power(theta). A power that is not whole is interpolated between whole powers of equal parity.
@@ -14,6 +16,19 @@ double cos_power_integral(double power, double theta);
 // method. Throws std::string "Minimum angle too small", "Maximum angle too big", "Maximum angle
 // less than minimum angle", in this order.
 double spread_angle(double fraction, double max_angle, double min_angle, double power);
+
+// The same for many draws: keeps what depends on the last range and power.
+class SpreadAngles {
+ public:
+  double draw(double fraction, double max_angle, double min_angle, double power);
+
+ private:
+  double max_angle_ = std::numeric_limits<double>::quiet_NaN();  // NaN: nothing is kept
+  double min_angle_ = 0.0;
+  double power_ = 0.0;
+  double integral_to_max_ = 0.0;
+  double integral_to_min_ = 0.0;
+};
 
 }  // namespace Maths
 

@@ -89,14 +89,15 @@ void AngleSpreadModifier::on_evaluate(const Base::Params& stored, Maths::FrontSe
   const double top = Maths::wrap_angle(max_angle - mean);
   const double bottom = Maths::wrap_angle(min_angle - mean);
   const Values power(*this);
+  Maths::SpreadAngles law;
   for (std::size_t h = 0; h < fronts.slots.size(); ++h) {
     if (fronts.slots[h].empty()) continue;
     const double s = power(context.run.freq(h));
     for (Maths::HarmonicFront& front : fronts.slots[h]) {
       const double u = generator.unit();
       const double d = function == Base::SpreadFunc::CosS
-                           ? Maths::spread_angle(u, top, bottom, s)
-                           : 2 * Maths::spread_angle(u, top / 2, bottom / 2, 2 * s);
+                           ? law.draw(u, top, bottom, s)
+                           : 2 * law.draw(u, top / 2, bottom / 2, 2 * s);
       if (!std::isfinite(d)) {
         throw Base::compose(name(), "::no direction can be drawn for a power of ", s);
       }

@@ -236,4 +236,24 @@ TEST(SpreadAngle, StopsAtAStepOfAMillionth) {
   EXPECT_NEAR(std::numbers::pi / 2 - theta, x, 1e-8);
 }
 
+TEST(SpreadAngles, DrawTheSameAnglesWhateverWasDrawnBefore) {
+  Maths::SpreadAngles draws;
+  const double infinite = std::numeric_limits<double>::infinity();
+  for (const double power : {4.0, 4.0, 7.5, infinite, 7.5, 4.0}) {
+    for (const double max_angle : {1.0, 1.0, 1.4}) {
+      for (const double min_angle : {-1.2, -1.2, 0.1}) {
+        for (const double fraction : {0.0, 0.25, 1.0}) {
+          const auto draw = [&] { return draws.draw(fraction, max_angle, min_angle, power); };
+          const auto alone = [&] { return spread_angle(fraction, max_angle, min_angle, power); };
+          if (power == infinite) {
+            EXPECT_EQ(thrown(draw), "Spreading power::inf is out of range");
+          } else {
+            EXPECT_EQ(draw(), alone());
+          }
+        }
+      }
+    }
+  }
+}
+
 }  // namespace
