@@ -57,11 +57,11 @@ wavemaker_bank[1..1] {
   }
 )site";
   text << "    pad_pos[" << paddles << "..1] { x = 0; angle = 0; }\n";
-for (std::int64_t i = 1; i <= paddles; ++i) {
-  text << "    pad_pos[" << i << "] { y = " << 0.001 * static_cast<double>(i) << "; }\n";
-}
-text << "  }\n}\n";
-return text.str();
+  for (std::int64_t i = 1; i <= paddles; ++i) {
+    text << "    pad_pos[" << i << "] { y = " << 0.001 * static_cast<double>(i) << "; }\n";
+  }
+  text << "  }\n}\n";
+  return text.str();
 }
 
 // A site script in the folder for temporary files, removed at the end.
