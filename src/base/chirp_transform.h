@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-#include "base/fft.h"
+#include "base/complex_transform.h"
 
 namespace Base {
 

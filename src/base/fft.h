@@ -64,46 +64,6 @@ class FFT_Plan {
   std::unique_ptr<Buffers> buffers_;
 };
 
-// Complex transforms of one size in both directions, without any factor.
-class ComplexTransform {
- public:
-  explicit ComplexTransform(std::size_t size);
-  ~ComplexTransform();
-  ComplexTransform(const ComplexTransform& other) = default;
-  ComplexTransform& operator=(const ComplexTransform&) = delete;
-
-  // Each direction reads one of them and fills the other.
-  std::vector<std::complex<double>>& in() { return in_; }
-  std::vector<std::complex<double>>& out() { return out_; }
-  // The sign of the exponent is - on the way forward, and + on the way back.
-  void forward();
-  void backward();
-
- private:
-  struct Plans;
-  std::vector<std::complex<double>> in_;
-  std::vector<std::complex<double>> out_;
-  std::shared_ptr<Plans> plans_;
-};
-
-// Inverse transforms of one size, of spectra that are 0 outside one band of harmonics.
-class BandTransform {
- public:
-  // For the harmonics from `first` to `first` + `count` - 1, of which none is above samples / 2.
-  BandTransform(std::size_t samples, std::size_t first, std::size_t count);
-  ~BandTransform();
-  BandTransform(const BandTransform& other);
-  BandTransform& operator=(const BandTransform&) = delete;
-
-  // Fills the samples from the band: a real and an imaginary part for each harmonic. Both arrays
-  // are aligned as memory of a vector is, and may be the same.
-  void run(const double* band, double* time);
-
- private:
-  struct Work;
-  std::unique_ptr<Work> work_;
-};
-
 }  // namespace Base
 
 #endif  // KELPBOX_BASE_FFT_H_

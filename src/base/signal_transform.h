@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/band_transform.h"
 #include "base/chirp_transform.h"
 #include "base/fft.h"
 

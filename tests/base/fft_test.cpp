@@ -12,6 +12,7 @@
 #include <thread>
 #include <vector>
 
+#include "base/band_transform.h"
 #include "base/memory.h"
 #include "support/own_process.h"
 #include "support/thrown.h"

@@ -10,6 +10,7 @@
 #include <random>
 #include <vector>
 
+#include "base/band_transform.h"
 #include "support/own_process.h"
 
 namespace {
