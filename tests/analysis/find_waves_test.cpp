@@ -2,7 +2,6 @@
 #include "analysis/find_waves.h"
 
 #include <gtest/gtest.h>
-#include <hwy/highway.h>
 
 #include <algorithm>
 #include <bit>
@@ -13,6 +12,8 @@
 #include <random>
 #include <span>
 #include <vector>
+
+#include "support/each_target.h"
 
 namespace {
 
@@ -64,17 +65,13 @@ std::vector<std::uint64_t> bits(const std::vector<Wave>& waves) {
 
 // With every instruction set that this machine has.
 void expect_plain(const std::vector<double>& samples) {
-  for (const auto target : hwy::SupportedAndGeneratedTargets()) {
-    hwy::SetSupportedTargetsForTest(target);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+  Testing::on_each_target([&] {
     for (const bool wrap : {false, true}) {
       std::vector<Wave> found;
       Analysis::append_waves(found, samples, 0.01, wrap);
-      EXPECT_EQ(bits(found), bits(plain(samples, 0.01, wrap))) << hwy::TargetName(target);
+      EXPECT_EQ(bits(found), bits(plain(samples, 0.01, wrap)));
     }
-  }
-  hwy::SetSupportedTargetsForTest(0);
-  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+  });
 }
 
 TEST(AppendWaves, AgreesForRecordsOfEveryLength) {

@@ -1,6 +1,5 @@
 // A build that is stopped at a chosen place.
 #include <iostream>
-#include <streambuf>
 #include <string>
 #include <utility>
 
@@ -10,25 +9,8 @@ namespace {
 
 using Testing::AnimatedSea;
 using Testing::GridText;
+using Testing::StoppingBuffer;
 using Testing::thrown;
-
-// Collects what is written, and stops a build at the end of a given line.
-class StoppingBuffer : public std::streambuf {
- public:
-  StoppingBuffer(Synthesis::AnimationFrames& frames, int lines) : frames_(frames), lines_(lines) {}
-  const std::string& text() const { return text_; }
-
- private:
-  int_type overflow(int_type c) override {
-    text_ += traits_type::to_char_type(c);
-    if (c == '\n' && --lines_ == 0) frames_.stop();
-    return c;
-  }
-
-  Synthesis::AnimationFrames& frames_;
-  int lines_;
-  std::string text_;
-};
 
 TEST(AnimateStop, AStopBetweenFrontsEndsTheBuildWithoutAFailure) {
   AnimatedSea sea({{5, {0.1, 0.25, 0.0}}, {5, {0.1, 0.75, 0.0}}, {7, {0.1, 0.5, 0.0}}});

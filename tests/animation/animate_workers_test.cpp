@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <iostream>
 #include <sstream>
-#include <streambuf>
 #include <string>
 
 #include "test_animation.h"
@@ -115,30 +114,12 @@ TEST(AnimateWorkers, SlicesThatDoNotFitTheFramesAreRefusedAlike) {
   }
 }
 
-// Stops a build at the end of a given line.
-class StoppingBuffer : public std::streambuf {
- public:
-  StoppingBuffer(Synthesis::AnimationFrames& frames, int lines) : frames_(frames), lines_(lines) {}
-  const std::string& text() const { return text_; }
-
- private:
-  int_type overflow(int_type c) override {
-    text_ += traits_type::to_char_type(c);
-    if (c == '\n' && --lines_ == 0) frames_.stop();
-    return c;
-  }
-
-  Synthesis::AnimationFrames& frames_;
-  int lines_;
-  std::string text_;
-};
-
 TEST(AnimateWorkers, AStopEndsAllWorkersAtTheLineWhereItCame) {
   for (const unsigned workers : worker_counts) {
     for (const int lines : {1, 5, 17}) {
       SharedSea sea(workers);
       Base::Params params = GridText{}.params();
-      StoppingBuffer written(sea.frames(), lines);
+      Testing::StoppingBuffer written(sea.frames(), lines);
       std::streambuf* const shown = std::cout.rdbuf(&written);
       const std::string failure =
           thrown([&] { sea.animate.build(sea.fronts, sea.tank(), sea.run, params); });

@@ -2,7 +2,6 @@
 #include "animation/animation_frames.h"
 
 #include <gtest/gtest.h>
-#include <hwy/highway.h>
 
 #include <cmath>
 #include <limits>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "animation/surface_code.h"
+#include "support/each_target.h"
 #include "support/output.h"
 #include "support/thrown.h"
 
@@ -83,10 +83,7 @@ TEST(SurfaceCode, ASeriesIsEncodedAsItsHeights) {
       EXPECT_EQ(codes[i], surface_code(heights[i])) << heights[i];
     }
   };
-  for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-    SCOPED_TRACE(hwy::TargetName(target));
-    hwy::SetSupportedTargetsForTest(target);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+  Testing::on_each_target([&] {
     check();
     for (const double far :
          {65536.0, -4e6, 1e300, infinity, std::numeric_limits<double>::quiet_NaN()}) {
@@ -94,9 +91,7 @@ TEST(SurfaceCode, ASeriesIsEncodedAsItsHeights) {
       check();
       heights[500] = before;
     }
-  }
-  hwy::SetSupportedTargetsForTest(0);
-  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+  });
 }
 
 TEST(AnimationFrames, APointIsFoundByColumnAndRow) {

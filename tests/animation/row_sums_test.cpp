@@ -2,13 +2,14 @@
 #include "animation/row_sums.h"
 
 #include <gtest/gtest.h>
-#include <hwy/highway.h>
 
 #include <cmath>
 #include <complex>
 #include <limits>
 #include <random>
 #include <vector>
+
+#include "support/each_target.h"
 
 namespace {
 
@@ -42,22 +43,10 @@ struct Sums {
   std::vector<double> im;
 };
 
-template <typename Check>
-void on_each_target(Check check) {
-  for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-    SCOPED_TRACE(hwy::TargetName(target));
-    hwy::SetSupportedTargetsForTest(target);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-    check();
-  }
-  hwy::SetSupportedTargetsForTest(0);
-  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-}
-
 TEST(RowSums, ArePlainSums) {
   const Fronts fronts(23);
   constexpr double step = 0.31;
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     for (const std::uint32_t rows : {2u, 7u, 8u, 9u, 31u, 64u}) {
       const Sums sums(fronts, step, 3, 21, rows);
       for (std::uint32_t row = 0; row < rows; ++row) {
@@ -79,7 +68,7 @@ TEST(RowSums, ArePlainSums) {
 TEST(RowSums, HaveTheSameBitsOnEveryInstructionSet) {
   const Fronts fronts(40);
   const Sums best(fronts, 0.2, 0, 40, 64);
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     const Sums sums(fronts, 0.2, 0, 40, 64);
     EXPECT_EQ(sums.re, best.re);
     EXPECT_EQ(sums.im, best.im);
@@ -94,7 +83,7 @@ TEST(RowSums, WithoutFrontsStayAsTheyAre) {
 TEST(RowSums, AFrontThatIsNaNMakesAllRowsNaN) {
   constexpr double nan = std::numeric_limits<double>::quiet_NaN();
   constexpr double inf = std::numeric_limits<double>::infinity();
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     for (const double bad : {nan, inf}) {
       Fronts fronts(3);
       fronts.ky[1] = bad;

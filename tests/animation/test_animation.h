@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <streambuf>
 #include <string>
 #include <utility>
 #include <vector>
@@ -89,6 +90,24 @@ struct AnimatedSea {
   Maths::FrontSet fronts;
   Synthesis::Animate animate;
   std::string output;
+};
+
+// Collects what is written, and stops a build at the end of a given line.
+class StoppingBuffer : public std::streambuf {
+ public:
+  StoppingBuffer(Synthesis::AnimationFrames& frames, int lines) : frames_(frames), lines_(lines) {}
+  const std::string& text() const { return text_; }
+
+ private:
+  int_type overflow(int_type c) override {
+    text_ += traits_type::to_char_type(c);
+    if (c == '\n' && --lines_ == 0) frames_.stop();
+    return c;
+  }
+
+  Synthesis::AnimationFrames& frames_;
+  int lines_;
+  std::string text_;
 };
 
 }  // namespace Testing

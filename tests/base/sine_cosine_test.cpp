@@ -1,7 +1,6 @@
 #include "base/sine_cosine.h"
 
 #include <gtest/gtest.h>
-#include <hwy/highway.h>
 
 #include <bit>
 #include <cmath>
@@ -10,6 +9,8 @@
 #include <numbers>
 #include <random>
 #include <vector>
+
+#include "support/each_target.h"
 
 namespace {
 
@@ -58,19 +59,6 @@ std::vector<double> edge_angles() {
   return angles;
 }
 
-// Runs the check on every instruction set that the machine has.
-template <typename Check>
-void on_each_target(Check check) {
-  for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-    SCOPED_TRACE(hwy::TargetName(target));
-    hwy::SetSupportedTargetsForTest(target);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-    check();
-  }
-  hwy::SetSupportedTargetsForTest(0);
-  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-}
-
 bool same_bits(double a, double b) {
   if (std::isnan(a) || std::isnan(b)) return std::isnan(a) && std::isnan(b);
   return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
@@ -97,7 +85,7 @@ TEST(SineCosine, IsWithinRoundingOfTheExactValues) {
 
 TEST(SineCosine, IsStdSineAndCosineForLargeAngles) {
   const std::vector<double> angles = {1.7e6, -1.7e6, 1e7, 1e22, -1e22, 1e300, -1e308, 2e6, 3e9};
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     const Pairs pairs(angles);
     for (std::size_t i = 0; i < angles.size(); ++i) {
       EXPECT_EQ(pairs.sines[i], std::sin(angles[i])) << angles[i];
@@ -111,7 +99,7 @@ TEST(SineCosine, ALargeAngleDoesNotChangeItsNeighbours) {
   std::vector<double> mixed = small;
   mixed[3] = 1e9;
   mixed[8] = nan;
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     const Pairs alone(small);
     const Pairs beside(mixed);
     for (std::size_t i = 0; i < small.size(); ++i) {
@@ -125,7 +113,7 @@ TEST(SineCosine, ALargeAngleDoesNotChangeItsNeighbours) {
 TEST(SineCosine, TinyAnglesAreTheirOwnSines) {
   const std::vector<double> angles = {0.0,    -0.0,   5e-324, -5e-324, 3e-310,
                                       2e-308, 1e-300, -1e-20, 1e-9,    -1e-9};
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     const Pairs pairs(angles);
     for (std::size_t i = 0; i < angles.size(); ++i) {
       EXPECT_TRUE(same_bits(pairs.sines[i], angles[i])) << angles[i];
@@ -136,7 +124,7 @@ TEST(SineCosine, TinyAnglesAreTheirOwnSines) {
 
 TEST(SineCosine, InfinityAndNanGiveNan) {
   const std::vector<double> angles = {infinity, nan, -infinity, -nan};
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     const Pairs pairs(angles);
     for (std::size_t i = 0; i < angles.size(); ++i) {
       EXPECT_TRUE(std::isnan(pairs.sines[i])) << i;
@@ -151,7 +139,7 @@ TEST(SineCosine, EveryInstructionSetGivesTheSameBits) {
   for (const double angle : edge_angles()) angles.push_back(angle);
   const Pairs chosen(angles);
   std::size_t targets = 0;
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     ++targets;
     const Pairs pairs(angles);
     std::size_t differing = 0;
@@ -167,7 +155,7 @@ TEST(SineCosine, EveryInstructionSetGivesTheSameBits) {
 TEST(SineCosine, EveryLengthFillsItsArraysAndNoMore) {
   const std::vector<double> angles = drawn_angles(30.0, 20);
   const Pairs whole(angles);
-  on_each_target([&] {
+  Testing::on_each_target([&] {
     for (std::size_t count = 0; count <= 40; ++count) {
       std::vector<double> sines(count + 1, 7.0);
       std::vector<double> cosines(count + 1, 7.0);

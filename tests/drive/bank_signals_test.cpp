@@ -7,16 +7,17 @@
 #include <complex>
 #include <cstdint>
 #include <numbers>
-#include <random>
 #include <vector>
 
 #include "drive/bank_motion.h"
+#include "drive/drawn_fronts.h"
 #include "drive/row_sums.h"
 #include "support/test_site.h"
 
 namespace {
 
 using Synthesis::BankMotion;
+using Testing::fronts_between;
 using Testing::rate_params;
 using Testing::Site;
 using Testing::SiteText;
@@ -36,21 +37,6 @@ std::vector<Testing::Place> line(std::size_t paddles) {
   for (std::size_t p = 0; p < paddles; ++p)
     places.push_back({0.0, 0.5 * static_cast<double>(p), 0.0});
   return places;
-}
-
-Maths::FrontSet fronts_between(std::uint64_t first, std::uint64_t last, std::size_t each,
-                               double amp = 0.01) {
-  std::mt19937 random(5);
-  std::uniform_real_distribution<double> unit(-1.0, 1.0);
-  Maths::FrontSet set;
-  set.reset(last + 1);
-  for (std::uint64_t h = first; h <= last; ++h) {
-    if (h % 5 == 4) continue;
-    for (std::size_t i = 0; i < each; ++i) {
-      set.slots[h].push_back({amp * unit(random), 0.8 * unit(random), pi * unit(random)});
-    }
-  }
-  return set;
 }
 
 // A built bank. The run has harmonics of 0.1 Hz.

@@ -6,17 +6,18 @@
 #include <cmath>
 #include <cstdint>
 #include <numbers>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "drive/bank_motion.h"
+#include "drive/drawn_fronts.h"
 #include "support/output.h"
 #include "support/test_site.h"
 #include "support/thrown.h"
 
 namespace {
 
+using Testing::fronts_between;
 using Testing::printed;
 using Testing::rate_params;
 using Testing::Site;
@@ -39,20 +40,6 @@ SiteText site_of(bool round, double clip_limit = 1e6) {
               : Testing::Place{0.0, 0.5 * p, 0.0});
   }
   return text;
-}
-
-Maths::FrontSet fronts_between(std::uint64_t first, std::uint64_t last, std::size_t each) {
-  std::mt19937 random(5);
-  std::uniform_real_distribution<double> unit(-1.0, 1.0);
-  Maths::FrontSet set;
-  set.reset(last + 1);
-  for (std::uint64_t h = first; h <= last; ++h) {
-    if (h % 5 == 4) continue;
-    for (std::size_t i = 0; i < each; ++i) {
-      set.slots[h].push_back({0.01 * unit(random), 0.8 * unit(random), pi * unit(random)});
-    }
-  }
-  return set;
 }
 
 // What one build gives.

@@ -2,7 +2,6 @@
 #include "drive/front_sums.h"
 
 #include <gtest/gtest.h>
-#include <hwy/highway.h>
 
 #include <algorithm>
 #include <cmath>
@@ -13,6 +12,7 @@
 #include <vector>
 
 #include "drive/row_sums.h"
+#include "support/each_target.h"
 
 namespace {
 
@@ -198,9 +198,7 @@ TEST(FrontSums, PaddlesOfNegativeWidthAgreeWithTheFormula) {
 TEST(FrontSums, EveryInstructionSetGivesTheSameBits) {
   std::vector<std::vector<Complex>> first;
   std::size_t targets = 0;
-  for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-    hwy::SetSupportedTargetsForTest(target);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+  Testing::on_each_target([&] {
     std::vector<std::vector<Complex>> all;
     for (const PaddleRow& row : {line(75, 0.5), line(700, 0.1, 0.3), circle(37, 5.0)}) {
       for (const double k : wave_numbers) {
@@ -208,11 +206,9 @@ TEST(FrontSums, EveryInstructionSetGivesTheSameBits) {
       }
     }
     if (targets++ == 0) first = all;
-    EXPECT_TRUE(all == first) << hwy::TargetName(target);
-  }
+    EXPECT_TRUE(all == first);
+  });
   EXPECT_GE(targets, 1u);
-  hwy::SetSupportedTargetsForTest(0);
-  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
 }
 
 }  // namespace
