@@ -32,7 +32,8 @@ void Program::variable(double factor) {
 void Program::unary(OperatorNumber op) { add(apply_one, op); }
 
 // A constant is subtracted by adding its negative, and a number is subtracted from a constant by
-// adding the constant to its negative: both have the same bits.
+// adding the constant to its negative: both have the same bits. NaN keeps its sign in a difference,
+// and messages show it.
 void Program::binary_with(OperatorNumber op, double right) {
   switch (op) {
     case Binary::times:
@@ -40,7 +41,7 @@ void Program::binary_with(OperatorNumber op, double right) {
     case Binary::plus:
       return scale(1.0, right);
     case Binary::minus:
-      return scale(1.0, -right);
+      return scale(1.0, std::isnan(right) ? right : -right);
     default:
       return add(with_constant, op, right);
   }

@@ -159,6 +159,21 @@ TEST(Curve, ReadsALongChainAndADeepNest) {
   }
 }
 
+// A difference passes a NaN on with its sign. Messages with such a value show "nan" or
+// "-nan".
+TEST(Program, ANanThatIsSubtractedKeepsItsSign) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  for (const double sign : {1.0, -1.0}) {
+    Program program;
+    program.variable(2.0);
+    program.binary_with(Binary::minus, std::copysign(nan, sign));
+    program.finish(1.0);
+    const double result = program.run(3.0);
+    ASSERT_TRUE(std::isnan(result));
+    EXPECT_EQ(std::signbit(result), std::signbit(sign));
+  }
+}
+
 TEST(Program, SetsAsideNoMoreNumbersThanThereIsRoomFor) {
   Program program;
   program.variable(1.0);
