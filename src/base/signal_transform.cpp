@@ -1,6 +1,7 @@
 #include "base/signal_transform.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 
 namespace Base {
@@ -16,13 +17,15 @@ bool is_awkward(std::size_t samples) {
   return samples > 1;
 }
 
-// The plain transform of an even length is twice as fast, so that only a narrow band gains.
-bool is_faster_by_chirp(std::size_t samples, std::size_t first, std::size_t count) {
-  if (!is_awkward(samples)) return false;
-  return samples % 2 == 1 || ChirpTransform::length(samples, first, count) < samples / 2 * 3;
-}
-
 }  // namespace
+
+bool SignalTransform::takes_chirp(std::size_t samples, std::size_t first, std::size_t count) {
+  if (!is_awkward(samples)) return false;
+  const std::size_t length = ChirpTransform::length(samples, first, count);
+  if (length > INT_MAX) return false;
+  // The plain transform of an even length is twice as fast, so that only a narrow band gains.
+  return samples % 2 == 1 || length < samples / 2 * 3;
+}
 
 std::uint64_t SignalTransform::memory(std::size_t samples) {
   // At most 2.1 times the samples as the length of the convolution: three complex arrays of it, its
@@ -34,7 +37,7 @@ std::uint64_t SignalTransform::memory(std::size_t samples) {
 
 SignalTransform::SignalTransform(std::size_t samples, std::size_t first, std::size_t count)
     : samples_(samples), first_(first), count_(count) {
-  if (is_faster_by_chirp(samples, first, count)) {
+  if (takes_chirp(samples, first, count)) {
     chirp_.emplace(samples, first, count);
   } else {
     plain_.emplace(samples, first, count);

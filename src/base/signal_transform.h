@@ -15,6 +15,10 @@ namespace Base {
 
 class SignalTransform {
  public:
+  // Whether the transforms are convolutions. Those are longer than the signals, and none is longer
+  // than a transform can be.
+  static bool takes_chirp(std::size_t samples, std::size_t first, std::size_t count);
+
   // An upper bound for the bytes that it needs, whatever the band.
   static std::uint64_t memory(std::size_t samples);
 

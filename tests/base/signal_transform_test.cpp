@@ -143,6 +143,16 @@ TEST(SignalTransform, NeedsNoMoreMemoryThanItReports) {
   }
 }
 
+TEST(SignalTransform, TakesNoConvolutionLongerThanATransformCanBe) {
+  constexpr std::size_t longest = 2147483647;  // a prime
+  for (const std::size_t samples : {longest, longest - 18, longest / 3 * 2 + 1}) {
+    EXPECT_FALSE(SignalTransform::takes_chirp(samples, 0, samples / 2 + 1)) << samples;
+  }
+  EXPECT_FALSE(SignalTransform::takes_chirp(longest, 0, 1));
+  EXPECT_TRUE(SignalTransform::takes_chirp(1009, 0, 505));
+  EXPECT_TRUE(SignalTransform::takes_chirp(1009, 0, 1));
+}
+
 TEST(SignalTransform, AnEmptyBandGivesZeros) {
   for (const std::size_t samples : {1u, 64u, 1009u}) {
     SignalTransform transform(samples, 0, 0);
