@@ -45,7 +45,7 @@ SignalTransform::SignalTransform(std::size_t samples, std::size_t first, std::si
 }
 
 void SignalTransform::run(double* signal) {
-  if (chirp_ && is_finite(signal)) {
+  if (chirp_ && cannot_overflow(signal)) {
     chirp_->run(signal);
     return;
   }
@@ -54,7 +54,7 @@ void SignalTransform::run(double* signal) {
 }
 
 void SignalTransform::run(double* a, double* b) {
-  if (chirp_ && is_finite(a) && is_finite(b)) {
+  if (chirp_ && cannot_overflow(a) && cannot_overflow(b)) {
     chirp_->run(a, b);
   } else {
     run(a);
@@ -62,8 +62,11 @@ void SignalTransform::run(double* a, double* b) {
   }
 }
 
-bool SignalTransform::is_finite(const double* band) const {
-  return std::all_of(band, band + 2 * count_, [](double part) { return std::isfinite(part); });
+bool SignalTransform::cannot_overflow(const double* band) const {
+  // Even the largest number of such parts has a sum.
+  constexpr double largest = 1e290;
+  return std::all_of(band, band + 2 * count_,
+                     [](double part) { return std::fabs(part) <= largest; });
 }
 
 }  // namespace Base

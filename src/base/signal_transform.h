@@ -33,13 +33,14 @@ class SignalTransform {
   void run(double* a, double* b);
 
  private:
-  bool is_finite(const double* band) const;
+  // False for NaN and infinity.
+  bool cannot_overflow(const double* band) const;
 
   std::size_t samples_;
   std::size_t first_;
   std::size_t count_;
-  // Also takes the signals with infinity or NaN, so that those are at the same samples whatever the
-  // length.
+  // Also takes the signals that have or may get infinity or NaN, so that those are at the same
+  // samples whatever the length.
   std::optional<BandTransform> plain_;
   std::optional<ChirpTransform> chirp_;
 };

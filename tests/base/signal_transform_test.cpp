@@ -204,6 +204,31 @@ TEST(SignalTransform, NanAndInfinityComeOutAsInThePlainTransform) {
   }
 }
 
+// A convolution adds in another order, and could stay finite where the plain transform does not.
+TEST(SignalTransform, SumsThatOverflowAreThoseOfThePlainTransform) {
+  constexpr std::size_t samples = 1009;
+  constexpr std::size_t count = 40;
+  const Values huge(samples, 1e308);
+  Values expected(samples);
+  Base::BandTransform(samples, 0, count).run(huge.data(), expected.data());
+  ASSERT_FALSE(std::isfinite(expected[0]));
+  for (const bool paired : {false, true}) {
+    Values signal = huge;
+    Values other = drawn_band(count, samples, 1);
+    SignalTransform transform(samples, 0, count);
+    if (paired) {
+      transform.run(other.data(), signal.data());
+    } else {
+      transform.run(signal.data());
+    }
+    for (std::size_t j = 0; j < samples; ++j) {
+      const bool same =
+          signal[j] == expected[j] || (std::isnan(signal[j]) && std::isnan(expected[j]));
+      ASSERT_TRUE(same) << j;
+    }
+  }
+}
+
 TEST(SignalTransform, AgreesWithThePlainSumForConvenientAndAwkwardLengths) {
   for (const std::size_t samples : {2u, 64u, 1000u, 1009u, 2018u, 4096u, 5999u, 6002u}) {
     for (const Band& band : bands_of(samples)) {
