@@ -38,6 +38,13 @@ std::size_t count_harmonics(const Maths::FrontSet& fronts, std::size_t top) {
   return count;
 }
 
+// Waves have no wave numbers in a dry place, and do not get past it.
+bool passable(const Maths::TankPath& path) {
+  return path.inside && path.end_depth > 0.0 &&
+         std::all_of(path.pieces.begin(), path.pieces.end(),
+                     [](const Maths::PathPiece& piece) { return piece.depth > 0.0; });
+}
+
 // The row next to y = 0, or the first one.
 std::uint32_t row_of_axis(const GridAxis& y) {
   const double row = std::round(-y.min / y.step);
@@ -78,7 +85,7 @@ std::uint32_t ColumnBuild::end_without_failure(std::uint32_t from, std::uint32_t
   std::uint32_t ix = from;
   for (; ix < stored && frames.running(); ++ix) {
     path.lead_to(tank, grid.x.at(ix));
-    if (!path.inside) break;
+    if (!passable(path)) break;
   }
   return ix;
 }

@@ -91,6 +91,31 @@ TEST(AnimateWorkers, AColumnThatFailsEndsTheBuildAtTheSamePlace) {
   }
 }
 
+TEST(AnimateWorkers, ADryColumnEndsTheBuildAtTheSamePlace) {
+  Testing::SiteText text;
+  text.x_low = -10.0;
+  text.x_high = 10.0;
+  text.breaks = {-9.5};
+  text.depths = {"0.5-1@m", "1+0.2*cos(5*$[m])@m"};
+  GridText grid;
+  grid.x_min = -9.75;
+  grid.x_max = 0.25;
+  // The first column fails after a long way, when other workers are in later columns.
+  const Given many(20000, {5, {0.001, 0.3, 0.4}});
+  for (const unsigned workers : worker_counts) {
+    for (int repeat = 0; repeat < 5; ++repeat) {
+      SharedSea sea(workers, many, text);
+      Base::Params params = grid.params();
+      const std::string failure = thrown([&] { sea.build(params); });
+      EXPECT_EQ(failure.rfind("Knum calculation failed for omega=3.14159 and depth = -0.5", 0), 0u)
+          << failure;
+      // The first column is the only dry one.
+      ASSERT_EQ(sea.output, "") << workers;
+      ASSERT_EQ(sea.frames().progress(), 0.0) << workers;
+    }
+  }
+}
+
 TEST(AnimateWorkers, SlicesThatDoNotFitTheFramesAreRefusedAlike) {
   for (const unsigned workers : worker_counts) {
     SharedSea sea(workers);
