@@ -3,59 +3,30 @@
 // plan into memory that is already in use. Processor time, so that other work on the machine
 // matters little; the ratio of a row is that of its two entries.
 //
-// An analysis never frees its items, so each entry runs a fixed number of times, each time in other
-// memory. A virtual machine may get memory from its host only at the first use, which takes far
-// longer than the analysis. So each round uses and frees as much memory just before it starts.
+// An analysis never frees its items, so each repetition runs once, in other memory that has been
+// used before.
 #include <benchmark/benchmark.h>
 #include <fftw3.h>
 
 #include <array>
-#include <cmath>
 #include <complex>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "base/large_pages.h"
 #include "facade/facade.h"
+#include "peak_memory.h"
+#include "quiet.h"
+#include "record_sea.h"
+#include "warm_memory.h"
 
 namespace {
 
 using Samples = std::vector<double>;
 
-constexpr double rate = 100.0;  // Hz
-constexpr int rounds = 5;
+using Bench::Quiet;
 
-// Takes the lines that an analysis writes, and drops them.
-class Quiet {
- public:
-  Quiet() : screen_(std::cout.rdbuf(lines_.rdbuf())) {}
-  ~Quiet() { std::cout.rdbuf(screen_); }
-  Quiet(const Quiet&) = delete;
-  Quiet& operator=(const Quiet&) = delete;
-
- private:
-  std::ostringstream lines_;
-  std::streambuf* screen_;
-};
-
-// A sea of ten waves of 0.5 s to 1.4 s, which does not repeat.
-Samples sea(std::size_t count, double probe) {
-  Samples samples(count);
-  for (int wave = 0; wave < 10; ++wave) {
-    const double omega =
-        2.0 * 3.14159265358979 * (0.71 + 0.073 * std::sqrt(2.0 + wave) * wave / 2.0);
-    const double amplitude = 0.01 / (1.0 + std::abs(wave - 4));
-    const std::complex<double> step = std::polar(1.0, omega / rate);
-    std::complex<double> turn = std::polar(amplitude, wave * wave - probe * omega * omega / 9.81);
-    for (double& sample : samples) {
-      sample += turn.real();
-      turn *= step;
-    }
-  }
-  return samples;
-}
+constexpr double rate = Bench::record_rate;
 
 struct Job {
   std::size_t probes;
@@ -64,21 +35,11 @@ struct Job {
 
   std::vector<Samples> records() const {
     std::vector<Samples> made;
-    for (std::size_t i = 0; i < probes; ++i) made.push_back(sea(samples, 0.2 * double(i * i)));
+    for (std::size_t i = 0; i < probes; ++i)
+      made.push_back(Bench::record_sea(samples, 0.2 * double(i * i)));
     return made;
   }
 };
-
-// Writes to every page of this much memory, in large pages where the system has them.
-void warm_up(std::size_t bytes) {
-  constexpr std::size_t page = 4096;
-  std::vector<char> memory;
-  memory.reserve(bytes);
-  Base::prefer_large_pages(memory.data(), bytes);
-  for (std::size_t i = 0; i < bytes; i += page) {
-    static_cast<volatile char*>(memory.data())[i] = 1;
-  }
-}
 
 // From the host's records to the results.
 void analyse(benchmark::State& state, const Job& job, const std::string& site) {
@@ -92,7 +53,8 @@ void analyse(benchmark::State& state, const Job& job, const std::string& site) {
   Base::Params settings;
   settings.insert("freq", 1.0, "Hz");
   settings.insert("angle", 0.0, "deg");
-  warm_up(4 * job.probes * job.samples * sizeof(double));
+  Bench::warm_up(4 * job.probes * job.samples * sizeof(double));
+  const Bench::PeakMemory memory;
   for (auto _ : state) {
     Kelpbox::Analysis& analysis = tank;
     std::vector<std::uint32_t> series;
@@ -111,6 +73,8 @@ void analyse(benchmark::State& state, const Job& job, const std::string& site) {
     Base::Params results;
     analysis.get_results(process, settings, results);
   }
+  // What remains is the copy of the records.
+  memory.report(state, sizeof(double) * job.probes * job.samples);
 }
 
 // Compiled for several instruction sets, of which the best one is chosen at run time.
@@ -165,11 +129,7 @@ void separation_floor(benchmark::State& state, const Job& job) {
 
 template <typename Work>
 void entry(const std::string& name, Work work) {
-  benchmark::RegisterBenchmark(name.c_str(), work)
-      ->Unit(benchmark::kMillisecond)
-      ->Iterations(1)
-      ->Repetitions(rounds)
-      ->ReportAggregatesOnly();
+  benchmark::RegisterBenchmark(name.c_str(), work)->Unit(benchmark::kMillisecond)->Iterations(1);
 }
 
 void job(const std::string& name, const Job& job, const std::string& site) {

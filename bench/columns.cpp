@@ -5,125 +5,77 @@
 #include <benchmark/benchmark.h>
 #include <fftw3.h>
 
-#include <algorithm>
-#include <cmath>
 #include <complex>
-#include <iostream>
-#include <sstream>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "animation/animate.h"
 #include "base/params.h"
 #include "base/sine_cosine.h"
+#include "column_job.h"
+#include "peak_memory.h"
 #include "point/two_d.h"
+#include "quiet.h"
 
 namespace {
 
-constexpr double rate = 100.0;  // Hz
-constexpr double lowest = 0.3;
-constexpr double highest = 2.5;
+using Bench::ColumnJob;
+using Bench::PreparedColumns;
+using Bench::Quiet;
 
-struct Job {
-  std::size_t samples;
-  std::size_t fronts;  // of each harmonic
-  bool slope;          // a thousand pieces of depth instead of one
+// The pieces of a bottom that slopes.
+constexpr std::size_t slope = 1004;
 
-  bool straight() const { return fronts == 1; }
-};
-
-constexpr std::size_t columns = 101;
-constexpr std::size_t rows = 61;
-
-// A job with its tank and fronts, made once.
-struct Prepared {
-  explicit Prepared(const Job& job) {
-    tank.g = 9.81;
-    tank.paddle_depth = 1.0;
-    const int pieces = job.slope ? 1004 : 1;
-    for (int i = 0; i <= pieces; ++i) {
-      tank.profile.push_back({1.0 - (job.slope ? 0.5 * i / pieces : 0.0), 20.0 * i / pieces});
-    }
-    tank.x_high = tank.profile.back().x;
-    run.init(static_cast<double>(job.samples) / rate, rate, lowest, highest, false);
-    fronts.reset(run.size());
-    for (std::uint64_t h = run.min_harmonic(); h <= run.max_harmonic(); ++h) {
-      for (std::size_t i = 0; i < job.fronts; ++i) {
-        const double s = static_cast<double>(h * job.fronts + i);
-        fronts.append(h, {5e-4, job.straight() ? 0.0 : 0.7 * std::sin(s), s});
-        ++terms;
-      }
-    }
-  }
-
-  Maths::TankConfig tank;
-  Maths::RunData run;
-  Maths::FrontSet fronts;
-  std::size_t terms = 0;  // fronts of all harmonics
-};
-
-Base::Params grid() {
-  Base::Params params;
-  params.insert("rate", rate, "Hz");
-  const std::vector<std::pair<std::string, double>> lengths = {
-      {"x_min", 0.0}, {"x_max", 20.0}, {"x_step", 20.0 / (columns - 1)},
-      {"y_min", 0.0}, {"y_max", 6.0},  {"y_step", 6.0 / (rows - 1)}};
-  for (const auto& [name, value] : lengths) params.insert(name, value, "m");
-  return params;
+std::size_t frame_bytes(const ColumnJob& job) {
+  return sizeof(std::int16_t) * job.samples * job.columns * job.rows;
 }
 
-// Takes the lines that a build writes, and drops them.
-class Quiet {
- public:
-  Quiet() : screen_(std::cout.rdbuf(lines_.rdbuf())) {}
-  ~Quiet() { std::cout.rdbuf(screen_); }
-  Quiet(const Quiet&) = delete;
-  Quiet& operator=(const Quiet&) = delete;
-
- private:
-  std::ostringstream lines_;
-  std::streambuf* screen_;
-};
-
-void whole(benchmark::State& state, const Job& job, bool fresh, unsigned workers = 1) {
-  const Prepared made(job);
-  Base::Params params = grid();
+void whole(benchmark::State& state, const ColumnJob& job, bool fresh, unsigned workers = 1) {
+  const PreparedColumns made(job);
+  Base::Params params = Bench::column_grid(job);
   Synthesis::Animate animate;
   animate.set_executor(Base::Executor(workers));
+  const Bench::PeakMemory memory;
   for (auto _ : state) {
     const Quiet quiet;
     if (fresh) animate.frames().release();
     animate.build(made.fronts, made.tank, made.run, params);
   }
+  memory.report(state, frame_bytes(job));
 }
 
 // A column at a time.
-void slices(benchmark::State& state, const Job& job) {
-  const Prepared made(job);
-  Base::Params params = grid();
+void slices(benchmark::State& state, const ColumnJob& job) {
+  const PreparedColumns made(job);
+  Base::Params params = Bench::column_grid(job);
   Synthesis::Animate animate;
+  const Bench::PeakMemory memory;
   for (auto _ : state) {
     animate.frames().stop();
     animate.init(made.fronts, made.run, params);
-    for (std::uint32_t ix = 0; ix < columns; ++ix) {
+    for (std::uint32_t ix = 0; ix < job.columns; ++ix) {
       animate.build_slice(made.fronts, made.tank, made.run, ix, ix + 1);
     }
   }
+  memory.report(state, frame_bytes(job));
 }
 
-void point(benchmark::State& state, const Job& job) {
-  const Prepared made(job);
+void point(benchmark::State& state, const ColumnJob& job) {
+  const PreparedColumns made(job);
   Base::Params params;
-  params.insert("rate", rate, "Hz");
+  params.insert("rate", ColumnJob::rate, "Hz");
   params.insert("x", 19.0, "m");
   params.insert("y", 1.0, "m");
   params.insert("delta_angle", 0.1, "rad");
   Synthesis::TwoD two_d;
+  const Bench::PeakMemory memory;
   for (auto _ : state) {
     Maths::TankRun tank_run(made.tank, made.run);
     two_d.build(made.fronts, tank_run, Synthesis::fit_point(params, made.run), params);
     benchmark::DoNotOptimize(two_d.data(0).data());
   }
+  memory.report(state, sizeof(double) * (job.samples + 3 * (job.samples / 2 + 1)));
 }
 
 // One plan for all transforms of a job.
@@ -165,10 +117,10 @@ class Terms {
   std::vector<double> cosines_;
 };
 
-void animation_floor(benchmark::State& state, const Job& job, bool fresh) {
+void animation_floor(benchmark::State& state, const ColumnJob& job, bool fresh) {
   Transform transform(job.samples);
-  Terms terms(Prepared(job).terms);
-  const std::size_t points = columns * (job.straight() ? 1 : rows);
+  Terms terms(PreparedColumns(job).terms);
+  const std::size_t points = job.columns * (job.straight() ? 1 : job.rows);
   std::vector<std::vector<std::int16_t>> frames(job.samples);
   for (auto _ : state) {
     for (std::size_t i = 0; i < points; ++i) {
@@ -176,15 +128,15 @@ void animation_floor(benchmark::State& state, const Job& job, bool fresh) {
       transform.run();
     }
     if (fresh) std::vector<std::vector<std::int16_t>>(job.samples).swap(frames);
-    for (auto& frame : frames) frame.assign(columns * rows, 1);
+    for (auto& frame : frames) frame.assign(job.columns * job.rows, 1);
     benchmark::DoNotOptimize(frames.data());
     benchmark::ClobberMemory();
   }
 }
 
-void point_floor(benchmark::State& state, const Job& job) {
+void point_floor(benchmark::State& state, const ColumnJob& job) {
   Transform transform(job.samples);
-  Terms terms(Prepared(job).terms);
+  Terms terms(PreparedColumns(job).terms);
   std::vector<double> time;
   std::vector<double> spectrum;
   std::vector<double> variance;
@@ -202,7 +154,7 @@ void entry(const std::string& name, Work work) {
   benchmark::RegisterBenchmark(name.c_str(), work)->Unit(benchmark::kMillisecond);
 }
 
-void animations(const std::string& name, const Job& job) {
+void animations(const std::string& name, const ColumnJob& job) {
   const std::string prefix = "animation, " + name;
   using State = benchmark::State;
   entry(prefix + ", whole/library", [job](State& s) { whole(s, job, false); });
@@ -215,7 +167,7 @@ void animations(const std::string& name, const Job& job) {
 
 // One worker against two, by the clock, which needs two processors of their own. The processor time
 // is that of all threads.
-void animation_workers(const std::string& name, const Job& job) {
+void animation_workers(const std::string& name, const ColumnJob& job) {
   for (const unsigned workers : {1U, 2U}) {
     const std::string title = "animation, " + name + ", workers: " + std::to_string(workers);
     benchmark::RegisterBenchmark(title.c_str(),
@@ -226,7 +178,7 @@ void animation_workers(const std::string& name, const Job& job) {
   }
 }
 
-void points(const std::string& name, const Job& job) {
+void points(const std::string& name, const ColumnJob& job) {
   entry("point, " + name + "/library", [job](benchmark::State& s) { point(s, job); });
   entry("point, " + name + "/floor", [job](benchmark::State& s) { point_floor(s, job); });
 }
@@ -234,17 +186,17 @@ void points(const std::string& name, const Job& job) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  animations("31 directions", {8192, 31, false});
-  animations("uniform", {8192, 1, false});
-  animations("31 directions on a slope", {8192, 31, true});
-  animations("uniform on a slope", {8192, 1, true});
-  animation_workers("31 directions", {8192, 31, false});
-  animation_workers("uniform", {8192, 1, false});
-  animation_workers("31 directions on a slope", {8192, 31, true});
-  points("31 directions", {32768, 31, false});
-  points("1 front", {32768, 1, false});
-  points("31 directions on a slope", {32768, 31, true});
-  points("1 front on a slope", {32768, 1, true});
+  animations("31 directions", {8192, 31});
+  animations("uniform", {8192, 1});
+  animations("31 directions on a slope", {8192, 31, slope});
+  animations("uniform on a slope", {8192, 1, slope});
+  animation_workers("31 directions", {8192, 31});
+  animation_workers("uniform", {8192, 1});
+  animation_workers("31 directions on a slope", {8192, 31, slope});
+  points("31 directions", {32768, 31});
+  points("1 front", {32768, 1});
+  points("31 directions on a slope", {32768, 31, slope});
+  points("1 front on a slope", {32768, 1, slope});
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

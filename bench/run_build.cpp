@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <sstream>
 #include <string>
 
 #include "facade/experiment.h"
+#include "quiet.h"
 
 namespace {
 
@@ -108,6 +108,7 @@ Base::Params parameters(double harmonics, double x) {
 }
 
 void run_build(benchmark::State& state, const char* change, const char* formula, double x) {
+  const Bench::Quiet quiet;
   const SiteFile site(40);
   Kelpbox::Experiment tank;
   tank.initialise(site.path());
@@ -123,6 +124,7 @@ void run_build(benchmark::State& state, const char* change, const char* formula,
 }
 
 void initialise(benchmark::State& state) {
+  const Bench::Quiet quiet;
   const SiteFile site(state.range(0));
   for (auto _ : state) {
     Kelpbox::Experiment tank;
@@ -141,17 +143,8 @@ BENCHMARK_CAPTURE(run_build, flat, "", "", 12.0)->Apply(harmonics);
 BENCHMARK_CAPTURE(run_build, slope, "", "", 20.0)->Apply(harmonics);
 BENCHMARK_CAPTURE(run_build, spread, "AngleSpread", "10", 12.0)->Apply(harmonics);
 BENCHMARK_CAPTURE(run_build, sweep, "AngleSweep", "cos($[rad])^2", 12.0)->Apply(harmonics);
+BENCHMARK_CAPTURE(run_build, spread_at_paddles, "AngleSpread", "10", 0.0)->Apply(harmonics);
+BENCHMARK_CAPTURE(run_build, sweep_at_paddles, "AngleSweep", "cos($[rad])^2", 0.0)
+    ->Apply(harmonics);
 BENCHMARK(initialise)->RangeMultiplier(10)->Range(100, 10000)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv) {
-  // The library reports each file that it reads there.
-  std::ostringstream lines;
-  std::streambuf* const screen = std::cout.rdbuf(lines.rdbuf());
-  std::ostream out(screen);
-  benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
-  reporter.SetOutputStream(&out);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  std::cout.rdbuf(screen);
-  return 0;
-}
+BENCHMARK_MAIN();
