@@ -1,6 +1,6 @@
 """Times the command against direct calls of the library, side by side.
 
-usage: command.py BUILD_FOLDER
+usage: command.py BUILD_FOLDER [--quick]
 
 Each row is the processor time of one program, relative to that of another: the median of the ratios
 of rounds in which both ran one after the other. Absolute times depend on the machine.
@@ -15,7 +15,7 @@ import sys
 import tempfile
 import time
 
-rounds = 15
+rounds = 1 if "--quick" in sys.argv[2:] else 15
 build = pathlib.Path(sys.argv[1]).resolve()
 root = pathlib.Path(__file__).resolve().parent.parent
 kelpbox = build / "bin/kelpbox"
