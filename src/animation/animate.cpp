@@ -4,13 +4,16 @@
 #include <cmath>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "base/memory.h"
 
 namespace Synthesis {
+
 AnimationGrid Animate::start(const Maths::FrontSet& fronts, const Maths::RunData& run,
                              Base::Params& params) {
   frames_.begin();
+  slices_.reset();
   AnimationGrid grid = fit_grid(run, params);
   if (Maths::reduced_length(fronts, grid.samples, run) == 0) {
     throw std::string("Trying to build animation when wave expression has no data");
@@ -36,7 +39,7 @@ void Animate::init(const Maths::FrontSet& fronts, const Maths::RunData& run, Bas
   grid_ = start(fronts, run, params);
   if (frames_.running() && !frames_.ready()) {
     frames_.setup(grid_.x.count, grid_.y.count, grid_.samples,
-                  build_memory(fronts, grid_, grid_.x.count));
+                  build_memory(fronts, grid_, grid_.x.count) + SliceColumns::copied(fronts));
   }
 }
 
@@ -46,9 +49,37 @@ void Animate::build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig
   to = std::min(to, grid_.x.count);
   if (from >= to) return;
   // Other memory may have been taken since the frames were allocated.
-  if (!Base::memory_fits(build_memory(fronts, grid_, to - from))) throw std::bad_alloc();
+  const std::uint64_t needed =
+      build_memory(fronts, grid_, to - from) + SliceColumns::copied(fronts);
+  if (!Base::memory_fits(needed)) {
+    slices_.reset();
+    if (!Base::memory_fits(needed)) throw std::bad_alloc();
+  }
+  if (!frames_.running()) return;
+  if (executor_.workers(to - from) == 1) {
+    build_kept(fronts, tank, run, from, to);
+    return;
+  }
+  slices_.reset();
   ColumnBuild columns(fronts, grid_, tank, run, frames_, FrontAngles::hidden);
   build_columns(columns, from, to);
+}
+
+void Animate::build_kept(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
+                         const Maths::RunData& run, std::uint32_t from, std::uint32_t to) {
+  // Kept again only if nothing fails and the build goes on: a stop ends what is on its way.
+  std::unique_ptr<SliceColumns> slices = std::move(slices_);
+  if (!slices || !slices->made_for(fronts, tank, run)) {
+    slices.reset();
+    slices = std::make_unique<SliceColumns>(fronts, grid_, tank, run, frames_);
+  }
+  slices->build(from, to);
+  if (frames_.running()) slices_ = std::move(slices);
+}
+
+void Animate::release() {
+  slices_.reset();
+  frames_.release();
 }
 
 std::uint64_t Animate::build_memory(const Maths::FrontSet& fronts, const AnimationGrid& grid,

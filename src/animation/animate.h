@@ -8,10 +8,12 @@
 #define KELPBOX_ANIMATION_ANIMATE_H_
 
 #include <cstdint>
+#include <memory>
 
 #include "animation/animation_columns.h"
 #include "animation/animation_frames.h"
 #include "animation/animation_grid.h"
+#include "animation/slice_columns.h"
 #include "base/executor.h"
 #include "base/params.h"
 #include "maths/front_set.h"
@@ -41,6 +43,8 @@ class Animate {
   // initialised".
   void build_slice(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
                    const Maths::RunData& run, std::uint32_t from, std::uint32_t to);
+  // Frees the frames, and what slices keep from call to call.
+  void release();
 
   AnimationFrames& frames() { return frames_; }
   const AnimationFrames& frames() const { return frames_; }
@@ -54,10 +58,14 @@ class Animate {
   std::uint64_t build_memory(const Maths::FrontSet& fronts, const AnimationGrid& grid,
                              std::uint32_t columns) const;
   void build_columns(ColumnBuild& build, std::uint32_t from, std::uint32_t to);
+  // With one worker, by the columns that slices keep.
+  void build_kept(const Maths::FrontSet& fronts, const Maths::TankConfig& tank,
+                  const Maths::RunData& run, std::uint32_t from, std::uint32_t to);
 
   Base::Executor executor_;
   AnimationFrames frames_;
-  AnimationGrid grid_;  // of a build in slices
+  AnimationGrid grid_;                    // of a build in slices
+  std::unique_ptr<SliceColumns> slices_;  // what they keep
 };
 
 }  // namespace Synthesis

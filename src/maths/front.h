@@ -52,6 +52,8 @@ struct HarmonicFront {
   double amp = 0.0;
   double angle = 0.0;
   double phase = 0.0;
+
+  bool operator==(const HarmonicFront&) const = default;
 };
 
 // The place (m) and time (s) at which the phases of a set hold.

@@ -35,6 +35,7 @@ class RunData {
   bool dalrymple() const { return dalrymple_; }
   // Whether the harmonic nearest to a frequency in Hz may be made. Never throws.
   bool is_inrange(double freq) const;
+  bool operator==(const RunData&) const = default;
 
  private:
   // Compared as unsigned, so a negative number is out of range.

@@ -13,6 +13,8 @@ namespace Maths {
 struct ProfilePoint {
   double depth = 0.0;
   double x = 0.0;
+
+  bool operator==(const ProfilePoint&) const = default;
 };
 
 struct TankConfig {
@@ -20,6 +22,7 @@ struct TankConfig {
   // std::string "TankConfig not built" for a profile of fewer than two points, and "delta_x::..."
   // for a spacing that is not above 0 or gives more than ten million depths.
   void profile_samples(double delta_x, std::vector<double>& out) const;
+  bool operator==(const TankConfig&) const = default;
 
   bool has_walls = false;  // side walls that reflect
   double width = 0.0;      // m, between the walls; twice the tank's for a single wall, a mirror

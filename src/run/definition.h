@@ -83,7 +83,7 @@ class Definition {
   double animate_progress() const { return animation_.frames().progress(); }
   bool animate_ready() const { return animation_.frames().complete(); }
   void animate_stop() { animation_.frames().stop(); }
-  void animate_free() { animation_.frames().release(); }
+  void animate_free() { animation_.release(); }
 
   // The wave at a point, from the merged fronts. Reads "rate", "x", "y" and "delta_angle", and
   // writes back "rate" and "delta_angle" as fitted. Throws as fit_point and TwoD::build.

@@ -145,6 +145,67 @@ TEST(AnimateSlices, ASliceShowsTheCurrentFronts) {
   EXPECT_EQ(sea.frames().data(0), std::vector<std::int16_t>(105, 0));
 }
 
+// What a slice keeps for the next one must not depend on the order of the columns.
+TEST(AnimateSlices, AnyOrderOfSlicesMakesTheFramesOfAWholeBuild) {
+  for (const Given& given : {oblique, straight}) {
+    AnimatedSea whole(given);
+    whole.build();
+    AnimatedSea sliced(given);
+    sliced.init();
+    for (std::uint32_t i = 0; i < 21; ++i) sliced.slice(i * 8 % 21, i * 8 % 21 + 1);
+    EXPECT_TRUE(sliced.frames().complete());
+    EXPECT_EQ(sliced.all(), whole.all());
+  }
+}
+
+TEST(AnimateSlices, EachSliceShowsTheFrontsAndTheTankOfItsMoment) {
+  using Change = std::function<void(Maths::FrontSet&, Maths::TankConfig&)>;
+  const std::vector<Change> changes = {
+      [](Maths::FrontSet& fronts, Maths::TankConfig&) { fronts.slots[6][0].phase += 1.0; },
+      [](Maths::FrontSet& fronts, Maths::TankConfig&) { fronts.slots[6][0].angle += 0.1; },
+      [](Maths::FrontSet& fronts, Maths::TankConfig&) { fronts.slots[7] = fronts.slots[6]; },
+      [](Maths::FrontSet&, Maths::TankConfig& tank) { tank.profile.back().depth += 0.5; }};
+  for (const Change& change : changes) {
+    AnimatedSea sliced(oblique);
+    Maths::TankConfig tank = sliced.tank();
+    sliced.init();
+    sliced.slice(0, 10);
+    change(sliced.fronts, tank);
+    sliced.animate.build_slice(sliced.fronts, tank, sliced.run, 10, 21);
+
+    AnimatedSea before(oblique);
+    before.build();
+    AnimatedSea after(oblique);
+    change(after.fronts, tank = after.tank());
+    Base::Params params = GridText().params();
+    printed([&] { after.animate.build(after.fronts, tank, after.run, params); });
+    ASSERT_NE(before.all(), after.all());
+    constexpr std::size_t rows = 5;
+    for (std::uint32_t t = 0; t < 100; ++t) {
+      const std::vector<std::int16_t>& frame = sliced.frames().data(t);
+      for (std::size_t i = 0; i < frame.size(); ++i) {
+        const AnimatedSea& shown = i < 10 * rows ? before : after;
+        ASSERT_EQ(frame[i], shown.animate.frames().data(t)[i]) << t << " " << i;
+      }
+    }
+  }
+}
+
+TEST(AnimateSlices, ASliceAfterAFailureIsThatOfAWholeBuild) {
+  AnimatedSea whole(oblique);
+  whole.build();
+  AnimatedSea sliced(oblique);
+  sliced.init();
+  sliced.slice(0, 8);
+  Maths::TankConfig empty = sliced.tank();
+  empty.profile.clear();
+  const auto fail = [&] { sliced.animate.build_slice(sliced.fronts, empty, sliced.run, 8, 21); };
+  EXPECT_EQ(thrown(fail), "Value x=4 is outside dimensions of tank");
+  sliced.slice(8, 21);
+  EXPECT_TRUE(sliced.frames().complete());
+  EXPECT_EQ(sliced.all(), whole.all());
+}
+
 TEST(AnimateSlices, AColumnOutsideTheTankIsRefused) {
   AnimatedSea sea(oblique);
   GridText grid;
