@@ -1,7 +1,8 @@
 // The complex amplitudes that a row of paddles needs for the fronts of one harmonic.
 //
-// The sum of each paddle is within 1e-12 of the largest sum of the row by the plain formula of
-// paddle_spectrum.h. Fronts are added in their order.
+// Each sum is within 1e-12 of that by the plain formula of paddle_spectrum.h, relative to the sum
+// of the magnitudes of its terms: terms that cancel leave only their rounding. Fronts are added in
+// their order.
 #ifndef KELPBOX_DRIVE_FRONT_SUMS_H_
 #define KELPBOX_DRIVE_FRONT_SUMS_H_
 
