@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <complex>
+
+#include "base/vector.h"
 
 namespace Base {
 namespace {
@@ -27,12 +30,17 @@ bool SignalTransform::takes_chirp(std::size_t samples, std::size_t first, std::s
   return samples % 2 == 1 || length < samples / 2 * 3;
 }
 
-std::uint64_t SignalTransform::memory(std::size_t samples) {
-  // At most 2.1 times the samples as the length of the convolution: three complex arrays of it, its
-  // tables, and the chirp.
-  constexpr std::uint64_t chirp_bytes = 210;
-  const std::uint64_t plain = transform_memory(samples);
-  return is_awkward(samples) ? plain + chirp_bytes * samples : plain;
+std::uint64_t SignalTransform::memory(std::size_t samples, std::size_t first, std::size_t count) {
+  // A signal that may overflow takes the plain transform, whatever the length.
+  const std::uint64_t plain =
+      transform_memory(samples) + sizeof(std::complex<double>) * spectrum_size(samples);
+  if (!takes_chirp(samples, first, count)) return plain;
+  // Of the convolution: three complex arrays and the tables of its transform. Of the signal: the
+  // chirp, and what it is made from.
+  constexpr std::uint64_t convolution_bytes = 80;
+  constexpr std::uint64_t chirp_bytes = 42;
+  return plain + convolution_bytes * ChirpTransform::length(samples, first, count) +
+         chirp_bytes * samples;
 }
 
 SignalTransform::SignalTransform(std::size_t samples, std::size_t first, std::size_t count)

@@ -19,8 +19,8 @@ class SignalTransform {
   // than a transform can be.
   static bool takes_chirp(std::size_t samples, std::size_t first, std::size_t count);
 
-  // An upper bound for the bytes that it needs, whatever the band.
-  static std::uint64_t memory(std::size_t samples);
+  // An upper bound for the bytes that it needs.
+  static std::uint64_t memory(std::size_t samples, std::size_t first, std::size_t count);
 
   // For the harmonics from `first` to `first` + `count` - 1, of which none is above samples / 2.
   // Throws as the transforms of fft.h. A copy shares the plan and the tables and has working memory

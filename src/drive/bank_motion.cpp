@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <complex>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -13,7 +14,6 @@
 #include "base/constants.h"
 #include "base/memory.h"
 #include "base/signal_transform.h"
-#include "drive/paddle_bands.h"
 #include "drive/within_limit.h"
 #include "maths/dispersion.h"
 #include "maths/sample_count.h"
@@ -52,14 +52,14 @@ void BankMotion::init(const Maths::TankConfig& tank, const Maths::RunData& run,
   ready_ = true;
 }
 
-void BankMotion::require_memory(std::size_t paddles, unsigned workers) const {
+void BankMotion::require_memory(std::size_t paddles, const HarmonicBand& band,
+                                unsigned workers) const {
   if (paddles == 0 || samples_ == 0) return;
   const std::uint64_t spectrum = sizeof(std::complex<double>) * (samples_ / 2 + std::uint64_t{1});
-  const std::uint64_t signal = sizeof(double) * std::uint64_t{samples_};
   // Each spectrum lies in the memory of its signal, except for the paddles whose transforms are
   // running, one in each worker.
   const std::size_t missing = paddles - std::min(paddles, memory_.size());
-  const std::uint64_t working = signal + Base::SignalTransform::memory(samples_);
+  const std::uint64_t working = Base::SignalTransform::memory(samples_, band.first, band.count);
   Base::require_memory(missing * spectrum + workers * working,
                        Base::compose("rate::", rate_, " Hz gives ", samples_,
                                      " samples for each of ", paddles, " paddles, which"));
@@ -73,11 +73,11 @@ BankMotion::Series BankMotion::signals(const Common::Paddles& paddles,
   const double edge = machine.working_edge(depth_);
   const std::size_t count = row.angle.size();
   const std::size_t pairs = (count + 1) / 2;
-  require_memory(count, executor.workers(pairs));
-
   // Harmonics above half the sampling rate cannot be sampled. They are left out.
   const std::size_t elements = samples_ == 0 ? 0 : samples_ / 2 + std::size_t{1};
   const HarmonicBand band = band_of(fronts, elements);
+  require_memory(count, band, executor.workers(pairs));
+
   Series result = std::move(memory_);
   memory_.clear();
   result.resize(count);

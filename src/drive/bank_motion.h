@@ -6,13 +6,13 @@
 #ifndef KELPBOX_DRIVE_BANK_MOTION_H_
 #define KELPBOX_DRIVE_BANK_MOTION_H_
 
-#include <complex>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "base/executor.h"
 #include "base/params.h"
+#include "drive/paddle_bands.h"
 #include "maths/clip.h"
 #include "maths/front_set.h"
 #include "maths/run_data.h"
@@ -43,7 +43,7 @@ class BankMotion {
   using Series = std::vector<std::vector<double>>;
 
   // Throws unless the spectra and signals of all paddles fit in memory.
-  void require_memory(std::size_t paddles, unsigned workers) const;
+  void require_memory(std::size_t paddles, const HarmonicBand& band, unsigned workers) const;
   // Makes the signals. Stores whether all samples are within the limit of `clip_`.
   Series signals(const Common::Paddles& paddles, const Maths::FrontSet& fronts,
                  const Base::Executor& executor, bool& within);

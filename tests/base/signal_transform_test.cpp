@@ -135,7 +135,7 @@ TEST(SignalTransform, NeedsNoMoreMemoryThanItReports) {
         SignalTransform transform(samples, 1, count);
         transform.run(a.data(), b.data());
         const double growth = Testing::peak_memory() - before;
-        const auto most = static_cast<double>(SignalTransform::memory(samples));
+        const auto most = static_cast<double>(SignalTransform::memory(samples, 1, count));
         return growth <= most && growth > 0.25 * most - 5e6;
       })) << samples
           << " samples, " << count;
