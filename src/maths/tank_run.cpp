@@ -48,19 +48,11 @@ void TankRun::build_ladder(std::uint64_t harmonic, double x) {
   if (std::isnan(x)) throw_outside(x);
   const double w = omega(harmonic);
   lead_to(x);
-  // Neighbouring pieces are often equally deep.
-  double depth = tank_.paddle_depth;
-  double k = knum(w, depth, tank_.g);
-  const auto wave_num = [&](double next) {
-    if (next != depth) k = knum(w, next, tank_.g);
-    depth = next;
-    return k;
-  };
-  push_rung(0.0, k);
-  for (const PathPiece& piece : path_.pieces) push_rung(piece.dx, wave_num(piece.depth));
+  push_rung(0.0, wave_num(w, tank_.paddle_depth));
+  for (const PathPiece& piece : path_.pieces) push_rung(piece.dx, wave_num(w, piece.depth));
   if (!path_.inside) throw_outside(x);
   ladder_end_depth_ = path_.end_depth;
-  push_rung(0.0, wave_num(ladder_end_depth_));
+  push_rung(0.0, wave_num(w, ladder_end_depth_));
 }
 
 void TankRun::lead_to(double x) {
@@ -72,6 +64,15 @@ void TankRun::lead_to(double x) {
 
 void TankRun::push_rung(double dx, double k) { ladder_.push_back({dx, k, k * k}); }
 
+double TankRun::wave_num(double omega, double depth) const {
+  // Neighbouring pieces, and the two ends, are often equally deep.
+  if (omega != last_.omega || depth != last_.depth) {
+    const double k = knum(omega, depth, tank_.g);
+    last_ = {omega, depth, k};
+  }
+  return last_.k;
+}
+
 void TankRun::ensure_ladder(std::uint64_t harmonic, double x) {
   if (harmonic == ladder_harmonic_ && std::fabs(x - ladder_x_) <= 1e-6) return;
   build_ladder(harmonic, x);
@@ -82,7 +83,7 @@ double TankRun::wave_num_at(std::uint64_t harmonic, double x) const {
     if (std::fabs(x) < 1e-6) return ladder_.front().k;
     if (std::fabs(x - ladder_x_) < 1e-6) return ladder_.back().k;
   }
-  return knum(omega(harmonic), depth_at(x), tank_.g);
+  return wave_num(omega(harmonic), depth_at(x));
 }
 
 double TankRun::shoaling(std::uint64_t harmonic, double x) {

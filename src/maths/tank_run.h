@@ -63,6 +63,8 @@ class TankRun {
   // Takes the path to x, unless it is there from another harmonic.
   void lead_to(double x);
   void push_rung(double dx, double k);
+  // `knum`, or the last one if it was for the same frequency and depth.
+  double wave_num(double omega, double depth) const;
 
   TankConfig tank_;
   RunData run_;
@@ -71,6 +73,11 @@ class TankRun {
   double ladder_x_ = 0.0;
   double ladder_end_depth_ = 0.0;
   TankPath path_;
+  struct {
+    double omega = std::numeric_limits<double>::quiet_NaN();  // NaN: there is none yet
+    double depth = 0.0;
+    double k = 0.0;
+  } mutable last_;
   double path_x_ = std::numeric_limits<double>::quiet_NaN();  // NaN: there is no path yet
 };
 

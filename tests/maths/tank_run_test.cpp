@@ -31,6 +31,33 @@ TEST(TankRun, OmegaIsTheAngularRateOfAHarmonic) {
   EXPECT_EQ(thrown([] { varied_run().omega(41); }), "Harmonic out of range");
 }
 
+// Whatever wave number was taken before.
+TEST(TankRun, WaveNumbersAreThoseOfTheFrequencyAndTheDepth) {
+  TankConfig tank;
+  tank.g = 9.81;
+  tank.paddle_depth = 1.0;
+  tank.profile = {{1.0, 0.0}, {1.0, 5.0}, {0.5, 10.0}, {1.0, 15.0}};
+  tank.x_high = 15.0;
+  const TankRun run(tank, grid());
+  for (const std::uint64_t harmonic : {7, 7, 9, 7}) {
+    for (const auto& [x, depth] : std::vector<std::pair<double, double>>{
+             {0.0, 1.0}, {4.0, 1.0}, {10.0, 0.5}, {15.0, 1.0}, {10.0, 0.5}}) {
+      EXPECT_EQ(run.wave_num_at(harmonic, x), knum(run.omega(harmonic), depth, 9.81))
+          << harmonic << " " << x;
+    }
+  }
+  TankRun ladder = run;
+  for (const std::uint64_t harmonic : {7, 9}) {
+    ladder.build_ladder(harmonic, 15.0);
+    const double w = run.omega(harmonic);
+    const std::vector<double> depths = {1.0, 1.0, 0.75, 0.75, 1.0};
+    ASSERT_EQ(ladder.ladder().size(), depths.size());
+    for (std::size_t i = 0; i < depths.size(); ++i) {
+      EXPECT_EQ(ladder.ladder()[i].k, knum(w, depths[i], 9.81)) << harmonic << " " << i;
+    }
+  }
+}
+
 TEST(TankRun, SegmentsAgreeWithALinearSearch) {
   for (std::size_t count = 2; count <= 40; ++count) {
     TankConfig tank;
