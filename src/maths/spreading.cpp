@@ -66,10 +66,8 @@ double large_integral(int m, double theta, double S, double c) {
   return half_turns == 0.0 ? part : part + 2 * half_turns * quarter_integral(m, 1.0, 0.0);
 }
 
-}  // namespace
-
-double cos_power(double power, double theta) {
-  const double c = std::cos(theta);
+// cos_power of an angle with the cosine c.
+double power_of(double power, double c) {
   if (power < 2) return (2 - power) * c + (power - 1) * c * c;
 
   const int n = nearest_power(power);
@@ -84,9 +82,8 @@ double cos_power(double power, double theta) {
   return interpolate(power, n, below, middle, above);
 }
 
-double cos_power_integral(double power, double theta) {
-  const double S = std::sin(theta);
-  const double c = std::cos(theta);
+// cos_power_integral, with the sine S and the cosine c of theta.
+double integral_of(double power, double theta, double S, double c) {
   if (power < 2) return (2 - power) * S + (power - 1) * 0.5 * (c * S + theta);
 
   const int n = nearest_power(power);
@@ -112,6 +109,14 @@ double cos_power_integral(double power, double theta) {
   return interpolate(power, n, below, middle, integral);
 }
 
+}  // namespace
+
+double cos_power(double power, double theta) { return power_of(power, std::cos(theta)); }
+
+double cos_power_integral(double power, double theta) {
+  return integral_of(power, theta, std::sin(theta), std::cos(theta));
+}
+
 double spread_angle(double fraction, double max_angle, double min_angle, double power) {
   return SpreadAngles().draw(fraction, max_angle, min_angle, power);
 }
@@ -131,7 +136,9 @@ double SpreadAngles::draw(double fraction, double max_angle, double min_angle, d
   const double target = (1 - fraction) * integral_to_min_ + fraction * integral_to_max_;
   double theta = target;
   for (int pass = 0; pass < 25; ++pass) {
-    const double step = (target - cos_power_integral(power, theta)) / cos_power(power, theta);
+    const double c = std::cos(theta);
+    const double integral = integral_of(power, theta, std::sin(theta), c);
+    const double step = (target - integral) / power_of(power, c);
     theta = theta + step;
     if (std::fabs(step) <= 1e-6) break;
   }
