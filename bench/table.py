@@ -56,9 +56,10 @@ class Tables:
     def __init__(self, programs, markdown):
         self.programs = programs
         self.markdown = markdown
+        self.transforms = None  # whose transforms numpy was measured with
 
     def print(self, title, titles, rows):
-        print(f"\n{'## ' if self.markdown else ''}{title}\n")
+        print(f"\n{title}\n")
         print_rows(titles, rows, self.markdown)
         sys.stdout.flush()
 
@@ -78,6 +79,8 @@ class Tables:
                              ratio_text(library / floor), *numpy.get(name, ["", ""]),
                              f"{size_text(results)} + {size_text(working)}"])
         print(self.programs.machine())
+        if self.transforms:
+            print(f"The transforms beside numpy are those of {self.transforms}.")
         self.print("Against the floor",
                    ["job", "time", "floor", "ratio", "numpy", "ratio", "peak MiB"], rows)
         self.print("Awkward lengths", ["job", "time", "32,768 samples", "ratio"], [prime])
@@ -103,6 +106,7 @@ class Tables:
                               env={**os.environ, "OPENBLAS_NUM_THREADS": "1"})
         entries = json.loads(done.stdout)
         self.programs.raw["numpy"] = entries
+        self.transforms = entries[0]["transforms"]
         return {entry["name"]: [time_text(entry["numpy"]),
                                 ratio_text(entry["numpy"] / entry["library"])]
                 for entry in entries}
