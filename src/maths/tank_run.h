@@ -58,6 +58,12 @@ class TankRun {
   bool angle_in_range(double theta) const;
 
  private:
+  struct Known {
+    double omega = std::numeric_limits<double>::quiet_NaN();  // NaN: there is none yet
+    double depth = 0.0;
+    double k = 0.0;
+  };
+
   // Builds the ladder unless it is already there.
   void ensure_ladder(std::uint64_t harmonic, double x);
   // Takes the path to x, unless it is there from another harmonic.
@@ -73,11 +79,7 @@ class TankRun {
   double ladder_x_ = 0.0;
   double ladder_end_depth_ = 0.0;
   TankPath path_;
-  struct {
-    double omega = std::numeric_limits<double>::quiet_NaN();  // NaN: there is none yet
-    double depth = 0.0;
-    double k = 0.0;
-  } mutable last_;
+  mutable Known last_;
   double path_x_ = std::numeric_limits<double>::quiet_NaN();  // NaN: there is no path yet
 };
 
