@@ -1,10 +1,13 @@
 #include "animation/slice_columns.h"
 
+#include <cstddef>
+#include <vector>
+
 namespace Synthesis {
 
 std::uint64_t SliceColumns::copied(const Maths::FrontSet& fronts) {
   const std::size_t count = fronts.slots.size();
-  return Maths::front_memory(fronts, 0, count) + count * sizeof(fronts.slots.front());
+  return Maths::front_memory(fronts, 0, count) + count * sizeof(std::vector<Maths::HarmonicFront>);
 }
 
 SliceColumns::SliceColumns(const Maths::FrontSet& fronts, const AnimationGrid& grid,
