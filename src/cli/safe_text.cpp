@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "jobs/utf8.h"
+#include "base/utf8.h"
 
 namespace Cli {
 
@@ -30,13 +30,13 @@ std::string safe_text(std::string_view text, bool colours) {
   std::string safe;
   safe.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = Jobs::utf8_length(text, at);
+    const std::size_t length = Base::utf8_length(text, at);
     if (length == 0) {
       safe += '?';
       ++at;
       continue;
     }
-    const bool plain = text[at] == '\n' || text[at] == '\t' || !Jobs::is_control(text, at, length);
+    const bool plain = text[at] == '\n' || text[at] == '\t' || !Base::is_control(text, at, length);
     const std::size_t kept = plain ? length : own_sequence(text, at, colours);
     safe += kept > 0 ? text.substr(at, kept) : std::string_view(" ");
     at += kept > 0 ? kept : length;

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "jobs/utf8.h"
+#include "base/utf8.h"
 
 namespace Jobs {
 namespace {
@@ -23,13 +23,13 @@ Columns columns_of(std::string_view text, std::size_t mark = 0, std::size_t* col
     if (column != nullptr && at <= mark) {
       *column = columns.size();
     }
-    const std::size_t length = utf8_length(text, at);
+    const std::size_t length = Base::utf8_length(text, at);
     const std::string_view character = text.substr(at, std::max<std::size_t>(length, 1));
     if (length == 0) {
       columns.emplace_back("?");
-    } else if (is_control(text, at, length)) {
+    } else if (Base::is_control(text, at, length)) {
       columns.emplace_back(" ");
-    } else if (character != byte_order_mark) {
+    } else if (character != Base::byte_order_mark) {
       columns.emplace_back(character);
     }
     at += character.size();

@@ -4,10 +4,10 @@
 #include <string_view>
 #include <utility>
 
+#include "base/utf8.h"
 #include "jobs/key_path.h"
 #include "jobs/override_target.h"
 #include "jobs/override_value.h"
-#include "jobs/utf8.h"
 
 namespace Jobs {
 namespace {
@@ -20,7 +20,7 @@ class Overrides {
     const auto source = std::make_shared<const SourceText>(SourceText{"--set", option});
     const Span whole = {source, 1, 1, static_cast<std::uint32_t>(option.size())};
     const std::size_t equals = find_equals(option);
-    if (find_invalid_utf8(option) != std::string_view::npos) {
+    if (Base::find_invalid_utf8(option) != std::string_view::npos) {
       faults_.push_back({"the option is not UTF-8", whole, ""});
       return;
     }

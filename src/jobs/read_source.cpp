@@ -7,10 +7,10 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/utf8.h"
 #include "jobs/diagnostic.h"
 #include "jobs/read_toml.h"
 #include "jobs/text_places.h"
-#include "jobs/utf8.h"
 
 namespace Jobs {
 namespace {
@@ -101,7 +101,7 @@ void require_text(const std::shared_ptr<const SourceText>& source) {
   if (text.find('\0') != std::string_view::npos) {
     refuse(source->name, "not a text file");
   }
-  const std::size_t invalid = find_invalid_utf8(text);
+  const std::size_t invalid = Base::find_invalid_utf8(text);
   if (invalid != std::string_view::npos) {
     const Span span = TextPlaces(source).span_at(invalid, 1);
     throw bad_job("the text is not UTF-8", span, "save the file as UTF-8");

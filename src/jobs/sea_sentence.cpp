@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <vector>
 
+#include "base/utf8.h"
 #include "jobs/input_files.h"
 #include "jobs/ready_sea.h"
-#include "jobs/utf8.h"
 
 namespace Jobs {
 namespace {
@@ -22,7 +22,7 @@ constexpr std::size_t most_characters = 60;  // of one value
 std::string cut(const std::string& text) {
   std::size_t at = 0;
   for (std::size_t n = 0; n < most_characters && at < text.size(); ++n) {
-    at += std::max<std::size_t>(utf8_length(text, at), 1);
+    at += std::max<std::size_t>(Base::utf8_length(text, at), 1);
   }
   return at < text.size() ? text.substr(0, at) + "..." : text;
 }

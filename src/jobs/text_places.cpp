@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "jobs/utf8.h"
+#include "base/utf8.h"
 
 namespace Jobs {
 namespace {
@@ -15,14 +15,14 @@ constexpr std::size_t stride = 64;
 
 TextPlaces::TextPlaces(std::shared_ptr<const SourceText> source) : source_(std::move(source)) {
   const std::string_view text = source_->text;
-  std::size_t at = text.starts_with(byte_order_mark) ? byte_order_mark.size() : 0;
+  std::size_t at = text.starts_with(Base::byte_order_mark) ? Base::byte_order_mark.size() : 0;
   lines_.push_back({static_cast<std::uint32_t>(at), 0});
   for (std::uint32_t character = 0; at < text.size(); ++character) {
     if (character % stride == 0) {
       strides_.push_back(static_cast<std::uint32_t>(at));
     }
     const bool line_end = text[at] == '\n';
-    at += std::max<std::size_t>(utf8_length(text, at), 1);
+    at += std::max<std::size_t>(Base::utf8_length(text, at), 1);
     if (line_end) {
       lines_.push_back({static_cast<std::uint32_t>(at), character + 1});
     }
@@ -41,7 +41,7 @@ std::size_t TextPlaces::byte_of(TextPlace place) const {
   }
   std::size_t at = strides_[character / stride];
   for (std::size_t i = 0; i < character % stride && at < text.size(); ++i) {
-    at += std::max<std::size_t>(utf8_length(text, at), 1);
+    at += std::max<std::size_t>(Base::utf8_length(text, at), 1);
   }
   return at;
 }

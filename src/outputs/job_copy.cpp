@@ -5,11 +5,11 @@
 #include <optional>
 #include <vector>
 
+#include "base/utf8.h"
 #include "jobs/input_files.h"
 #include "jobs/key_path.h"
 #include "jobs/overrides.h"
 #include "jobs/read_toml.h"
-#include "jobs/utf8.h"
 #include "outputs/plain_text.h"
 #include "outputs/text_edits.h"
 
@@ -117,7 +117,7 @@ class PathEditor {
 
 std::string job_copy(const Jobs::Run& run) {
   std::string text = Jobs::with_overrides(run.job.source->text, run.job.options);
-  if (text.starts_with(Jobs::byte_order_mark)) text.erase(0, Jobs::byte_order_mark.size());
+  if (text.starts_with(Base::byte_order_mark)) text.erase(0, Base::byte_order_mark.size());
   return PathEditor(run).job(text);
 }
 

@@ -3,17 +3,17 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "jobs/utf8.h"
+#include "base/utf8.h"
 
 namespace Outputs {
 
 std::string plain_text(std::string_view text) {
   std::string plain;
   for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = Jobs::utf8_length(text, at);
+    const std::size_t length = Base::utf8_length(text, at);
     if (length == 0) {
       plain += "\xEF\xBF\xBD";
-    } else if (Jobs::is_control(text, at, length)) {
+    } else if (Base::is_control(text, at, length)) {
       plain += ' ';
     } else {
       plain += text.substr(at, length);

@@ -1,11 +1,11 @@
 // UTF-8 as far as messages need it.
-#ifndef KELPBOX_JOBS_UTF8_H_
-#define KELPBOX_JOBS_UTF8_H_
+#ifndef KELPBOX_BASE_UTF8_H_
+#define KELPBOX_BASE_UTF8_H_
 
 #include <cstddef>
 #include <string_view>
 
-namespace Jobs {
+namespace Base {
 
 // The number of bytes of the character that begins at `at`; 0 if the bytes are not UTF-8
 // (RFC 3629: no overlong forms, no surrogates, nothing above U+10FFFF).
@@ -19,6 +19,6 @@ bool is_control(std::string_view text, std::size_t at, std::size_t length);
 
 inline constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
-}  // namespace Jobs
+}  // namespace Base
 
-#endif  // KELPBOX_JOBS_UTF8_H_
+#endif  // KELPBOX_BASE_UTF8_H_

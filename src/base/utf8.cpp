@@ -1,6 +1,6 @@
-#include "jobs/utf8.h"
+#include "base/utf8.h"
 
-namespace Jobs {
+namespace Base {
 namespace {
 
 unsigned char byte(std::string_view text, std::size_t at) {
@@ -57,4 +57,4 @@ bool is_control(std::string_view text, std::size_t at, std::size_t length) {
   return length == 2 && first == 0xC2 && byte(text, at + 1) < 0xA0;
 }
 
-}  // namespace Jobs
+}  // namespace Base

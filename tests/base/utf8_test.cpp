@@ -1,4 +1,4 @@
-#include "jobs/utf8.h"
+#include "base/utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 
 namespace {
 
-using Jobs::find_invalid_utf8;
-using Jobs::is_control;
-using Jobs::utf8_length;
+using Base::find_invalid_utf8;
+using Base::is_control;
+using Base::utf8_length;
 
 TEST(Utf8, LengthsOfCharacters) {
   EXPECT_EQ(utf8_length("a", 0), 1U);
