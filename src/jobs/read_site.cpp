@@ -12,9 +12,9 @@
 #include "base/streams.h"
 #include "jobs/bind_parameters.h"
 #include "jobs/captured_lines.h"
-#include "jobs/division_fault.h"
 #include "jobs/failure.h"
 #include "jobs/input_files.h"
+#include "script/division.h"
 #include "script/log.h"
 #include "site/context.h"
 
@@ -199,11 +199,11 @@ void read_site(Preparation& p) {
   const std::string path = opened_path(job, job.site);
   if (!is_readable(p, path)) return;
   SiteFailure failure;
-  bool divided = false;
+  const Script::DivisionScope divisions;
   {
     const CapturedLines lines;
     try {
-      divided = !without_division_fault([&] { p.run.experiment.initialise(path); });
+      p.run.experiment.initialise(path);
     } catch (...) {
       failure.message = message_of_current();
     }
@@ -211,7 +211,7 @@ void read_site(Preparation& p) {
     failure.faults = lines.faults();
   }
   p.run.log += failure.progress + failure.faults;
-  if (divided) return add_site_fault(p, "it divides an integer by 0");
+  if (divisions.divided_by_zero()) return add_site_fault(p, "it divides an integer by 0");
   if (!failure.message.empty()) return report(p, path, failure);
   keep_files(p, failure.progress);
   p.has_site = true;

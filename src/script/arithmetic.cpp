@@ -1,9 +1,8 @@
 // Arithmetic of the literals in a script.
 
 #include <bit>
-#include <csignal>
-#include <cstdlib>
 
+#include "script/division.h"
 #include "script/variable.h"
 
 namespace Script {
@@ -11,18 +10,6 @@ namespace {
 
 std::int32_t wrapped(std::uint32_t bits) { return std::bit_cast<std::int32_t>(bits); }
 std::uint32_t bits(std::int32_t number) { return std::bit_cast<std::uint32_t>(number); }
-
-std::int32_t quotient(std::int32_t left, std::int32_t right) {
-  if (right == 0) {
-    // On purpose not an exception: an integer division by zero in a script ends the process, as
-    // the hardware would end it.
-    std::raise(SIGFPE);
-    std::abort();
-  }
-  // The smallest integer divided by -1 does not fit: it wraps to itself.
-  if (right == -1) return wrapped(0u - bits(left));
-  return left / right;
-}
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "base/streams.h"
+#include "script/division.h"
 #include "script_parse.h"
 
 namespace Script {
@@ -97,12 +98,15 @@ int SubSerial::Parser::next_token(ScriptScan& scan, const fs::path& file) const 
       std::to_string(longest_token) + " can be read";
 }
 
-bool SubSerial::Parser::push_token(ScriptScan& scan, int token) {
+bool SubSerial::Parser::push_token(ScriptScan& scan, int token) try {
   if (token != TOKEN_IDENT) return push(token, std::move(scan.value()));
   Variable found = find(scan.text());
   if (found.type() == VarType::empty) Base::progress() << "UNFOUND = " << scan.text() << std::endl;
   const int kind = ident_token(found);
   return push(kind, std::move(found));
+} catch (const DivisionByZero&) {
+  throw "File \"" + open_.back().file.string() + "\" divides an integer by zero at line " +
+      std::to_string(scan.line());
 }
 
 bool SubSerial::Parser::include(ScriptScan& scan, const fs::path& file) {

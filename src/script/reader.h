@@ -31,7 +31,8 @@ class SubSerial::Parser : public ScriptParse {
 
   // The next token. Throws std::string if it is too long (docs/limits.md).
   int next_token(ScriptScan& scan, const boost::filesystem::path& file) const;
-  // Gives the token to the parser. A name is looked up first.
+  // Gives the token to the parser. A name is looked up first. Throws std::string for a division of
+  // an integer by zero in a DivisionScope.
   bool push_token(ScriptScan& scan, int token);
   // Reads the file that the token after `include` names.
   bool include(ScriptScan& scan, const boost::filesystem::path& file);
