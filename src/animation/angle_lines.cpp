@@ -1,6 +1,5 @@
 #include "animation/angle_lines.h"
 
-#include <ostream>
 #include <sstream>
 #include <utility>
 
@@ -8,10 +7,11 @@
 
 namespace Synthesis {
 
-AngleLines::AngleLines(const Maths::FrontSet& fronts, std::size_t top, FrontAngles angles) {
+AngleLines::AngleLines(const Maths::FrontSet& fronts, std::size_t top, FrontAngles angles)
+    : out_(Base::progress()) {
   if (angles == FrontAngles::hidden) return;
   std::ostringstream text;
-  text.copyfmt(Base::progress());
+  text.copyfmt(out_);
   for (std::size_t h = 0; h < top; ++h) {
     for (const Maths::HarmonicFront& front : fronts.slots[h]) text << front.angle << '\n';
   }
@@ -21,14 +21,13 @@ AngleLines::AngleLines(const Maths::FrontSet& fronts, std::size_t top, FrontAngl
 AngleLines::Column::Column(AngleLines& lines, const AnimationFrames& frames)
     : lines_(lines), frames_(frames), lock_(lines.mutex_) {}
 
-AngleLines::Column::~Column() { Base::progress().flush(); }
+AngleLines::Column::~Column() { lines_.out_.flush(); }
 
 void AngleLines::Column::write(std::size_t count) {
-  std::ostream& out = Base::progress();
   const std::string& text = lines_.text_;
   for (; count != 0 && place_ != text.size() && frames_.running(); --count) {
     const std::size_t end = text.find('\n', place_) + 1;
-    out.write(text.data() + place_, static_cast<std::streamsize>(end - place_));
+    lines_.out_.write(text.data() + place_, static_cast<std::streamsize>(end - place_));
     place_ = end;
   }
 }

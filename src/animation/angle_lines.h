@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <mutex>
+#include <ostream>
 #include <string>
 
 #include "animation/animation_frames.h"
@@ -41,6 +42,7 @@ class AngleLines {
   };
 
  private:
+  std::ostream& out_;  // of the thread that builds: the columns may be made by others
   std::string text_;
   std::mutex mutex_;
 };

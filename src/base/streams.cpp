@@ -1,10 +1,80 @@
 #include "base/streams.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <iostream>
+#include <memory>
+#include <streambuf>
+#include <utility>
 
 namespace Base {
+namespace {
 
-std::ostream& progress() { return std::cout; }
-std::ostream& script_faults() { return std::cerr; }
+constexpr std::size_t most_collected = 1048576;
+
+// Collects characters up to the limit, and counts the lines after it.
+class Collected : public std::streambuf {
+ public:
+  std::string take() {
+    std::string text = std::exchange(text_, {});
+    if (full_) {
+      // The last line may be incomplete. Its end is among those counted.
+      text.erase(text.rfind('\n') + 1);
+      text += "Lines left out: " + std::to_string(missing_) + "\n";
+    }
+    full_ = false;
+    missing_ = 0;
+    return text;
+  }
+
+ protected:
+  std::streamsize xsputn(const char* characters, std::streamsize count) override {
+    const auto length = static_cast<std::size_t>(count);
+    full_ = full_ || length > most_collected - text_.size();
+    if (full_) {
+      missing_ += static_cast<std::uint64_t>(std::count(characters, characters + length, '\n'));
+    } else {
+      text_.append(characters, length);
+    }
+    return count;
+  }
+
+  int_type overflow(int_type character) override {
+    if (traits_type::eq_int_type(character, traits_type::eof())) return 0;
+    const char one = traits_type::to_char_type(character);
+    xsputn(&one, 1);
+    return character;
+  }
+
+ private:
+  std::string text_;
+  bool full_ = false;
+  std::uint64_t missing_ = 0;  // ends of lines that are not in the text
+};
+
+struct Collector {
+  Collected collected;
+  std::ostream stream{&collected};
+};
+
+thread_local bool collecting = false;
+// Made when the thread first collects.
+thread_local std::unique_ptr<Collector> collector;
+
+}  // namespace
+
+std::ostream& progress() { return collecting ? collector->stream : std::cout; }
+std::ostream& script_faults() { return collecting ? collector->stream : std::cerr; }
+
+void collect_output(bool on) {
+  if (on && !collecting) {
+    if (!collector) collector = std::make_unique<Collector>();
+    collector->stream.copyfmt(std::cout);
+  }
+  collecting = on;
+}
+
+std::string take_output() { return collector ? collector->collected.take() : std::string(); }
 
 }  // namespace Base

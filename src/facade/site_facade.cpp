@@ -10,8 +10,7 @@ namespace Kelpbox {
 
 SiteFacade::SiteFacade() : SiteFacade(std::string()) {}
 
-SiteFacade::SiteFacade(std::string name)
-    : name_(std::move(name)), log_(Base::progress()), reader_("context") {}
+SiteFacade::SiteFacade(std::string name) : name_(std::move(name)), reader_("context") {}
 
 void SiteFacade::initialise(const std::string& file) {
   guarded("Uncaught Exception in Experiment Initialise", [&] {

@@ -40,7 +40,7 @@ class SiteFacade {
 
  private:
   std::string name_;
-  Script::SimpleLog log_;  // declared before the reader, which keeps its address
+  Script::ProgressLog log_;  // declared before the reader, which keeps its address
   Common::SiteReader reader_;
   Common::Context* context_ = nullptr;  // owned by the reader; set when a read has succeeded
   std::vector<double> profile_samples_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/compose.h"
+#include "base/streams.h"
 
 namespace Script {
 namespace {
@@ -54,5 +55,11 @@ void SimpleLog::message(float time, const LogItm& item) {
 }
 
 void SimpleLog::message(const LogItm& item) { *out_ << item << '\n' << std::flush; }
+
+void ProgressLog::message(float time, const LogItm& item) {
+  SimpleLog(Base::progress()).message(time, item);
+}
+
+void ProgressLog::message(const LogItm& item) { SimpleLog(Base::progress()).message(item); }
 
 }  // namespace Script

@@ -64,6 +64,14 @@ class SimpleLog : public Log {
   std::ostream* out_;
 };
 
+// As SimpleLog, to the stream for progress lines.
+class ProgressLog : public Log {
+ public:
+  void message(float time, const LogItm& item) override;
+  void message(const LogItm& item) override;
+  void build() override {}
+};
+
 }  // namespace Script
 
 #endif  // KELPBOX_SCRIPT_LOG_H_
