@@ -7,21 +7,32 @@ import java.io.BufferedReader;
 import java.io.InputStreamReader;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
+import java.util.List;
 import java.util.TreeSet;
 import org.junit.jupiter.api.Test;
 import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
-/** The native declarations and the symbols of the library are the same set. */
+/** The native declarations of both classes and the symbols of the library are the same set. */
 class DeclarationsTest {
-    private static final String PREFIX =
-            "Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_";
+    private static List<Class<?>> classes() throws Exception {
+        return List.of(KelpboxNativeLibraryJNI.class, Class.forName("tidelab.waves.Native"));
+    }
 
-    private static TreeSet<String> declared() {
+    private static TreeSet<String> declared(Class<?> declaring) {
+        String prefix = "Java_" + declaring.getName().replace('.', '_') + "_";
         TreeSet<String> names = new TreeSet<>();
-        for (Method method : KelpboxNativeLibraryJNI.class.getDeclaredMethods()) {
+        for (Method method : declaring.getDeclaredMethods()) {
             if (Modifier.isNative(method.getModifiers())) {
-                names.add(PREFIX + method.getName().replace("_", "_1"));
+                names.add(prefix + method.getName().replace("_", "_1"));
             }
+        }
+        return names;
+    }
+
+    private static TreeSet<String> declared() throws Exception {
+        TreeSet<String> names = new TreeSet<>();
+        for (Class<?> declaring : classes()) {
+            names.addAll(declared(declaring));
         }
         return names;
     }
@@ -62,12 +73,14 @@ class DeclarationsTest {
     }
 
     @Test
-    void noNameIsOverloaded() {
+    void noNameIsOverloaded() throws Exception {
         // The names of overloads contain their signatures.
-        long methods = 0;
-        for (Method method : KelpboxNativeLibraryJNI.class.getDeclaredMethods()) {
-            methods += Modifier.isNative(method.getModifiers()) ? 1 : 0;
+        for (Class<?> declaring : classes()) {
+            long methods = 0;
+            for (Method method : declaring.getDeclaredMethods()) {
+                methods += Modifier.isNative(method.getModifiers()) ? 1 : 0;
+            }
+            assertEquals(methods, declared(declaring).size());
         }
-        assertEquals(methods, declared().size());
     }
 }
