@@ -4,6 +4,11 @@ package tidelab.waves.component;
 public class WaveSynthesisException extends RuntimeException {
     private static final long serialVersionUID = 1L;
 
+    /**
+     * The library throws its failures with this constructor.
+     *
+     * @param message the library's message
+     */
     public WaveSynthesisException(String message) {
         super(message);
     }
