@@ -1,0 +1,2 @@
+extern "C" __attribute__((visibility("default"))) int kelpbox_absent();
+int kelpbox_absent() { return 1; }
