@@ -110,25 +110,36 @@ final class Loader {
 
     /** Whether this file is now bound, whatever its version. */
     private static boolean loads(Path file, String place, Attempts attempts) {
-        String reason;
-        if (!Files.exists(file)) {
-            reason = "no such file";
-        } else if (!Files.isRegularFile(file)) {
-            reason = "not a file";
-        } else {
-            try {
-                System.load(file.toString());
-                if (Binding.version() != null) {
-                    location = file;
-                    return true;
-                }
-                reason = "a library, but not Kelpbox: it lacks Kelpbox's functions";
-            } catch (UnsatisfiedLinkError | IllegalCallerException e) {
-                reason = Reasons.of(e, file);
-            }
+        String reason = reasonNotToLoad(file);
+        if (reason == null) {
+            location = file;
+            return true;
         }
         attempts.failed(place + file + ": " + reason);
         return false;
+    }
+
+    private static String reasonNotToLoad(Path file) {
+        if (!Files.exists(file)) {
+            return "no such file";
+        }
+        if (!Files.isRegularFile(file)) {
+            return "not a file";
+        }
+        try {
+            String problem = ElfFile.problem(file);
+            if (problem != null) {
+                return problem;
+            }
+            System.load(file.toString());
+            return Binding.version() != null
+                    ? null
+                    : "a library, but not Kelpbox: it lacks Kelpbox's functions";
+        } catch (IOException e) {
+            return Reasons.of(e);
+        } catch (UnsatisfiedLinkError | IllegalCallerException e) {
+            return Reasons.of(e, file);
+        }
     }
 
     /** The JVM cannot unload what is bound, so a library of another version stays an error. */

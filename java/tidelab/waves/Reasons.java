@@ -12,9 +12,10 @@ final class Reasons {
 
     /** @param failure what {@code System.load} threw */
     static String of(Throwable failure, Path file) {
-        String message = String.valueOf(failure.getMessage());
-        String prefix = file + ": ";
-        String reason = message.startsWith(prefix) ? message.substring(prefix.length()) : message;
+        String reason = String.valueOf(failure.getMessage());
+        for (String prefix = file + ": "; reason.startsWith(prefix);) {
+            reason = reason.substring(prefix.length());
+        }
         return reason + advice(failure, reason);
     }
 
@@ -22,6 +23,9 @@ final class Reasons {
         if (failure instanceof IllegalCallerException) {
             return " (start the JVM with --enable-native-access=tidelab.waves, or"
                     + " =ALL-UNNAMED if kelpbox.jar is on the class path)";
+        }
+        if (reason.contains("cannot open shared object file")) {
+            return " (install this library, which Kelpbox needs)";
         }
         if (reason.contains("failed to map segment")) {
             return " (the file system may be mounted noexec; -Dkelpbox.folder=<folder> chooses"

@@ -32,12 +32,22 @@ final class UnpackedLibrary implements AutoCloseable {
         Path parent = Path.of(chosen != null ? chosen : System.getProperty("java.io.tmpdir"));
         UnpackedLibrary unpacked = new UnpackedLibrary(newFolder(parent), name);
         try {
-            Files.copy(content, unpacked.file); // fails if the file exists
+            unpacked.fill(content);
             unpacked.requirePrivate();
             return unpacked;
         } catch (Throwable e) {
             unpacked.close();
             throw e;
+        }
+    }
+
+    private void fill(InputStream content) throws IOException {
+        try {
+            Files.copy(content, file); // fails if the file exists
+        } catch (FileSystemException e) {
+            throw e;
+        } catch (IOException e) { // a full disk, which is reported without the file
+            throw new FileSystemException(file.toString(), null, e.getMessage());
         }
     }
 

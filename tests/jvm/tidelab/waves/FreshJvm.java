@@ -53,11 +53,6 @@ final class FreshJvm {
         return this;
     }
 
-    FreshJvm withOptions(String... more) {
-        options.addAll(List.of(more));
-        return this;
-    }
-
     /** Puts this folder before the jar, so that its resources replace those of the jar. */
     FreshJvm withFirst(Path folder) {
         classPath.add(0, folder.toString());
