@@ -30,7 +30,8 @@ final class ElfFile {
             }
             int number = header.getShort(18);
             String processor = PROCESSORS.getOrDefault(number, "number " + number);
-            if (!processor.equals(Platform.processor())) {
+            boolean known = PROCESSORS.containsValue(Platform.processor());
+            if (known && !processor.equals(Platform.processor())) {
                 return "for the processor " + processor + ", but this JVM runs on "
                         + Platform.processor();
             }
