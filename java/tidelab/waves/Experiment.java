@@ -1,6 +1,8 @@
 package tidelab.waves;
 
 import java.nio.file.Path;
+import java.util.ArrayList;
+import java.util.List;
 import java.util.Objects;
 import java.util.function.Consumer;
 import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
@@ -27,6 +29,9 @@ import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
  */
 public final class Experiment implements AutoCloseable {
     private final Handle handle;
+    private final List<Definition> definitions = new ArrayList<>();
+    private List<Bank> banks;
+    private boolean tankInDoubt;
 
     private Experiment(Handle handle) {
         this.handle = handle;
@@ -118,6 +123,124 @@ public final class Experiment implements AutoCloseable {
         }
     }
 
+    /** {@return the names of the site, the tank and the configuration} */
+    public String siteName() {
+        return handle.call(
+                address -> KelpboxNativeLibraryJNI.Kelpbox_Experiment_context_name(address, null));
+    }
+
+    /** {@return those names and a checksum of the script, which identify the site} */
+    public String siteText() {
+        return handle.call(address
+                -> KelpboxNativeLibraryJNI.Kelpbox_Experiment_context_string(address, null));
+    }
+
+    /** {@return what the site fixes: extents of the tank, limits of frequency, and others} */
+    public Settings constants() {
+        return handle.call(Site::constants);
+    }
+
+    /** {@return the tunable values of the site, such as the depth of the water} */
+    public Settings settings() {
+        return handle.call(Site::settings);
+    }
+
+    /**
+     * Tunes the site. Names that are left out keep their values. Runs take the change into account
+     * at their next build.
+     *
+     * @param settings values by names that {@link #settings} has
+     * @return what the library wrote back, with its remarks
+     * @throws IllegalArgumentException if a name does not exist; the message has the nearest one
+     * @throws tidelab.waves.component.WaveSynthesisException if a value is refused, or no tank can
+     *         be made from the values. Paddle motions then wait until a {@code set} or a {@link
+     *         Definition#build} succeeds.
+     */
+    public Settings set(Settings settings) {
+        Objects.requireNonNull(settings, "settings");
+        return handle.call(address -> {
+            Settings wanted = Site.settings(address).updated(settings, handle.label());
+            try (Parameters parameters = Parameters.of(wanted)) {
+                tankInDoubt = true;
+                KelpboxNativeLibraryJNI.Kelpbox_Experiment_set(
+                        address, null, parameters.address(), null);
+                tankInDoubt = false;
+                return parameters.read();
+            }
+        });
+    }
+
+    /**
+     * Tunes the site, as {@link #set(Settings)}.
+     *
+     * @param namesAndValues as for {@link Settings#of}
+     * @return what the library wrote back
+     */
+    public Settings set(Object... namesAndValues) {
+        return set(Settings.of(namesAndValues));
+    }
+
+    /**
+     * {@return the depths in m along the tank, from one end to the other}
+     *
+     * @param settings {@code delta_x}, the distance between two depths
+     * @throws tidelab.waves.component.WaveSynthesisException if it is missing or refused
+     */
+    public double[] profile(Settings settings) {
+        Objects.requireNonNull(settings, "settings");
+        return handle.call(address -> Site.profile(address, settings));
+    }
+
+    /** {@return the banks of paddles of the site} */
+    public List<Bank> banks() {
+        return handle.call(address -> {
+            if (banks == null)
+                banks = Bank.all(address);
+            return banks;
+        });
+    }
+
+    /**
+     * {@return a bank of paddles}
+     *
+     * @param index its place in the site, from 0
+     * @throws IndexOutOfBoundsException if the site has no such bank
+     */
+    public Bank bank(int index) {
+        List<Bank> all = banks();
+        return all.get(Checks.index(index, all.size(), "bank"));
+    }
+
+    /**
+     * Adds a definition of a run.
+     *
+     * @param name what messages call it
+     * @return the definition
+     */
+    public Definition addDefinition(String name) {
+        byte[] bytes = SiteOptions.bytes(Objects.requireNonNull(name, "name"));
+        return handle.change(address -> {
+            Definition made = new Definition(this, name, Native.addDefinition(address, bytes));
+            definitions.add(made);
+            return made;
+        });
+    }
+
+    /** {@return the definitions that have not been removed, in the order of adding} */
+    public List<Definition> definitions() {
+        return handle.call(address -> List.copyOf(definitions));
+    }
+
+    /** Removes all definitions, and everything in them. The site stays as it is. */
+    public void clear() {
+        handle.change(address -> {
+            KelpboxNativeLibraryJNI.Kelpbox_Experiment_clear(address, null);
+            definitions.forEach(Definition::end);
+            definitions.clear();
+            return null;
+        });
+    }
+
     /** {@return whether the experiment has been closed} */
     public boolean isClosed() {
         return handle.isClosed();
@@ -135,6 +258,30 @@ public final class Experiment implements AutoCloseable {
 
     Handle handle() {
         return handle;
+    }
+
+    /** Removes an item from the list that it is in. Only during a call. */
+    void forget(Item item) {
+        if (item.parent() instanceof Definition definition) {
+            definition.forget((Specification) item);
+        } else if (item.parent() instanceof Specification specification) {
+            specification.forget(item);
+        } else {
+            definitions.remove(item);
+        }
+    }
+
+    /** A build has shown that the library has a tank. Only during a call. */
+    void tankIsReady() {
+        tankInDoubt = false;
+    }
+
+    /** A paddle motion without a tank would end the process. Only during a call. */
+    void requireTank() {
+        if (tankInDoubt) {
+            throw new IllegalStateException("the last set of " + handle.label()
+                    + " failed: set it again, or build the run again, before the paddle motion");
+        }
     }
 
     /**

@@ -26,6 +26,9 @@ public record Quantity(double value, String units) {
     /**
      * Checks the units.
      *
+     * @param value the number
+     * @param units the name of its units
+     *
      * @throws tidelab.waves.component.WaveSynthesisException if the library does not know them
      */
     public Quantity {

@@ -216,7 +216,7 @@ public final class Settings {
                 throw new IllegalArgumentException(Nearest.explain(name, owner, values.keySet()));
             }
         });
-        return new Settings(copy, List.of());
+        return new Settings(copy, remarks);
     }
 
     private Object value(String name) {

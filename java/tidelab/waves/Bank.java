@@ -1,0 +1,80 @@
+package tidelab.waves;
+
+import java.util.ArrayList;
+import java.util.List;
+import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
+
+/**
+ * A bank of paddles, as the site describes it.
+ *
+ * <p>Example: {@code double metres = experiment.bank(0).limits().get("max_paddle_motion", "m");}
+ */
+public final class Bank {
+    private final int index;
+    private final String name;
+    private final String dataUnits;
+    private final Settings limits;
+    private final List<Paddle> paddles;
+
+    private Bank(long address, int index) {
+        this.index = index;
+        try (Parameters parameters = Parameters.empty()) {
+            name = KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_bank_info(
+                    address, null, index, parameters.address(), null);
+            Settings info = parameters.read();
+            dataUnits = info.quantity("data_units").units();
+            limits = info.without("data_units");
+        }
+        int size = (int) KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_bank_size(
+                address, null, index);
+        List<Paddle> read = new ArrayList<>(size);
+        for (int i = 0; i < size; ++i) read.add(Paddle.read(address, index, i));
+        paddles = List.copyOf(read);
+    }
+
+    /** Reads all banks of the site. Only during a call. */
+    static List<Bank> all(long address) {
+        int count = (int) KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_banks(address, null);
+        List<Bank> banks = new ArrayList<>(count);
+        for (int i = 0; i < count; ++i) banks.add(new Bank(address, i));
+        return List.copyOf(banks);
+    }
+
+    /** {@return its place in the site, from 0} */
+    public int index() {
+        return index;
+    }
+
+    /** {@return its name in the site} */
+    public String name() {
+        return name;
+    }
+
+    /**
+     * {@return the units in which the site gives the limits of the motion} Drive signals are in m
+     * if these are lengths, and in rad if they are angles.
+     */
+    public String dataUnits() {
+        return dataUnits;
+    }
+
+    /** {@return the number of paddles} */
+    public int size() {
+        return paddles.size();
+    }
+
+    /** {@return the limits of the motion, and the constants that the site gives for the machine} */
+    public Settings limits() {
+        return limits;
+    }
+
+    /** {@return the paddles, in their order} */
+    public List<Paddle> paddles() {
+        return paddles;
+    }
+
+    @Override
+    public String toString() {
+        return "bank " + index + " \"" + name + "\"";
+    }
+}
