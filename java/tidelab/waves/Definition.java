@@ -73,7 +73,6 @@ public final class Definition extends Item {
             specifications.forEach(Specification::requireComplete);
             current = null;
             KelpboxNativeLibraryJNI.Kelpbox_Experiment_run_build(address, null, id());
-            experiment().tankIsReady();
             Run built = new Run(this, address);
             current = built;
             return built;

@@ -31,7 +31,6 @@ public final class Experiment implements AutoCloseable {
     private final Handle handle;
     private final List<Definition> definitions = new ArrayList<>();
     private List<Bank> banks;
-    private boolean tankInDoubt;
 
     private Experiment(Handle handle) {
         this.handle = handle;
@@ -147,26 +146,19 @@ public final class Experiment implements AutoCloseable {
 
     /**
      * Tunes the site. Names that are left out keep their values. Runs take the change into account
-     * at their next build.
+     * at their next build. A failure leaves the site as it was.
      *
      * @param settings values by names that {@link #settings} has
      * @return what the library wrote back, with its remarks
      * @throws IllegalArgumentException if a name does not exist; the message has the nearest one
      * @throws tidelab.waves.component.WaveSynthesisException if a value is refused, or no tank can
-     *         be made from the values. Paddle motions then wait until a {@code set} or a {@link
-     *         Definition#build} succeeds.
+     *         be made from the values
      */
     public Settings set(Settings settings) {
         Objects.requireNonNull(settings, "settings");
         return handle.call(address -> {
-            Settings wanted = Site.settings(address).updated(settings, handle.label());
-            try (Parameters parameters = Parameters.of(wanted)) {
-                tankInDoubt = true;
-                KelpboxNativeLibraryJNI.Kelpbox_Experiment_set(
-                        address, null, parameters.address(), null);
-                tankInDoubt = false;
-                return parameters.read();
-            }
+            Settings before = Site.settings(address);
+            return Site.set(address, before, before.updated(settings, handle.label()));
         });
     }
 
@@ -268,19 +260,6 @@ public final class Experiment implements AutoCloseable {
             specification.forget(item);
         } else {
             definitions.remove(item);
-        }
-    }
-
-    /** A build has shown that the library has a tank. Only during a call. */
-    void tankIsReady() {
-        tankInDoubt = false;
-    }
-
-    /** A paddle motion without a tank would end the process. Only during a call. */
-    void requireTank() {
-        if (tankInDoubt) {
-            throw new IllegalStateException("the last set of " + handle.label()
-                    + " failed: set it again, or build the run again, before the paddle motion");
         }
     }
 

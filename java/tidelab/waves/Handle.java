@@ -121,6 +121,11 @@ final class Handle implements AutoCloseable {
         cell.release(vector);
     }
 
+    /** How many Vectors are kept, for tests. */
+    int kept() {
+        return cell.vectors();
+    }
+
     boolean isClosed() {
         return closed;
     }

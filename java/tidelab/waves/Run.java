@@ -104,7 +104,7 @@ public final class Run {
     public PaddleMotion paddleMotion(Object rate) {
         Settings settings = Settings.of("rate", rate);
         return call(address -> {
-            definition.experiment().requireTank();
+            Site.requireTank(address);
             motion = null;
             try (Parameters parameters = Parameters.of(settings)) {
                 KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_motion_build(

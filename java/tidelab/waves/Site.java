@@ -1,6 +1,7 @@
 package tidelab.waves;
 
 import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
+import tidelab.waves.component.WaveSynthesisException;
 
 /** What experiments and analyses read from their site in the same way. Only during a call. */
 final class Site {
@@ -20,6 +21,42 @@ final class Site {
             KelpboxNativeLibraryJNI.Kelpbox_Experiment_query(
                     address, null, parameters.address(), null);
             return parameters.read();
+        }
+    }
+
+    /** Sets the tunable values, or leaves those of before if they are refused. */
+    static Settings set(long address, Settings before, Settings wanted) {
+        try {
+            return set(address, wanted);
+        } catch (RuntimeException failure) {
+            // The library has stored a part of the values.
+            try {
+                set(address, before);
+            } catch (RuntimeException another) {
+                failure.addSuppressed(another);
+            }
+            throw failure;
+        }
+    }
+
+    private static Settings set(long address, Settings settings) {
+        try (Parameters parameters = Parameters.of(settings)) {
+            KelpboxNativeLibraryJNI.Kelpbox_Experiment_set(
+                    address, null, parameters.address(), null);
+            return parameters.read();
+        }
+    }
+
+    /**
+     * Fails unless the site has a tank. A paddle motion without one would end the process, and a
+     * site loses its tank if none can be made from its values.
+     */
+    static void requireTank(long address) {
+        try {
+            profile(address, Settings.of("delta_x", Quantity.of(1e9, "m")));
+        } catch (WaveSynthesisException failure) {
+            throw new IllegalStateException(
+                    "the site has no tank: set its values again before the paddle motion", failure);
         }
     }
 
