@@ -1,10 +1,15 @@
 package tidelab.waves;
 
+import java.util.ArrayDeque;
+import java.util.Queue;
 import java.util.function.Consumer;
 import java.util.function.Supplier;
 
 /** The lines that one call makes the library write to standard output, for a consumer. */
 final class Captured {
+    /** What a thread has to deliver after the lines that it is delivering. */
+    private static final ThreadLocal<Queue<Captured>> WAITING = new ThreadLocal<>();
+
     private final Consumer<String> consumer;
     private String text = "";
 
@@ -26,13 +31,32 @@ final class Captured {
     }
 
     /**
-     * Hands over the lines. A consumer that throws must not turn a call that succeeded into one
-     * that failed: what it throws goes to the thread's handler of uncaught exceptions, and the rest
-     * of these lines are discarded.
+     * Hands over the lines. Those of calls that the consumer makes follow when it has returned, so
+     * that a consumer is never called from within itself.
      */
     void deliver() {
         if (text.isEmpty())
             return;
+        Queue<Captured> waiting = WAITING.get();
+        if (waiting != null) {
+            waiting.add(this);
+            return;
+        }
+        waiting = new ArrayDeque<>();
+        WAITING.set(waiting);
+        try {
+            for (Captured next = this; next != null; next = waiting.poll()) next.hand();
+        } finally {
+            WAITING.remove();
+        }
+    }
+
+    /**
+     * A consumer that throws must not turn a call that succeeded into one that failed: what it
+     * throws goes to the thread's handler of uncaught exceptions, and the rest of these lines are
+     * discarded.
+     */
+    private void hand() {
         try {
             text.lines().forEach(consumer);
         } catch (Throwable thrown) {

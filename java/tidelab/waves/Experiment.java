@@ -87,10 +87,10 @@ public final class Experiment implements AutoCloseable {
 
         /**
          * Hands the library's progress and log lines to a consumer instead of standard output. It
-         * receives the lines of a call after the call has ended, on the calling thread, and may
-         * itself use the experiment. If it throws, the call's result is not affected: the exception
-         * goes to the thread's handler of uncaught exceptions, and the call's other lines are
-         * discarded.
+         * receives the lines of a call after the call has ended, on the calling thread. It may use
+         * the experiment; the lines of its own calls follow when it has returned. If it throws, the
+         * call's result is not affected: the exception goes to the thread's handler of uncaught
+         * exceptions, and the call's other lines are discarded.
          *
          * @param consumer receives each line, without its end
          * @return this

@@ -1,0 +1,108 @@
+package tidelab.waves;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+
+import java.io.IOException;
+import java.io.InputStream;
+import java.io.UncheckedIOException;
+import java.nio.charset.StandardCharsets;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import org.junit.jupiter.api.function.Executable;
+
+/** The flume of flume.site, and short forms of common steps. */
+final class Tanks {
+    static final double TWO_PI = 2.0 * Math.PI;
+    static final double DEPTH = 1.0;
+    static final double GRAVITY = 9.81;
+
+    /** A piston at the end of 20 m of water, 1 m deep; 0.1 Hz to 2 Hz. */
+    static final String SCRIPT = resource("/tidelab/flume.site");
+
+    static final Path FLUME = file(SCRIPT);
+
+    private Tanks() {}
+
+    private static String resource(String name) {
+        try (InputStream in = Tanks.class.getResourceAsStream(name)) {
+            return new String(in.readAllBytes(), StandardCharsets.UTF_8);
+        } catch (IOException e) {
+            throw new UncheckedIOException(e);
+        }
+    }
+
+    /** A site script with this content, deleted when the JVM ends. */
+    static Path file(String content) {
+        try {
+            Path path = Files.createTempFile("waves", ".site");
+            path.toFile().deleteOnExit();
+            return Files.writeString(path, content);
+        } catch (IOException e) {
+            throw new UncheckedIOException(e);
+        }
+    }
+
+    /** An experiment that is called "flume" in messages. */
+    static Experiment flume() {
+        return Experiment.builder().name("flume").silent().open(FLUME);
+    }
+
+    /** A definition of 10 s, without specifications. */
+    static Definition definition(Experiment experiment, String name) {
+        Definition definition = experiment.addDefinition(name);
+        definition.set("repeat", "10 s", "dalrymple", false, "wave_merge", WaveMerge.Null);
+        return definition;
+    }
+
+    /** A specification at the origin and time 0. */
+    static Specification place(Definition definition) {
+        Specification place = definition.addSpecification();
+        place.set("x", "0 m", "y", "0 m", "t", "0 s");
+        return place;
+    }
+
+    /** A wave along the tank; frequency in Hz, amplitude in m, phase in rad. */
+    static Component single(Specification place, double f, double a, double phase) {
+        Component single = place.addSingle();
+        single.set("f", Quantity.of(f, "Hz"), "a", Quantity.of(a, "m"), "angle", "0 rad", "phase",
+                Quantity.of(phase, "rad"));
+        return single;
+    }
+
+    /** A definition of 10 s with one wave. */
+    static Definition wave(Experiment experiment, double f, double a, double phase) {
+        Definition definition = definition(experiment, "run");
+        single(place(definition), f, a, phase);
+        return definition;
+    }
+
+    /** The wave number of linear theory, by bisection of omega^2 = g k tanh(k depth). */
+    static double waveNumber(double omega) {
+        double low = 0.0;
+        double high = 1000.0;
+        for (int i = 0; i < 200; ++i) {
+            double k = 0.5 * (low + high);
+            if (GRAVITY * k * Math.tanh(k * DEPTH) < omega * omega) {
+                low = k;
+            } else {
+                high = k;
+            }
+        }
+        return 0.5 * (low + high);
+    }
+
+    /** The stroke of a full-depth piston for a wave; both in m. */
+    static double stroke(double f, double a) {
+        double kd = waveNumber(TWO_PI * f) * DEPTH;
+        double sinh = Math.sinh(kd);
+        return a * (Math.sinh(2 * kd) + 2 * kd) / (4 * sinh * sinh);
+    }
+
+    /** The call ends with exactly this exception. */
+    static void fails(Class<? extends Throwable> kind, String message, Executable call) {
+        Throwable thrown = assertThrows(kind, call);
+        assertEquals(kind, thrown.getClass());
+        assertEquals(message, thrown.getMessage());
+    }
+}
