@@ -24,7 +24,8 @@ import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 public final class Definition extends Item {
     private final String name;
     private final List<Specification> specifications = new ArrayList<>();
-    private Run current;
+    private volatile Run current;
+    private volatile AnimationFrames frames;
 
     Definition(Experiment experiment, String name, long id) {
         super(experiment, null, id);
@@ -79,7 +80,17 @@ public final class Definition extends Item {
         });
     }
 
+    /** What the library holds of an animation; null if nothing. Also without a turn. */
+    AnimationFrames frames() {
+        return frames;
+    }
+
     /** Only during a call. */
+    void frames(AnimationFrames latest) {
+        frames = latest;
+    }
+
+    /** Also without a turn. */
     void requireCurrent(Run run) {
         if (current != run) {
             throw new IllegalStateException(
@@ -105,6 +116,7 @@ public final class Definition extends Item {
     void end() {
         super.end();
         current = null;
+        frames = null;
         specifications.forEach(Specification::end);
     }
 

@@ -239,9 +239,9 @@ public final class Experiment implements AutoCloseable {
     }
 
     /**
-     * Frees the experiment with all its items, after the calls that are running have ended. Every
-     * later use of it or of its items is an {@link IllegalStateException}. A second call does
-     * nothing.
+     * Frees the experiment with all its items, after the calls that are running have ended. The
+     * build of an animation is cancelled. Every later use of the experiment or of its items is an
+     * {@link IllegalStateException}. A second call does nothing.
      */
     @Override
     public void close() {

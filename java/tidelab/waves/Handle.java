@@ -25,7 +25,9 @@ final class Handle implements AutoCloseable {
     private final Consumer<String> output;
     private final ReentrantLock turn = new ReentrantLock();
     private final ReadWriteLock life = new ReentrantReadWriteLock();
+    private volatile boolean closing;
     private volatile boolean closed;
+    private volatile Runnable stopper;
 
     /**
      * Makes the native object.
@@ -103,6 +105,22 @@ final class Handle implements AutoCloseable {
         }
     }
 
+    /**
+     * Runs a long body during a call, on the thread that has the turn. A {@link #close} on another
+     * thread first runs {@code stop}, which must make the body end soon.
+     */
+    void stoppable(Runnable stop, Runnable body) {
+        stopper = stop;
+        try {
+            // Either this sees that close has begun, or close sees the stopper.
+            if (closing)
+                throw new IllegalStateException(label + " is closed");
+            body.run();
+        } finally {
+            stopper = null;
+        }
+    }
+
     private long address() {
         if (closed)
             throw new IllegalStateException(label + " is closed");
@@ -140,10 +158,15 @@ final class Handle implements AutoCloseable {
     }
 
     /**
-     * Waits for the calls that are running, then frees the native object. Later calls do nothing.
+     * Stops a build that is running, waits for all running calls, then frees the native object.
+     * Later calls do nothing.
      */
     @Override
     public void close() {
+        closing = true;
+        Runnable stop = stopper;
+        if (stop != null)
+            stop.run();
         turn.lock();
         life.writeLock().lock();
         try {

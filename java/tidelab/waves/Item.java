@@ -158,7 +158,8 @@ public abstract sealed class Item permits Definition, Specification, Component, 
         }
     }
 
-    private void requireAlive() {
+    /** Also without a turn. */
+    void requireAlive() {
         if (removed)
             throw new IllegalStateException(label() + " has been removed");
     }

@@ -1,6 +1,7 @@
 package tidelab.waves;
 
 import java.util.List;
+import java.util.Objects;
 import java.util.function.LongFunction;
 import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
@@ -116,12 +117,99 @@ public final class Run {
         });
     }
 
+    /**
+     * Computes the wave at a point.
+     *
+     * @param settings "rate" (a frequency), "x" and "y" (lengths, x from the paddle line) and
+     *        "delta_angle" (the width of a direction sector)
+     * @return the wave, which stays valid
+     * @throws tidelab.waves.component.WaveSynthesisException if the point is outside the tank, or a
+     *         value is missing or refused
+     */
+    public PointWave point(Settings settings) {
+        Objects.requireNonNull(settings, "settings");
+        return call(address -> PointWave.of(address, definition.id(), settings));
+    }
+
+    /**
+     * Computes the wave at a point, as {@link #point(Settings)}.
+     *
+     * @param namesAndValues as for {@link Settings#of}
+     * @return the wave
+     */
+    public PointWave point(Object... namesAndValues) {
+        return point(Settings.of(namesAndValues));
+    }
+
+    /**
+     * {@return the settings as written back, with what an analysis of a record at the point would
+     * report added} {@code Hs} (four standard deviations of the surface), {@code Ts} and {@code
+     * Var} (the fourth root of the variance) always; {@code reg_t} and {@code reg_h} of regular
+     * waves; {@code sig_t}, {@code sig_h} and {@code max_amp} (the height of the highest wave) of
+     * others. {@code sig_h} is not the mean of the highest third.
+     *
+     * @param settings "rate" (a frequency), "x" and "y" (lengths, x from the paddle line)
+     * @throws tidelab.waves.component.WaveSynthesisException if there are fewer than six waves in a
+     *         repeat time, the point is outside the tank, or a value is missing or refused
+     */
+    public Settings statistics(Settings settings) {
+        Objects.requireNonNull(settings, "settings");
+        return call(address -> {
+            try (Parameters parameters = Parameters.of(settings)) {
+                KelpboxNativeLibraryJNI.Kelpbox_Experiment_twod_stats(
+                        address, null, definition.id(), parameters.address(), null);
+                return parameters.read();
+            }
+        });
+    }
+
+    /**
+     * {@return statistics of the wave at a point, as {@link #statistics(Settings)}}
+     *
+     * @param namesAndValues as for {@link Settings#of}
+     */
+    public Settings statistics(Object... namesAndValues) {
+        return statistics(Settings.of(namesAndValues));
+    }
+
+    /**
+     * Prepares an animation: checks its grid and takes the memory for its frames. Any earlier
+     * animation of the definition is out of date from now on, unless the grid is refused.
+     *
+     * @param settings "rate" (a frequency), "x_step", "x_min", "x_max", "y_step", "y_min" and
+     *        "y_max" (lengths)
+     * @return the animation, of which nothing has been built yet
+     * @throws IllegalArgumentException if a frame has more points than a Java array can hold
+     * @throws tidelab.waves.component.WaveSynthesisException if a value is missing or refused, the
+     *         run has no waves, or the machine does not have the memory
+     */
+    public Animation animation(Settings settings) {
+        Objects.requireNonNull(settings, "settings");
+        return call(address -> Animation.of(this, settings, address));
+    }
+
+    /**
+     * Prepares an animation, as {@link #animation(Settings)}.
+     *
+     * @param namesAndValues as for {@link Settings#of}
+     * @return the animation
+     */
+    public Animation animation(Object... namesAndValues) {
+        return animation(Settings.of(namesAndValues));
+    }
+
     /** Takes a turn of the experiment for a call that needs this run. */
     <T> T call(LongFunction<T> body) {
         return definition.call(address -> {
             definition.requireCurrent(this);
             return body.apply(address);
         });
+    }
+
+    /** Also without a turn. */
+    void requireCurrent() {
+        definition.requireAlive();
+        definition.requireCurrent(this);
     }
 
     /** Only during a call. */
