@@ -50,6 +50,8 @@ public final class Kelpbox {
      *
      * @param library the file; a relative path starts at the current folder
      * @throws NullPointerException if {@code library} is null
+     * @throws IllegalArgumentException if the path is inside an archive or another file system of
+     *     Java's own
      * @throws LibraryNotFoundException if the file does not load or has another version than the
      *     jar
      * @throws IllegalStateException if another file is loaded; the message names both

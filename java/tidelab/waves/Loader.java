@@ -3,6 +3,7 @@ package tidelab.waves;
 import java.io.File;
 import java.io.IOException;
 import java.io.InputStream;
+import java.nio.file.FileSystems;
 import java.nio.file.Files;
 import java.nio.file.InvalidPathException;
 import java.nio.file.Path;
@@ -31,6 +32,9 @@ final class Loader {
     }
 
     static synchronized void load(Path library) {
+        if (library.getFileSystem() != FileSystems.getDefault()) {
+            throw new IllegalArgumentException("library: " + library + " is not a file of its own");
+        }
         Path file = real(library);
         if (Binding.version() == null) {
             Attempts attempts = new Attempts();

@@ -30,8 +30,11 @@ final class FreshJvm {
     FreshJvm(Path folder) {
         options.add("-Djava.io.tmpdir=" + folder);
         options.add("-Djava.library.path=" + folder.resolve("none"));
+        options.add("-Dkelpbox.jar=" + JAR);
+        options.add("-Dkelpbox.so=" + LIBRARY);
         options.add("-XX:TieredStopAtLevel=1");
         options.add("-XX:-UsePerfData");
+        allowNativeAccess("ALL-UNNAMED");
         classPath.add(JAR.toString());
         classPath.add(System.getProperty("kelpbox.tests"));
     }
@@ -46,6 +49,14 @@ final class FreshJvm {
     static Path copyAs(Path library, Path folder) throws IOException {
         Files.createDirectories(folder);
         return Files.copy(library, folder.resolve("libKelpboxSwig.so"));
+    }
+
+    /** Newer JVMs warn without this option. */
+    FreshJvm allowNativeAccess(String module) {
+        if (Runtime.version().feature() >= 24) {
+            options.add("--enable-native-access=" + module);
+        }
+        return this;
     }
 
     FreshJvm with(String name, Object value) {

@@ -1,9 +1,12 @@
 package tidelab.waves;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static org.junit.jupiter.api.Assumptions.assumeTrue;
 
+import java.nio.file.FileSystem;
+import java.nio.file.FileSystems;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.Arrays;
@@ -80,6 +83,15 @@ class LoaderFailuresTest {
         Path text = Files.writeString(folder.resolve("text.so"), "wave ".repeat(1000));
         assertEquals("not a library", reason(text));
         assertEquals("not a library", reason(Files.createFile(folder.resolve("empty.so"))));
+    }
+
+    @Test
+    void aFileInsideAnArchiveIsRefused() throws Exception {
+        try (FileSystem jar = FileSystems.newFileSystem(FreshJvm.JAR)) {
+            Path inside = jar.getPath("module-info.class");
+            assertThrows(IllegalArgumentException.class, () -> Kelpbox.load(inside));
+        }
+        assertThrows(NullPointerException.class, () -> Kelpbox.load(null));
     }
 
     @Test

@@ -1,16 +1,14 @@
 package tidelab.waves;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
-import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import java.io.ByteArrayOutputStream;
-import java.net.URL;
-import java.net.URLClassLoader;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.List;
+import java.util.Set;
 import javax.tools.ToolProvider;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.io.TempDir;
@@ -58,40 +56,23 @@ class LoaderHostsTest {
 
     @Test
     void eachClassLoaderHasACopyOfItsOwn() throws Exception {
-        try (URLClassLoader one = loader(); URLClassLoader two = loader()) {
-            assertNotEquals(location(one), location(two));
+        List<String> lines = jvm().run("load", "loader", "loader", "vector");
+        assertEquals("vector 3", lines.get(3));
+        assertEquals(3, Set.copyOf(lines.subList(0, 3)).size(), lines::toString);
+        for (String line : lines.subList(0, 3)) {
+            assertTrue(line.startsWith("loaded " + folder + "/kelpbox-"), line);
         }
     }
 
     @Test
     void aFileBelongsToOneClassLoader() throws Exception {
-        Path library = FreshJvm.copyAs(FreshJvm.LIBRARY, folder.resolve("one")).toRealPath();
-        try (URLClassLoader one = loader(); URLClassLoader two = loader()) {
-            assertEquals("loaded", outcome(one, library));
-            String refused = outcome(two, library);
-            assertTrue(refused.contains(library.toString()), refused);
-            assertTrue(refused.contains("a JVM binds a file to one class loader"), refused);
-        }
-    }
-
-    private static URLClassLoader loader() throws Exception {
-        URL[] jar = {FreshJvm.JAR.toUri().toURL()};
-        return new URLClassLoader(jar, ClassLoader.getPlatformClassLoader());
-    }
-
-    private static Object location(ClassLoader loader) throws Exception {
-        return loader.loadClass(Kelpbox.class.getName()).getMethod("location").invoke(null);
-    }
-
-    private static String outcome(ClassLoader loader, Path library) throws Exception {
-        try {
-            loader.loadClass(Kelpbox.class.getName())
-                    .getMethod("load", Path.class)
-                    .invoke(null, library);
-            return "loaded";
-        } catch (java.lang.reflect.InvocationTargetException e) {
-            return e.getCause().getMessage();
-        }
+        String library = FreshJvm.LIBRARY.toRealPath().toString();
+        List<String> lines = jvm().run("loadFile=" + library, "loader=" + library, "vector");
+        assertEquals("loaded " + library, lines.get(0));
+        assertTrue(lines.get(2).contains(library), lines::toString);
+        assertTrue(
+                lines.get(2).contains("a JVM binds a file to one class loader"), lines::toString);
+        assertEquals("vector 3", lines.get(3));
     }
 
     @Test
@@ -105,8 +86,10 @@ class LoaderHostsTest {
                 "-Werror", "-d", classes.toString(), "-p", FreshJvm.JAR.toString(),
                 module.toString(), host.toString());
         assertEquals(0, result, () -> errors.toString(StandardCharsets.UTF_8));
-        List<String> lines = jvm().java(List.of("-Xcheck:jni", "-p", FreshJvm.JAR + ":" + classes,
-                "-m", "tidelab.host/tidelab.host.Host", "missing.site"));
+        List<String> lines =
+                jvm().allowNativeAccess("tidelab.waves")
+                        .java(List.of("-Xcheck:jni", "-p", FreshJvm.JAR + ":" + classes, "-m",
+                                "tidelab.host/tidelab.host.Host", "missing.site"));
         assertEquals("module tidelab.waves " + FreshJvm.VERSION, lines.get(0));
         assertEquals("failed", lines.get(lines.size() - 1));
     }

@@ -1,5 +1,8 @@
 package tidelab.waves;
 
+import java.lang.reflect.InvocationTargetException;
+import java.net.URL;
+import java.net.URLClassLoader;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.Arrays;
@@ -58,6 +61,9 @@ final class LoadingHost {
             case "vector":
                 vector();
                 break;
+            case "loader":
+                loader(arguments);
+                break;
             case "threads":
                 threads(Integer.parseInt(arguments[0]));
                 break;
@@ -80,6 +86,21 @@ final class LoadingHost {
         System.out.println(
                 "vector " + KelpboxNativeLibraryJNI.Kelpbox_StdVectorDouble_size(vector, null));
         KelpboxNativeLibraryJNI.delete_Kelpbox_StdVectorDouble(vector);
+    }
+
+    /** Loads the library in a new class loader, from this file or from any place. */
+    private static void loader(String[] file) throws Exception {
+        URL[] jar = {FreshJvm.JAR.toUri().toURL()};
+        ClassLoader loader = new URLClassLoader(jar, ClassLoader.getPlatformClassLoader());
+        Class<?> kelpbox = loader.loadClass(Kelpbox.class.getName());
+        try {
+            if (file.length > 0) {
+                kelpbox.getMethod("load", Path.class).invoke(null, Path.of(file[0]));
+            }
+            System.out.println("loaded " + kelpbox.getMethod("location").invoke(null));
+        } catch (InvocationTargetException e) {
+            System.out.println(e.getCause().getMessage());
+        }
     }
 
     private static void threads(int count) throws Exception {
