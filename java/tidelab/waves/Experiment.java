@@ -150,7 +150,7 @@ public final class Experiment implements AutoCloseable {
      *
      * @param settings values by names that {@link #settings} has
      * @return what the library wrote back, with its remarks
-     * @throws IllegalArgumentException if a name does not exist; the message has the nearest one
+     * @throws IllegalArgumentException if a name does not exist, or a number is not finite
      * @throws tidelab.waves.component.WaveSynthesisException if a value is refused, or no tank can
      *         be made from the values
      */

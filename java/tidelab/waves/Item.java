@@ -50,7 +50,7 @@ public abstract sealed class Item permits Definition, Specification, Component, 
      *
      * @param settings values by names that {@link #settings} has
      * @return what the library wrote back, such as a fitted repeat time, with its remarks
-     * @throws IllegalArgumentException if a name does not exist; the message has the nearest one
+     * @throws IllegalArgumentException if a name does not exist, or a number is not finite
      * @throws tidelab.waves.component.WaveSynthesisException if the library refuses a value, or
      *         misses one
      */
@@ -168,7 +168,7 @@ public abstract sealed class Item permits Definition, Specification, Component, 
         try (Parameters parameters = Parameters.empty()) {
             KelpboxNativeLibraryJNI.Kelpbox_Experiment_query__SWIG_1(
                     address, null, id, parameters.address(), null);
-            return parameters.readDeclared().updated(last, label());
+            return parameters.readDeclared().overlaid(last);
         }
     }
 }

@@ -204,17 +204,31 @@ public final class Settings {
     }
 
     /**
-     * These settings with some values replaced.
+     * These settings with the values that a host has given. Names without a value replace nothing.
      *
      * @param owner whose settings these are, for the message
-     * @throws IllegalArgumentException if one of the names is not among these settings
+     * @throws IllegalArgumentException if one of the names is not among these settings, or a number
+     *         is not finite: the library would carry it on to the paddles
      */
     Settings updated(Settings given, String owner) {
-        Map<String, Object> copy = new LinkedHashMap<>(values);
         given.values.forEach((name, value) -> {
-            if (copy.replace(name, value) == null) {
+            if (!values.containsKey(name)) {
                 throw new IllegalArgumentException(Nearest.explain(name, owner, values.keySet()));
             }
+            if (value instanceof Quantity quantity && !Double.isFinite(quantity.value())) {
+                throw new IllegalArgumentException(
+                        "\"" + name + "\" of " + owner + " is " + quantity);
+            }
+        });
+        return overlaid(given);
+    }
+
+    /** These settings with other values where those have one. */
+    Settings overlaid(Settings others) {
+        Map<String, Object> copy = new LinkedHashMap<>(values);
+        others.values.forEach((name, value) -> {
+            if (!(value instanceof Unset))
+                copy.put(name, value);
         });
         return new Settings(copy, remarks);
     }

@@ -91,6 +91,15 @@ class ItemsTest {
     }
 
     @Test
+    void namesWithoutAValueReplaceNothing() {
+        Component wave = place.addSingle();
+        Settings unset = wave.settings();
+        wave.set("f", "0.5 Hz", "a", "25 mm", "angle", "0 deg", "phase", "90 deg");
+        assertEquals(Quantity.of("30 mm"), wave.set(unset.with("a", "30 mm")).quantity("a"));
+        assertEquals(Quantity.of("0.5 Hz"), wave.settings().quantity("f"));
+    }
+
+    @Test
     void aNameThatTheItemDoesNotHaveIsReportedWithTheNearest() {
         fails(IllegalArgumentException.class,
                 "\"phas\" is not a setting of component \"Single\"; did you mean \"phase\"? It has:"
@@ -178,6 +187,10 @@ class ItemsTest {
 
     @Test
     void numbersThatAreNotFiniteAreRefusedWhereTheyWouldReachAPaddle() {
+        fails(IllegalArgumentException.class, "\"a\" of component \"Single\" is NaN m",
+                () -> place.addSingle().set("a", Quantity.of(Double.NaN, "m")));
+        fails(IllegalArgumentException.class, "\"beach\" of experiment \"flume\" is Infinity m",
+                () -> experiment.set("beach", Quantity.of(Double.POSITIVE_INFINITY, "m")));
         fails(IllegalArgumentException.class, "samples[1] is NaN",
                 () -> place.addTimeSeries("record", "m", new double[] {0, Double.NaN}));
         fails(IllegalArgumentException.class, "fronts[1]: phase is Infinity",
