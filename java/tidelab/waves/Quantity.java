@@ -20,8 +20,8 @@ import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
  * @param units the name of the units, such as "mm", "Hz", "deg" or "m2/Hz"
  */
 public record Quantity(double value, String units) {
-    private static final Pattern TEXT =
-            Pattern.compile("\\s*([+-]?(?:\\d+\\.?\\d*|\\.\\d+)(?:[eE][+-]?\\d+)?)\\s*(\\S*)\\s*");
+    private static final Pattern TEXT = Pattern.compile(
+            "\\s*+([+-]?(?:\\d++(?:\\.\\d*+)?|\\.\\d++)(?:[eE][+-]?\\d++)?)\\s*+(\\S*+)\\s*+");
 
     /**
      * Checks the units.

@@ -5,12 +5,18 @@ import static org.junit.jupiter.api.Assertions.assertSame;
 
 import java.util.List;
 import java.util.stream.Stream;
+import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Test;
 import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** The constants are the members that the library knows, under the same numbers. */
 class EnumsTest {
+    @BeforeAll
+    static void load() {
+        Tanks.load();
+    }
+
     private static long number(Object value, String type) {
         try (Parameters parameters = Parameters.of(Settings.of("it", value))) {
             return KelpboxNativeLibraryJNI.Kelpbox_Params_get_enum(

@@ -4,11 +4,17 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tidelab.waves.Tanks.fails;
 
+import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Test;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** Numbers with units. */
 class QuantityTest {
+    @BeforeAll
+    static void load() {
+        Tanks.load();
+    }
+
     @Test
     void aTextIsANumberAndItsUnits() {
         assertEquals(new Quantity(80, "mm"), Quantity.of("80 mm"));

@@ -9,11 +9,17 @@ import static tidelab.waves.Tanks.fails;
 
 import java.util.List;
 import java.util.NoSuchElementException;
+import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Test;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** Named values. */
 class SettingsTest {
+    @BeforeAll
+    static void load() {
+        Tanks.load();
+    }
+
     private final Settings settings = Settings.of("repeat", "64 s", "seed", 17, "dalrymple", false,
             "wave_merge", WaveMerge.RMS, "x", Quantity.of(80, "mm"));
 

@@ -22,7 +22,19 @@ final class Tanks {
 
     static final Path FLUME = file(SCRIPT);
 
+    static {
+        load();
+    }
+
     private Tanks() {}
+
+    /**
+     * Loads the library that was built, not its copy in the jar. All tests of this class loader
+     * must use the same file: with two, the JVM would take each function from either of them.
+     */
+    static void load() {
+        System.load(System.getProperty("kelpbox.so"));
+    }
 
     private static String resource(String name) {
         try (InputStream in = Tanks.class.getResourceAsStream(name)) {
