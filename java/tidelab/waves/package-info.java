@@ -17,6 +17,13 @@
  * java.lang.IllegalStateException}. What the library refuses is a {@link
  * tidelab.waves.component.WaveSynthesisException} with the library's own message.
  *
- * <p>Example: see {@link tidelab.waves.Experiment}.
+ * <p>Example: which site is this, and which waves can it make?
+ *
+ * <pre>{@code
+ * try (Experiment experiment = Experiment.open(Path.of("flume.site"))) {
+ *     System.out.println(experiment.siteName());
+ *     System.out.println(experiment.constants().quantity("max_freq"));
+ * }
+ * }</pre>
  */
 package tidelab.waves;

@@ -43,20 +43,20 @@ class EndsTheProcessTest {
 
     @Test
     void aCallAfterAnInitialiseThatCouldNotReadTheScript() {
-        int before = Handle.live();
+        int before = Tanks.live();
         assertThrows(WaveSynthesisException.class, () -> Experiment.open(Path.of("missing.site")));
-        assertEquals(before, Handle.live());
+        assertEquals(before, Tanks.live());
     }
 
     @Test
     void aPaddleMotionAfterAnInitialiseThatCouldNotMakeTheTank() {
-        int before = Handle.live();
+        int before = Tanks.live();
         Path site = Tanks.file(Tanks.SCRIPT.replace("depth = \"1.0\"", "depth = \"1-$[m]\""));
         String message = assertThrows(
                 WaveSynthesisException.class, () -> Experiment.builder().silent().open(site))
                                  .getMessage();
         assertTrue(message.startsWith("Section[1]::depth profile does not"), message);
-        assertEquals(before, Handle.live());
+        assertEquals(before, Tanks.live());
     }
 
     @Test
@@ -87,13 +87,13 @@ class EndsTheProcessTest {
 
     @Test
     void aDivisionOfAnIntegerByZeroInAScript() {
-        int before = Handle.live();
+        int before = Tanks.live();
         Path site = Tanks.file(Tanks.SCRIPT.replace("max_y = 0.5", "max_y = 1/0"));
         String message = assertThrows(
                 WaveSynthesisException.class, () -> Experiment.builder().silent().open(site))
                                  .getMessage();
         assertFalse(message.isEmpty());
-        assertEquals(before, Handle.live());
+        assertEquals(before, Tanks.live());
     }
 
     @Test
@@ -143,10 +143,10 @@ class EndsTheProcessTest {
 
     @Test
     void aDeleteTwice() {
-        int before = Handle.live();
+        int before = Tanks.live();
         experiment.close();
         experiment.close();
-        assertEquals(before - 1, Handle.live());
+        assertEquals(before - 1, Tanks.live());
     }
 
     @Test

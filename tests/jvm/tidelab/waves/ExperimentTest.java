@@ -99,7 +99,7 @@ class ExperimentTest {
 
     @Test
     void afterAFailedOpenNothingStaysBehind() {
-        int before = Handle.live();
+        int before = Tanks.live();
         Path missing = Path.of("no such folder", "basin.site");
         fails(WaveSynthesisException.class, "File \"" + missing + "\" does not exist",
                 () -> Experiment.open(missing));
@@ -109,7 +109,7 @@ class ExperimentTest {
             assertThrows(
                     WaveSynthesisException.class, () -> Experiment.builder().silent().open(site));
         }
-        assertEquals(before, Handle.live());
+        assertEquals(before, Tanks.live());
     }
 
     @Test

@@ -6,8 +6,9 @@ import static org.junit.jupiter.api.Assertions.assertNotSame;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tidelab.waves.Tanks.fails;
 
+import java.lang.ref.Reference;
+import java.util.ArrayList;
 import java.util.List;
-import java.util.function.BooleanSupplier;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.function.Executable;
 
@@ -179,37 +180,25 @@ class LifetimeTest {
 
     @Test
     void anExperimentThatIsForgottenIsFreed() {
-        int before = Handle.live();
-        for (int i = 0; i < 20; ++i) Tanks.wave(Tanks.flume(), 0.5, 0.1, 0).build();
-        assertTrue(Handle.live() > before);
-        assertTrue(comes(() -> Handle.live() <= before), Handle.live() + " are left");
+        int before = Tanks.live();
+        List<Experiment> forgotten = new ArrayList<>();
+        for (int i = 0; i < 20; ++i) {
+            forgotten.add(Tanks.flume());
+            Tanks.wave(forgotten.get(i), 0.5, 0.1, 0).build();
+        }
+        assertEquals(before + 20, Tanks.live());
+        forgotten.clear();
+        assertEquals(before, Tanks.live());
     }
 
     @Test
-    void aRunKeepsItsExperiment() {
+    void aResultKeepsItsExperiment() {
         PaddleMotion motion = Tanks.wave(Tanks.flume(), 0.5, 0.1, 0).build().paddleMotion("50 Hz");
-        int live = Handle.live();
-        assertFalse(comes(() -> Handle.live() < live, 5));
+        int live = Tanks.live();
         assertEquals(500, motion.signal(0, 0).length);
-        motion.rate();
-    }
-
-    private static boolean comes(BooleanSupplier state) {
-        return comes(state, 500);
-    }
-
-    /** Whether the state comes while garbage is collected that many times. */
-    private static boolean comes(BooleanSupplier state, int collections) {
-        for (int i = 0; i < collections; ++i) {
-            if (state.getAsBoolean())
-                return true;
-            System.gc();
-            try {
-                Thread.sleep(10);
-            } catch (InterruptedException e) {
-                throw new AssertionError(e);
-            }
-        }
-        return state.getAsBoolean();
+        assertEquals(live, Tanks.live());
+        Reference.reachabilityFence(motion);
+        motion = null;
+        assertEquals(live - 1, Tanks.live());
     }
 }

@@ -111,6 +111,26 @@ final class Tanks {
         return a * (Math.sinh(2 * kd) + 2 * kd) / (4 * sinh * sinh);
     }
 
+    /**
+     * How many native experiments exist, without those that other tests have left to the garbage
+     * collector.
+     */
+    static int live() {
+        int live = Handle.live();
+        for (int same = 0; same < 3;) {
+            System.gc();
+            try {
+                Thread.sleep(5);
+            } catch (InterruptedException e) {
+                throw new AssertionError(e);
+            }
+            int now = Handle.live();
+            same = now == live ? same + 1 : 0;
+            live = now;
+        }
+        return live;
+    }
+
     /** The call ends with exactly this exception. */
     static void fails(Class<? extends Throwable> kind, String message, Executable call) {
         Throwable thrown = assertThrows(kind, call);
