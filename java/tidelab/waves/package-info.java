@@ -1,9 +1,9 @@
 /**
  * Wave synthesis and wave analysis for a tank with paddles, as Java objects.
  *
- * <p>{@link tidelab.waves.Experiment} makes drive signals from descriptions of waves. Lengths are
- * in m, times in s, frequencies in Hz and angles in rad, unless a {@link tidelab.waves.Quantity}
- * has its own units.
+ * <p>{@link tidelab.waves.Experiment} makes drive signals from descriptions of waves, and {@link
+ * tidelab.waves.Analysis} finds waves in the records of probes. Lengths are in m, times in s,
+ * frequencies in Hz and angles in rad, unless a {@link tidelab.waves.Quantity} has its own units.
  *
  * <p><b>Life.</b> Objects with {@code close} hold native memory. Closing one waits for its running
  * calls; a second close does nothing. Results are copies: arrays, lists and records that nothing
