@@ -1,5 +1,6 @@
 // A host without a virtual machine: an environment with the six operations that the boundary may
-// use. Any other operation is a null pointer, and using it ends the test.
+// use. Any other operation is a null pointer, and using it ends the test. array_host.h adds those
+// that only the functions of tidelab.waves.Native use.
 #ifndef KELPBOX_TESTS_EXPORTED_HOST_H_
 #define KELPBOX_TESTS_EXPORTED_HOST_H_
 
@@ -47,7 +48,7 @@ class Host {
   std::set<std::string> missing_classes;
   bool refuses_characters = false;
 
- private:
+ protected:
   struct String {
     std::string characters;
   };
@@ -75,11 +76,13 @@ class Host {
   static void JNICALL release_characters(JNIEnv* env, jstring string, const char* characters);
 
   JNINativeInterface_ functions_{};
+  std::unique_ptr<Thrown> pending_;
+
+ private:
   Environment env_{};
   std::deque<String> strings_;
   std::map<std::string, Class> classes_;
   std::set<const char*> held_;  // characters handed out and not yet released
-  std::unique_ptr<Thrown> pending_;
 };
 
 #endif  // KELPBOX_TESTS_EXPORTED_HOST_H_
