@@ -16,12 +16,16 @@ final class Native {
     static native String version();
 
     /**
-     * Collects the lines that the calling thread makes the library write to standard output,
-     * instead of writing them. One thread's switch does not affect another's.
+     * Collects the lines that the calling thread makes the library write to standard output, and
+     * those about faults in a site script to standard error, instead of writing them. One thread's
+     * switch does not affect another's.
      */
     static native void captureOutput(boolean on);
 
-    /** What was collected on this thread since the last call, and forgets it; empty if nothing. */
+    /**
+     * What was collected on this thread since the last call, and forgets it; empty if nothing. At
+     * most 1 MiB: then the last line says how many lines were left out.
+     */
     static native String takeOutput();
 
     // Experiments and analyses
