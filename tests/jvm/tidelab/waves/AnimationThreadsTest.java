@@ -7,8 +7,10 @@ import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static org.junit.jupiter.api.Assertions.fail;
 import static tidelab.waves.Surfaces.FINE;
 import static tidelab.waves.Surfaces.GRID;
+import static tidelab.waves.Surfaces.SLOW;
 import static tidelab.waves.Surfaces.await;
 import static tidelab.waves.Tanks.fails;
 
@@ -27,7 +29,8 @@ import org.junit.jupiter.api.Test;
 
 /** Builds that other threads watch, cancel and close. */
 class AnimationThreadsTest {
-    private static final int LIMIT = 10; // s
+    /** In s. The slow build would take several times as long. */
+    private static final int LIMIT = 10;
 
     private final ExecutorService threads = Executors.newCachedThreadPool();
     private Experiment experiment;
@@ -79,7 +82,7 @@ class AnimationThreadsTest {
 
     @Test
     void anotherThreadCancelsABuild() throws Exception {
-        Animation animation = run.animation(FINE);
+        Animation animation = run.animation(SLOW);
         Future<Animation> builder = threads.submit(animation::build);
         running(animation);
         animation.cancel();
@@ -92,10 +95,10 @@ class AnimationThreadsTest {
     @Test
     void aCancelledAnimationCanBeBuiltAgain() throws Exception {
         Animation animation = run.animation(FINE);
-        short[] expected = animation.build().frame(60);
+        short[] expected = animation.build().frame(20);
         animation.cancel();
         assertTrue(animation.isReady());
-        assertArrayEquals(expected, animation.frame(60));
+        assertArrayEquals(expected, animation.frame(20));
 
         Animation again = run.animation(FINE);
         Future<Animation> builder = threads.submit(again::build);
@@ -103,20 +106,19 @@ class AnimationThreadsTest {
         again.cancel();
         failure(builder);
         assertEquals(1.0, again.build().progress());
-        assertArrayEquals(expected, again.frame(60));
+        assertArrayEquals(expected, again.frame(20));
     }
 
     @Test
     void cancellingTheFutureStopsTheBuild() throws Exception {
-        Animation animation = run.animation(FINE);
+        Animation animation = run.animation(SLOW);
         CompletableFuture<Animation> future = animation.buildAsync(threads);
         running(animation);
         assertTrue(future.cancel(true));
         assertTrue(future.isCancelled());
         assertThrows(CancellationException.class, future::get);
-        // This takes the turn after the build. The build has not been completed.
-        assertThrows(IllegalStateException.class, () -> animation.frame(0));
-        hasNoFrames(animation);
+        // This waits for its turn after the build.
+        threads.submit(() -> hasNoFrames(animation)).get(LIMIT, TimeUnit.SECONDS);
     }
 
     @Test
@@ -146,7 +148,7 @@ class AnimationThreadsTest {
     void aBuildThatWaitsForItsTurnIsCancelledToo() throws Exception {
         Run other = Tanks.wave(experiment, 0.7, 0.1, 0).build();
         Animation waiting = other.animation(GRID);
-        Animation first = run.animation(FINE);
+        Animation first = run.animation(SLOW);
         Future<Animation> running = threads.submit(first::build);
         running(first);
         CompletableFuture<Animation> future = waiting.buildAsync(threads);
@@ -166,7 +168,7 @@ class AnimationThreadsTest {
 
     @Test
     void closingTheExperimentCancelsABuild() throws Exception {
-        Animation animation = run.animation(FINE);
+        Animation animation = run.animation(SLOW);
         Future<Animation> builder = threads.submit(animation::build);
         running(animation);
         experiment.close();
@@ -178,8 +180,8 @@ class AnimationThreadsTest {
 
     @Test
     void aBuildThatWaitsWhileTheExperimentClosesDoesNotBegin() throws Exception {
-        Animation waiting = Tanks.wave(experiment, 0.7, 0.1, 0).build().animation(FINE);
-        Animation first = run.animation(FINE);
+        Animation waiting = Tanks.wave(experiment, 0.7, 0.1, 0).build().animation(SLOW);
+        Animation first = run.animation(SLOW);
         Future<Animation> builder = threads.submit(first::build);
         running(first);
         CompletableFuture<Animation> future = waiting.buildAsync(threads);
@@ -191,8 +193,24 @@ class AnimationThreadsTest {
     }
 
     @Test
+    void aBuildThatGetsItsTurnAfterACloseHasBegunDoesNotBegin() throws Exception {
+        Handle handle = experiment.handle();
+        Thread closer = new Thread(experiment::close);
+        handle.run(address -> {
+            closer.start();
+            while (closer.getState() != Thread.State.WAITING) {
+                Thread.onSpinWait();
+            }
+            fails(IllegalStateException.class, "experiment \"flume\" is closed",
+                    () -> handle.stoppable(() -> {}, () -> fail("has begun")));
+        });
+        closer.join(TimeUnit.SECONDS.toMillis(LIMIT));
+        assertTrue(experiment.isClosed());
+    }
+
+    @Test
     void closingTheAnimationCancelsABuild() throws Exception {
-        Animation animation = run.animation(FINE);
+        Animation animation = run.animation(SLOW);
         Future<Animation> builder = threads.submit(animation::build);
         running(animation);
         animation.close();

@@ -17,8 +17,11 @@ final class Surfaces {
     static final Settings GRID = Settings.of("rate", "20 Hz", "x_step", "1 m", "x_min", "0 m",
             "x_max", "20 m", "y_step", "0.25 m", "y_min", "-0.5 m", "y_max", "0.5 m");
 
-    /** Every 4 mm: a build takes long enough for another thread to act on it. */
-    static final Settings FINE = GRID.with("x_step", "4 mm");
+    /** For the crossed sea, a build takes long enough for another thread to act on it. */
+    static final Settings FINE = GRID.with("x_step", "2 cm").with("rate", "4.2 Hz");
+
+    /** For the crossed sea, a build that is not stopped takes longer than any test waits. */
+    static final Settings SLOW = FINE.with("x_step", "0.2 mm");
 
     private Surfaces() {}
 
@@ -26,8 +29,8 @@ final class Surfaces {
     static Run crossedSea(Experiment experiment) {
         Definition definition = Tanks.definition(experiment, "sea");
         List<Front> fronts = new ArrayList<>();
-        for (int i = 0; i < 4000; ++i) {
-            fronts.add(new Front(0.2 + 0.1 * (i % 15), 1e-5, 1e-4 * i - 0.2, 0.01 * i));
+        for (int i = 0; i < 20000; ++i) {
+            fronts.add(new Front(0.2 + 0.1 * (i % 15), 1e-6, 2e-5 * i - 0.2, 0.01 * i));
         }
         Tanks.place(definition).addFronts(fronts).set();
         return definition.build();
