@@ -77,17 +77,17 @@ public final class Animation implements AutoCloseable {
      *
      * @return this
      * @throws CancellationException if {@link #cancel} or {@code close} has ended the build
-     * @throws WaveSynthesisException if the grid leaves the tank. Columns
-     *         inside it have been built.
+     * @throws WaveSynthesisException if the grid leaves the tank. The columns inside it have been
+     *         built.
      */
     public Animation build() {
         return build(frames.ticket(), 0, columns());
     }
 
     /**
-     * Builds all columns that have not been built yet, on a thread of the executor. To cancel the
-     * future stops the build: it is cancelled at once, and the library ends its work within
-     * moments.
+     * Builds all columns that have not been built yet, on a thread of the executor. Cancelling the
+     * future stops the build: the future is cancelled at once, the library ends its work within
+     * moments, and no frames are left.
      *
      * @param executor runs the build; what it throws if it refuses the task is not caught
      * @return completes with this animation, or with what {@link #build} throws

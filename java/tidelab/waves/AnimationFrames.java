@@ -117,9 +117,10 @@ final class AnimationFrames {
                         address, null, id(), required.address(), null, from, to);
                 built.set(from, to);
             } catch (WaveSynthesisException refused) {
-                // The columns before the refused one are built, and must not be counted twice.
+                // The columns before the refused one are built, and must not be counted twice. The
+                // addend absorbs the rounding of the two shares.
                 double after = Kelpbox_Experiment_animate_progress(address, null, id());
-                built.set(from, from + (int) Math.round(Math.max(0, after - before) * columns));
+                built.set(from, from + (int) (Math.max(0, after - before) * columns + 1e-6));
                 throw refused;
             }
         }
