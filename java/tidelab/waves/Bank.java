@@ -3,6 +3,7 @@ package tidelab.waves;
 import java.util.ArrayList;
 import java.util.List;
 import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
+import tidelab.waves.component.WaveSynthesisException;
 
 /**
  * A bank of paddles, as the site describes it.
@@ -13,6 +14,7 @@ public final class Bank {
     private final int index;
     private final String name;
     private final String dataUnits;
+    private final String signalUnits;
     private final Settings limits;
     private final List<Paddle> paddles;
 
@@ -23,6 +25,7 @@ public final class Bank {
                     address, null, index, parameters.address(), null);
             Settings info = parameters.read();
             dataUnits = info.quantity("data_units").units();
+            signalUnits = isAngle(dataUnits) ? "rad" : "m";
             limits = info.without("data_units");
         }
         int size = (int) KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_bank_size(
@@ -30,6 +33,15 @@ public final class Bank {
         List<Paddle> read = new ArrayList<>(size);
         for (int i = 0; i < size; ++i) read.add(Paddle.read(address, index, i));
         paddles = List.copyOf(read);
+    }
+
+    private static boolean isAngle(String units) {
+        try {
+            Quantity.of(1, units).in("rad");
+            return true;
+        } catch (WaveSynthesisException length) {
+            return false;
+        }
     }
 
     /** Reads all banks of the site. Only during a call. */
@@ -50,12 +62,14 @@ public final class Bank {
         return name;
     }
 
-    /**
-     * {@return the units in which the site gives the limits of the motion} Drive signals are in m
-     * if these are lengths, and in rad if they are angles.
-     */
+    /** {@return the units in which the site gives the limits of the motion, such as "mm"} */
     public String dataUnits() {
         return dataUnits;
+    }
+
+    /** {@return the units of the drive signals: "m" of pistons, "rad" of flaps} */
+    public String signalUnits() {
+        return signalUnits;
     }
 
     /** {@return the number of paddles} */

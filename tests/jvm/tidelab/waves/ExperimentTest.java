@@ -49,6 +49,7 @@ class ExperimentTest {
         assertEquals(0, bank.index());
         assertEquals("west", bank.name());
         assertEquals("m", bank.dataUnits());
+        assertEquals("m", bank.signalUnits());
         assertEquals(1, bank.size());
         assertEquals(List.of(new Paddle(1, 0, 0, 0)), bank.paddles());
         assertEquals(
@@ -56,6 +57,17 @@ class ExperimentTest {
                 bank.limits().names());
         assertEquals(0.3, bank.limits().get("clip_paddle_motion", "m"));
         assertEquals(Quantity.of(2.5, "V"), bank.limits().quantity("gain"));
+    }
+
+    @Test
+    void theSignalsOfAFlapAreInRadiansWhateverUnitsItsLimitsHave() {
+        String flap = Tanks.SCRIPT.replace("piston {", "flap {")
+                              .replace("minimum = -0.4; units = \"m\"",
+                                      "minimum = -0.4; units = \"deg\"");
+        try (Experiment flume = Experiment.builder().silent().open(Tanks.file(flap))) {
+            assertEquals("deg", flume.bank(0).dataUnits());
+            assertEquals("rad", flume.bank(0).signalUnits());
+        }
     }
 
     @Test
