@@ -164,6 +164,15 @@ public final class Analysis implements AutoCloseable {
     }
 
     /**
+     * {@return the depths in m along the tank, as {@link #profile(Settings)}}
+     *
+     * @param namesAndValues as for {@link Settings#of}
+     */
+    public double[] profile(Object... namesAndValues) {
+        return profile(Settings.of(namesAndValues));
+    }
+
+    /**
      * Adds the record of a probe without a position, which zero crossings do not need.
      *
      * @param rate samples per second, in Hz

@@ -183,6 +183,15 @@ public final class Experiment implements AutoCloseable {
         return handle.call(address -> Site.profile(address, settings));
     }
 
+    /**
+     * {@return the depths in m along the tank, as {@link #profile(Settings)}}
+     *
+     * @param namesAndValues as for {@link Settings#of}
+     */
+    public double[] profile(Object... namesAndValues) {
+        return profile(Settings.of(namesAndValues));
+    }
+
     /** {@return the banks of paddles of the site} */
     public List<Bank> banks() {
         return handle.call(address -> {

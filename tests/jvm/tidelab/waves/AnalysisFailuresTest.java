@@ -164,7 +164,7 @@ class AnalysisFailuresTest {
         named("stop", () -> analysis.createSet(one, "0 s", null));
         named("settings", () -> analysis.createSet(one, "0 s", "1 s").waveTrains((Settings) null));
         named("settings", () -> analysis.set((Settings) null));
-        named("settings", () -> analysis.profile(null));
+        named("settings", () -> analysis.profile((Settings) null));
         named("site", () -> Analysis.open(null));
     }
 

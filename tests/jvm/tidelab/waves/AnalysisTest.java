@@ -195,7 +195,7 @@ class AnalysisTest {
         assertTrue(depths.length >= 4, "depths: " + depths.length);
         assertTrue(evaluate(Probes.sine(0.05, 2, 40)).regular());
         assertEquals(0.3, analysis.settings().get("beach", "m"), 1e-15);
-        assertTrue(analysis.profile(Settings.of("delta_x", "5 m")).length == depths.length);
+        assertEquals(depths.length, analysis.profile("delta_x", "5 m").length);
         assertEquals(Geometry.TwoDimensional, analysis.constants().choice("geometry"));
     }
 

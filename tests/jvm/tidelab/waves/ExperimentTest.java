@@ -40,6 +40,7 @@ class ExperimentTest {
         assertSame(Geometry.TwoDimensional, constants.choice("geometry"));
         assertArrayEquals(
                 new double[] {1, 1, 1, 1, 1}, experiment.profile(Settings.of("delta_x", "5 m")));
+        assertArrayEquals(new double[] {1, 1, 1}, experiment.profile("delta_x", "10 m"));
     }
 
     @Test
