@@ -55,7 +55,7 @@ class Analyse : public testing::Test, public Testing::TextConsole {
 };
 
 // The records hold an amplitude of 40 mm, a reflection of 0.12, and free second harmonics of 3.0
-// and 0.9 mm (examples/host/Beach.java). Noise of 0.2 mm leaves 0.01 mm in an element.
+// and 0.9 mm (examples/java/Beach.java). Noise of 0.2 mm leaves 0.01 mm in an element.
 TEST_F(Analyse, FindsTheReflectionOfTheExample) {
   const auto found = json(std::vector<std::string>{examples + "records/reflecting_beach.csv"});
   const auto& trains = found["wave_trains"];

@@ -1,40 +1,48 @@
-import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
-
 import java.io.IOException;
-import java.util.Arrays;
+import java.nio.file.Path;
+import java.util.HashSet;
 import java.util.List;
+import java.util.Set;
+import tidelab.waves.Experiment;
+import tidelab.waves.Front;
+import tidelab.waves.Run;
+import tidelab.waves.TransferFront;
 
 /**
  * Generates a short-crested random sea, a swell that meets a wind sea, and a focused group whose
  * waves come from many directions in a wide basin, and writes the drive signals of the paddles.
  *
- * <p>Usage: {@code java RandomSeas <library> <site script> <output folder>}. Exits with 1 if one of
+ * <p>Usage: {@code java RandomSeas <site script> <output folder>}. Exits with 1 if one of
  * its checks fails.
  */
 public final class RandomSeas {
     private RandomSeas() {}
 
     public static void main(String[] args) throws IOException {
-        Tank.load(args);
+        Results results = Results.in(args[1]);
         boolean good = true;
-        try (Tank tank = new Tank(args)) {
-            good &= shortCrested(tank);
-            good &= bimodal(tank);
-            good &= fan(tank);
+        try (Experiment basin = Experiment.builder().silent().open(Path.of(args[0]))) {
+            Run sea = Seas.shortCrested(basin);
+            results.deliver("short_crested", sea);
+            good &= heightIs(sea.fronts(), Seas.SHORT_CRESTED.variance());
+            good &= directionsFollow(sea.fronts());
+            good &= crestsAreAsShort(sea.fronts());
+
+            Run bimodal = Seas.bimodal(basin);
+            results.deliver("bimodal", bimodal);
+            good &= heightIs(bimodal.fronts(), Seas.SWELL.variance() + Seas.WIND_SEA.variance());
+            good &= harmonicsAreDivided(bimodal);
+
+            Run fan = Seas.fan(basin);
+            results.deliver("fan", fan);
+            good &= wavesMeetAtTheFocus(fan);
         }
         System.exit(good ? 0 : 1);
     }
 
-    private static boolean shortCrested(Tank tank) throws IOException {
-        long run = Seas.shortCrested(tank);
-        tank.deliver("short_crested", run);
-        List<Front> fronts = Front.of(tank.experiment, run);
-        return heightIs(fronts, Seas.SHORT_CRESTED.variance()) & directionsFollow(fronts)
-                & crestsAreAsShort(fronts);
-    }
-
     private static boolean heightIs(List<Front> fronts, double m0) {
-        double found = 4 * Math.sqrt(Front.variance(fronts));
+        double variance = fronts.stream().mapToDouble(front -> energy(front.amplitude())).sum();
+        double found = 4 * Math.sqrt(variance);
         double requested = 4 * Math.sqrt(m0);
         return Results.report(Math.abs(found / requested - 1) < 0.01,
                 "significant height of the fronts %.4f m; 4 sqrt(m0) of the spectrum %.4f m", found,
@@ -86,55 +94,39 @@ public final class RandomSeas {
                 deviations);
     }
 
-    private static boolean bimodal(Tank tank) throws IOException {
-        long run = Seas.bimodal(tank);
-        tank.deliver("bimodal", run);
-        double swell = Seas.SWELL.variance();
-        double windSea = Seas.WIND_SEA.variance();
-        boolean good = heightIs(Front.of(tank.experiment, run), swell + windSea);
-
-        double[] energy = new double[2];
-        boolean[] taken = new boolean[1000];
-        boolean shared = false;
-        for (int set = 0; set < 2; ++set) {
-            long fronts = Kelpbox_Experiment_fronts__SWIG_0(tank.experiment, null, run, set);
-            for (int i = 0; i < Kelpbox_StdVectorTransferFront_size(fronts, null); ++i) {
-                long front = Kelpbox_StdVectorTransferFront_get(fronts, null, i);
-                int harmonic = (int) Kelpbox_TransferFront_get_harmonic(front, null);
-                shared |= taken[harmonic];
-                taken[harmonic] = true;
-                energy[set] += 0.5 * Math.pow(Kelpbox_TransferFront_get_amp(front, null), 2);
-            }
-        }
-        double found = energy[0] / Arrays.stream(energy).sum();
-        double requested = swell / (swell + windSea);
-        return good
-                & Results.report(!shared && Math.abs(found - requested) < 0.03,
-                        "swell's share of the energy %.3f, of the spectra %.3f; no harmonic belongs"
-                                + " to both",
-                        found, requested);
+    /** The variance of a sine wave. */
+    private static double energy(double amplitude) {
+        return 0.5 * amplitude * amplitude;
     }
 
-    private static boolean fan(Tank tank) throws IOException {
-        long run = Seas.fan(tank);
-        tank.deliver("fan", run);
-        double step = 1
-                / Kelpbox_RunData_value(
-                        Kelpbox_Experiment_repeat(tank.experiment, null, run), null);
-        List<Front> fronts = Front.of(tank.experiment, run);
-        double predicted =
-                fronts.stream()
-                        .mapToDouble(front
-                                -> Math.sqrt(2 * Seas.GROUP.density(front.frequency()) * step))
-                        .sum();
-        Propagation water = new Propagation(tank.experiment);
-        double crest = water.elevation(run, Seas.FOCUS_X, Seas.FOCUS_Y, Seas.FOCUS_T);
-        double worst = fronts.stream()
-                               .mapToDouble(front
-                                       -> Math.abs(Seas.fanDirection(front.frequency())
-                                               - water.direction(front, Seas.FOCUS_X)))
-                               .max()
-                               .orElse(Math.PI);
+    private static boolean harmonicsAreDivided(Run bimodal) {
+        double[] energy = new double[2];
+        Set<Integer> taken = new HashSet<>();
+        boolean shared = false;
+        for (int set = 0; set < 2; ++set) {
+            for (TransferFront front : bimodal.fronts(set)) {
+                shared |= !taken.add(front.harmonic());
+                energy[set] += energy(front.amplitude());
+            }
+        }
+        double found = energy[0] / (energy[0] + energy[1]);
+        double swell = Seas.SWELL.variance();
+        double requested = swell / (swell + Seas.WIND_SEA.variance());
+        return Results.report(!shared && Math.abs(found - requested) < 0.03,
+                "swell's share of the energy %.3f, of the spectra %.3f; no harmonic belongs to"
+                        + " both",
+                found, requested);
+    }
+
+    private static boolean wavesMeetAtTheFocus(Run fan) {
+        Propagation water = new Propagation(fan);
+        double crest = water.elevation(Seas.FOCUS_X, Seas.FOCUS_Y, Seas.FOCUS_T);
+        double predicted = Seas.GROUP.crest(fan);
+        double worst = 0;
+        for (Front front : fan.fronts()) {
+            double requested = Seas.fanDirection(front.frequency());
+            worst = Math.max(worst, Math.abs(requested - water.direction(front, Seas.FOCUS_X)));
+        }
         return Results.report(Math.abs(crest / predicted - 1) < 0.01,
                        "crest %.4f m at the focus; the spectrum predicts %.4f m", crest, predicted)
                 & Results.report(worst < 0.01,

@@ -1,10 +1,14 @@
+import tidelab.waves.Quantity;
+import tidelab.waves.Run;
+import tidelab.waves.Specification;
+
 /**
  * A JONSWAP spectrum: significant height in m, peak frequency in Hz, peakedness, and the band in
  * Hz. Goda's constant makes the significant height hold for any peakedness.
  */
 record Jonswap(double hs, double fp, double gamma, double low, double high) {
     /** The density for the library: limit, formula, limit, formula, limit. */
-    static final String TEXT = String.join("#", "f_low[Hz] @Hz", formula("0.07") + " @m2s",
+    private static final String TEXT = String.join("#", "f_low[Hz] @Hz", formula("0.07") + " @m2s",
             "fp[Hz] @Hz", formula("0.09") + " @m2s", "f_high[Hz] @Hz");
 
     private static String formula(String width) {
@@ -13,13 +17,11 @@ record Jonswap(double hs, double fp, double gamma, double low, double high) {
                 + "*peakedness^exp(-square($[Hz]/fp[Hz]-1)/(2*square(" + width + ")))";
     }
 
-    /** Adds the parameters of the formula. */
-    void into(long params) {
-        Native.number(params, "Hs", hs, "m");
-        Native.number(params, "fp", fp, "Hz");
-        Native.number(params, "peakedness", gamma, "");
-        Native.number(params, "f_low", low, "Hz");
-        Native.number(params, "f_high", high, "Hz");
+    /** Adds a component with this spectrum. */
+    void addTo(Specification specification) {
+        specification.addSpectrum("JONSWAP", TEXT)
+                .set("Hs", Quantity.of(hs, "m"), "fp", Quantity.of(fp, "Hz"), "peakedness", gamma,
+                        "f_low", Quantity.of(low, "Hz"), "f_high", Quantity.of(high, "Hz"));
     }
 
     /** The same density in m2s, for the host's own checks. */
@@ -40,5 +42,14 @@ record Jonswap(double hs, double fp, double gamma, double low, double high) {
             sum += density(low + (i + 0.5) * step) * step;
         }
         return sum;
+    }
+
+    /** The height in m of the crest where the crests of all fronts of a run meet. */
+    double crest(Run run) {
+        double step = run.repeat().frequency(1);
+        return run.fronts()
+                .stream()
+                .mapToDouble(front -> Math.sqrt(2 * density(front.frequency()) * step))
+                .sum();
     }
 }

@@ -1,4 +1,6 @@
 import java.util.function.DoubleUnaryOperator;
+import tidelab.waves.Quantity;
+import tidelab.waves.Settings;
 
 /**
  * The directional spreading of wind waves: cos^2s(d / 2) of the deviation d from the mean
@@ -13,10 +15,9 @@ record GodaSpread(double sMax, double fp) {
 
     private static final int STRIPS = 2000;
 
-    /** Adds the parameters of the formula. */
-    void into(long params) {
-        Native.number(params, "s_max", sMax, "");
-        Native.number(params, "fp", fp, "Hz");
+    /** The parameters of the formula. */
+    Settings settings() {
+        return Settings.of("s_max", sMax, "fp", Quantity.of(fp, "Hz"));
     }
 
     /** The same s, for the host's own checks. */

@@ -1,10 +1,14 @@
-import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
-
 import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import tidelab.waves.Analysis;
+import tidelab.waves.ProbeSet;
+import tidelab.waves.Quantity;
+import tidelab.waves.Series;
+import tidelab.waves.Settings;
 
 /**
  * The records of probes along the flume, from a file: comment lines that begin with "#", a header
@@ -41,29 +45,14 @@ final class Records {
         return samples[0].length / rate;
     }
 
-    /** Adds the records to an analysis and returns the ID of their set. */
-    long giveTo(long analysis) {
-        long ids = new_Kelpbox_StdVectorUInt__SWIG_0();
+    /** Adds the records to an analysis, as one set over their whole duration. */
+    ProbeSet giveTo(Analysis analysis) {
+        List<Series> probes = new ArrayList<>();
         for (int p = 0; p < positions.length; ++p) {
-            long params = new_Kelpbox_Params();
-            Native.number(params, "rate", rate, "Hz");
-            Native.number(params, "x", positions[p], "m");
-            Native.number(params, "y", 0, "m");
-            long vector = new_Kelpbox_StdVectorDouble__SWIG_0();
-            for (double sample : samples[p]) {
-                Kelpbox_StdVectorDouble_add(vector, null, sample);
-            }
-            Kelpbox_StdVectorUInt_add(ids, null,
-                    Kelpbox_Analysis_add_series(analysis, null, params, null, vector, null));
-            delete_Kelpbox_StdVectorDouble(vector);
-            delete_Kelpbox_Params(params);
+            Settings probe = Settings.of("rate", Quantity.of(rate, "Hz"), "x",
+                    Quantity.of(positions[p], "m"), "y", "0 m");
+            probes.add(analysis.addSeries(probe, samples[p]));
         }
-        long window = new_Kelpbox_Params();
-        Native.number(window, "start_time", 0, "s");
-        Native.number(window, "stop_time", duration(), "s");
-        long set = Kelpbox_Analysis_create_set(analysis, null, window, null, ids, null);
-        delete_Kelpbox_Params(window);
-        delete_Kelpbox_StdVectorUInt(ids);
-        return set;
+        return analysis.createSet(probes, "0 s", Quantity.of(duration(), "s"));
     }
 }

@@ -1,4 +1,9 @@
-import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
+import java.util.List;
+import tidelab.waves.Experiment;
+import tidelab.waves.Front;
+import tidelab.waves.Quantity;
+import tidelab.waves.Run;
+import tidelab.waves.Settings;
 
 /**
  * Propagates the fronts of a run from the paddle line to a point by the host's own linear theory:
@@ -8,28 +13,24 @@ import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
 final class Propagation {
     private static final double STEP = 0.02; // m, along the tank
 
-    private final long experiment;
+    private final List<Front> fronts;
     private final double g;
     private final double xLow;
     private final double[] depths;
 
-    Propagation(long experiment) {
-        this.experiment = experiment;
-        long params = new_Kelpbox_Params();
-        Kelpbox_Experiment_get_consts(experiment, null, params, null);
-        g = Kelpbox_Params_get(params, null, "base_g", "m/s2");
-        xLow = Kelpbox_Params_get(params, null, "min_x", "m");
-        Native.number(params, "delta_x", STEP, "m");
-        long profile = Kelpbox_Experiment_profile(experiment, null, params, null);
-        depths = Native.array(profile);
-        delete_Kelpbox_StdVectorDouble(profile);
-        delete_Kelpbox_Params(params);
+    Propagation(Run run) {
+        fronts = run.fronts();
+        Experiment experiment = run.definition().experiment();
+        Settings constants = experiment.constants();
+        g = constants.get("base_g", "m/s2");
+        xLow = constants.get("min_x", "m");
+        depths = experiment.profile("delta_x", Quantity.of(STEP, "m"));
     }
 
     /** The surface elevation in metres at a point in front of the paddles. */
-    double elevation(long run, double x, double y, double t) {
+    double elevation(double x, double y, double t) {
         double sum = 0;
-        for (Front front : Front.of(experiment, run)) {
+        for (Front front : fronts) {
             double omega = 2 * Math.PI * front.frequency();
             double across = across(front);
             double along = 0;
