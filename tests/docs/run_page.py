@@ -4,11 +4,14 @@
     ```sh                   the block is run by bash; every command must succeed
     ```console              each line that begins with "$ " is run, and the lines after it must be
                             exactly what it prints; a line "..." stands for any lines
-    ```sh elsewhere         not run: needs something that a test machine does not have
+    ```java                 a part of one host: the imports of all these blocks, then their statements
+                            in the order of the page, are compiled and must run without an exception
+    ```sh elsewhere         not run: needs something that a test machine does not have; so for java
 
-Other blocks are ignored. `examples` in the folder are the examples of the repository.
+Other blocks are ignored. `examples` in the folder are the examples of the repository, and JAR is
+build/release/lib/kelpbox.jar. Without JAR, Java is not run.
 
-usage: run_page.py PAGE KELPBOX EXAMPLES FOLDER
+usage: run_page.py PAGE KELPBOX EXAMPLES FOLDER [JAR]
 """
 
 import os
@@ -55,15 +58,27 @@ def bash(text, folder, environment):
                           stderr=subprocess.STDOUT, timeout=600)
 
 
+def host(lines):
+    """The source of a class that has these lines as its body."""
+    imports = [line for line in lines if line.startswith("import ")]
+    body = [line for line in lines if not line.startswith("import ")]
+    return "\n".join([*imports, "class Host {",
+                      "public static void main(String[] args) throws Exception {", *body, "}", "}"])
+
+
 def main():
-    page, kelpbox, examples, folder = (pathlib.Path(name).resolve() for name in sys.argv[1:])
+    page, kelpbox, examples, folder, *jars = (pathlib.Path(name).resolve() for name in sys.argv[1:])
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
     (folder / "examples").symlink_to(examples)
+    for jar in jars:
+        (folder / "build/release/lib").mkdir(parents=True)
+        (folder / "build/release/lib" / jar.name).symlink_to(jar)
     environment = dict(os.environ, PATH=f"{kelpbox.parent}:{os.environ['PATH']}", COLUMNS="100",
                        NO_COLOR="1", LC_ALL="C.UTF-8")
     wrong = 0
     count = 0
+    java = []
 
     def complain(line, what, printed):
         nonlocal wrong
@@ -87,7 +102,16 @@ def main():
                 complain(line, f"the block ends with {ended.returncode}:", ended.stdout)
         elif len(words) == 2 and "." in words[1]:
             count += 1
+            (folder / words[1]).parent.mkdir(exist_ok=True)
             (folder / words[1]).write_text("\n".join(content) + "\n")
+        elif words == ["java"] and jars:
+            count += 1
+            java += [(line, content)]
+    if java:
+        (folder / "Host.java").write_text(host([row for _, content in java for row in content]))
+        ended = bash("java -cp build/release/lib/kelpbox.jar Host.java", folder, environment)
+        if ended.returncode != 0:
+            complain(java[0][0], f"the host ends with {ended.returncode}:", ended.stdout)
     if count == 0:
         complain(1, "nothing on this page can be run", "")
     print(f"{page.name}: {count} blocks and commands, {wrong} wrong")
