@@ -25,8 +25,11 @@ final class Captured {
         try {
             return call.get();
         } finally {
-            text = Native.takeOutput();
-            Native.captureOutput(false);
+            try {
+                text = Native.takeOutput();
+            } finally {
+                Native.captureOutput(false);
+            }
         }
     }
 
@@ -54,14 +57,22 @@ final class Captured {
     /**
      * A consumer that throws must not turn a call that succeeded into one that failed: what it
      * throws goes to the thread's handler of uncaught exceptions, and the rest of these lines are
-     * discarded.
+     * discarded. As in the JVM, what the handler throws is ignored.
      */
     private void hand() {
         try {
             text.lines().forEach(consumer);
         } catch (Throwable thrown) {
+            report(thrown);
+        }
+    }
+
+    private static void report(Throwable thrown) {
+        try {
             Thread thread = Thread.currentThread();
             thread.getUncaughtExceptionHandler().uncaughtException(thread, thrown);
+        } catch (Throwable ignored) {
+            // There is nobody else to report it to.
         }
     }
 }

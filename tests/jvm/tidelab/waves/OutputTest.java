@@ -111,7 +111,11 @@ class OutputTest {
                 fronts.add(definition.build().fronts().size());
             }
         });
-        thread.setUncaughtExceptionHandler((where, what) -> thrown.add(what));
+        // A handler that throws does not change the call either.
+        thread.setUncaughtExceptionHandler((where, what) -> {
+            thrown.add(what);
+            throw new IllegalStateException("from the handler");
+        });
         thread.start();
         thread.join();
         assertEquals(List.of(refusal), thrown);
