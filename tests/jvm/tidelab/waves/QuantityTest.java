@@ -1,9 +1,12 @@
 package tidelab.waves;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTimeoutPreemptively;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tidelab.waves.Tanks.fails;
 
+import java.time.Duration;
 import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Test;
 import tidelab.waves.component.WaveSynthesisException;
@@ -71,6 +74,15 @@ class QuantityTest {
         Quantity quantity = Quantity.of(0.1 + 0.2, "Hz");
         assertEquals(quantity, Quantity.of(quantity.toString()));
         assertEquals("3.0", Quantity.of("3").toString());
+    }
+
+    @Test
+    void aLongTextIsRefusedInNoTime() {
+        String digits = "1".repeat(50_000);
+        assertTimeoutPreemptively(Duration.ofSeconds(10),
+                ()
+                        -> assertThrows(IllegalArgumentException.class,
+                                () -> Quantity.of(digits + "." + digits + " m m")));
     }
 
     @Test
