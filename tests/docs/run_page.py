@@ -9,9 +9,9 @@
     ```sh elsewhere         not run: needs something that a test machine does not have; so for java
 
 Other blocks are ignored. `examples` in the folder are the examples of the repository, and JAR is
-build/release/lib/kelpbox.jar. Without JAR, Java is not run.
+build/release/lib/kelpbox.jar. Without JAR, Java is not run. The file BEFORE begins the host.
 
-usage: run_page.py PAGE KELPBOX EXAMPLES FOLDER [JAR]
+usage: run_page.py PAGE KELPBOX EXAMPLES FOLDER [JAR [BEFORE]]
 """
 
 import os
@@ -67,11 +67,12 @@ def host(lines):
 
 
 def main():
-    page, kelpbox, examples, folder, *jars = (pathlib.Path(name).resolve() for name in sys.argv[1:])
+    page, kelpbox, examples, folder, *rest = (pathlib.Path(name).resolve() for name in sys.argv[1:])
+    jar, before = (rest + [None, None])[:2]
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
     (folder / "examples").symlink_to(examples)
-    for jar in jars:
+    if jar:
         (folder / "build/release/lib").mkdir(parents=True)
         (folder / "build/release/lib" / jar.name).symlink_to(jar)
     environment = dict(os.environ, PATH=f"{kelpbox.parent}:{os.environ['PATH']}", COLUMNS="100",
@@ -104,11 +105,13 @@ def main():
             count += 1
             (folder / words[1]).parent.mkdir(exist_ok=True)
             (folder / words[1]).write_text("\n".join(content) + "\n")
-        elif words == ["java"] and jars:
+        elif words == ["java"] and jar:
             count += 1
             java += [(line, content)]
     if java:
-        (folder / "Host.java").write_text(host([row for _, content in java for row in content]))
+        lines = before.read_text().splitlines() if before else []
+        lines += [row for _, content in java for row in content]
+        (folder / "Host.java").write_text(host(lines))
         ended = bash("java -cp build/release/lib/kelpbox.jar Host.java", folder, environment)
         if ended.returncode != 0:
             complain(java[0][0], f"the host ends with {ended.returncode}:", ended.stdout)
