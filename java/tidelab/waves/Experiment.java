@@ -257,6 +257,12 @@ public final class Experiment implements AutoCloseable {
         handle.close();
     }
 
+    /** {@return what messages call it, such as: experiment "flume.site"} */
+    @Override
+    public String toString() {
+        return handle.label();
+    }
+
     Handle handle() {
         return handle;
     }

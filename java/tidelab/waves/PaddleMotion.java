@@ -80,6 +80,12 @@ public final class PaddleMotion {
         });
     }
 
+    /** {@return such as: paddle motion of definition "first run" at 50.0 Hz} */
+    @Override
+    public String toString() {
+        return "paddle motion of " + run.definition() + " at " + rate();
+    }
+
     private Bank bank(int index) {
         return run.definition().experiment().bank(index);
     }

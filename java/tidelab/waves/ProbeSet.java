@@ -79,4 +79,10 @@ public final class ProbeSet {
     public WaveTrains waveTrains(Object... namesAndValues) {
         return waveTrains(Settings.of(namesAndValues));
     }
+
+    /** {@return such as: set of 5 series of analysis "flume.site"} */
+    @Override
+    public String toString() {
+        return "set of " + series.size() + " series of " + analysis;
+    }
 }

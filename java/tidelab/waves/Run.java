@@ -198,6 +198,12 @@ public final class Run {
         return animation(Settings.of(namesAndValues));
     }
 
+    /** {@return such as: run of definition "first run"} */
+    @Override
+    public String toString() {
+        return "run of " + definition;
+    }
+
     /** Takes a turn of the experiment for a call that needs this run. */
     <T> T call(LongFunction<T> body) {
         return definition.call(address -> {

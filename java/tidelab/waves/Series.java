@@ -38,6 +38,12 @@ public final class Series {
         return size;
     }
 
+    /** {@return such as: series of 2000 samples, rate = 50.0 Hz} */
+    @Override
+    public String toString() {
+        return "series of " + size + " samples, " + settings;
+    }
+
     long id() {
         return id;
     }

@@ -221,4 +221,12 @@ class AnalysisTest {
             assertEquals(0.01 * (i + 1), found.get(i).get(20, TimeUnit.SECONDS).height(), 1e-12);
         }
     }
+
+    @Test
+    void seriesAndSetsSayWhatTheyAre() {
+        Series series = analysis.addSeries(50, Probes.sine(0.05, 2, 40));
+        assertEquals("series of 2000 samples, rate = 50.0 Hz", series.toString());
+        assertEquals("set of 1 series of " + analysis,
+                analysis.createSet(List.of(series), "0 s", "40 s").toString());
+    }
 }

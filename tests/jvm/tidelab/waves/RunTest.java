@@ -226,4 +226,13 @@ class RunTest {
         fails(IllegalStateException.class, message, () -> motion.signal(0, 0));
         fails(IllegalStateException.class, message, () -> motion.statistics(0));
     }
+
+    @Test
+    void experimentRunAndMotionSayWhatTheyAre() {
+        Run run = Tanks.wave(experiment, 1.0, 0.02, 0).build();
+        assertEquals("experiment \"flume\"", experiment.toString());
+        assertEquals("run of definition \"run\"", run.toString());
+        assertEquals("paddle motion of definition \"run\" at 50.0 Hz",
+                run.paddleMotion("50 Hz").toString());
+    }
 }
