@@ -1,8 +1,11 @@
 package tidelab.waves;
 
+import java.util.Arrays;
 import java.util.HashMap;
 import java.util.List;
+import java.util.Locale;
 import java.util.Map;
+import java.util.stream.Collectors;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** Finds the constant, or the boolean, for an enumeration and a member that the library reports. */
@@ -27,6 +30,20 @@ final class Choices {
         if (value != null)
             return value;
         throw new WaveSynthesisException("Enum type::" + type + "::" + member + "::Not found");
+    }
+
+    /**
+     * The constants with this name, such as "WaveMerge.RMS"; several are joined by "or"; empty if
+     * there is none.
+     */
+    static String constants(String text) {
+        if (text.equalsIgnoreCase("true") || text.equalsIgnoreCase("false"))
+            return text.toLowerCase(Locale.ROOT);
+        return TYPES.stream()
+                .flatMap(Arrays::stream)
+                .filter(choice -> choice.member().equals(text))
+                .map(choice -> choice.getClass().getSimpleName() + "." + text)
+                .collect(Collectors.joining(" or "));
     }
 
     private static String key(String type, String member) {

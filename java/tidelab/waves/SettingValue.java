@@ -20,6 +20,11 @@ final class SettingValue {
                     + "\": a quantity, a text such as \"25 mm\", a number, a boolean or a choice is"
                     + " expected, not " + value.getClass().getName());
         }
+        String constants = Choices.constants(text);
+        if (!constants.isEmpty()) {
+            throw new IllegalArgumentException("\"" + name + "\": a text is a quantity, such as"
+                    + " \"25 mm\"; give " + constants + " instead of \"" + text + "\"");
+        }
         try {
             return Quantity.of(text);
         } catch (IllegalArgumentException | WaveSynthesisException refused) {

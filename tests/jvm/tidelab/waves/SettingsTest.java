@@ -127,4 +127,15 @@ class SettingsTest {
         assertEquals("\"f\" is not a setting of it, which has none",
                 Nearest.explain("f", "it", List.of()));
     }
+
+    /** As hosts of the native functions write them. */
+    @Test
+    void aMemberInQuotesIsAnsweredWithItsConstant() {
+        String start = "\": a text is a quantity, such as \"25 mm\"; give ";
+        fails(IllegalArgumentException.class,
+                "\"wave_merge" + start + "WaveMerge.RMS instead of \"RMS\"",
+                () -> Settings.of("wave_merge", "RMS"));
+        fails(IllegalArgumentException.class, "\"dalrymple" + start + "false instead of \"False\"",
+                () -> Settings.of("dalrymple", "False"));
+    }
 }
