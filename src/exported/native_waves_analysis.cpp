@@ -25,10 +25,18 @@ KELPBOX_SAFE(jlong, createSet)
   });
 }
 
-KELPBOX_SAFE(jdoubleArray, data)
-(JNIEnv* env, jclass, jlong analysis, jlong process, jlong params) {
+KELPBOX_SAFE(jdoubleArray, evaluate)
+(JNIEnv* env, jclass, jlong analysis, jlong set, jint kind, jlong settings, jlong results) {
   return safely(env, [&] {
-    return host_array(
-        env, object<Facade>(analysis).get_data(id(process), object<const Base::Params>(params)));
+    Facade& facade = object<Facade>(analysis);
+    const auto& given = object<const Base::Params>(settings);
+    auto& out = object<Base::Params>(results);
+    // A process takes the tank that the last set of the site has asked for.
+    Base::Params site;
+    facade.SiteFacade::query(site);
+    facade.Analysis::set(site);
+    const std::uint32_t process = facade.create_process(id(set), number(kind, "kind"));
+    facade.get_results(process, given, out);
+    return host_array(env, facade.get_data(process, Base::Params()));
   });
 }

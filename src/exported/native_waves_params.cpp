@@ -96,3 +96,7 @@ KELPBOX_SAFE(jobjectArray, paramComments)(JNIEnv* env, jclass, jlong params) {
     return host_texts(env, comments);
   });
 }
+
+KELPBOX_SAFE(jdouble, convert)(JNIEnv* env, jclass, jbyteArray from, jbyteArray to) {
+  return safely(env, [&] { return Param::convert(text_of(env, from), text_of(env, to)); });
+}

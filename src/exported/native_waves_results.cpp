@@ -41,10 +41,6 @@ jdoubleArray host_fronts(JNIEnv* env, const std::vector<Front>& fronts) {
 
 }  // namespace
 
-KELPBOX_SAFE(jdoubleArray, doubles)(JNIEnv* env, jclass, jlong vector) {
-  return safely(env, [&] { return host_array(env, object<std::vector<double>>(vector)); });
-}
-
 KELPBOX_SAFE(jdoubleArray, fronts)
 (JNIEnv* env, jclass, jlong experiment, jlong definition, jboolean merged) {
   return safely(env, [&] {
@@ -102,11 +98,5 @@ KELPBOX_SAFE(jshortArray, frame)
   return safely(env, [&] {
     return host_array(
         env, object<Facade>(experiment).animate_data(id(definition), number(index, "frame")));
-  });
-}
-
-KELPBOX_SAFE(jdoubleArray, profile)(JNIEnv* env, jclass, jlong experiment, jlong params) {
-  return safely(env, [&] {
-    return host_array(env, object<Facade>(experiment).profile(object<Base::Params>(params)));
   });
 }

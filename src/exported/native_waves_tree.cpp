@@ -91,3 +91,27 @@ KELPBOX_SAFE(jlong, newVector)
         new Base::Vector(text_of(env, label), resolved, values_of<double>(env, samples)));
   });
 }
+
+KELPBOX_SAFE(void, queryItem)(JNIEnv* env, jclass, jlong experiment, jlong item, jlong params) {
+  safely(env, [&] {
+    object<Facade>(experiment).Experiment::query(id(item), object<Base::Params>(params));
+  });
+}
+
+KELPBOX_SAFE(void, setItem)(JNIEnv* env, jclass, jlong experiment, jlong item, jlong params) {
+  safely(env, [&] {
+    object<Facade>(experiment).Experiment::set(id(item), object<Base::Params>(params));
+  });
+}
+
+KELPBOX_SAFE(void, remove)(JNIEnv* env, jclass, jlong experiment, jlong item) {
+  safely(env, [&] { object<Facade>(experiment).remove(id(item)); });
+}
+
+KELPBOX_SAFE(void, clear)(JNIEnv* env, jclass, jlong experiment) {
+  safely(env, [&] { object<Facade>(experiment).Experiment::clear(); });
+}
+
+KELPBOX_SAFE(void, formulaParameters)(JNIEnv* env, jclass, jbyteArray text, jlong params) {
+  safely(env, [&] { Experiment::get_params(text_of(env, text), object<Base::Params>(params)); });
+}

@@ -28,6 +28,13 @@ class WavesAnalysis : public WavesTest {
     return thrown;
   }
 
+  Thrown thrown_by_evaluate(jlong set, jint kind) {
+    Thrown thrown;
+    printed(
+        [&] { thrown = thrown_in(WAVES(evaluate), experiment, set, kind, params(), params()); });
+    return thrown;
+  }
+
   jlong made = 0;  // the last set
 };
 
@@ -40,17 +47,14 @@ TEST_F(WavesAnalysis, ASeriesIsAnalysed) {
   EXPECT_EQ(add(samples), 0);
   ASSERT_EQ(thrown_by_set({0}), Thrown{});
   EXPECT_EQ(made, 1);
-  jlong process = 0;
+  const jlong results = params();
+  std::vector<double> heights;
   printed([&] {
-    unmake_tank();
-    process = host.call(NATIVE(Kelpbox_1Analysis_1create_1process), experiment, proxy, made, 0);
-    host.call(NATIVE(Kelpbox_1Analysis_1get_1results), experiment, proxy, process, params(), proxy,
-              params(), proxy);
+    heights = numbers(waves.call(WAVES(evaluate), experiment, made, 0, params(), results));
   });
-  EXPECT_EQ(process, 2);
-  const auto heights = numbers(waves.call(WAVES(data), experiment, process, params()));
   ASSERT_EQ(heights.size(), 1U);  // one for each series, as for any regular record
   EXPECT_NEAR(heights[0], 0.1, 1e-12);
+  EXPECT_NEAR(value(results, "reg_t", "s"), 2.0, 1e-12);
 }
 
 TEST_F(WavesAnalysis, RefusalsHaveTheMessagesOfTheLibrary) {
@@ -59,9 +63,9 @@ TEST_F(WavesAnalysis, RefusalsHaveTheMessagesOfTheLibrary) {
       domain("Uncaught Exception in Experiment create_set: invalid vector<T> subscript");
   EXPECT_EQ(thrown_by_set({7}), subscript);
   EXPECT_EQ(thrown_by_set({-1}), subscript);
-  EXPECT_EQ(thrown_in(WAVES(data), experiment, 0, params()),
-            domain("Uncaught Exception in Experiment get_data"));
-  EXPECT_EQ(thrown_in(WAVES(data), experiment, -1, params()), domain("ID -1 is out of range"));
+  EXPECT_EQ(thrown_by_evaluate(0, 0), domain("Uncaught Exception in Experiment create_process"));
+  EXPECT_EQ(thrown_by_evaluate(-1, 0), domain("ID -1 is out of range"));
+  EXPECT_EQ(thrown_by_evaluate(0, -1), domain("kind -1 is out of range"));
 }
 
 }  // namespace

@@ -106,11 +106,16 @@ TEST_F(WavesFrame, NullsAndTheAddress0AreRefused) {
   EXPECT_EQ(thrown_in(WAVES(paramTexts), 0), no_object);
   EXPECT_EQ(thrown_in(WAVES(paramValues), 0), no_object);
   EXPECT_EQ(thrown_in(WAVES(paramComments), 0), no_object);
-  EXPECT_EQ(thrown_in(WAVES(doubles), 0), no_object);
   EXPECT_EQ(thrown_in(WAVES(signals), 0, 0, 0), no_object);
   EXPECT_EQ(thrown_in(WAVES(addTimeSeries), experiment, 0, 0), no_object);
   EXPECT_EQ(thrown_in(WAVES(profile), experiment, 0), no_object);
-  EXPECT_EQ(thrown_in(WAVES(data), experiment, 0, 0), no_object);
+  EXPECT_EQ(thrown_in(WAVES(evaluate), experiment, 0, 0, 0, 0), no_object);
+  EXPECT_EQ(thrown_in(WAVES(bank), experiment, 0, 0), no_object);
+  EXPECT_EQ(thrown_in(WAVES(querySite), experiment, 0), no_object);
+  EXPECT_EQ(thrown_in(WAVES(setItem), 0, 0, params()), no_object);
+  EXPECT_EQ(thrown_in(WAVES(repeat), 0, 0), no_object);
+  EXPECT_EQ(thrown_in(WAVES(formulaParameters), nullptr, params()), null_array);
+  EXPECT_EQ(thrown_in(WAVES(convert), bytes("m"), nullptr), null_array);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 // tidelab.waves.Native: the tree, and the results of runs.
 #include <cmath>
-#include <limits>
 #include <numbers>
 
 #include "support/output.h"
@@ -251,13 +250,6 @@ TEST_F(WavesRun, TheProfileIsRead) {
   EXPECT_EQ(numbers(waves.call(WAVES(profile), experiment, step)),
             (std::vector<double>{1, 1, 1, 1, 1, 0.5, 0.5}));
   EXPECT_EQ(thrown_in(WAVES(profile), experiment, params()), domain("delta_x::Not found"));
-}
-
-TEST_F(WavesRun, VectorsOfTheLibraryAreRead) {
-  const double infinite = std::numeric_limits<double>::infinity();
-  const std::vector<double> values{1.5, -0.0, infinite, 1e-310};
-  EXPECT_EQ(numbers(waves.call(WAVES(doubles), doubles(values))), values);
-  EXPECT_TRUE(numbers(waves.call(WAVES(doubles), doubles({}))).empty());
 }
 
 TEST_F(WavesRun, RemarksAreRead) {

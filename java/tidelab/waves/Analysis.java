@@ -1,7 +1,5 @@
 package tidelab.waves;
 
-import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.*;
-
 import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.Collections;
@@ -246,17 +244,13 @@ public final class Analysis implements AutoCloseable {
      * waves twice. Each process needs a set of the site before it.
      */
     <T> T evaluate(
-            long set, long kind, Settings settings, BiFunction<Settings, double[], T> result) {
+            long set, int kind, Settings settings, BiFunction<Settings, double[], T> result) {
         return handle.call(address -> {
-            try (Parameters site = Parameters.empty(); Parameters given = Parameters.of(settings);
-                    Parameters results = Parameters.empty(); Parameters none = Parameters.empty()) {
-                Kelpbox_Analysis_query(address, null, site.address(), null);
-                Kelpbox_Analysis_set(address, null, site.address(), null);
-                long process = Kelpbox_Analysis_create_process(address, null, set, kind);
-                Kelpbox_Analysis_get_results(
-                        address, null, process, given.address(), null, results.address(), null);
-                double[] data = Native.data(address, process, none.address());
-                return result.apply(results.read(), data);
+            try (Parameters given = Parameters.of(settings);
+                    Parameters results = Parameters.empty()) {
+                double[] heights =
+                        Native.evaluate(address, set, kind, given.address(), results.address());
+                return result.apply(results.read(), heights);
             }
         });
     }

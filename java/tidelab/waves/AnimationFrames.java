@@ -45,7 +45,7 @@ final class AnimationFrames {
 
     private Settings init(long address) {
         try (Parameters parameters = Parameters.of(requested)) {
-            Kelpbox_Experiment_animate_init(address, null, id(), parameters.address(), null);
+            Native.layOutFrames(address, id(), parameters.address());
             return parameters.read();
         }
     }
@@ -112,9 +112,8 @@ final class AnimationFrames {
             int next = built.nextSetBit(from);
             int to = next < 0 ? afterLast : Math.min(next, afterLast);
             double before = Kelpbox_Experiment_animate_progress(address, null, id());
-            try (Parameters required = Parameters.empty()) {
-                Kelpbox_Experiment_animate_build_slice(
-                        address, null, id(), required.address(), null, from, to);
+            try {
+                Native.buildColumns(address, id(), from, to);
                 built.set(from, to);
             } catch (WaveSynthesisException refused) {
                 // The columns before the refused one are built, and must not be counted twice. The

@@ -2,7 +2,6 @@ package tidelab.waves;
 
 import java.util.ArrayList;
 import java.util.List;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 import tidelab.waves.component.WaveSynthesisException;
 
 /**
@@ -21,18 +20,13 @@ public final class Bank {
     private Bank(long address, int index) {
         this.index = index;
         try (Parameters parameters = Parameters.empty()) {
-            name = KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_bank_info(
-                    address, null, index, parameters.address(), null);
+            name = Native.bank(address, index, parameters.address());
             Settings info = parameters.read();
             dataUnits = info.quantity("data_units").units();
             signalUnits = isAngle(dataUnits) ? "rad" : "m";
             limits = info.without("data_units");
         }
-        int size = (int) KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_bank_size(
-                address, null, index);
-        List<Paddle> read = new ArrayList<>(size);
-        for (int i = 0; i < size; ++i) read.add(Paddle.read(address, index, i));
-        paddles = List.copyOf(read);
+        paddles = Paddle.list(Native.paddles(address, index));
     }
 
     private static boolean isAngle(String units) {
@@ -46,7 +40,7 @@ public final class Bank {
 
     /** Reads all banks of the site. Only during a call. */
     static List<Bank> all(long address) {
-        int count = (int) KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_banks(address, null);
+        int count = Native.banks(address);
         List<Bank> banks = new ArrayList<>(count);
         for (int i = 0; i < count; ++i) banks.add(new Bank(address, i));
         return List.copyOf(banks);

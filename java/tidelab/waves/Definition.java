@@ -2,7 +2,6 @@ package tidelab.waves;
 
 import java.util.ArrayList;
 import java.util.List;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /**
  * A run to be built: specifications of waves with one repeat time.
@@ -73,7 +72,7 @@ public final class Definition extends Item {
             }
             specifications.forEach(Specification::requireComplete);
             current = null;
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_run_build(address, null, id());
+            Native.buildRun(address, id());
             Run built = new Run(this, address);
             current = built;
             return built;

@@ -5,7 +5,6 @@ import java.util.ArrayList;
 import java.util.List;
 import java.util.Objects;
 import java.util.function.Consumer;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /**
  * Wave synthesis on one site: a tank, its wavemakers, and the runs that are defined for them.
@@ -124,14 +123,12 @@ public final class Experiment implements AutoCloseable {
 
     /** {@return the names of the site, the tank and the configuration} */
     public String siteName() {
-        return handle.call(
-                address -> KelpboxNativeLibraryJNI.Kelpbox_Experiment_context_name(address, null));
+        return handle.call(address -> Native.siteTexts(address)[0]);
     }
 
     /** {@return those names and a checksum of the script, which identify the site} */
     public String siteText() {
-        return handle.call(address
-                -> KelpboxNativeLibraryJNI.Kelpbox_Experiment_context_string(address, null));
+        return handle.call(address -> Native.siteTexts(address)[1]);
     }
 
     /** {@return what the site fixes: extents of the tank, limits of frequency, and others} */
@@ -235,7 +232,7 @@ public final class Experiment implements AutoCloseable {
     /** Removes all definitions, and everything in them. The site stays as it is. */
     public void clear() {
         handle.change(address -> {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_clear(address, null);
+            Native.clear(address);
             definitions.forEach(Definition::end);
             definitions.clear();
             return null;
@@ -286,9 +283,13 @@ public final class Experiment implements AutoCloseable {
      */
     public static Settings formulaParameters(String text) {
         Objects.requireNonNull(text, "text");
+        byte[] formulas = SiteOptions.bytes(text);
         try (Parameters parameters = Parameters.empty()) {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_get_params(text, parameters.address(), null);
-            return parameters.readDeclared();
+            // No experiment, so no output of one: the line about a fault is discarded.
+            return new Captured(line -> {}).during(() -> {
+                Native.formulaParameters(formulas, parameters.address());
+                return parameters.readDeclared();
+            });
         }
     }
 }

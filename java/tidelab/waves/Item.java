@@ -2,7 +2,6 @@ package tidelab.waves;
 
 import java.util.Objects;
 import java.util.function.LongFunction;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /**
  * A part of an experiment that has settings: a definition, a specification, a component or a
@@ -62,8 +61,7 @@ public abstract sealed class Item permits Definition, Specification, Component, 
                 beforeSet(address, attempted);
                 attempted = true;
                 incomplete = true;
-                KelpboxNativeLibraryJNI.Kelpbox_Experiment_set__SWIG_1(
-                        address, null, id, parameters.address(), null);
+                Native.setItem(address, id, parameters.address());
                 Settings written = parameters.read();
                 last = written;
                 incomplete = false;
@@ -86,7 +84,7 @@ public abstract sealed class Item permits Definition, Specification, Component, 
     public void remove() {
         experiment.handle().change(address -> {
             requireAlive();
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_remove(address, null, id);
+            Native.remove(address, id);
             experiment.forget(this);
             end();
             return null;
@@ -166,8 +164,7 @@ public abstract sealed class Item permits Definition, Specification, Component, 
 
     private Settings present(long address) {
         try (Parameters parameters = Parameters.empty()) {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_query__SWIG_1(
-                    address, null, id, parameters.address(), null);
+            Native.queryItem(address, id, parameters.address());
             return parameters.readDeclared().overlaid(last);
         }
     }

@@ -1,7 +1,5 @@
 package tidelab.waves;
 
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
-
 /**
  * A change of the fronts of a specification: of their amplitudes, directions or phases. {@link
  * Specification#addModifier} makes it.
@@ -41,7 +39,7 @@ public final class Modifier extends Item {
         if (!again)
             return;
         experiment().handle().change(same -> {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_remove(address, null, id());
+            Native.remove(address, id());
             try {
                 replaced(add(address, parent(), type, text));
             } catch (RuntimeException failure) {

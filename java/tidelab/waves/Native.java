@@ -40,6 +40,20 @@ final class Native {
     /** The number of threads that builds may use; at least 1. */
     static native void setWorkers(long experiment, int workers);
 
+    // The site
+
+    /** The names of the site, and the text that identifies it. */
+    static native String[] siteTexts(long experiment);
+    static native void constants(long experiment, long params);
+    static native void querySite(long experiment, long params);
+    static native void setSite(long experiment, long params);
+    static native double[] profile(long experiment, long params);
+    static native int banks(long experiment);
+    /** The name of a bank. Adds its limits, and its units as "data_units". */
+    static native String bank(long experiment, long bank, long params);
+    /** Four numbers for each paddle: its number, x and y in m, angle in rad. */
+    static native double[] paddles(long experiment, long bank);
+
     // Parameters, packed: for each one its name, its units or enumeration member, and its
     // enumeration type (null for a number).
 
@@ -50,6 +64,8 @@ final class Native {
     static native double[] paramValues(long params);
     /** The remarks that the library has added. */
     static native String[] paramComments(long params);
+    /** The factor from one unit to another. */
+    static native double convert(byte[] from, byte[] to);
 
     // The tree. Each returns the ID of the new item.
 
@@ -67,10 +83,35 @@ final class Native {
     /** A Vector with a copy of the samples. Freed with {@code delete_Kelpbox_Vector}. */
     static native long newVector(byte[] label, byte[] units, double[] samples);
 
+    static native void queryItem(long experiment, long item, long params);
+    static native void setItem(long experiment, long item, long params);
+    /** Removes an item and everything that was added to it. */
+    static native void remove(long experiment, long item);
+    /** Removes all items. */
+    static native void clear(long experiment);
+    /** Declares the parameters of formulas that are separated by #. */
+    static native void formulaParameters(byte[] text, long params);
+
+    // Runs. Each writes back what it has fitted.
+
+    static native void buildRun(long experiment, long definition);
+    static native void buildMotion(long experiment, long definition, long params);
+    static native void motionStatistics(long experiment, long definition, long bank, long params);
+    static native void buildPoint(long experiment, long definition, long params);
+    static native void pointStatistics(long experiment, long definition, long params);
+    /** Checks the grid of an animation, and makes frames for it unless there are some. */
+    static native void layOutFrames(long experiment, long definition, long params);
+    static native void buildColumns(long experiment, long definition, long first, long afterLast);
+
     // Results, copied. Each failure of the operation behind it has the library's own message.
 
-    /** The elements of a StdVectorDouble that the library returned. */
-    static native double[] doubles(long vector);
+    /**
+     * The repeat time in s, one more than the highest harmonic, the lowest and the highest
+     * harmonic, 1 for dalrymple or 0, and the number of sets.
+     */
+    static native double[] repeat(long experiment, long definition);
+    /** The position of a set: x and y in m, t in s. */
+    static native double[] position(long experiment, long definition, long set);
     /** Four numbers for each merged front, or each front of all sets, as for addFronts. */
     static native double[] fronts(long experiment, long definition, boolean merged);
     /** Four numbers for each front of a set: harmonic, amplitude in m, angle and phase in rad. */
@@ -81,11 +122,11 @@ final class Native {
     static native double[][] signals(long experiment, long definition, long bank);
     static native double[] twoD(long experiment, long definition, int which);
     static native short[] frame(long experiment, long definition, long index);
-    static native double[] profile(long experiment, long params);
 
     // Analyses
 
     static native long addSeries(long analysis, long params, double[] samples);
     static native long createSet(long analysis, long params, int[] series);
-    static native double[] data(long analysis, long process, long params);
+    /** Evaluates a set, adds the results, and returns the heights of its waves in m, if any. */
+    static native double[] evaluate(long analysis, long set, int kind, long settings, long results);
 }

@@ -1,6 +1,7 @@
 package tidelab.waves;
 
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
+import java.util.ArrayList;
+import java.util.List;
 
 /**
  * A paddle of a bank.
@@ -13,14 +14,13 @@ import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
  * @param angle its direction, in rad
  */
 public record Paddle(int number, double x, double y, double angle) {
-    /** Reads a paddle of the site. Only during a call. */
-    static Paddle read(long address, int bank, int paddle) {
-        try (Parameters parameters = Parameters.empty()) {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_info(
-                    address, null, bank, paddle, parameters.address(), null);
-            Settings info = parameters.read();
-            return new Paddle((int) info.get("paddle_num", ""), info.get("x", "m"),
-                    info.get("y", "m"), info.get("angle", "rad"));
+    /** Four numbers for each paddle. */
+    static List<Paddle> list(double[] numbers) {
+        List<Paddle> paddles = new ArrayList<>(numbers.length / 4);
+        for (int i = 0; i < numbers.length; i += 4) {
+            paddles.add(
+                    new Paddle((int) numbers[i], numbers[i + 1], numbers[i + 2], numbers[i + 3]));
         }
+        return List.copyOf(paddles);
     }
 }

@@ -2,7 +2,6 @@ package tidelab.waves;
 
 import java.util.List;
 import java.util.function.LongFunction;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /**
  * The drive signals of all paddles over one repeat time, in m for pistons and in rad for flaps.
@@ -73,8 +72,7 @@ public final class PaddleMotion {
         bank(bank);
         return call(address -> {
             try (Parameters parameters = Parameters.empty()) {
-                KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_motion_stats(
-                        address, null, id(), bank, parameters.address(), null);
+                Native.motionStatistics(address, id(), bank, parameters.address());
                 return parameters.read();
             }
         });

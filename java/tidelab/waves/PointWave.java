@@ -1,7 +1,6 @@
 package tidelab.waves;
 
 import java.util.Objects;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /**
  * The wave at one point of the tank over one repeat time, before any paddle moves. Made by
@@ -60,8 +59,7 @@ public record PointWave(Settings settings, double[] elevation, double[] amplitud
     /** Only during a call. */
     static PointWave of(long address, long definition, Settings requested) {
         try (Parameters parameters = Parameters.of(requested)) {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_twod_build(
-                    address, null, definition, parameters.address(), null);
+            Native.buildPoint(address, definition, parameters.address());
             return new PointWave(parameters.read(), Native.twoD(address, definition, ELEVATION),
                     Native.twoD(address, definition, AMPLITUDES),
                     Native.twoD(address, definition, DENSITY),

@@ -1,7 +1,5 @@
 package tidelab.waves;
 
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
-
 /**
  * The place and time at which the phases of a specification hold.
  *
@@ -12,10 +10,8 @@ import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
  * @param t in s
  */
 public record Position(double x, double y, double t) {
-    /** Copies a native record. */
-    static Position at(long address) {
-        return new Position(KelpboxNativeLibraryJNI.Kelpbox_Position_get_x(address, null),
-                KelpboxNativeLibraryJNI.Kelpbox_Position_get_y(address, null),
-                KelpboxNativeLibraryJNI.Kelpbox_Position_get_t(address, null));
+    /** Its three numbers. */
+    static Position of(double[] numbers) {
+        return new Position(numbers[0], numbers[1], numbers[2]);
     }
 }

@@ -17,8 +17,8 @@ import java.util.Objects;
  * process ends.
  */
 public final class ProbeSet {
-    private static final long ZERO_CROSSINGS = 0;
-    private static final long WAVE_TRAINS = 2;
+    private static final int ZERO_CROSSINGS = 0;
+    private static final int WAVE_TRAINS = 2;
 
     private final Analysis analysis;
     private final long id;

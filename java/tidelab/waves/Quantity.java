@@ -3,7 +3,6 @@ package tidelab.waves;
 import java.util.Objects;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /**
  * A number with its units, such as 80 mm. The units are those of the library; "" is a plain number.
@@ -98,6 +97,6 @@ public record Quantity(double value, String units) {
 
     private static double factor(String from, String to) {
         Kelpbox.load();
-        return KelpboxNativeLibraryJNI.Kelpbox_Param_convert(from, to);
+        return Native.convert(SiteOptions.bytes(from), SiteOptions.bytes(to));
     }
 }

@@ -1,7 +1,5 @@
 package tidelab.waves;
 
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
-
 /**
  * The repeat time of a run and its harmonics. Harmonic {@code h} has {@code h} periods in it.
  *
@@ -25,12 +23,9 @@ public record Repeat(
         return Checks.index(harmonic, highestHarmonic + 1, "harmonic") / seconds;
     }
 
-    /** Copies a native record. */
-    static Repeat at(long address) {
-        return new Repeat(KelpboxNativeLibraryJNI.Kelpbox_RunData_value(address, null),
-                (int) KelpboxNativeLibraryJNI.Kelpbox_RunData_size(address, null),
-                (int) KelpboxNativeLibraryJNI.Kelpbox_RunData_harmonic(address, null, 1),
-                (int) KelpboxNativeLibraryJNI.Kelpbox_RunData_harmonic(address, null, 0),
-                KelpboxNativeLibraryJNI.Kelpbox_RunData_dalrymple(address, null));
+    /** The first five of its numbers. */
+    static Repeat of(double[] numbers) {
+        return new Repeat(
+                numbers[0], (int) numbers[1], (int) numbers[2], (int) numbers[3], numbers[4] != 0);
     }
 }

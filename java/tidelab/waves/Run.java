@@ -3,7 +3,6 @@ package tidelab.waves;
 import java.util.List;
 import java.util.Objects;
 import java.util.function.LongFunction;
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 
 /**
  * A run as {@link Definition#build} has built it: its waves, referred to the paddles, and what is
@@ -31,10 +30,9 @@ public final class Run {
     /** Only during the call that has built the run. */
     Run(Definition definition, long address) {
         this.definition = definition;
-        repeat = Repeat.at(
-                KelpboxNativeLibraryJNI.Kelpbox_Experiment_repeat(address, null, definition.id()));
-        sets = (int) KelpboxNativeLibraryJNI.Kelpbox_Experiment_run_size(
-                address, null, definition.id());
+        double[] numbers = Native.repeat(address, definition.id());
+        repeat = Repeat.of(numbers);
+        sets = (int) numbers[5];
     }
 
     /** {@return the definition that this is a run of} */
@@ -60,9 +58,7 @@ public final class Run {
      */
     public Position position(int set) {
         Checks.index(set, sets, "set");
-        return call(address
-                -> Position.at(KelpboxNativeLibraryJNI.Kelpbox_Experiment_position(
-                        address, null, definition.id(), set)));
+        return Position.of(call(address -> Native.position(address, definition.id(), set)));
     }
 
     /**
@@ -108,8 +104,7 @@ public final class Run {
             Site.requireTank(address);
             motion = null;
             try (Parameters parameters = Parameters.of(settings)) {
-                KelpboxNativeLibraryJNI.Kelpbox_Experiment_paddle_motion_build(
-                        address, null, definition.id(), parameters.address(), null);
+                Native.buildMotion(address, definition.id(), parameters.address());
                 PaddleMotion built = new PaddleMotion(this, parameters.read());
                 motion = built;
                 return built;
@@ -156,8 +151,7 @@ public final class Run {
         Objects.requireNonNull(settings, "settings");
         return call(address -> {
             try (Parameters parameters = Parameters.of(settings)) {
-                KelpboxNativeLibraryJNI.Kelpbox_Experiment_twod_stats(
-                        address, null, definition.id(), parameters.address(), null);
+                Native.pointStatistics(address, definition.id(), parameters.address());
                 return parameters.read();
             }
         });

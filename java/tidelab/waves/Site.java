@@ -1,6 +1,5 @@
 package tidelab.waves;
 
-import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** What experiments and analyses read from their site in the same way. Only during a call. */
@@ -9,8 +8,7 @@ final class Site {
 
     static Settings constants(long address) {
         try (Parameters parameters = Parameters.empty()) {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_get_consts(
-                    address, null, parameters.address(), null);
+            Native.constants(address, parameters.address());
             return parameters.read();
         }
     }
@@ -18,8 +16,7 @@ final class Site {
     /** The tunable values. */
     static Settings settings(long address) {
         try (Parameters parameters = Parameters.empty()) {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_query(
-                    address, null, parameters.address(), null);
+            Native.querySite(address, parameters.address());
             return parameters.read();
         }
     }
@@ -41,8 +38,7 @@ final class Site {
 
     private static Settings set(long address, Settings settings) {
         try (Parameters parameters = Parameters.of(settings)) {
-            KelpboxNativeLibraryJNI.Kelpbox_Experiment_set(
-                    address, null, parameters.address(), null);
+            Native.setSite(address, parameters.address());
             return parameters.read();
         }
     }
