@@ -71,6 +71,8 @@ void collect_output(bool on) {
   if (on && !collecting) {
     if (!collector) collector = std::make_unique<Collector>();
     collector->stream.copyfmt(std::cout);
+    // A line that did not fit into memory leaves the stream failed.
+    collector->stream.clear();
   }
   collecting = on;
 }
