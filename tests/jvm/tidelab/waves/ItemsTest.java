@@ -212,4 +212,13 @@ class ItemsTest {
         fails(NullPointerException.class, "type", () -> place.addModifier(null, ""));
         fails(NullPointerException.class, "settings", () -> place.set((Settings) null));
     }
+
+    @Test
+    void aMessageHasEveryCharacterOfAName() {
+        place.addSpectrum("\0 \u6ce2 \ud83c\udf0a", "0.2@Hz#0.0001@m2s#2@Hz");
+        fails(WaveSynthesisException.class, "\0 \u6ce2 \ud83c\udf0a::evaluate::when not ready",
+                definition::build);
+        fails(WaveSynthesisException.class, "Unknown units - \ud83c\udf0a",
+                () -> Quantity.of(1, "\ud83c\udf0a"));
+    }
 }

@@ -33,6 +33,12 @@ final class RandomArguments {
             boolean isNull = !parameters[i].getType().isPrimitive() && random.nextInt(60) == 0;
             arguments[i] = isNull ? null : one(parameters[i], method, target);
         }
+        // Without this, units rarely fit.
+        if (method.getName().equals("get") && target instanceof Settings settings
+                && settings.has(String.valueOf(arguments[0])) && random.nextBoolean()
+                && RandomValues.isQuantity(settings, (String) arguments[0])) {
+            arguments[1] = settings.quantity((String) arguments[0]).units();
+        }
         return arguments;
     }
 
@@ -63,7 +69,7 @@ final class RandomArguments {
         if (type == Executor.class)
             return random.nextInt(4) == 0 ? (Executor) Runnable::run : executor;
         if (type == List.class)
-            return list(method);
+            return list(method, target);
         if (type == Class.class)
             return values.one(List.of(Choice.class, WaveMerge.class, RanGen.class));
         if (type.isEnum())
@@ -89,13 +95,18 @@ final class RandomArguments {
     private String string(Executable method, Object target) {
         if (target instanceof Settings settings && !settings.names().isEmpty()
                 && random.nextInt(3) > 0) {
-            return values.one(settings.names());
+            Class<?> kind = method.getName().equals("choice") ? Choice.class
+                    : method.getName().equals("flag")         ? Boolean.class
+                                                              : Object.class;
+            List<String> names = new ArrayList<>(settings.names());
+            names.removeIf(name -> !kind.isInstance(settings.values().get(name)));
+            return values.one(names.isEmpty() ? settings.names() : names);
         }
         String name = method.getName();
         if (name.equals("of") && random.nextBoolean())
             return method.getParameterCount() == 2 ? values.units() : "25 mm";
         if (name.equals("addSpectrum") && random.nextBoolean())
-            return "0.3@Hz#1e-4@m2s#1.2@Hz";
+            return "0.3@Hz#0.0001@m2s#1.2@Hz";
         if (name.equals("addTimeExpression") && random.nextBoolean())
             return "0@s#0.1*sin(6*t)@m#5@s";
         if (name.equals("addTimeSeries") && random.nextBoolean())
@@ -136,7 +147,7 @@ final class RandomArguments {
         return pairs.toArray();
     }
 
-    private List<?> list(Executable method) {
+    private List<?> list(Executable method, Object target) {
         Class<?> element = method.getName().equals("addFronts") ? Front.class : Series.class;
         List<Object> list = new ArrayList<>();
         for (int i = random.nextInt(6); i > 0; --i) {
@@ -145,6 +156,8 @@ final class RandomArguments {
                             ? new Front(0.5 + 0.1 * i, 0.01, 0, 1)
                             : pool.any(element, random));
         }
+        if (random.nextBoolean())
+            list.removeIf(object -> object instanceof Series one && one.analysis() != target);
         return list;
     }
 

@@ -86,8 +86,12 @@ final class RandomCaller {
     /** Messages that the JVM makes for accidents are not those of the API. */
     private static boolean isDocumented(Throwable thrown) {
         String message = thrown.getMessage();
+        boolean accident = thrown instanceof NullPointerException
+                ? String.valueOf(message).startsWith("Cannot ")
+                : thrown instanceof IndexOutOfBoundsException
+                        && String.valueOf(message).startsWith("Index ");
         return DOCUMENTED.contains(thrown.getClass()) && message != null && !message.isBlank()
-                && !message.startsWith("Cannot ") && !message.startsWith("Index ");
+                && !accident;
     }
 
     private static String describe(Throwable thrown) {
@@ -147,9 +151,10 @@ final class RandomCaller {
         keep(experiment.banks());
         Definition definition = Tanks.wave(experiment, 1.0, 0.05, 1);
         keep(definition);
+        keep(definition.settings());
         Specification place = definition.specifications().get(0);
         keep(place);
-        keep(place.addSpectrum("flat", "0.3@Hz#1e-4@m2s#1.2@Hz"));
+        keep(place.addSpectrum("flat", "0.3@Hz#0.0001@m2s#1.2@Hz"));
         place.components().get(1).set();
         keep(place.components());
         Component record = place.addTimeSeries("record", "mm", new RandomValues(random).samples());

@@ -11,7 +11,7 @@ final class RandomValues {
     private static final List<String> TEXTS = List.of("", " ", "\0", "a\0b", "m\u00fcller",
             "\u6ce2", "\ud83c\udf0a", "\ud83c", LONG, "(".repeat(100_000), "-".repeat(100_000),
             "1+(".repeat(30_000), "sin(".repeat(20_000), "1".repeat(20_000) + " a b", "1e999999999",
-            "%s%n%d", "f", "t", "a+b*f", "0.3@Hz#1e-4@m2s#1.2@Hz", "0.2@Hz#s*f@m2s#1@Hz",
+            "%s%n%d", "f", "t", "a+b*f", "0.3@Hz#0.0001@m2s#1.2@Hz", "0.2@Hz#s*f@m2s#1@Hz",
             "0@s#0.1*sin(6*t)@m#5@s", "1", "1@rad", "-0.3@rad#cos(angle)#0.3@rad", "#", "##", "@",
             "1@", "1/0", "1e400", "NaN", "80 mm", "0.8 Hz", "3", "12 deg", "m", "Hz", "rad", "s",
             "rate", "repeat", "x", "angle", "seed", "flume", "Null", "west");
@@ -129,7 +129,7 @@ final class RandomValues {
         }
     }
 
-    private static boolean isQuantity(Settings settings, String name) {
+    static boolean isQuantity(Settings settings, String name) {
         try {
             settings.quantity(name);
             return true;
