@@ -70,8 +70,9 @@ std::size_t search(const double* samples, std::size_t count, double& crest, doub
   }
   extremes.store(crest, trough);
   for (; i < count; ++i) {
-    const double sample = samples[i];
-    if (samples[i - 1] <= 0.0 && sample > 0.0) break;
+    const double* at = samples + i;
+    const double sample = *at;
+    if (at[-1] <= 0.0 && sample > 0.0) break;
     if (sample > crest) crest = sample;
     if (sample < trough) trough = sample;
   }
