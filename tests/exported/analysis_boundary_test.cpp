@@ -74,7 +74,7 @@ TEST_F(AnalysisBoundary, NullReferencesAreRefusedInOrder) {
 }
 
 TEST_F(AnalysisBoundary, ASeriesThatDoesNotFitMemoryIsRefusedWithThePrefix) {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef KELPBOX_SANITIZED
   GTEST_SKIP() << "a sanitizer needs more addresses than the limit leaves";
 #endif
   const jlong samples = own(host.call(NATIVE(new_1Kelpbox_1StdVectorDouble_1_1SWIG_11), 8 << 20),

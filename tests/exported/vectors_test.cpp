@@ -115,7 +115,7 @@ TEST_P(EveryFamily, ATooLongVectorLeavesALengthError) {
 }
 
 TEST_P(EveryFamily, ExhaustedMemoryLeavesABadAlloc) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KELPBOX_SANITIZED
   GTEST_SKIP() << "the sanitizer ends the program instead";
 #endif
   const jlong longest = std::numeric_limits<std::ptrdiff_t>::max() / family.width;

@@ -14,7 +14,7 @@ namespace Testing {
 
 // A sanitizer adds its own memory to that of the process, and needs more addresses than a limit
 // leaves.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef KELPBOX_SANITIZED
 constexpr bool sanitized = true;
 #else
 constexpr bool sanitized = false;
