@@ -29,8 +29,8 @@ final class Binding {
     // Libraries from before Native have vectors.
     private static boolean hasVectors() {
         try {
-            long vector = KelpboxNativeLibraryJNI.new_Kelpbox_StdVectorDouble__SWIG_0();
-            KelpboxNativeLibraryJNI.delete_Kelpbox_StdVectorDouble(vector);
+            // Does nothing with 0, and needs no memory.
+            KelpboxNativeLibraryJNI.delete_Kelpbox_StdVectorDouble(0);
             return true;
         } catch (UnsatisfiedLinkError | IllegalCallerException e) {
             return false;

@@ -8,12 +8,6 @@ extern "C" JNIEXPORT jstring JNICALL Java_tidelab_waves_Native_version(JNIEnv* e
 #endif
 
 #ifdef FAKE_VECTORS
-extern "C" JNIEXPORT jlong JNICALL
-Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_new_1Kelpbox_1StdVectorDouble_1_1SWIG_10(
-    JNIEnv*, jclass) {
-  return 1;
-}
-
 extern "C" JNIEXPORT void JNICALL
 Java_tidelab_KelpboxNativeLibrary_KelpboxNativeLibraryJNI_delete_1Kelpbox_1StdVectorDouble(JNIEnv*,
                                                                                            jclass,

@@ -11,6 +11,7 @@ import java.util.concurrent.ConcurrentSkipListSet;
 import java.util.concurrent.CountDownLatch;
 import java.util.stream.Stream;
 import tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI;
+import tidelab.waves.component.WaveSynthesisException;
 
 /** A host for a {@link FreshJvm}. It takes the steps that its arguments name, in their order. */
 final class LoadingHost {
@@ -64,6 +65,9 @@ final class LoadingHost {
             case "loader":
                 loader(arguments);
                 break;
+            case "formula":
+                formula(arguments[0]);
+                break;
             case "threads":
                 threads(Integer.parseInt(arguments[0]));
                 break;
@@ -86,6 +90,14 @@ final class LoadingHost {
         System.out.println(
                 "vector " + KelpboxNativeLibraryJNI.Kelpbox_StdVectorDouble_size(vector, null));
         KelpboxNativeLibraryJNI.delete_Kelpbox_StdVectorDouble(vector);
+    }
+
+    private static void formula(String text) {
+        try {
+            System.out.println(Experiment.formulaParameters(text));
+        } catch (WaveSynthesisException e) {
+            System.out.println(e.getMessage());
+        }
     }
 
     /** Loads the library in a new class loader, from this file or from any place. */

@@ -5,11 +5,13 @@ import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
 import java.util.function.Consumer;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.io.TempDir;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** Where the lines go that the library writes during a call. */
@@ -121,5 +123,12 @@ class OutputTest {
         assertEquals(List.of(refusal), thrown);
         assertEquals(1, fronts.size());
         assertTrue(fronts.get(0) > 0);
+    }
+
+    // The library writes a line with the same message.
+    @Test
+    void aFormulaThatIsNoneWritesNothing(@TempDir Path folder) throws Exception {
+        assertEquals(List.of("Error while parsing expression ::1+"),
+                new FreshJvm(folder).run("formula=1+"));
     }
 }
