@@ -44,8 +44,8 @@ final class Site {
     }
 
     /**
-     * Fails unless the site has a tank. A paddle motion without one would end the process, and a
-     * site loses its tank if none can be made from its values.
+     * Fails unless the site has a tank. A site loses its tank if none can be made from its values,
+     * and the library's message about a paddle motion without one does not say what to do.
      */
     static void requireTank(long address) {
         try {
