@@ -1,5 +1,6 @@
 #include "exported/host_text.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "base/utf8.h"
@@ -44,11 +45,18 @@ char32_t four_bytes(std::string_view text) {
   return character;
 }
 
+// Most texts. Their modified UTF-8 is the same.
+bool is_ascii_without_nul(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](unsigned char one) { return one != 0 && one < 0x80; });
+}
+
 bool is_half(char16_t unit, char32_t first) { return unit >= first && unit < first + 0x400; }
 
 }  // namespace
 
 std::string modified_utf8(std::string_view text) {
+  if (is_ascii_without_nul(text)) return std::string(text);
   std::string out;
   out.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {

@@ -82,7 +82,7 @@ final class Handle implements AutoCloseable {
     }
 
     private <T> T take(LongFunction<T> body, boolean alone) {
-        Captured lines = new Captured(output);
+        Captured lines = output == null ? null : new Captured(output);
         try {
             turn.lock();
             try {
@@ -90,8 +90,9 @@ final class Handle implements AutoCloseable {
                     life.writeLock().lock();
                 try {
                     long address = address();
-                    return turn.getHoldCount() == 1 ? lines.during(() -> body.apply(address))
-                                                    : body.apply(address);
+                    return lines != null && turn.getHoldCount() == 1
+                            ? lines.during(() -> body.apply(address))
+                            : body.apply(address);
                 } finally {
                     if (alone)
                         life.writeLock().unlock();
@@ -101,7 +102,8 @@ final class Handle implements AutoCloseable {
                 Reference.reachabilityFence(this);
             }
         } finally {
-            lines.deliver();
+            if (lines != null)
+                lines.deliver();
         }
     }
 

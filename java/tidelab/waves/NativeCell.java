@@ -13,7 +13,8 @@ final class NativeCell implements Runnable {
     private static final AtomicInteger LIVE = new AtomicInteger();
 
     private final Set<Long> vectors = new HashSet<>();
-    private long address;
+    /** Volatile, so that each call reads it without waiting. The handle's locks order the calls. */
+    private volatile long address;
 
     static int live() {
         return LIVE.get();
@@ -25,7 +26,7 @@ final class NativeCell implements Runnable {
         LIVE.incrementAndGet();
     }
 
-    synchronized long address() {
+    long address() {
         return address;
     }
 

@@ -49,15 +49,6 @@ final class Parameters implements AutoCloseable {
 
     /** What the library has written, with its remarks. All names have values. */
     Settings read() {
-        return read(false);
-    }
-
-    /** What the library has declared: names that may have no value yet. */
-    Settings readDeclared() {
-        return read(true);
-    }
-
-    private Settings read(boolean declared) {
         String[] texts = Native.paramTexts(address);
         double[] numbers = Native.paramValues(address);
         Map<String, Object> values = new LinkedHashMap<>();
@@ -65,11 +56,21 @@ final class Parameters implements AutoCloseable {
             String unitsOrMember = texts[3 * i + 1];
             String type = texts[3 * i + 2];
             values.put(texts[3 * i],
-                    declared ? new Settings.Unset(type == null ? unitsOrMember : type, type == null)
-                            : type == null ? Quantity.of(numbers[i], unitsOrMember)
-                                           : Choices.value(type, unitsOrMember));
+                    type == null ? Quantity.of(numbers[i], unitsOrMember)
+                                 : Choices.value(type, unitsOrMember));
         }
         return new Settings(values, List.of(Native.paramComments(address)));
+    }
+
+    /** What the library has declared: names that may have no value yet. */
+    Settings readDeclared() {
+        String[] texts = Native.paramTexts(address);
+        Map<String, Object> values = new LinkedHashMap<>();
+        for (int i = 0; i < texts.length; i += 3) {
+            boolean isNumber = texts[i + 2] == null;
+            values.put(texts[i], new Settings.Unset(texts[isNumber ? i + 1 : i + 2], isNumber));
+        }
+        return new Settings(values, List.of());
     }
 
     @Override

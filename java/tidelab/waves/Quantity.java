@@ -1,6 +1,8 @@
 package tidelab.waves;
 
 import java.util.Objects;
+import java.util.Set;
+import java.util.concurrent.ConcurrentHashMap;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
 
@@ -19,6 +21,8 @@ import java.util.regex.Pattern;
  * @param units the name of the units, such as "mm", "Hz", "deg" or "m2/Hz"
  */
 public record Quantity(double value, String units) {
+    /** Units that the library has accepted, which spares most quantities a native call. */
+    private static final Set<String> KNOWN = ConcurrentHashMap.newKeySet();
     private static final Pattern TEXT = Pattern.compile(
             "\\s*+([+-]?(?:\\d++(?:\\.\\d*+)?|\\.\\d++)(?:[eE][+-]?\\d++)?)\\s*+(\\S*+)\\s*+");
 
@@ -32,7 +36,12 @@ public record Quantity(double value, String units) {
      */
     public Quantity {
         Objects.requireNonNull(units, "units");
-        factor(units, units);
+        if (!KNOWN.contains(units)) {
+            factor(units, units);
+            // A host may use any number of products of units.
+            if (KNOWN.size() < 1000)
+                KNOWN.add(units);
+        }
     }
 
     /**
