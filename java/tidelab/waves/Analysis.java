@@ -208,7 +208,8 @@ public final class Analysis implements AutoCloseable {
      * @param start a time, such as "20 s" or a {@link Quantity}
      * @param stop a time; the window may end with the records
      * @return the set
-     * @throws IllegalArgumentException if there is no series, or one of another analysis
+     * @throws IllegalArgumentException if there is no series, or one of another analysis, or a time
+     *         is NaN or no quantity
      * @throws tidelab.waves.component.WaveSynthesisException if the window contains no sample ("Out
      *         of range") or ends after a record ("out of range 2"), or a value is missing or does
      *         not convert
@@ -218,6 +219,11 @@ public final class Analysis implements AutoCloseable {
         List<Series> probes = new ArrayList<>(Objects.requireNonNull(series, "series"));
         Settings window = Settings.of("start_time", Objects.requireNonNull(start, "start"),
                 "stop_time", Objects.requireNonNull(stop, "stop"));
+        for (String name : window.names()) {
+            // The library would take NaN for a time.
+            if (Double.isNaN(window.quantity(name).value()))
+                throw new IllegalArgumentException("\"" + name + "\" is NaN");
+        }
         if (probes.isEmpty())
             throw new IllegalArgumentException("series: a set needs at least one");
         int[] ids = new int[probes.size()];

@@ -57,6 +57,16 @@ class AnalysisFailuresTest {
     }
 
     @Test
+    void aTimeThatIsNaNIsNamed() {
+        List<Series> one = List.of(series);
+        Quantity never = Quantity.of(Double.NaN, "s");
+        fails(IllegalArgumentException.class, "\"start_time\" is NaN",
+                () -> analysis.createSet(one, never, "5 s"));
+        fails(IllegalArgumentException.class, "\"stop_time\" is NaN",
+                () -> analysis.createSet(one, "0 s", never));
+    }
+
+    @Test
     void valuesOfAnotherKindAreNamed() {
         List<Series> one = List.of(series);
         refused("start_time::not convertable", () -> analysis.createSet(one, "0 m", "5 s"));
