@@ -29,13 +29,15 @@ final class Checks {
 
     /** Four numbers for each front. */
     static double[] numbers(List<Front> fronts) {
-        int count = Objects.requireNonNull(fronts, "fronts").size();
+        // A copy, since the caller may change the list at any time.
+        Front[] given = Objects.requireNonNull(fronts, "fronts").toArray(new Front[0]);
+        int count = given.length;
         if (count > Integer.MAX_VALUE / 4) {
             throw new IllegalArgumentException("fronts: " + count + " are too many");
         }
         double[] numbers = new double[4 * count];
         int i = 0;
-        for (Front front : fronts) {
+        for (Front front : given) {
             int place = i / 4;
             Objects.requireNonNull(front, () -> "fronts[" + place + "]");
             numbers[i++] = finite(front.frequency(), place, "frequency");

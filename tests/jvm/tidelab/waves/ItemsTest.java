@@ -5,8 +5,10 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
 import static tidelab.waves.Tanks.fails;
 
+import java.util.AbstractList;
 import java.util.List;
 import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
@@ -220,5 +222,26 @@ class ItemsTest {
                 definition::build);
         fails(WaveSynthesisException.class, "Unknown units - \ud83c\udf0a",
                 () -> Quantity.of(1, "\ud83c\udf0a"));
+    }
+
+    @Test
+    void aListOfFrontsMayGrowMeanwhile() {
+        Front front = new Front(0.5, 0.1, 0, 0);
+        List<Front> growing = new AbstractList<>() {
+            private int size = 1;
+
+            @Override
+            public Front get(int index) {
+                return front;
+            }
+
+            @Override
+            public int size() {
+                return size < 3 ? size++ : size;
+            }
+        };
+        place.addFronts(growing).set();
+        int fronts = definition.build().fronts(0).size();
+        assertTrue(fronts > 0, fronts + " fronts");
     }
 }
