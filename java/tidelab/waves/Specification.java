@@ -14,7 +14,7 @@ import java.util.Objects;
  * <pre>{@code
  * Specification place = definition.addSpecification();
  * place.set("x", "12 m", "y", "0 m", "t", "0 s");
- * place.addSpectrum("flat", "0.3@Hz#1e-4@m2s#1.2@Hz").set();
+ * place.addSpectrum("flat", "0.3@Hz#0.0001@m2s#1.2@Hz").set();
  * place.addModifier(ModifierType.PhaseRandom, "").set("ran_gen", RanGen.FullRandom, "seed", 17);
  * }</pre>
  */
