@@ -53,6 +53,13 @@ class Collected : public std::streambuf {
   std::uint64_t missing_ = 0;  // ends of lines that are not in the text
 };
 
+// Whether a copy of the format would change nothing. It takes far longer than this question.
+bool same_format(const std::ostream& one, const std::ostream& other) {
+  return one.flags() == other.flags() && one.precision() == other.precision() &&
+         one.width() == other.width() && one.fill() == other.fill() &&
+         one.getloc() == other.getloc();
+}
+
 struct Collector {
   Collected collected;
   std::ostream stream{&collected};
@@ -70,7 +77,7 @@ std::ostream& script_faults() { return collecting ? collector->stream : std::cer
 void collect_output(bool on) {
   if (on && !collecting) {
     if (!collector) collector = std::make_unique<Collector>();
-    collector->stream.copyfmt(std::cout);
+    if (!same_format(collector->stream, std::cout)) collector->stream.copyfmt(std::cout);
     // A line that did not fit into memory leaves the stream failed.
     collector->stream.clear();
   }

@@ -21,7 +21,10 @@ KELPBOX_SAFE(void, captureOutput)(JNIEnv* env, jclass, jboolean on) {
 }
 
 KELPBOX_SAFE(jstring, takeOutput)(JNIEnv* env, jclass) {
-  return safely(env, [&] { return host_text(env, Base::take_output()); });
+  return safely(env, [&]() -> jstring {
+    const std::string lines = Base::take_output();
+    return lines.empty() ? nullptr : host_text(env, lines);
+  });
 }
 
 KELPBOX_SAFE(jlong, newExperiment)(JNIEnv* env, jclass, jbyteArray name) {

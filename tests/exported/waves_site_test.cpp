@@ -22,7 +22,11 @@ class WavesSite : public WavesTest {
     output = printed([&] { thrown = thrown_in(WAVES(initialise), tank, bytes(file)); });
     return thrown;
   }
-  std::string taken() { return Host::characters_of(waves.call(WAVES(takeOutput))); }
+  // The native function returns null for nothing.
+  std::string taken() {
+    const jstring lines = waves.call(WAVES(takeOutput));
+    return lines == nullptr ? std::string() : Host::characters_of(lines);
+  }
   std::vector<std::string> texts(jlong set) {
     return ArrayHost::texts_of(waves.call(WAVES(paramTexts), set));
   }

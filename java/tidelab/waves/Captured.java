@@ -11,7 +11,8 @@ final class Captured {
     private static final ThreadLocal<Queue<Captured>> WAITING = new ThreadLocal<>();
 
     private final Consumer<String> consumer;
-    private String text = "";
+    /** Null for no lines. */
+    private String text;
 
     Captured(Consumer<String> consumer) {
         this.consumer = consumer;
@@ -35,7 +36,7 @@ final class Captured {
      * that a consumer is never called from within itself.
      */
     void deliver() {
-        if (text.isEmpty())
+        if (text == null)
             return;
         Queue<Captured> waiting = WAITING.get();
         if (waiting != null) {

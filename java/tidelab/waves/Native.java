@@ -23,7 +23,7 @@ final class Native {
     static native void captureOutput(boolean on);
 
     /**
-     * What was collected on this thread since the last call, and forgets it; empty if nothing. At
+     * What was collected on this thread since the last call, and forgets it; null if nothing. At
      * most 1 MiB: then the last line says how many lines were left out.
      */
     static native String takeOutput();
