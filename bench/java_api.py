@@ -17,7 +17,7 @@ import sys
 import tempfile
 
 quick = "--quick" in sys.argv[2:]
-rounds, repetitions = (1, 1) if quick else (5, 7)
+rounds, repetitions = (1, 1) if quick else (5, 5)
 build = pathlib.Path(sys.argv[1]).resolve()
 root = pathlib.Path(__file__).resolve().parent.parent
 jar = build / "lib/kelpbox.jar"
