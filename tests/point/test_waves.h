@@ -18,7 +18,7 @@ inline Maths::RunData grid() {
 }
 
 // Fronts at the paddle line, and the tank that they enter: 1 m deep, or on request with a slope to
-// 0.5 m from x = 5 to x = 10 and a depth of 0.4 m behind the paddles.
+// 0.5 m from x = 5 to x = 10 with 0.4 m of water on the other side of the paddles.
 struct Waves {
   explicit Waves(bool slope = false) {
     tank.g = 9.81;

@@ -17,7 +17,7 @@ import java.util.Objects;
  * <p>{@link #load()} looks in this order and uses the first library that loads:
  *
  * <ol>
- *   <li>the file that the system property {@code kelpbox.library} names. If the property is set,
+ *   <li>the file that the system property {@code kelpbox.native} names. If the property is set,
  *       nothing else is tried;
  *   <li>the copy in the jar, unpacked to a private folder below the folder that the system property
  *       {@code kelpbox.folder} names, or below {@code java.io.tmpdir}. The unpacked copy is deleted

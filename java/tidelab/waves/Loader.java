@@ -68,9 +68,9 @@ final class Loader {
     }
 
     private static boolean loadsFromAnyPlace(Attempts attempts) {
-        String chosen = System.getProperty("kelpbox.library");
+        String chosen = System.getProperty("kelpbox.native");
         if (chosen != null) {
-            return loads(chosen, "kelpbox.library: ", attempts);
+            return loads(chosen, "kelpbox.native: ", attempts);
         }
         if (loadsFromJar(attempts)) {
             return true;

@@ -42,7 +42,7 @@ final class Native {
 
     // The site
 
-    /** The names of the site, and the text that identifies it. */
+    /** The results of siteName and siteText of an Experiment. */
     static native String[] siteTexts(long experiment);
     static native void constants(long experiment, long params);
     static native void querySite(long experiment, long params);

@@ -61,8 +61,8 @@ class LoaderFailuresTest {
     @Test
     void anotherVersionIsRefusedUntilTheJvmStartsAgain() throws Exception {
         Path other = FreshJvm.fake("other_version");
-        List<String> lines = jvm().with("kelpbox.library", other)
-                                     .run("load", "clear=kelpbox.library", "load", "version",
+        List<String> lines = jvm().with("kelpbox.native", other)
+                                     .run("load", "clear=kelpbox.native", "load", "version",
                                              "loadFile=" + FreshJvm.LIBRARY);
         String refused = otherVersion(other, "9.9.9");
         assertEquals(4, lines.size(), lines::toString);

@@ -90,10 +90,10 @@ class LoaderTest {
     void thePropertyNamesTheOnlyFileThatIsTried() throws Exception {
         Path missing = folder.resolve("missing.so");
         List<String> lines = jvm().with("java.library.path", libraryPath().getParent())
-                                     .with("kelpbox.library", missing)
+                                     .with("kelpbox.native", missing)
                                      .run("load");
         assertEquals(List.of("LibraryNotFoundException: Kelpbox's native library cannot be loaded:",
-                             "  kelpbox.library: " + missing + ": no such file"),
+                             "  kelpbox.native: " + missing + ": no such file"),
                 lines);
     }
 
@@ -101,8 +101,8 @@ class LoaderTest {
     void aFailedLoadCanBeRepeated() throws Exception {
         Path library = libraryPath();
         List<String> lines =
-                jvm().with("kelpbox.library", folder.resolve("missing.so"))
-                        .run("load", "set=kelpbox.library=" + library, "load", "vector");
+                jvm().with("kelpbox.native", folder.resolve("missing.so"))
+                        .run("load", "set=kelpbox.native=" + library, "load", "vector");
         assertEquals(List.of("loaded " + library.toRealPath(), "vector 3"), lines.subList(2, 4));
     }
 
