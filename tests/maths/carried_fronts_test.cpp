@@ -144,8 +144,8 @@ TEST(CarriedFronts, ThrowWhereTankRunThrows) {
   const FrontSet set = sea();
   const TankConfig tank = varied();
   CarriedFronts carried(tank, run, set, 0, set.slots.size());
-  for (const auto& [x, text] : {std::pair{21.0, "21"}, {-6.0, "-6"}, {nan, "nan"}}) {
-    EXPECT_EQ(thrown([&] { carried.carry_to(x, always); }), outside(text));
+  for (const auto& place : {std::pair{21.0, "21"}, {-6.0, "-6"}, {nan, "nan"}}) {
+    EXPECT_EQ(thrown([&] { carried.carry_to(place.first, always); }), outside(place.second));
   }
   expect_as_one_by_one(carried, tank, 12.0);
 
