@@ -29,13 +29,11 @@ final class Checks {
 
     /** Four numbers for each front. */
     static double[] numbers(List<Front> fronts) {
+        requireFourNumbersEach(Objects.requireNonNull(fronts, "fronts").size());
         // A copy, since the caller may change the list at any time.
-        Front[] given = Objects.requireNonNull(fronts, "fronts").toArray(new Front[0]);
-        int count = given.length;
-        if (count > Integer.MAX_VALUE / 4) {
-            throw new IllegalArgumentException("fronts: " + count + " are too many");
-        }
-        double[] numbers = new double[4 * count];
+        Front[] given = fronts.toArray(new Front[0]);
+        requireFourNumbersEach(given.length);
+        double[] numbers = new double[4 * given.length];
         int i = 0;
         for (Front front : given) {
             int place = i / 4;
@@ -46,6 +44,12 @@ final class Checks {
             numbers[i++] = finite(front.phase(), place, "phase");
         }
         return numbers;
+    }
+
+    private static void requireFourNumbersEach(int fronts) {
+        if (fronts > Integer.MAX_VALUE / 4) {
+            throw new IllegalArgumentException("fronts: " + fronts + " are too many");
+        }
     }
 
     private static double finite(double number, int place, String name) {
