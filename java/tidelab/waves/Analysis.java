@@ -89,7 +89,8 @@ public final class Analysis implements AutoCloseable {
         }
 
         /**
-         * Discards the library's progress and log lines.
+         * Discards the library's progress and log lines. Those of a call that fails are the message
+         * of the cause of its {@link tidelab.waves.component.WaveSynthesisException}.
          *
          * @return this
          */

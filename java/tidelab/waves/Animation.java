@@ -86,8 +86,9 @@ public final class Animation implements AutoCloseable {
 
     /**
      * Builds all columns that have not been built yet, on a thread of the executor. Cancelling the
-     * future stops the build: the future is cancelled at once, the library ends its work within
-     * moments, and no frames are left.
+     * future stops the build as {@link #cancel} does, with all other builds of this animation: the
+     * future is cancelled at once, the library ends its work within moments, and no frames are
+     * left.
      *
      * @param executor runs the build; what it throws if it refuses the task is not caught
      * @return completes with this animation, or with what {@link #build} throws

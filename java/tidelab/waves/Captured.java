@@ -4,6 +4,7 @@ import java.util.ArrayDeque;
 import java.util.Queue;
 import java.util.function.Consumer;
 import java.util.function.Supplier;
+import tidelab.waves.component.WaveSynthesisException;
 
 /** The lines that one call makes the library write to standard output, for a consumer. */
 final class Captured {
@@ -19,6 +20,17 @@ final class Captured {
     }
 
     <T> T during(Supplier<T> call) {
+        try {
+            return collecting(call);
+        } catch (WaveSynthesisException failure) {
+            // For a site script that is refused, only the lines say what is wrong and where.
+            if (text != null && failure.getCause() == null)
+                failure.initCause(new WaveSynthesisException(text.strip()));
+            throw failure;
+        }
+    }
+
+    private <T> T collecting(Supplier<T> call) {
         Native.captureOutput(true);
         try {
             return call.get();

@@ -87,9 +87,11 @@ public final class Experiment implements AutoCloseable {
         /**
          * Hands the library's progress and log lines to a consumer instead of standard output. It
          * receives the lines of a call after the call has ended, on the calling thread. It may use
-         * the experiment; the lines of its own calls follow when it has returned. If it throws, the
-         * call's result is not affected: the exception goes to the thread's handler of uncaught
-         * exceptions, and the call's other lines are discarded.
+         * the experiment; the lines of its own calls follow when it has returned. If the call fails
+         * with a {@link tidelab.waves.component.WaveSynthesisException}, the lines are also the
+         * message of its cause. If the consumer throws, the call's result is not affected: the
+         * exception goes to the thread's handler of uncaught exceptions, and the call's other lines
+         * are discarded.
          *
          * @param consumer receives each line, without its end
          * @return this
@@ -100,7 +102,8 @@ public final class Experiment implements AutoCloseable {
         }
 
         /**
-         * Discards the library's progress and log lines.
+         * Discards the library's progress and log lines. Those of a call that fails are the message
+         * of the cause of its {@link tidelab.waves.component.WaveSynthesisException}.
          *
          * @return this
          */

@@ -1,6 +1,7 @@
 package tidelab.waves;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
@@ -58,6 +59,31 @@ class OutputTest {
             lines.clear();
             assertThrows(WaveSynthesisException.class, definition::build);
             assertEquals(List.of("wave number out of range 70 must be between 1 and 20"), lines);
+        }
+    }
+
+    @Test
+    void theCauseOfARefusedSiteHasTheLinesThatExplainIt() {
+        Path upsideDown = Tanks.file(Tanks.SCRIPT.replace("max_y = 0.5", "max_y = -5"));
+        Path unfinished = Tanks.file("context");
+        assertTrue(causeOf(upsideDown).endsWith("Max Y -5 is less than Min Y -0.5"));
+        assertTrue(causeOf(unfinished).contains("syntax error, unexpected end of input"));
+    }
+
+    private static String causeOf(Path site) {
+        return assertThrows(
+                WaveSynthesisException.class, () -> Experiment.builder().silent().open(site))
+                .getCause()
+                .getMessage();
+    }
+
+    @Test
+    void aCallThatFailsWithoutLinesHasNoCause() {
+        try (Experiment experiment = open(line -> {})) {
+            Definition definition = Tanks.definition(experiment, "run");
+            assertNull(assertThrows(WaveSynthesisException.class,
+                    () -> Tanks.place(definition).addSpectrum("s", "0.2@Hz"))
+                               .getCause());
         }
     }
 
