@@ -13,11 +13,12 @@
 using namespace Kelpbox;
 using Base::Params;
 
-KELPBOX_SAFE(jobjectArray, siteTexts)(JNIEnv* env, jclass, jlong experiment) {
-  return safely(env, [&] {
-    Facade& facade = object<Facade>(experiment);
-    return host_texts(env, {facade.context_name(), facade.context_string()});
-  });
+KELPBOX_SAFE(jstring, siteName)(JNIEnv* env, jclass, jlong experiment) {
+  return safely(env, [&] { return host_text(env, object<Facade>(experiment).context_name()); });
+}
+
+KELPBOX_SAFE(jstring, siteText)(JNIEnv* env, jclass, jlong experiment) {
+  return safely(env, [&] { return host_text(env, object<Facade>(experiment).context_string()); });
 }
 
 KELPBOX_SAFE(void, constants)(JNIEnv* env, jclass, jlong experiment, jlong params) {

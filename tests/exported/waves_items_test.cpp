@@ -21,7 +21,8 @@ class WavesItems : public WavesTest {
     make_run();
   }
   std::vector<std::string> site_texts(jlong tank) {
-    return ArrayHost::texts_of(waves.call(WAVES(siteTexts), tank));
+    return {Host::characters_of(waves.call(WAVES(siteName), tank)),
+            Host::characters_of(waves.call(WAVES(siteText), tank))};
   }
   Thrown thrown_by_formulas(const std::string& text, jlong out) {
     Thrown thrown;
@@ -81,7 +82,8 @@ TEST_F(WavesItems, TunableValuesAreSet) {
 TEST_F(WavesItems, WithoutASiteEachCallIsAFailure) {
   const jlong tank = new_experiment();
   const Thrown none = domain("Object not built");
-  EXPECT_EQ(thrown_in(WAVES(siteTexts), tank), none);
+  EXPECT_EQ(thrown_in(WAVES(siteName), tank), none);
+  EXPECT_EQ(thrown_in(WAVES(siteText), tank), none);
   EXPECT_EQ(thrown_in(WAVES(banks), tank), none);
   EXPECT_EQ(thrown_in(WAVES(bank), tank, 0, params()), none);
   EXPECT_EQ(thrown_in(WAVES(paddles), tank, 0), none);

@@ -102,8 +102,10 @@ TEST_F(WavesMemory, ParametersAreMadeAndRead) {
 }
 
 TEST_F(WavesMemory, TheSiteAndItsBanksAreRead) {
-  EXPECT_EQ(ArrayHost::texts_of(result_with_more_each_time(WAVES(siteTexts), experiment)),
-            ArrayHost::texts_of(waves.call(WAVES(siteTexts), experiment)));
+  EXPECT_EQ(Host::characters_of(result_with_more_each_time(WAVES(siteName), experiment)),
+            Host::characters_of(waves.call(WAVES(siteName), experiment)));
+  EXPECT_EQ(Host::characters_of(result_with_more_each_time(WAVES(siteText), experiment)),
+            Host::characters_of(waves.call(WAVES(siteText), experiment)));
   jlong info = 0;
   jstring name = nullptr;
   with_more_each_time([&](jlong values) {

@@ -126,12 +126,12 @@ public final class Experiment implements AutoCloseable {
 
     /** {@return the names of the site, the tank and the configuration} */
     public String siteName() {
-        return handle.call(address -> Native.siteTexts(address)[0]);
+        return handle.call(Native::siteName);
     }
 
     /** {@return those names and a checksum of the script, which identify the site} */
     public String siteText() {
-        return handle.call(address -> Native.siteTexts(address)[1]);
+        return handle.call(Native::siteText);
     }
 
     /** {@return what the site fixes: extents of the tank, limits of frequency, and others} */

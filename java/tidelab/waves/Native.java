@@ -42,8 +42,8 @@ final class Native {
 
     // The site
 
-    /** The results of siteName and siteText of an Experiment. */
-    static native String[] siteTexts(long experiment);
+    static native String siteName(long experiment);
+    static native String siteText(long experiment);
     static native void constants(long experiment, long params);
     static native void querySite(long experiment, long params);
     static native void setSite(long experiment, long params);
