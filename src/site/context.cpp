@@ -1,8 +1,7 @@
 #include "site/context.h"
 
-#include <ios>
-
-#include "base/compose.h"
+#include <charconv>
+#include <iterator>
 
 namespace Common {
 
@@ -62,7 +61,10 @@ void Context::get_consts(Base::Params& out) {
 }
 
 std::string Context::identity(std::uint32_t checksum) const {
-  return Base::compose(site_name, "::", tank_name, "::", config_name, "#0x", std::hex, checksum);
+  // A stream that runs out of memory would cut the name silently.
+  char digits[8];
+  char* const end = std::to_chars(std::begin(digits), std::end(digits), checksum, 16).ptr;
+  return site_name + "::" + tank_name + "::" + config_name + "#0x" + std::string(digits, end);
 }
 
 }  // namespace Common

@@ -102,8 +102,6 @@ TEST_F(WavesMemory, ParametersAreMadeAndRead) {
 }
 
 TEST_F(WavesMemory, TheSiteAndItsBanksAreRead) {
-  EXPECT_EQ(Host::characters_of(result_with_more_each_time(WAVES(siteName), experiment)),
-            Host::characters_of(waves.call(WAVES(siteName), experiment)));
   EXPECT_EQ(Host::characters_of(result_with_more_each_time(WAVES(siteText), experiment)),
             Host::characters_of(waves.call(WAVES(siteText), experiment)));
   jlong info = 0;
