@@ -103,7 +103,7 @@ final class Native {
     static native void layOutFrames(long experiment, long definition, long params);
     static native void buildColumns(long experiment, long definition, long first, long afterLast);
 
-    // Results, copied. Each failure of the operation behind it has the library's own message.
+    // Results, copied. A failure has the library's own message.
 
     /**
      * The repeat time in s, one more than the highest harmonic, the lowest and the highest

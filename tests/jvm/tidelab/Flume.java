@@ -10,16 +10,16 @@ import java.nio.file.Files;
 import java.nio.file.Path;
 
 /** The flume of flume.site, and short forms of common calls. */
-final class Flume {
-    static final double TWO_PI = 2.0 * Math.PI;
-    static final double DEPTH = 1.0;
-    static final double GRAVITY = 9.81;
+public final class Flume {
+    public static final double TWO_PI = 2.0 * Math.PI;
+    public static final double DEPTH = 1.0;
+    public static final double GRAVITY = 9.81;
 
-    static final String SCRIPT = resource("flume.site");
+    public static final String SCRIPT = resource("flume.site");
 
     private Flume() {}
 
-    static void load() {
+    public static void load() {
         System.load(System.getProperty("kelpbox.so"));
     }
 
@@ -32,7 +32,7 @@ final class Flume {
     }
 
     /** A file with this content, deleted when the JVM ends. */
-    static String file(String content) {
+    public static String file(String content) {
         try {
             Path path = Files.createTempFile("kelpbox", ".site");
             path.toFile().deleteOnExit();

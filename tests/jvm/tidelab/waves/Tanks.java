@@ -3,22 +3,18 @@ package tidelab.waves;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 
-import java.io.IOException;
-import java.io.InputStream;
-import java.io.UncheckedIOException;
-import java.nio.charset.StandardCharsets;
-import java.nio.file.Files;
 import java.nio.file.Path;
 import org.junit.jupiter.api.function.Executable;
+import tidelab.Flume;
 
 /** The flume of flume.site, and short forms of common steps. */
 final class Tanks {
-    static final double TWO_PI = 2.0 * Math.PI;
-    static final double DEPTH = 1.0;
-    static final double GRAVITY = 9.81;
+    static final double TWO_PI = Flume.TWO_PI;
+    static final double DEPTH = Flume.DEPTH;
+    static final double GRAVITY = Flume.GRAVITY;
 
     /** A piston at the end of 20 m of water, 1 m deep; 0.1 Hz to 2 Hz. */
-    static final String SCRIPT = resource("/tidelab/flume.site");
+    static final String SCRIPT = Flume.SCRIPT;
 
     static final Path FLUME = file(SCRIPT);
 
@@ -33,26 +29,12 @@ final class Tanks {
      * must use the same file: with two, the JVM would take each function from either of them.
      */
     static void load() {
-        System.load(System.getProperty("kelpbox.so"));
-    }
-
-    private static String resource(String name) {
-        try (InputStream in = Tanks.class.getResourceAsStream(name)) {
-            return new String(in.readAllBytes(), StandardCharsets.UTF_8);
-        } catch (IOException e) {
-            throw new UncheckedIOException(e);
-        }
+        Flume.load();
     }
 
     /** A site script with this content, deleted when the JVM ends. */
     static Path file(String content) {
-        try {
-            Path path = Files.createTempFile("waves", ".site");
-            path.toFile().deleteOnExit();
-            return Files.writeString(path, content);
-        } catch (IOException e) {
-            throw new UncheckedIOException(e);
-        }
+        return Path.of(Flume.file(content));
     }
 
     /** An experiment that is called "flume" in messages. */
