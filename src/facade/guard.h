@@ -9,7 +9,10 @@
 #ifndef KELPBOX_FACADE_GUARD_H_
 #define KELPBOX_FACADE_GUARD_H_
 
+#include <algorithm>
+#include <cstring>
 #include <exception>
+#include <new>
 #include <string>
 
 #include "base/compose.h"
@@ -19,18 +22,33 @@ namespace Kelpbox {
 
 enum class LogItems { hidden, shown };
 
+// "<fixed message>: <reason>". If memory has run out, the fixed message alone, or the part of it
+// that a string holds without memory.
+template <typename Reason>
+std::string with_reason(const char* fixed_message, const Reason& reason) {
+  try {
+    return Base::compose(fixed_message, ": ", reason);
+  } catch (const std::bad_alloc&) {
+  }
+  try {
+    return fixed_message;
+  } catch (const std::bad_alloc&) {
+    return {fixed_message, std::min(std::strlen(fixed_message), std::string().capacity())};
+  }
+}
+
 // Returns what the operation returns.
 template <LogItems log_items = LogItems::hidden, typename Operation>
 auto guarded(const char* fixed_message, Operation operation) -> decltype(operation()) {
   try {
     return operation();
   } catch (const Script::LogItm& item) {
-    if constexpr (log_items == LogItems::shown) throw Base::compose(fixed_message, ": ", item.text);
+    if constexpr (log_items == LogItems::shown) throw with_reason(fixed_message, item.text);
     throw std::string(fixed_message);
   } catch (const std::string&) {
     throw;
   } catch (const std::exception& failure) {
-    throw Base::compose(fixed_message, ": ", failure.what());
+    throw with_reason(fixed_message, failure.what());
   } catch (...) {
     throw std::string(fixed_message);
   }

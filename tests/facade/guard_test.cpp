@@ -6,13 +6,16 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/memory.h"
 #include "facade/analysis.h"
 #include "facade/experiment.h"
 #include "flume.h"
+#include "support/own_process.h"
 #include "support/test_site.h"
 #include "support/thrown.h"
 
 using namespace Kelpbox;
+using Base::operator""_MiB;
 using Testing::thrown;
 
 namespace {
@@ -38,6 +41,16 @@ TEST(Guard, AStandardExceptionGetsThePrefix) {
   const auto operation = [] { throw std::runtime_error("the reason"); };
   EXPECT_EQ(converted<LogItems::hidden>(operation), "Fixed: the reason");
   EXPECT_EQ(converted<LogItems::shown>(operation), "Fixed: the reason");
+}
+
+// The reason of a failure may be the want of memory itself.
+TEST(Guard, AReasonThatDoesNotFitIntoMemoryIsLeftOut) {
+  if (Testing::sanitized) GTEST_SKIP() << "sanitizers end the process where memory ends";
+  EXPECT_TRUE(Testing::good_alone([] {
+    const std::runtime_error failure(std::string(64_MiB, 'x'));
+    Testing::leave_room(16_MiB);
+    return converted<LogItems::hidden>([&] { throw failure; }) == "Fixed";
+  }));
 }
 
 TEST(Guard, ALogItemIsShownInOneFormAndHiddenInTheOther) {
