@@ -117,10 +117,6 @@ double cos_power_integral(double power, double theta) {
   return integral_of(power, theta, std::sin(theta), std::cos(theta));
 }
 
-double spread_angle(double fraction, double max_angle, double min_angle, double power) {
-  return SpreadAngles().draw(fraction, max_angle, min_angle, power);
-}
-
 double SpreadAngles::draw(double fraction, double max_angle, double min_angle, double power) {
   if (min_angle <= -Base::Pi) throw std::string("Minimum angle too small");
   if (max_angle >= Base::Pi) throw std::string("Maximum angle too big");

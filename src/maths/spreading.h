@@ -12,14 +12,13 @@ namespace Maths {
 double cos_power(double power, double theta);
 // Its integral from 0 to theta, by the same interpolation.
 double cos_power_integral(double power, double theta);
-// The angle below which the given fraction of the energy between the two angles lies, by Newton's
-// method. Throws std::string "Minimum angle too small", "Maximum angle too big", "Maximum angle
-// less than minimum angle", in this order.
-double spread_angle(double fraction, double max_angle, double min_angle, double power);
 
-// The same for many draws: keeps what depends on the last range and power.
+// Draws of angles. Keeps what depends on the last range and power.
 class SpreadAngles {
  public:
+  // The angle below which the given fraction of the energy between the two angles lies, by Newton's
+  // method. Throws std::string "Minimum angle too small", "Maximum angle too big", "Maximum angle
+  // less than minimum angle", in this order, and what cos_power_integral throws.
   double draw(double fraction, double max_angle, double min_angle, double power);
 
  private:

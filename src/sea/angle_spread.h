@@ -16,7 +16,7 @@ namespace Synthesis {
 //
 // `set` narrows the two limits to the reach of the law, and writes them back to the host's
 // parameters. It throws "Angle not between min and max" and "Unknown function value in angle
-// spread". Evaluation throws what Maths::spread_angle throws, and "AngleSpreadModifier::..." for a
+// spread". Evaluation throws what Maths::SpreadAngles throws, and "AngleSpreadModifier::..." for a
 // draw that is not finite.
 class AngleSpreadModifier : public Modifier {
  public:

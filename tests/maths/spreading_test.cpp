@@ -16,10 +16,14 @@ namespace {
 
 using Maths::cos_power;
 using Maths::cos_power_integral;
-using Maths::spread_angle;
 using Testing::thrown;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+// A single draw.
+double spread_angle(double fraction, double max_angle, double min_angle, double power) {
+  return Maths::SpreadAngles().draw(fraction, max_angle, min_angle, power);
+}
 
 TEST(CosPower, IsExactAtWholePowers) {
   for (const double theta : {-2.0, -1.1, 0.0, 0.4, 1.5, 3.0}) {
