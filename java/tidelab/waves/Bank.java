@@ -33,8 +33,11 @@ public final class Bank {
         try {
             Quantity.of(1, units).in("rad");
             return true;
-        } catch (WaveSynthesisException length) {
-            return false;
+        } catch (WaveSynthesisException failure) {
+            // Any other failure, such as exhausted memory, says nothing about the units.
+            if (failure.getMessage().startsWith("Unable to convert from "))
+                return false;
+            throw failure;
         }
     }
 
