@@ -5,11 +5,14 @@
 #include <charconv>
 
 #include "outputs/cannot_read.h"
+#include "outputs/regular_file.h"
 
 namespace Outputs {
 
-CsvReader::CsvReader(const std::string& path, const std::string& shown)
-    : in_(path, std::ios::binary), shown_(shown) {
+CsvReader::CsvReader(const std::string& path, const std::string& shown) : shown_(shown) {
+  require_regular_file(path, shown);
+  errno = 0;
+  in_.open(path, std::ios::binary);
   if (!in_.is_open()) cannot_read(shown_, errno);
   while (next_line()) {
     if (!line_.empty() && line_.front() == '#') continue;

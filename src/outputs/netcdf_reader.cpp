@@ -2,11 +2,15 @@
 
 #include <netcdf.h>
 
+#include "base/memory.h"
 #include "outputs/cannot_read.h"
 #include "outputs/netcdf_library.h"
+#include "outputs/regular_file.h"
 
 namespace Outputs {
 namespace {
+
+constexpr double most_bytes = 9e18;  // that a 64-bit number counts
 
 std::string lengths(const NetcdfReader::Sizes& shape) {
   std::string text;
@@ -24,6 +28,7 @@ void NetcdfReader::require(int status) {
 }
 
 NetcdfReader::NetcdfReader(const std::string& path, const std::string& shown) : shown_(shown) {
+  require_regular_file(path, shown);
   require(netcdf_alone([&] { return nc_open(path.c_str(), NC_NOWRITE, &id_); }));
 }
 
@@ -61,6 +66,13 @@ int NetcdfReader::variable(const std::string& name, const Sizes& wanted) {
   if (found != wanted) {
     throw CannotRead{shown_ + ": " + name + " has " + lengths(found) +
                      " values, but summary.json says " + lengths(wanted)};
+  }
+  // A file of a few bytes can say that it has any number of values.
+  double slice = sizeof(double);
+  for (std::size_t i = 1; i < found.size(); ++i) slice *= static_cast<double>(found[i]);
+  if (slice >= most_bytes || !Base::memory_fits(static_cast<std::uint64_t>(slice))) {
+    throw CannotRead{shown_ + ": " + name + " has " + lengths(found) +
+                     " values, which do not fit into memory"};
   }
   return find(name);
 }

@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "outputs/cannot_read.h"
+#include "outputs/regular_file.h"
 #include "outputs/summary_form.h"
 
 namespace Outputs {
@@ -61,6 +62,7 @@ Json read_summary(const PageSource& source) {
 
 std::string read_text(const PageSource& source, const std::string& name) {
   if (!source.has(name)) return "";
+  require_regular_file(source.path(name), source.shown(name));
   errno = 0;
   std::ifstream in(source.path(name), std::ios::binary);
   std::string text;

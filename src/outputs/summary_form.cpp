@@ -1,13 +1,16 @@
 #include "outputs/summary_form.h"
 
+#include <cmath>
 #include <nlohmann/json.hpp>
+#include <string_view>
 
 namespace Outputs {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-// A question mark allows null. "*" stands for every key.
+// A question mark allows null. "*" stands for every key. A "rate" is above 0, and a "count" is a
+// whole number: the page divides by rates and makes room for counts.
 constexpr const char* form = R"({
   "kelpbox": "text", "compiler": "text", "title": "text",
   "site": {"name": "text", "tank": "text", "identity": "text", "file": "text"},
@@ -17,24 +20,24 @@ constexpr const char* form = R"({
     "banks": [{"name": "text", "machine": "text", "paddle_width": "number", "paddles":
       {"number": ["number"], "x": ["number"], "y": ["number"], "angle": ["number"]}}]
   },
-  "run": {"repeat": "number", "lowest_harmonic": "number", "highest_harmonic": "number",
-    "side_walls": "truth value", "fronts": "number"},
-  "seas": [{"name": "text", "sentence": "text", "waves": ["text"], "fronts": "number",
+  "run": {"repeat": "rate", "lowest_harmonic": "count", "highest_harmonic": "count",
+    "side_walls": "truth value", "fronts": "count"},
+  "seas": [{"name": "text", "sentence": "text", "waves": ["text"], "fronts": "count",
     "holds": {"x": "number", "y": "number", "t": "number"}}],
-  "spectrum": {"at": {"x": "number", "y": "number"}, "harmonics": "number", "f": ["number"],
+  "spectrum": {"at": {"x": "number", "y": "number"}, "harmonics": "count", "f": ["number"],
     "made": ["number?"], "asked": ["number?"], "lines": [{"f": "number", "a": "number"}]},
   "directions": {"f": ["number"], "angle": ["number"], "variance": [["number?"]],
     "asked": ["number?"]},
-  "drive": {"rate": "number", "samples": "number", "ramp": "number",
+  "drive": {"rate": "rate", "samples": "count", "ramp": "number",
     "stop_at_limit": "truth value",
-    "banks": [{"name": "text", "units": "text", "paddles": "number", "maximum": "number?",
+    "banks": [{"name": "text", "units": "text", "paddles": "count", "maximum": "number?",
       "minimum": "number?", "clip_limit": "number?"}]},
-  "points": [{"name": "text", "x": "number", "y": "number", "rate": "number", "samples": "number",
+  "points": [{"name": "text", "x": "number", "y": "number", "rate": "rate", "samples": "count",
     "statistics": {"*": {"value": "number?", "units": "text"}}, "remarks": ["text"]}],
-  "field": {"rate": "number", "frames": "number", "lowest": "number?", "highest": "number?",
-    "x": {"from": "number", "step": "number", "count": "number"},
-    "y": {"from": "number", "step": "number", "count": "number"}, "remarks": ["text"]},
-  "judged": "number", "looks": "number",
+  "field": {"rate": "rate", "frames": "count", "lowest": "number?", "highest": "number?",
+    "x": {"from": "number", "step": "number", "count": "count"},
+    "y": {"from": "number", "step": "number", "count": "count"}, "remarks": ["text"]},
+  "judged": "count", "looks": "count",
   "findings": [{"group": "text", "key": "text", "quantity": "text", "units": "text",
     "asked": "number?", "made": "number?", "asked_text": "text", "made_text": "text",
     "criterion": "text", "verdict": "text?", "remark": "text", "minor": "truth value"}],
@@ -43,10 +46,25 @@ constexpr const char* form = R"({
   "files": [{"name": "text", "bytes": "number", "sha256": "text"}]
 })";
 
-bool is_of(const Json& value, const std::string& type) {
-  if (type == "text") return value.is_string();
-  if (type == "number") return value.is_number();
-  return value.is_boolean();
+// Above what any run can have, and far below what would overflow.
+constexpr double largest_number = 1e15;
+constexpr double largest_count = 4294967295.0;
+
+std::string fault_of_number(const Json& value, std::string_view type) {
+  if (!value.is_number()) return "is not a number";
+  const auto number = value.get<double>();
+  if (type == "rate" && !(number > 0.0)) return "is not above 0";
+  if (type == "count" && (number != std::floor(number) || number < 0.0)) {
+    return "is not a whole number";
+  }
+  const bool is_too_large = std::abs(number) > (type == "count" ? largest_count : largest_number);
+  return is_too_large ? "is too large" : "";
+}
+
+std::string fault_of_type(const Json& value, std::string_view type) {
+  if (type == "text") return value.is_string() ? "" : "is not a text";
+  if (type == "truth value") return value.is_boolean() ? "" : "is not a truth value";
+  return fault_of_number(value, type);
 }
 
 std::string fault(const Json& value, const Json& wanted, const std::string& place);
@@ -56,7 +74,8 @@ std::string fault_of_value(const Json& value, std::string type, const std::strin
     if (value.is_null()) return "";
     type.pop_back();
   }
-  return is_of(value, type) ? "" : place + " is not a " + type;
+  const std::string found = fault_of_type(value, type);
+  return found.empty() ? "" : place + " " + found;
 }
 
 std::string fault_of_list(const Json& value, const Json& element, const std::string& place) {

@@ -1,4 +1,4 @@
-// The types of the values in summary.json.
+// The types and ranges of the values in summary.json.
 #ifndef KELPBOX_OUTPUTS_SUMMARY_FORM_H_
 #define KELPBOX_OUTPUTS_SUMMARY_FORM_H_
 
@@ -7,8 +7,9 @@
 
 namespace Outputs {
 
-// What is wrong with the type of a value that the page shows: "drive.banks[0].name is not a text".
-// Empty if nothing is. Keys may be missing, as in the summaries of older versions.
+// What is wrong with a value that the page shows: "drive.banks[0].name is not a text",
+// "drive.samples is not a whole number". Empty if nothing is. Keys may be missing, as in the
+// summaries of older versions.
 std::string fault_of_form(const nlohmann::ordered_json& summary);
 
 }  // namespace Outputs
