@@ -1,6 +1,7 @@
 #include "jobs/input_files.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
@@ -87,10 +88,15 @@ std::string read_file(const std::string& path, std::uintmax_t most_mib) {
   }
   std::ifstream in(path, std::ios::binary);
   if (!in.is_open()) throw "cannot be opened: " + std::generic_category().message(errno);
-  std::ostringstream text;
-  text << in.rdbuf();
+  std::string text;
+  text.reserve(error ? 0 : size);  // a stream would hold it twice
+  std::array<char, 1 << 16> block{};
+  while (in.read(block.data(), block.size()) || in.gcount() > 0) {
+    text.append(block.data(), static_cast<std::size_t>(in.gcount()));
+    if (text.size() > most_mib << 20) throw "is larger than " + std::to_string(most_mib) + " MiB";
+  }
   if (in.bad()) throw std::string("cannot be read");
-  return text.str();
+  return text;
 }
 
 std::string unquoted_path(std::string_view text) {
