@@ -13,8 +13,13 @@ export function ticks(from: number, to: number, most = 6): Ticks {
   const step = roundStep(span / Math.max(1, most));
   const decimals = Math.max(0, -Math.floor(Math.log10(step) + 1e-9));
   const values: number[] = [];
+  const first = Math.ceil(from / step - 1e-6);
   const last = Math.floor(to / step + 1e-6);
-  for (let i = Math.ceil(from / step - 1e-6); i <= last; ++i) values.push(Number((i * step).toFixed(decimals)));
+  // Far from 0, whole numbers are further apart than 1, and counting them would not end.
+  if (decimals > 100 || !Number.isSafeInteger(first) || !Number.isSafeInteger(last)) {
+    return { values: [from], step: 0, label: (value) => plainNumber(value) };
+  }
+  for (let i = first; i <= last; ++i) values.push(Number((i * step).toFixed(decimals)));
   return { values, step, label: (value) => minus(value.toFixed(decimals)) };
 }
 
