@@ -15,7 +15,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::size_t longest_log = 100'000;
+constexpr std::size_t largest_job = 64 << 20;
+constexpr std::size_t largest_log = 256 << 20;
+constexpr std::size_t longest_log = 100'000;  // on the page
 
 }  // namespace
 
@@ -27,8 +29,8 @@ PageText page_json(const PageSource& source, const Progress& progress) {
     Json page;
     page["schema"] = 1;
     page["summary"] = summary;
-    page["job"] = read_text(source, "job.toml");
-    page["log"] = without_middle(read_text(source, "log.txt"), longest_log);
+    page["job"] = read_text(source, "job.toml", largest_job);
+    page["log"] = without_middle(read_text(source, "log.txt", largest_log), longest_log);
     page["drive"] = page_drive(source, summary, facts, step);
     page["points"] = page_points(source, summary, facts, step);
     Json field = page_field(source, summary, facts, step);

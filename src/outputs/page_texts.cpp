@@ -21,7 +21,27 @@ using Json = nlohmann::ordered_json;
 constexpr const char* required[] = {"kelpbox", "title",  "site",     "run",     "seas",
                                     "points",  "judged", "findings", "remarks", "inputs"};
 
-constexpr int most_levels = 32;  // a run writes 6
+constexpr std::size_t most_levels = 32;  // a run writes 6
+constexpr std::size_t largest_summary = 32 << 20;
+
+// Whether lists and objects lie too deep in each other. Copying and writing such values would
+// exhaust the stack.
+bool is_too_deep(const std::string& text) {
+  std::size_t levels = 0;
+  bool in_text = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (in_text && text[i] == '\\') {
+      ++i;
+    } else if (text[i] == '"') {
+      in_text = !in_text;
+    } else if (!in_text && (text[i] == '[' || text[i] == '{')) {
+      if (++levels > most_levels) return true;
+    } else if (!in_text && (text[i] == ']' || text[i] == '}') && levels > 0) {
+      --levels;
+    }
+  }
+  return false;
+}
 
 bool is_complete(const Json& summary) {
   return summary.is_object() &&
@@ -41,14 +61,11 @@ Json read_summary(const PageSource& source) {
                      ": is not a folder of results of `kelpbox run`: it has no summary.json"};
   }
   const std::string shown = source.shown("summary.json");
-  const std::string text = read_text(source, "summary.json");
+  const std::string text = read_text(source, "summary.json", largest_summary);
   try {
     const std::string foreign = shown + ": is not a summary of `kelpbox run`";
-    // Deep nesting would exhaust the stack where values are copied and written.
-    Json summary = Json::parse(text, [&foreign](int depth, Json::parse_event_t, Json&) {
-      if (depth > most_levels) throw CannotRead{foreign};
-      return true;
-    });
+    if (is_too_deep(text)) throw CannotRead{foreign};
+    const Json summary = Json::parse(text);
     if (!is_complete(summary)) throw CannotRead{foreign};
     const std::string fault = fault_of_form(summary);
     if (!fault.empty()) throw CannotRead{foreign + ": " + fault};
@@ -60,7 +77,7 @@ Json read_summary(const PageSource& source) {
   }
 }
 
-std::string read_text(const PageSource& source, const std::string& name) {
+std::string read_text(const PageSource& source, const std::string& name, std::size_t largest) {
   if (!source.has(name)) return "";
   require_regular_file(source.path(name), source.shown(name));
   errno = 0;
@@ -69,6 +86,9 @@ std::string read_text(const PageSource& source, const std::string& name) {
   std::array<char, 1 << 16> block{};
   while (in.read(block.data(), block.size()) || in.gcount() > 0) {
     text.append(block.data(), static_cast<std::size_t>(in.gcount()));
+    if (text.size() <= largest) continue;
+    throw CannotRead{source.shown(name) + ": is larger than " + std::to_string(largest >> 20) +
+                     " MiB"};
   }
   if (!in.is_open() || in.bad()) cannot_read(source.shown(name), errno == 0 ? EIO : errno);
   return text;

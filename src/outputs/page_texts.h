@@ -14,8 +14,8 @@ namespace Outputs {
 // did not write.
 nlohmann::ordered_json read_summary(const PageSource& source);
 
-// The contents of a file; empty if there is none. Throws CannotRead.
-std::string read_text(const PageSource& source, const std::string& name);
+// The contents of a file of at most so many bytes; empty if there is none. Throws CannotRead.
+std::string read_text(const PageSource& source, const std::string& name, std::size_t largest);
 
 // A text of at most about `longest` bytes. The lines in the middle of a longer one are replaced by
 // one that says how many they were.

@@ -217,20 +217,22 @@ TEST_F(BrokenResults, AreReportedForNumbersThatNoRunHas) {
 TEST_F(BrokenResults, AreReportedForFilesThatAreNotRegular) {
   const std::string names[] = {"drive.nc",    "drive_1.csv", "points.nc", "point_1.nc",
                                "point_1.csv", "field.nc",    "job.toml",  "log.txt"};
+  dir.write("summary.json", summary.dump());
+  const auto no_page = [&] { return Testing::no_page(dir.path()); };
   for (const std::string& name : names) {
     ASSERT_EQ(mkfifo(dir.file(name).c_str(), 0600), 0) << name;
-    EXPECT_EQ(why(), "x.out/" + name + ": not a regular file");
+    EXPECT_EQ(no_page(), "x.out/" + name + ": not a regular file");
     std::filesystem::remove(dir.file(name));
     std::filesystem::create_symlink("/dev/zero", dir.file(name));
-    EXPECT_EQ(why(), "x.out/" + name + ": not a regular file");
+    EXPECT_EQ(no_page(), "x.out/" + name + ": not a regular file");
     std::filesystem::remove(dir.file(name));
     std::filesystem::create_directory(dir.file(name));
-    EXPECT_EQ(why(), "x.out/" + name + ": Is a directory");
+    EXPECT_EQ(no_page(), "x.out/" + name + ": Is a directory");
     std::filesystem::remove(dir.file(name));
   }
   std::filesystem::remove(dir.file("summary.json"));
   ASSERT_EQ(mkfifo(dir.file("summary.json").c_str(), 0600), 0);
-  EXPECT_EQ(Testing::no_page(dir.path()), "x.out/summary.json: not a regular file");
+  EXPECT_EQ(no_page(), "x.out/summary.json: not a regular file");
 }
 
 TEST_F(BrokenResults, AreReportedForDeepNesting) {
