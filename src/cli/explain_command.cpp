@@ -39,6 +39,7 @@ Answer explain_lines(const std::string& text) {
   constexpr std::size_t most_lines = 200;
   constexpr std::size_t most_characters = 4000;
   std::istringstream lines(text);
+  lines.exceptions(std::ios_base::badbit);  // set when a line does not fit into memory
   Answer first;
   std::size_t count = 0;
   for (std::string line; count < most_lines && std::getline(lines, line);) {

@@ -74,6 +74,7 @@ std::string units_in(const std::vector<std::string>& comments,
     for (const std::string_view word : words) at = std::min(at, text.find(word));
     if (at == text.npos) continue;
     std::istringstream rest(comment.substr(at));
+    rest.exceptions(std::ios_base::badbit);  // set when a word does not fit into memory
     for (std::string word; rest >> word;) {
       if (word != "in" || !(rest >> word)) continue;
       std::string units = trimmed(word.substr(0, word.find_last_not_of('.') + 1));

@@ -17,8 +17,9 @@ class CapturedLines {
   CapturedLines(const CapturedLines&) = delete;
   CapturedLines& operator=(const CapturedLines&) = delete;
 
-  std::string progress() const { return progress_.str(); }
-  std::string faults() const { return faults_.str(); }
+  // Both throw std::bad_alloc if not all lines fitted into memory.
+  std::string progress() const;
+  std::string faults() const;
 
  private:
   std::ostringstream progress_;

@@ -89,7 +89,7 @@ std::string read_file(const std::string& path, std::uintmax_t most_mib) {
   std::ifstream in(path, std::ios::binary);
   if (!in.is_open()) throw "cannot be opened: " + std::generic_category().message(errno);
   std::string text;
-  text.reserve(error ? 0 : size);  // a stream would hold it twice
+  text.reserve(error ? 0 : size);  // a stream would hold it twice, or only as much as fits
   std::array<char, 1 << 16> block{};
   while (in.read(block.data(), block.size()) || in.gcount() > 0) {
     text.append(block.data(), static_cast<std::size_t>(in.gcount()));

@@ -66,6 +66,7 @@ std::string hidden_message(const std::string& path) {
 std::vector<std::string> lines_after(const std::string& text, const std::string& beginning) {
   std::vector<std::string> found;
   std::istringstream lines(text);
+  lines.exceptions(std::ios_base::badbit);  // set when a line does not fit into memory
   for (std::string line; std::getline(lines, line);) {
     if (line.starts_with(beginning)) found.push_back(line.substr(beginning.size()));
   }
@@ -74,6 +75,7 @@ std::vector<std::string> lines_after(const std::string& text, const std::string&
 
 std::uint32_t token_length(const std::string& text, std::uint32_t line, std::uint32_t column) {
   std::istringstream lines(text);
+  lines.exceptions(std::ios_base::badbit);  // set when a line does not fit into memory
   std::string content;
   for (std::uint32_t i = 0; i < line && std::getline(lines, content);) ++i;
   if (column == 0 || column > content.size()) return 1;
