@@ -14,6 +14,8 @@ CsvReader::CsvReader(const std::string& path, const std::string& shown) : shown_
   errno = 0;
   in_.open(path, std::ios::binary);
   if (!in_.is_open()) cannot_read(shown_, errno);
+  // Distinguishes a file that cannot be read from a line that does not fit into memory.
+  in_.exceptions(std::ios_base::badbit);
   while (next_line()) {
     if (!line_.empty() && line_.front() == '#') continue;
     columns_ = static_cast<std::size_t>(std::count(line_.begin(), line_.end(), ',')) + 1;
@@ -24,9 +26,11 @@ CsvReader::CsvReader(const std::string& path, const std::string& shown) : shown_
 
 bool CsvReader::next_line() {
   ++number_;
-  if (std::getline(in_, line_)) return true;
-  if (in_.bad()) cannot_read(shown_, EIO);
-  return false;
+  try {
+    return static_cast<bool>(std::getline(in_, line_));
+  } catch (const std::ios_base::failure&) {
+    cannot_read(shown_, EIO);
+  }
 }
 
 void CsvReader::refuse(const std::string& why) const {
