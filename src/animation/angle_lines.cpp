@@ -12,6 +12,7 @@ AngleLines::AngleLines(const Maths::FrontSet& fronts, std::size_t top, FrontAngl
   if (angles == FrontAngles::hidden) return;
   std::ostringstream text;
   text.copyfmt(out_);
+  text.exceptions(std::ios_base::badbit);  // or lines that do not fit into memory would be missing
   for (std::size_t h = 0; h < top; ++h) {
     for (const Maths::HarmonicFront& front : fronts.slots[h]) text << front.angle << '\n';
   }
