@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <streambuf>
 #include <utility>
 
@@ -13,29 +14,27 @@ namespace {
 
 constexpr std::size_t most_collected = 1048576;
 
-// Collects characters up to the limit, and counts the lines after it.
+// Collects characters up to the limit, or as many as fit into memory, and counts the lines after
+// them.
 class Collected : public std::streambuf {
  public:
   std::string take() {
-    std::string text = std::exchange(text_, {});
     if (full_) {
       // The last line may be incomplete. Its end is among those counted.
-      text.erase(text.rfind('\n') + 1);
-      text += "Lines left out: " + std::to_string(missing_) + "\n";
+      text_.erase(text_.rfind('\n') + 1);
+      text_ += "Lines left out: " + std::to_string(missing_) + "\n";
     }
     full_ = false;
     missing_ = 0;
-    return text;
+    return std::exchange(text_, {});
   }
 
  protected:
   std::streamsize xsputn(const char* characters, std::streamsize count) override {
     const auto length = static_cast<std::size_t>(count);
-    full_ = full_ || length > most_collected - text_.size();
+    full_ = full_ || length > most_collected - text_.size() || !append(characters, length);
     if (full_) {
       missing_ += static_cast<std::uint64_t>(std::count(characters, characters + length, '\n'));
-    } else {
-      text_.append(characters, length);
     }
     return count;
   }
@@ -48,6 +47,16 @@ class Collected : public std::streambuf {
   }
 
  private:
+  // False if there is no memory. A stream would ignore the failure, and all lines after it.
+  bool append(const char* characters, std::size_t length) {
+    try {
+      text_.append(characters, length);
+      return true;
+    } catch (const std::bad_alloc&) {
+      return false;
+    }
+  }
+
   std::string text_;
   bool full_ = false;
   std::uint64_t missing_ = 0;  // ends of lines that are not in the text
@@ -78,7 +87,6 @@ void collect_output(bool on) {
   if (on && !collecting) {
     if (!collector) collector = std::make_unique<Collector>();
     if (!same_format(collector->stream, std::cout)) collector->stream.copyfmt(std::cout);
-    // A line that did not fit into memory leaves the stream failed.
     collector->stream.clear();
   }
   collecting = on;

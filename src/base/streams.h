@@ -19,8 +19,8 @@ std::ostream& script_faults();
 // writing it. The collected bytes are those that standard output would get.
 void collect_output(bool on);
 
-// What the calling thread has collected since the last call. Above 1 MiB the rest is left out: the
-// last line then says how many lines are missing.
+// What the calling thread has collected since the last call. Above 1 MiB, and when memory runs out,
+// the rest is left out: the last line then says how many lines are missing.
 std::string take_output();
 
 // Writes the parts as one line to `progress` and flushes it, so that hosts get it at once.
