@@ -4,7 +4,6 @@
 #include <atomic>
 #include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -74,11 +73,11 @@ class Threads {
   Threads& operator=(const Threads&) = delete;
 
   void start(unsigned count, const std::function<void()>& work) {
-    threads_.reserve(count);
     try {
+      threads_.reserve(count);
       for (unsigned i = 0; i < count; ++i) threads_.emplace_back(work);
-    } catch (const std::system_error&) {
-      // The workers that there are do all of the work.
+    } catch (const std::exception&) {
+      // No more threads, or no memory for them: the workers that there are do all of the work.
     }
   }
 

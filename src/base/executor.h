@@ -44,8 +44,8 @@ class Executor {
 
   // Calls `work` once in each worker, and returns after all of them have. `work` takes items until
   // there are none, and may keep memory of its own from item to item. It may also return earlier:
-  // items that are left go to the other workers. If the system gives no more threads, there are
-  // fewer workers.
+  // items that are left go to the other workers. If the system gives no more threads, or
+  // no memory for them, there are fewer workers.
   //
   // When an item fails, no further items are handed out. Throws the failure of the lowest item that
   // failed, which does not depend on the number of workers.
