@@ -1,7 +1,9 @@
 #include "analysis/multi_time.h"
 
 #include <cstddef>
+#include <new>
 #include <string>
+#include <utility>
 
 #include "analysis/find_waves.h"
 
@@ -12,14 +14,25 @@ MultiTime::MultiTime(const Maths::TankConfig& tank, Set& set)
 
 void MultiTime::process(const Base::Params&) {
   if (waves_.size() != set_data_->size()) throw std::string("Mismatched sizes");
-  for (std::size_t i = 0; i < waves_.size(); ++i) {
+  std::vector<WaveList> lists = waves_;
+  for (std::size_t i = 0; i < lists.size(); ++i) {
     const Record& record = (*set_data_)[i];
-    append_waves(waves_[i].waves, record.samples(), 1.0 / record.rate(), false);
-    waves_[i].sort_by_height();
+    append_waves(lists[i].waves, record.samples(), 1.0 / record.rate(), false);
+    lists[i].sort_by_height();
   }
+  earlier_ = std::exchange(waves_, std::move(lists));
 }
 
 void MultiTime::results(Base::Params& out) {
+  try {
+    report(out);
+  } catch (const std::bad_alloc&) {
+    if (!earlier_.empty()) waves_ = std::exchange(earlier_, {});
+    throw;
+  }
+}
+
+void MultiTime::report(Base::Params& out) {
   std::size_t regular = 0;
   for (WaveList& list : waves_) {
     if (is_regular(list)) ++regular;

@@ -14,7 +14,8 @@ class MultiTime final : public Process {
   MultiTime(const Maths::TankConfig& tank, Set& set);
 
   // Finds the waves of each record and appends them to its list. A second call appends them again
-  // on purpose: hosts see the doubled counts. The settings are not read. Throws "Mismatched sizes".
+  // on purpose: hosts see the doubled counts. When memory runs out, here or in `results`, nothing
+  // is appended, so that a host can try again. The settings are not read. Throws "Mismatched sizes".
   void process(const Base::Params& settings) override;
   // Adds means over the records: "sig_t" and "sig_h" if fewer than half of the records are regular,
   // "reg_t" otherwise. Throws the messages of wave_list.h.
@@ -23,10 +24,12 @@ class MultiTime final : public Process {
   const std::vector<double>& data(const Base::Params& params) override;
 
  private:
+  void report(Base::Params& out);
   void report_irregular(Base::Params& out);
   void report_regular(Base::Params& out);
 
-  std::vector<WaveList> waves_;  // one list for each record
+  std::vector<WaveList> waves_;    // one list for each record
+  std::vector<WaveList> earlier_;  // those before the last `process`
 };
 
 }  // namespace Analysis
