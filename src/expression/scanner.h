@@ -30,6 +30,10 @@ class ExpressionScanner final : public ExpressionScanFlexLexer {
   int next(TokenValue& value);
 
  private:
+  // As the generated one, which yylex would call.
+  using ExpressionScanFlexLexer::yy_create_buffer;
+  yy_buffer_state* yy_create_buffer(std::istream& in, int size);
+
   int yylex() override;
   // Throws a std::string, where the generated scanner would end the process.
   void LexerError(const char* message) override;

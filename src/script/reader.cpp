@@ -1,8 +1,13 @@
 #include "script/reader.h"
 
+#include <stdlib.h>
+
 #include <boost/filesystem/operations.hpp>
+#include <cerrno>
+#include <cstdlib>
 #include <fstream>
 #include <memory>
+#include <new>
 #include <ostream>
 
 #include "base/streams.h"
@@ -43,6 +48,14 @@ const char* long_token_name(int token) {
   }
 }
 
+// The path without links, or nothing if there is none. The function of Boost ends the process when
+// memory runs out.
+std::string canonical_path(const fs::path& file) {
+  const std::unique_ptr<char, void (*)(void*)> path(realpath(file.c_str(), nullptr), std::free);
+  if (!path && errno == ENOMEM) throw std::bad_alloc();
+  return path ? path.get() : "";
+}
+
 }  // namespace
 
 void SubSerial::Parser::report(const std::string& error) {
@@ -56,8 +69,7 @@ void SubSerial::Parser::report(const std::string& error) {
 
 bool SubSerial::Parser::read(const fs::path& file) {
   require_regular(file);
-  boost::system::error_code ignored;
-  const fs::path canonical = fs::canonical(file, ignored);
+  const std::string canonical = canonical_path(file);
   require_no_loop(file, canonical);
   require_few_files(file);
   auto source = std::make_unique<Source>(file);
@@ -122,7 +134,7 @@ void SubSerial::Parser::require_regular(const fs::path& file) const {
   throw "File \"" + file.string() + "\" does not exist";
 }
 
-void SubSerial::Parser::require_no_loop(const fs::path& file, const fs::path& canonical) const {
+void SubSerial::Parser::require_no_loop(const fs::path& file, const std::string& canonical) const {
   for (const Open& open : open_) {
     if (open.canonical != canonical) continue;
     throw "File \"" + file.string() + "\" includes itself" +

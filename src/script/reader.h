@@ -25,7 +25,7 @@ class SubSerial::Parser : public ScriptParse {
  private:
   struct Open {
     boost::filesystem::path file;
-    boost::filesystem::path canonical;
+    std::string canonical;  // the path without links
     const ScriptScan* scan;
   };
 
@@ -38,8 +38,7 @@ class SubSerial::Parser : public ScriptParse {
   bool include(ScriptScan& scan, const boost::filesystem::path& file);
   // Throw std::string.
   void require_regular(const boost::filesystem::path& file) const;
-  void require_no_loop(const boost::filesystem::path& file,
-                       const boost::filesystem::path& canonical) const;
+  void require_no_loop(const boost::filesystem::path& file, const std::string& canonical) const;
   void require_few_files(const boost::filesystem::path& file) const;
 
   // The file being read is the last, after those that include it.

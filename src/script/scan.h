@@ -31,6 +31,10 @@ class ScriptScan : public ScriptScanFlexLexer {
   unsigned column() const { return token_column_; }
 
  protected:
+  // As the generated one, which yylex would call.
+  using ScriptScanFlexLexer::yy_create_buffer;
+  yy_buffer_state* yy_create_buffer(std::istream& in, int size);
+
   // Writes meaningless characters to standard output.
   void LexerOutput(const char* characters, int count) override;
   int LexerInput(char* buffer, int size) override;
