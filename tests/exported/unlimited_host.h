@@ -1,31 +1,13 @@
-// Memory that ends after a number of allocations, as it does on a machine without swap.
-#ifndef KELPBOX_TESTS_EXPORTED_LIMITED_MEMORY_H_
-#define KELPBOX_TESTS_EXPORTED_LIMITED_MEMORY_H_
+// A host that has memory when the library has none.
+#ifndef KELPBOX_TESTS_EXPORTED_UNLIMITED_HOST_H_
+#define KELPBOX_TESTS_EXPORTED_UNLIMITED_HOST_H_
 
-#include <limits>
 #include <type_traits>
-#include <utility>
 
 #include "array_host.h"
+#include "support/failing_memory.h"
 
 namespace Testing {
-
-inline constexpr long no_limit = std::numeric_limits<long>::max();
-
-// The allocations that `operator new` can still make on this thread. Then all fail.
-inline thread_local long allocations_left = no_limit;
-
-// While it exists, this thread has all the memory that it needs.
-class Unlimited {
- public:
-  Unlimited() { std::swap(left_, allocations_left); }
-  ~Unlimited() { allocations_left = left_; }
-  Unlimited(const Unlimited&) = delete;
-  Unlimited& operator=(const Unlimited&) = delete;
-
- private:
-  long left_ = no_limit;
-};
 
 // A host whose own functions are not limited.
 class UnlimitedHost : public ArrayHost {
@@ -60,4 +42,4 @@ class UnlimitedHost : public ArrayHost {
 
 }  // namespace Testing
 
-#endif  // KELPBOX_TESTS_EXPORTED_LIMITED_MEMORY_H_
+#endif  // KELPBOX_TESTS_EXPORTED_UNLIMITED_HOST_H_
