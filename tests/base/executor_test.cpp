@@ -11,7 +11,7 @@ namespace {
 using Base::Executor;
 using Base::WorkItems;
 
-constexpr unsigned worker_counts[] = {1, 2, 3, 7};
+constexpr unsigned worker_counts[] = {1, 2, 3, 8};
 
 void wait_for(const std::atomic<bool>& flag) {
   while (!flag) std::this_thread::yield();
@@ -102,6 +102,68 @@ TEST(Executor, NoItemIsHandedOutAfterAFailure) {
                  int);
     EXPECT_GE(done, 10u);
     EXPECT_LT(done, items);
+  }
+}
+
+// Each item of the outer work shares out work of its own.
+TEST(Executor, NestsInItself) {
+  for (const unsigned outer : worker_counts) {
+    for (const unsigned inner : worker_counts) {
+      std::vector<int> done(20);
+      Executor(outer).each(4, [&](std::size_t i) {
+        Executor(inner).each(5, [&](std::size_t j) { ++done[5 * i + j]; });
+      });
+      EXPECT_EQ(done, std::vector<int>(20, 1)) << outer << " and " << inner;
+    }
+  }
+}
+
+TEST(Executor, AFailureOfNestedWorkLeavesBoth) {
+  for (const unsigned workers : worker_counts) {
+    std::string failure;
+    try {
+      Executor(workers).each(4, [&](std::size_t i) {
+        Executor(workers).each(5, [&](std::size_t j) {
+          if (j == 2) throw std::to_string(i);
+        });
+      });
+    } catch (const std::string& thrown) {
+      failure = thrown;
+    }
+    EXPECT_EQ(failure, "0") << workers;
+  }
+}
+
+TEST(Executor, EveryWorkerMayFailAtTheSameTime) {
+  for (const unsigned workers : worker_counts) {
+    std::atomic<unsigned> begun{0};
+    std::size_t failure = workers;
+    try {
+      Executor(workers).each(workers, [&](std::size_t item) {
+        for (++begun; workers > 1 && begun < workers;) std::this_thread::yield();
+        throw item;
+      });
+    } catch (const std::size_t item) {
+      failure = item;
+    }
+    EXPECT_EQ(failure, 0U) << workers;
+  }
+}
+
+// A stop that another thread sets is seen by all workers.
+TEST(Executor, AStopEndsAllWorkers) {
+  for (const unsigned workers : worker_counts) {
+    std::atomic<bool> stop{false};
+    std::atomic<std::size_t> done{0};
+    std::thread stopper([&] {
+      while (done < 10) std::this_thread::yield();
+      stop = true;
+    });
+    Executor(workers).share(1'000'000'000'000, [&](WorkItems& items) {
+      for (std::size_t item = 0; !stop && items.next(item);) ++done;
+    });
+    stopper.join();
+    EXPECT_GE(done, 10U);
   }
 }
 
