@@ -21,10 +21,6 @@ public final class NativeExperiment implements AutoCloseable {
         delete_Kelpbox_Vector(record);
     }
 
-    public long address() {
-        return experiment;
-    }
-
     /**
      * Builds a run of one wave along the tank. Frequency in Hz, amplitude in m, repeat time in s.
      */
@@ -115,8 +111,7 @@ public final class NativeExperiment implements AutoCloseable {
     public double highestAtPaddle(long definition, double rate, double xStep) {
         build(definition, rate, xStep);
         double most = 0;
-        long frames = Kelpbox_Experiment_animate_size(experiment, null, definition);
-        for (long t = 0; t < frames; ++t) {
+        for (long t = 0; t < frames(definition); ++t) {
             long frame = Kelpbox_Experiment_animate_data(experiment, null, definition, t);
             most = Math.max(most, Kelpbox_StdVectorShort_get(frame, null, 0) * 4.0 / 32767);
         }
@@ -134,6 +129,21 @@ public final class NativeExperiment implements AutoCloseable {
         Flume.insert(params, "y_min", -0.5, "m");
         Flume.insert(params, "y_max", 0.5, "m");
         Kelpbox_Experiment_animate_build(experiment, null, definition, params, null);
+    }
+
+    /** {@return the share of the animation that has been built; on any thread} */
+    public double progress(long definition) {
+        return Kelpbox_Experiment_animate_progress(experiment, null, definition);
+    }
+
+    /** Ends the build of the animation; on any thread. */
+    public void stop(long definition) {
+        Kelpbox_Experiment_animate_stop(experiment, null, definition);
+    }
+
+    /** {@return the number of frames} */
+    public long frames(long definition) {
+        return Kelpbox_Experiment_animate_size(experiment, null, definition);
     }
 
     /** Sets the site to what it has. */

@@ -26,10 +26,6 @@ final class SoakTable {
         return good;
     }
 
-    void head() {
-        OUT.println("Resident set in MiB at the start and after each tenth");
-    }
-
     /**
      * What must not grow: after the first half, no mark may be 5 % above the one at the half or
      * below it.

@@ -1,7 +1,5 @@
 package tidelab.waves;
 
-import static tidelab.KelpboxNativeLibrary.KelpboxNativeLibraryJNI.Kelpbox_Experiment_animate_stop;
-
 import java.util.Arrays;
 import java.util.EnumMap;
 import java.util.Map;
@@ -13,12 +11,13 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
 import java.util.concurrent.locks.LockSupport;
+import java.util.function.DoubleSupplier;
 import tidelab.NativeExperiment;
 import tidelab.waves.component.WaveSynthesisException;
 
 /** Animations that are stopped at random moments of their builds, in every way that there is. */
 final class StoppedAnimations {
-    private static final double X_STEP = 0.02; // m
+    private static final double X_STEP = 0.04; // m
     private static final double RATE = 20; // Hz
     private static final Settings GRID =
             Surfaces.GRID.with("x_step", Quantity.of(X_STEP, "m")).with("rate", "20 Hz");
@@ -34,26 +33,14 @@ final class StoppedAnimations {
         return thread;
     });
     private final Map<Way, Integer> stopped = new EnumMap<>(Way.class);
-    private long whole = undisturbed();
-
-    /** The time in ns that a build takes. */
-    private static long undisturbed() {
-        long least = Long.MAX_VALUE;
-        for (int i = 0; i < 10; ++i) {
-            try (SafeExperiment experiment = new SafeExperiment()) {
-                Animation animation = experiment.irregular(REPEAT, RECORD).animation(GRID);
-                long begin = System.nanoTime();
-                animation.build();
-                least = Math.min(least, System.nanoTime() - begin);
-            }
-        }
-        return least;
-    }
 
     void stop(int number) {
         Way way = Way.values()[number % Way.values().length];
         if (way == Way.NATIVE_STOP ? stopNative() : stop(way))
             stopped.merge(way, 1, Integer::sum);
+        // Else the moments of the garbage collector would show in the memory.
+        if (way == Way.ABANDON)
+            Tanks.live();
     }
 
     /** Of the builds, most must have been met in their middle. */
@@ -64,9 +51,12 @@ final class StoppedAnimations {
                 "stopped before their end: " + stopped + ", at least " + least + " each");
     }
 
-    private void waitUpToAWholeBuild() {
-        long end = System.nanoTime() + (long) (whole * random.nextDouble());
-        while (System.nanoTime() < end) LockSupport.parkNanos(10_000);
+    /**
+     * Waits until a random share has been built. With a negative one, the build may not run yet.
+     */
+    private void waitForRandomMoment(Future<?> build, DoubleSupplier progress) {
+        double share = random.nextDouble(-0.1, 1.0);
+        while (progress.getAsDouble() < share && !build.isDone()) LockSupport.parkNanos(10_000);
     }
 
     private boolean stop(Way way) {
@@ -77,7 +67,7 @@ final class StoppedAnimations {
             return !animation.isReady();
         }
         CompletableFuture<Animation> build = animation.buildAsync(threads);
-        waitUpToAWholeBuild();
+        waitForRandomMoment(build, animation::progress);
         switch (way) {
             case CANCEL -> animation.cancel();
             case CANCEL_FUTURE -> build.cancel(true);
@@ -93,9 +83,14 @@ final class StoppedAnimations {
         try (NativeExperiment experiment = new NativeExperiment(Tanks.FLUME.toString())) {
             long definition = experiment.irregular(REPEAT, RECORD);
             Future<?> build = threads.submit(() -> experiment.build(definition, RATE, X_STEP));
-            waitUpToAWholeBuild();
-            Kelpbox_Experiment_animate_stop(experiment.address(), null, definition);
-            return endedEarly(build);
+            waitForRandomMoment(build, () -> experiment.progress(definition));
+            double progress = experiment.progress(definition);
+            experiment.stop(definition);
+            // It ends in silence if no column is in hand.
+            endedEarly(build);
+            if (progress > 0 && experiment.frames(definition) != 0)
+                throw new AssertionError("frames are left");
+            return progress > 0 && progress < 1;
         }
     }
 
