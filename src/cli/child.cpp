@@ -14,6 +14,8 @@
 #include <cstring>
 #include <utility>
 
+#include "cli/console.h"
+
 namespace Cli {
 
 namespace {
@@ -42,7 +44,10 @@ void close_standard_output() {
   set_signals_of_child();
   close_standard_output();
   ChildReport report(fd);
-  std::exit(work(report));
+  const int code = work(report);
+  // HDF5 crashes at the end of a process that could not complete one of its files.
+  if (code == Exit::cannot_write) _exit(code);
+  std::exit(code);
 }
 
 }  // namespace

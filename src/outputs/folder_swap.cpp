@@ -11,20 +11,12 @@
 #include "outputs/cannot_write.h"
 #include "outputs/earlier_results.h"
 #include "outputs/hidden_folders.h"
+#include "outputs/output_file.h"
 
 namespace fs = std::filesystem;
 
 namespace Outputs {
 namespace {
-
-void flush(const fs::path& path, const std::string& shown) {
-  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor == -1) cannot_write(shown, errno);
-  const int error = fsync(descriptor) == 0 ? 0 : errno;
-  close(descriptor);
-  // Some file systems cannot flush folders.
-  if (error != 0 && error != EINVAL && error != ENOTSUP) cannot_write(shown, error);
-}
 
 // Whether the file system, or the kernel, lacks this kind of rename.
 bool unsupported(int error) { return error == EINVAL || error == ENOSYS || error == ENOTSUP; }
@@ -41,17 +33,24 @@ void copy_rights(const std::string& from, const std::string& to) {
   }
 }
 
+// Undoes what put_in_place has done. Nothing more can be done if this fails too.
+void take_back(const std::string& folder, const std::string& place, const std::string& old) {
+  const int failed = rename_with(old == folder ? RENAME_EXCHANGE : 0, place, folder);
+  if (failed == 0 && !old.empty() && old != folder) rename_with(0, old, place);
+}
+
 }  // namespace
 
 void flush_folder(const std::string& folder, const std::string& shown) {
   try {
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
-      flush(entry.path(), shown + "/" + entry.path().lexically_relative(folder).string());
+      flush_to_disk(entry.path().string(),
+                    shown + "/" + entry.path().lexically_relative(folder).string());
     }
   } catch (const fs::filesystem_error& failure) {
     cannot_write(shown, failure.code().value());
   }
-  flush(folder, shown);
+  flush_to_disk(folder, shown);
 }
 
 std::string swap_in_two_steps(const std::string& folder, const std::string& place,
@@ -89,7 +88,12 @@ std::string put_in_place(const std::string& folder, const std::string& place,
     if (error != (exists ? ENOENT : EEXIST)) break;
   }
   if (error != 0) cannot_write(shown, error);
-  flush(fs::path(place).parent_path(), shown);
+  try {
+    flush_to_disk(fs::path(place).parent_path().string(), shown);
+  } catch (const CannotWrite&) {
+    take_back(folder, place, old);
+    throw;
+  }
   return old;
 }
 

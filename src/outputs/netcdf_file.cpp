@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include "outputs/netcdf_library.h"
+#include "outputs/output_file.h"
 
 namespace Outputs {
 namespace {
@@ -28,12 +29,14 @@ nc_type type_of(NetcdfType type) {
 
 void NetcdfFile::require(int status) {
   const int error = errno;
-  if (status != NC_NOERR) throw CannotWrite{shown_ + ": " + netcdf_reason(status, error)};
+  if (status == NC_NOERR) return;
+  id_ = -1;
+  throw CannotWrite{shown_ + ": " + netcdf_reason(status, error)};
 }
 
-NetcdfFile::NetcdfFile(OutputFolder& folder, const std::string& name) : shown_(folder.shown(name)) {
-  const std::string path = folder.path_of(name);
-  require(netcdf_alone([&] { return nc_create(path.c_str(), NC_NETCDF4 | NC_CLOBBER, &id_); }));
+NetcdfFile::NetcdfFile(OutputFolder& folder, const std::string& name)
+    : path_(folder.path_of(name)), shown_(folder.shown(name)) {
+  require(netcdf_alone([&] { return nc_create(path_.c_str(), NC_NETCDF4 | NC_CLOBBER, &id_); }));
   // Every value is written, so there is nothing to fill in before.
   int before = 0;
   require(netcdf_alone([&] { return nc_set_fill(id_, NC_NOFILL, &before); }));
@@ -130,8 +133,10 @@ void NetcdfFile::put(int variable, const std::vector<std::string>& values) {
 }
 
 void NetcdfFile::close() {
+  require(netcdf_alone([&] { return nc_sync(id_); }));
   const int id = id_;
   id_ = -1;
+  flush_to_disk(path_, shown_);
   require(netcdf_alone([&] { return nc_close(id); }));
 }
 

@@ -24,7 +24,8 @@ class NetcdfFile {
   using Sizes = std::vector<std::size_t>;
 
   NetcdfFile(OutputFolder& folder, const std::string& name);
-  // Closes the file. Failures are ignored: a finished file has been closed before.
+  // Closes the file without checking it: a finished file has been closed before. A file that could
+  // not be written stays open until the process ends: the library may crash when it closes one.
   ~NetcdfFile();
   NetcdfFile(const NetcdfFile&) = delete;
   NetcdfFile& operator=(const NetcdfFile&) = delete;
@@ -52,11 +53,13 @@ class NetcdfFile {
   void put(int variable, const std::vector<std::int32_t>& values);
   void put(int variable, const std::vector<std::string>& values);
 
+  // Writes the file to the disk first, so that nothing is left that could fail in the library.
   void close();
 
  private:
   void require(int status);
 
+  std::string path_;
   std::string shown_;
   int id_ = -1;
 };

@@ -54,4 +54,13 @@ void OutputFile::close() {
   if (::close(descriptor) != 0 && errno != EINTR) cannot_write(shown_, errno);
 }
 
+void flush_to_disk(const std::string& path, const std::string& shown) {
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor == -1) cannot_write(shown, errno);
+  const int error = fsync(descriptor) == 0 ? 0 : errno;
+  close(descriptor);
+  // Some file systems cannot flush folders.
+  if (error != 0 && error != EINVAL && error != ENOTSUP) cannot_write(shown, error);
+}
+
 }  // namespace Outputs

@@ -44,6 +44,9 @@ class OutputFile {
   int descriptor_;
 };
 
+// Has the system write a closed file, or a folder, to the disk. Throws CannotWrite.
+void flush_to_disk(const std::string& path, const std::string& shown);
+
 }  // namespace Outputs
 
 #endif  // KELPBOX_OUTPUTS_OUTPUT_FILE_H_

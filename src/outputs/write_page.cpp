@@ -1,6 +1,5 @@
 #include "outputs/write_page.h"
 
-#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -50,11 +49,7 @@ class Unfinished {
     file.write(text);
     file.close();
     // Its name must not lead to an empty file after a power failure.
-    const int descriptor = open(path_.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor == -1) cannot_write(shown_, errno);
-    const int error = fsync(descriptor) == 0 ? 0 : errno;
-    close(descriptor);
-    if (error != 0) cannot_write(shown_, error);
+    flush_to_disk(path_, shown_);
   }
 
   void move_to(const std::string& place) {
