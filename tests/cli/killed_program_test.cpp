@@ -10,6 +10,7 @@
 
 #include "cli/program_run.h"
 #include "cli/result_folders.h"
+#include "support/own_process.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ using Testing::Setting;
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-constexpr int moments = 50;  // of each of the four tests
+constexpr int moments = Testing::sanitized ? 10 : 50;  // of each of the four tests
 
 enum Phase { before_writing, while_writing, complete, in_place, ended, phases };
 constexpr std::array<const char*, phases> phase_names = {
