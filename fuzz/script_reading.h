@@ -45,6 +45,7 @@ class Reading {
   std::string report() const { return report_.str(); }
   std::string log() const { return log_text_.str(); }
   const Script::List& list() const { return list_; }
+  Root& root() const { return wrapper_.built(); }
   std::uint32_t checksum() const { return reader_.checksum(false); }
   std::string written(bool adjustable_only) const {
     std::ostringstream out;
