@@ -66,13 +66,16 @@ struct Failures {
 // `make` returns a pointer to a new object with everything that comes before the call, `call` is
 // the call, and `result` returns what it leaves. For every allocation of the call:
 //
-// - A call that fails is repeated on the same object, and then succeeds.
+// - A call that fails is repeated on the same object, and then succeeds. A slow call on an object
+//   that `make` returns again and again may be repeated after some of the failures only, and then
+//   all later allocations fail with some of them only.
 // - The result is that of an undisturbed call. So are the lines of a call that succeeds.
 // - When the object has ended, no more blocks are left than `abandoned`.
 template <typename Make, typename Call, typename Result>
 class EveryFailure {
  public:
-  EveryFailure(Make make, Call call, Result result) : make_(make), call_(call), result_(result) {}
+  EveryFailure(Make make, Call call, Result result, long repeated)
+      : make_(make), call_(call), result_(result), repeated_(repeated) {}
 
   Failures run() {
     // What is made once in a process is there afterwards.
@@ -82,9 +85,13 @@ class EveryFailure {
       run_undisturbed();
       left_ += held_blocks() - held_by(*expected_);
     }
+    // So is what is made once for the first failure.
+    fails(0, Fails::once);
+    all_ = {};
     for (const Fails kind : {Fails::once, Fails::from_there_on}) {
-      for (long allocations = 0; fails(allocations, kind); ++allocations) {
-        all_.allocations = allocations + 1;
+      const long step = kind == Fails::once ? 1 : repeated_;
+      for (long allocations = 0; fails(allocations, kind); allocations += step) {
+        if (kind == Fails::once) all_.allocations = allocations + 1;
         if (testing::Test::HasFailure()) {
           ADD_FAILURE() << (kind == Fails::once ? "one allocation" : "all allocations")
                         << " failed after " << allocations << ", " << message_;
@@ -137,6 +144,7 @@ class EveryFailure {
         message_ = message_in(thrown);
         thrown = nullptr;
         EXPECT_TRUE(has_failed) << message_;
+        if (allocations % repeated_ != 0) return has_failed;
         call_(*object);
       } else {
         EXPECT_EQ(written_.sum, lines_);
@@ -151,6 +159,7 @@ class EveryFailure {
   Make make_;
   Call call_;
   Result result_;
+  long repeated_;
   WrittenBytes written_;
   std::uint64_t lines_ = 0;
   long left_ = 0;
@@ -160,8 +169,8 @@ class EveryFailure {
 };
 
 template <typename Make, typename Call, typename Result>
-Failures every_failure(Make make, Call call, Result result) {
-  return EveryFailure<Make, Call, Result>(make, call, result).run();
+Failures every_failure(Make make, Call call, Result result, long repeated = 1) {
+  return EveryFailure<Make, Call, Result>(make, call, result, repeated).run();
 }
 
 }  // namespace Testing

@@ -4,7 +4,8 @@
 // pthread_create. They serve the libraries of the program too: the standard library, flex and bison
 // all end here. With a sanitizer, which has a malloc of its own, only `operator new` fails.
 //
-// The allocations of FFTW do not fail: it ends the process instead of reporting.
+// The allocations of FFTW, NetCDF, HDF5 and zlib do not fail. The first three end the process
+// instead of reporting.
 #ifndef KELPBOX_TESTS_SUPPORT_FAILING_MEMORY_H_
 #define KELPBOX_TESTS_SUPPORT_FAILING_MEMORY_H_
 
