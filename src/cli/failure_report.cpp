@@ -1,5 +1,7 @@
 #include "cli/failure_report.h"
 
+#include <algorithm>
+
 #include "cli/options.h"
 #include "jobs/failure.h"
 #include "outputs/cannot_read.h"
@@ -8,6 +10,9 @@
 namespace Cli {
 
 namespace {
+
+// Nobody reads more, and each needs a search for its line.
+constexpr std::size_t most_shown = 100;
 
 std::string count_of(const Jobs::Diagnostics& faults) {
   return faults.size() == 1 ? "1 error" : std::to_string(faults.size()) + " errors";
@@ -40,7 +45,11 @@ std::string shown(const Failure& failure, bool colour) {
   const auto how = colour ? Jobs::Colour::on : Jobs::Colour::off;
   if (failure.faults.empty()) return show({failure.message, {}, ""}, how);
   std::string text;
-  for (const Jobs::Diagnostic& fault : failure.faults) text += show(fault, how);
+  const std::size_t faults = std::min(failure.faults.size(), most_shown);
+  for (std::size_t i = 0; i < faults; ++i) text += show(failure.faults[i], how);
+  if (faults < failure.faults.size()) {
+    text += "and " + std::to_string(failure.faults.size() - faults) + " more errors\n";
+  }
   return text + failure.message + "\n";
 }
 

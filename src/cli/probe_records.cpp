@@ -123,7 +123,9 @@ class Reader {
           records_.file, Jobs::line_of_row(text, table_, *time.uneven_row));
     }
     records_.rate = time.rate;
-    if (!(records_.rate > 0.0)) fail("the times do not increase");
+    if (!(records_.rate > 0.0) || !std::isfinite(records_.rate)) {
+      fail("the times do not increase");
+    }
   }
 
   // The samples that the library takes between two times (docs/analysis.md).

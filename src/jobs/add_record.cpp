@@ -1,6 +1,7 @@
 // The wave that a measured record of the surface gives.
 #include <fmt/format.h>
 
+#include <cmath>
 #include <memory>
 #include <utility>
 
@@ -63,6 +64,10 @@ void add_record(Preparation& p, const WavePlace& wave) {
                 fmt::format("{}: the times of column `{}` are not evenly spaced",
                             line_of(*file, *time.uneven_row), time.name),
                 "give `rate`, or resample the record");
+      declared.fallbacks["rate"] = "1 Hz";
+    } else if (!time.name.empty() && !(time.rate > 0.0 && std::isfinite(time.rate))) {
+      add_fault(p, *file, fmt::format("the times of column `{}` do not increase", time.name),
+                "give `rate`");
       declared.fallbacks["rate"] = "1 Hz";
     } else if (time.rate > 0.0) {
       declared.fallbacks["rate"] = fmt::format("{} Hz", time.rate);

@@ -6,6 +6,7 @@
 #include "jobs/bind_parameters.h"
 #include "jobs/change_kinds.h"
 #include "jobs/fallbacks.h"
+#include "jobs/request_limits.h"
 #include "maths/angle.h"
 
 namespace Jobs {
@@ -118,6 +119,24 @@ bool is_between_limits(Preparation& p, const Change& change, const Base::Params&
   return false;
 }
 
+// The library divides by the step, and refuses some steps only when the waves are built.
+bool is_usable_step(Preparation& p, const Change& change, const Base::Params& params) {
+  const double degree = Base::Pi / 180.0;
+  const double step = params.read("delta_angle", Category::angle);
+  if (step > 0.999e-3 * degree && step < 360.001 * degree) return true;
+  p.faults.push_back({"`delta_angle` must be between 0.001 and 360 deg",
+                      span_of(change.part, "delta_angle"), "the step between two directions"});
+  return false;
+}
+
+// What the library finds out about steps and rates only when the waves are built, and without the
+// place.
+bool numbers_are_usable(Preparation& p, const Change& change, const Base::Params& params) {
+  if (change.modifier == "AngleSweep") return is_usable_step(p, change, params);
+  if (change.modifier != "PhaseWNoise") return true;
+  return require_samples(p, params.read("rate", Category::frequency), span_of(change.part, "rate"));
+}
+
 std::optional<Base::Params> bind_declared(Preparation& p, const Change& change,
                                           Synthesis::Modifier& modifier, const ReadyChange* ready) {
   Declared declared;
@@ -148,6 +167,7 @@ std::optional<Base::Params> bind_change(Preparation& p, const Change& change,
       (!limits_rise(p, change, *params) || !is_between_limits(p, change, *params))) {
     return std::nullopt;
   }
+  if (params && !numbers_are_usable(p, change, *params)) return std::nullopt;
   return params;
 }
 

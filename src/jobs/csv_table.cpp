@@ -16,6 +16,9 @@ using Csv::Fields;
 using Csv::number_in;
 using Csv::trimmed;
 
+constexpr std::size_t longest_line = 16 << 20;
+constexpr std::size_t most_columns = 100'000;
+
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 // For a message: short, and without characters that a terminal might obey.
@@ -88,8 +91,13 @@ class Reader {
       table_.comments.emplace_back(trimmed(line).substr(1));
       return;
     }
+    if (line.size() > longest_line) {
+      throw where() + "a line of " + count(line.size(), "character") + ": at most " +
+          std::to_string(longest_line) + " can be read";
+    }
     if (!separator_) separator_ = Csv::separator_in(trimmed(line));
     const char separator = separator_.value_or(',');
+    if (table_.columns.empty()) require_few_columns(line, separator);
     if (!table_.columns.empty()) {
       take_numbers(line, separator);
     } else if (all_numbers(line, separator)) {
@@ -99,6 +107,15 @@ class Reader {
     } else {
       table_.columns = Csv::read_heads(line, separator);
     }
+  }
+
+  // Before room is made for them.
+  void require_few_columns(std::string_view line, char separator) const {
+    std::size_t columns = 0;
+    for (Fields fields(line, separator); fields.more(); fields.next()) ++columns;
+    if (columns <= most_columns) return;
+    throw where() + count(columns, "column") + ": at most " + std::to_string(most_columns) +
+        " can be read";
   }
 
   void take_numbers(std::string_view line, char separator) {

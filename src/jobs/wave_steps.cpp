@@ -10,6 +10,9 @@ namespace {
 
 namespace Category = Base::Category;
 
+// Each character may become a step of the formula, which takes a hundred bytes.
+constexpr std::size_t longest_formula = 100'000;
+
 // The library fails to build a spectrum outside the run, without naming it.
 bool lies_in_run(Preparation& p, const Synthesis::Piecewise& formulas, const Span& place) {
   if (!p.has_grid) return true;
@@ -43,6 +46,13 @@ const Value* formula_of(Preparation& p, const Part& part, const std::string& exa
   if (formula->text.find_first_not_of(" \t\r\n") == std::string::npos) {
     p.faults.push_back(
         {"`formula` is empty", formula->span, fmt::format("such as \"{}\"", example)});
+    return nullptr;
+  }
+  if (formula->text.size() > longest_formula) {
+    p.faults.push_back({fmt::format("the formula has {} characters", formula->text.size()),
+                        formula->span,
+                        fmt::format("at most {} can be read; tables of values belong in a CSV file",
+                                    longest_formula)});
     return nullptr;
   }
   return formula;
