@@ -38,6 +38,7 @@ class NetcdfReader {
   int find(const std::string& name);
 
   std::string shown_;
+  std::uintmax_t size_ = 0;  // bytes of the file
   int id_ = -1;
 };
 
