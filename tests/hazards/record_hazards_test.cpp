@@ -1,0 +1,196 @@
+// Records in CSV files: of jobs, and of `kelpbox analyse`.
+#include <sys/stat.h>
+
+#include "command_row.h"
+
+namespace Testing {
+namespace {
+
+constexpr std::size_t million = 1'000'000;
+
+using Contents = std::function<std::string()>;
+
+std::string record_job(const std::string& file) {
+  return "site = \"" TEST_ROOT R"(/../examples/flume.site"
+[run]
+repeat = "64 s"
+[[sea]]
+  [[sea.wave]]
+  kind = "record"
+  file = ")" +
+         file + "\"\n";
+}
+
+Words job_of(const TempDir& folder, const std::string& file) {
+  folder.write("job.toml", record_job(file));
+  return {"check", "job.toml", "--quiet"};
+}
+
+Words analysis_of(const std::string& file) {
+  return {"analyse", TEST_ROOT "/../examples/flume.site", file};
+}
+
+// The same file as the record of a job, and analysed.
+void add_file(Rows& rows, const std::string& name, const Contents& contents,
+              const std::string& of_job, const std::string& of_analysis) {
+  rows.push_back(command(
+      "Job" + name,
+      [=](const TempDir& folder) {
+        folder.write("r.csv", contents());
+        return job_of(folder, "r.csv");
+      },
+      of_job));
+  rows.push_back(command(
+      "Analysis" + name,
+      [=](const TempDir& folder) {
+        folder.write("r.csv", contents());
+        return analysis_of("r.csv");
+      },
+      of_analysis));
+}
+
+// A file that is none.
+void add_other(Rows& rows, const std::string& name, const std::string& file,
+               const std::string& of_job, const std::string& of_analysis) {
+  rows.push_back(command(
+      "Job" + name,
+      [=](const TempDir& folder) {
+        mkfifo(folder.file("fifo").c_str(), 0600);
+        return job_of(folder, file);
+      },
+      of_job));
+  rows.push_back(command(
+      "Analysis" + name,
+      [=](const TempDir& folder) {
+        mkfifo(folder.file("fifo").c_str(), 0600);
+        return analysis_of(file);
+      },
+      of_analysis));
+}
+
+std::string rows_of_waves(std::size_t count) {
+  std::string text = "time [s],eta [mm]\n";
+  text.reserve(count * 16);
+  for (std::size_t i = 0; i < count; ++i) {
+    text += std::to_string(i / 50) + "." + (i % 50 < 5 ? "0" : "") + std::to_string(2 * (i % 50)) +
+            (i % 100 < 50 ? ",-10\n" : ",10\n");
+  }
+  return text;
+}
+
+Rows all() {
+  Rows rows;
+  const auto with = [&](const std::string& name, const Contents& contents,
+                        const std::string& of_job, const std::string& of_analysis) {
+    add_file(rows, name, contents, of_job, of_analysis);
+  };
+  with(
+      "OfAMillionColumns",
+      [] { return "a" + repeated(",a", million) + "\n1" + repeated(",1", million) + "\n"; },
+      "2: error: r.csv:1: 1000001 columns: at most 100000 can be read\n --> job.toml:7:10\n  |\n7 "
+      "|   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv:1: 1000001 columns: at most 100000 can be read\n");
+  with(
+      "OfALineOfFiftyMegabytes", [] { return std::string(50 * million, '1'); },
+      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n --> "
+      "job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, "
+      "nothing was built\n",
+      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n");
+  with(
+      "OfAHeadOfFiftyMegabytes", [] { return std::string(50 * million, 'x') + "\n1\n2\n"; },
+      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n --> "
+      "job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, "
+      "nothing was built\n",
+      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n");
+  with(
+      "OfACommentOfFiftyMegabytes", [] { return "#" + std::string(50 * million, 'x') + "\n"; },
+      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
+      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv: there are no numbers\n");
+  with(
+      "OfFiftyMegabytesOfBlanks", [] { return std::string(50 * million, ' '); },
+      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
+      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv: there are no numbers\n");
+  with(
+      "OfFiftyMegabytesOfEmptyLines", [] { return std::string(50 * million, '\n'); },
+      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
+      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv: there are no numbers\n");
+  with(
+      "OfFiftyMegabytesOfCommas", [] { return std::string(50 * million, ','); },
+      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n --> "
+      "job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, "
+      "nothing was built\n",
+      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n");
+  with(
+      "OfFiftyMegabytesOfQuotes", [] { return std::string(50 * million, '"'); },
+      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n --> "
+      "job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, "
+      "nothing was built\n",
+      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n");
+  with(
+      "OfZeroBytes", [] { return std::string(million, '\0'); },
+      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
+      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv: there are no numbers\n");
+  with(
+      "OfAMillionRows", [] { return rows_of_waves(million); },
+      "0: ", "0: note: no wave trains: they need at least three probes\n");
+  with(
+      "OfNumbersThatAreNone", [] { return std::string("time [s],eta [mm]\n0,nan\n1,inf\n"); },
+      "2: error: r.csv:2: \"nan\" is not a finite number\n --> job.toml:7:10\n  |\n7 |   file = "
+      "\"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv:2: \"nan\" is not a finite number\n");
+  with(
+      "OfNumbersOf1e308",
+      [] { return "time [s],eta [mm]\n" + repeated("0,1e308\n1,-1e308\n", 20); },
+      "2: error: r.csv:4: the times of column `time` are not evenly spaced\n --> job.toml:7:10\n  "
+      "|\n7 |   file = \"r.csv\"\n  |          ^^^^^^^ give `rate`, or resample the "
+      "record\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv:4: the times are not evenly spaced; if they are only rounded, give the "
+      "rate, as in --rate \"50 Hz\"\n");
+  with(
+      "OfTimesThatFall", [] { return "time [s],eta [mm]\n" + repeated("1,1\n0,2\n", 20); },
+      "2: error: r.csv:4: the times of column `time` are not evenly spaced\n --> job.toml:7:10\n  "
+      "|\n7 |   file = \"r.csv\"\n  |          ^^^^^^^ give `rate`, or resample the "
+      "record\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv:4: the times are not evenly spaced; if they are only rounded, give the "
+      "rate, as in --rate \"50 Hz\"\n");
+  with(
+      "OfTimesThatStandStill", [] { return "time [s],eta [mm]\n" + repeated("1,1\n1,2\n", 20); },
+      "2: error: the times of column `time` do not increase\n --> job.toml:7:10\n  |\n7 |   file = "
+      "\"r.csv\"\n  |          ^^^^^^^ give `rate`\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv: the times do not increase\n");
+  with(
+      "OfTimesFarApart", [] { return std::string("time [s],eta [mm]\n-1e308,1\n1e308,2\n"); },
+      "2: error: r.csv:3: the times of column `time` are not evenly spaced\n --> job.toml:7:10\n  "
+      "|\n7 |   file = \"r.csv\"\n  |          ^^^^^^^ give `rate`, or resample the "
+      "record\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv:3: the times are not evenly spaced; if they are only rounded, give the "
+      "rate, as in --rate \"50 Hz\"\n");
+  with(
+      "OfNothing", [] { return std::string(); },
+      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
+      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv: there are no numbers\n");
+  add_other(rows, "FromAFifo", "fifo",
+            "2: error: the file `fifo` is not a regular file\n --> job.toml:7:10\n  |\n7 |   file "
+            "= \"fifo\"\n  |          ^^^^^^\njob.toml: 1 error, nothing was built\n",
+            "2: error: fifo is not a regular file\n");
+  add_other(
+      rows, "FromADevice", "/dev/zero",
+      "2: error: the file `/dev/zero` is not a regular file\n --> job.toml:7:10\n  |\n7 |   file = "
+      "\"/dev/zero\"\n  |          ^^^^^^^^^^^\njob.toml: 1 error, nothing was built\n",
+      "2: error: /dev/zero is not a regular file\n");
+  add_other(rows, "FromAFolder", ".",
+            "2: error: the file `.` is a folder, not a file\n --> job.toml:7:10\n  |\n7 |   file = "
+            "\".\"\n  |          ^^^\njob.toml: 1 error, nothing was built\n",
+            "2: error: . is a folder, not a file\n");
+  return rows;
+}
+const Rows rows = all();
+INSTANTIATE_TEST_SUITE_P(Record, HazardTest, testing::ValuesIn(rows), row_name);
+
+}  // namespace
+}  // namespace Testing
