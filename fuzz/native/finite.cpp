@@ -1,0 +1,129 @@
+// Finite input gives finite results. The results that are NaN on purpose are left out, each with
+// its reason.
+#include <cmath>
+#include <initializer_list>
+
+#include "fuzz/native/session.h"
+
+namespace Fuzz {
+namespace {
+
+using Kelpbox::Facade;
+
+bool all_finite(const std::vector<double>& values) {
+  for (const double value : values) {
+    if (!std::isfinite(value)) return false;
+  }
+  return true;
+}
+
+// Finite, and so small that sums and squares are finite too.
+bool all_sane(const std::vector<Synthesis::Front>& fronts) {
+  for (const Synthesis::Front& front : fronts) {
+    for (const double value : {front.amp, front.angle, front.phase, front.freq}) {
+      if (!(std::abs(value) < 1e100)) return false;
+    }
+  }
+  return true;
+}
+
+// The depth is the same everywhere, so that no wave is turned back on its way. Such a wave has no
+// phase: it is NaN as described, and so are the signals.
+bool is_flat(Session& session, jlong experiment) {
+  return session.sites()[experiment].file.ends_with("flume.site");
+}
+
+const std::vector<Synthesis::Front>& fronts_of(Session& session, jlong experiment, std::uint32_t id,
+                                               bool merged) {
+  session.handles().end_lent(experiment, id, Lent::display_fronts);
+  return facade_at(experiment).fronts(id, merged);
+}
+
+// The fronts that the next results are made of.
+bool merged_are_sane(Session& session, jlong experiment, std::uint32_t id) {
+  return all_sane(fronts_of(session, experiment, id, true));
+}
+
+void check_run(Session& session, jlong experiment, std::uint32_t id) {
+  const bool sane = all_sane(fronts_of(session, experiment, id, false));
+  // Formulas may give NaN, and pass it on. So may samples and values that are not finite.
+  if (session.tame_numbers && session.tame_formulas && session.untouched && !sane) {
+    fail("a front of a run that is not finite");
+  }
+  if (sane && is_flat(session, experiment) && !merged_are_sane(session, experiment, id)) {
+    fail("a merged front that is not finite");
+  }
+}
+
+void check_signals(Session& session, jlong experiment, std::uint32_t id) {
+  if (!merged_are_sane(session, experiment, id)) return;
+  Facade& facade = facade_at(experiment);
+  for (std::uint32_t bank = 0; bank < facade.paddle_banks(); ++bank) {
+    for (std::uint32_t paddle = 0; paddle < facade.paddle_bank_size(bank); ++paddle) {
+      if (!all_finite(facade.paddle_motion_data(id, bank, paddle))) {
+        fail("a drive signal that is not finite");
+      }
+    }
+  }
+}
+
+void check_point(Session& session, jlong experiment, std::uint32_t id) {
+  if (!is_flat(session, experiment) || !merged_are_sane(session, experiment, id)) return;
+  for (int which = 0; which < 4; ++which) {
+    if (!all_finite(facade_at(experiment).twod_data(id, which))) {
+      fail("a result at a point that is not finite: " + std::to_string(which));
+    }
+  }
+}
+
+void check_values(jlong params, std::initializer_list<const char*> names) {
+  const Base::Params::Entries& entries = params_at(params).entries();
+  for (const char* name : names) {
+    const auto found = entries.find(name);
+    if (found != entries.end() && !std::isfinite(found->second.value)) {
+      fail(std::string("a result that is not finite: ") + name);
+    }
+  }
+}
+
+// An all-zero record has no Ts: it is NaN as described. It has no crossings either, so that there
+// are no statistics of a point.
+constexpr std::initializer_list<const char*> statistics = {"sig_t", "sig_h", "max_amp", "reg_t",
+                                                           "reg_h", "Hs",    "Ts",      "Var"};
+constexpr std::initializer_list<const char*> trains = {"sig_t",
+                                                       "sig_h",
+                                                       "Forward free fundamental",
+                                                       "Backward free fundamental",
+                                                       "Forward bound harmonic",
+                                                       "Backward bound harmonic",
+                                                       "Forward free harmonic",
+                                                       "Backward free harmonic"};
+// `reg_t` is left out: that of a set without series is NaN as described.
+
+}  // namespace
+
+void check_finite(Session& session, const Row& row, const std::vector<Given>& given) {
+  const std::string& name = row.name;
+  const auto experiment = [&] { return given[0].integer; };
+  const auto id = [&] { return static_cast<std::uint32_t>(given[1].integer); };
+  // Frames have no NaN: it becomes 0 as described.
+  if (name == "Kelpbox_Experiment_run_build" || name == "buildRun") {
+    check_run(session, experiment(), id());
+  } else if (name == "Kelpbox_Experiment_paddle_motion_build" || name == "buildMotion") {
+    check_signals(session, experiment(), id());
+  } else if (name == "Kelpbox_Experiment_twod_build" || name == "buildPoint") {
+    check_point(session, experiment(), id());
+  } else if (name == "Kelpbox_Experiment_twod_stats" || name == "pointStatistics") {
+    if (is_flat(session, experiment()) && merged_are_sane(session, experiment(), id())) {
+      check_values(given[2].integer, statistics);
+    }
+  } else if (name == "Kelpbox_Experiment_paddle_motion_stats" || name == "motionStatistics") {
+    if (session.tame_numbers && session.tame_formulas && session.untouched) {
+      check_values(given[3].integer, {"clip_power_ratio", "clip_peak_ratio"});
+    }
+  } else if (name == "Kelpbox_Analysis_get_results" || name == "evaluate") {
+    if (session.tame_numbers && session.untouched) check_values(given.back().integer, trains);
+  }
+}
+
+}  // namespace Fuzz
