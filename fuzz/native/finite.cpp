@@ -2,6 +2,7 @@
 // its reason.
 #include <cmath>
 #include <initializer_list>
+#include <string>
 
 #include "fuzz/native/session.h"
 
@@ -39,9 +40,14 @@ const std::vector<Synthesis::Front>& fronts_of(Session& session, jlong experimen
   return facade_at(experiment).fronts(id, merged);
 }
 
-// The fronts that the next results are made of.
+// The fronts that the next results are made of. Fronts of an earlier build may have no place in the
+// grid of a new `set`, which is refused.
 bool merged_are_sane(Session& session, jlong experiment, std::uint32_t id) {
-  return all_sane(fronts_of(session, experiment, id, true));
+  try {
+    return all_sane(fronts_of(session, experiment, id, true));
+  } catch (const std::string&) {
+    return false;
+  }
 }
 
 void check_run(Session& session, jlong experiment, std::uint32_t id) {

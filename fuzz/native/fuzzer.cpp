@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -17,7 +16,7 @@ namespace {
 std::size_t store(const std::vector<Fuzz::Line>& lines, std::uint8_t* data, std::size_t most) {
   const std::string text = Fuzz::write_script(lines);
   if (text.size() > most) return 0;
-  std::memcpy(data, text.data(), text.size());
+  std::copy(text.begin(), text.end(), data);
   return text.size();
 }
 
