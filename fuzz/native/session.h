@@ -73,8 +73,8 @@ inline Base::Params& params_at(jlong address) {
   return *Kelpbox::pointer_from<Base::Params>(address);
 }
 
-// Whether a call asks for more time or memory than the fuzzer can spend. tests/hazards has such
-// calls.
+// Whether a call asks for more time or memory than the fuzzer can spend, or is one that a host must
+// not make.
 bool asks_too_much(Session& session, const Row& row, const std::vector<Given>& given);
 // To be called after a call that succeeded.
 void check_finite(Session& session, const Row& row, const std::vector<Given>& given);
