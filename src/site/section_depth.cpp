@@ -5,13 +5,21 @@
 #include "base/compose.h"
 
 namespace Common {
+namespace {
+
+// Enough for a million points whose depth has a formula of 30 characters.
+constexpr std::size_t most_evaluated = 100000000;
+
+}  // namespace
 
 SectionDepth::SectionDepth(const Section& section, std::int32_t script_index)
     : section_(section),
       script_index_(script_index),
       origin_(section.offset.number == Section::Offset_enum::Absolute ? 0.0 : section.x) {}
 
-double SectionDepth::at(double x) const {
+double SectionDepth::at(double x) {
+  if (evaluated_ > most_evaluated) fail_endless(x);
+  evaluated_ += section_.depth.size();
   const Base::Quantity depth =
       section_.function.evaluate(Base::Quantity(x - origin_, Base::Category::length));
   // A result without units is in metres.
@@ -24,6 +32,10 @@ double SectionDepth::at(double x) const {
 void SectionDepth::require_finite(double depth, double x) const {
   if (std::isfinite(depth)) return;
   fail(Base::compose("depth ", depth, " at x = ", x, " is not a number"));
+}
+
+void SectionDepth::fail_endless(double x) const {
+  fail(Base::compose("depth profile does not come to an end, stopped at x = ", x));
 }
 
 void SectionDepth::fail(const std::string& problem) const {

@@ -2,6 +2,7 @@
 #ifndef KELPBOX_SITE_SECTION_DEPTH_H_
 #define KELPBOX_SITE_SECTION_DEPTH_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -16,17 +17,21 @@ class SectionDepth {
   SectionDepth(const Section& section, std::int32_t script_index);
 
   // The depth in m at a position along the tank in m. It may be NaN or infinite. Throws as
-  // Expression::Function does, and if its units are not a length.
-  double at(double x) const;
+  // Expression::Function does, if its units are not a length, and if a depth with so long a formula
+  // was evaluated so often that the walk along the section would take minutes.
+  double at(double x);
   // Throws "depth <depth> at x = <x> is not a number" unless the depth is finite. A depth below 0
   // is dry ground, which is allowed.
   void require_finite(double depth, double x) const;
+  // Throws "depth profile does not come to an end, stopped at x = <x>".
+  [[noreturn]] void fail_endless(double x) const;
   [[noreturn]] void fail(const std::string& problem) const;
 
  private:
   const Section& section_;
   std::int32_t script_index_;
-  double origin_;  // where the variable of the expression is 0
+  double origin_;              // where the variable of the expression is 0
+  std::size_t evaluated_ = 0;  // characters of the formula, each as often as it was evaluated
 };
 
 }  // namespace Common

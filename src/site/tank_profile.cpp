@@ -22,9 +22,7 @@ struct Steps {
 };
 
 void append(Maths::TankConfig& out, const SectionDepth& depth, double d, double x) {
-  if (out.profile.size() >= most_points) {
-    depth.fail(Base::compose("depth profile does not come to an end, stopped at x = ", x));
-  }
+  if (out.profile.size() >= most_points) depth.fail_endless(x);
   out.profile.push_back({d, x});
 }
 
@@ -49,8 +47,7 @@ bool stalls(double from, double to, double end) {
 
 // Divides a section from x0 to xe into steps. The first step aims for the end, each further one for
 // the x at which the slope of the last step gives the wanted change of depth.
-void walk(const SectionDepth& depth, double x0, double xe, const Steps& steps,
-          Maths::TankConfig& out) {
+void walk(SectionDepth& depth, double x0, double xe, const Steps& steps, Maths::TankConfig& out) {
   const double most = steps.change * 1.2;
   const double least = steps.change * 0.8;
   if (!std::isfinite(x0) || !std::isfinite(xe)) depth.fail("start or end is not a number");
@@ -110,7 +107,7 @@ void make_profile(const Tank& tank, Maths::TankConfig& out) {
     Section& here = tank.section[i];
     const double x0 = here.x;
     const double xe = tank.section[i + 1].x;
-    const SectionDepth depth(here, tank.section.index(i));
+    SectionDepth depth(here, tank.section.index(i));
     if (here.function.is_constant()) {
       const double d = depth.at(x0);
       if (x0 <= 0 && xe > 0) set_paddle(out, d);

@@ -71,6 +71,19 @@ TEST(ProfileLimits, AnEndlessWalkIsRefused) {
       << creep;
 }
 
+// The time of a walk grows with the formula, which may be long.
+TEST(ProfileLimits, AWalkOverManyPointsIsRefusedIfTheFormulaIsLong) {
+  const char* const steps = "delta_x = 0.001;";
+  std::string depth = "1 - $[m]/40";
+  EXPECT_GT(config_of(sections({{"0", "Relative", depth}}, "20", steps)).profile.size(), 19000u);
+  for (int i = 0; i < 4000; ++i) depth += " + 0*$[m]";
+  EXPECT_GT(config_of(sections({{"0", "Relative", depth}}, "20")).profile.size(), 20u);
+  const std::string message = refusal(sections({{"0", "Relative", depth}}, "20", steps));
+  EXPECT_TRUE(
+      message.starts_with("Section[1]::depth profile does not come to an end, stopped at x = "))
+      << message;
+}
+
 TEST(ProfileLimits, StepsMustBePositiveIfTheyAreUsed) {
   for (const char* value : {"0", "-0.01"}) {
     EXPECT_EQ(refusal(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
