@@ -47,7 +47,7 @@ void write_all(int descriptor, const void* data, std::size_t size) {
 
 [[noreturn]] void work_alone(const std::function<std::string()>& work, int descriptor) {
   discard_output();
-  alarm(static_cast<unsigned>(30.0 * most_seconds()));
+  alarm(static_cast<unsigned>(60.0 * most_seconds()));
   const double before = held_memory().memory;
   const std::string message = message_of(work);
   // The command starts processes of its own.

@@ -3,8 +3,8 @@
 //
 // A row must end with at most 2 s of processor time, and with at most 256 MiB above what the
 // process has at its start. Processor time does not depend on what else the machine does. A row
-// that waits for something is ended after a minute. The figures of each row are properties of its
-// test: --gtest_output=json:FILE lists them.
+// that waits for something is ended after two minutes. The figures of each row are properties of
+// its test: --gtest_output=json:FILE lists them.
 #ifndef KELPBOX_TESTS_HAZARDS_HAZARD_H_
 #define KELPBOX_TESTS_HAZARDS_HAZARD_H_
 

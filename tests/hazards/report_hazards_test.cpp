@@ -121,9 +121,9 @@ const Rows rows = {
         },
         "2: error: job.out/summary.json: is not a summary of `kelpbox run`\n"),
     edited(
-        "ASummaryOfAHundredMegabytes",
+        "ASummaryOfFortyMegabytes",
         [](const TempDir& folder) {
-          folder.write("job.out/summary.json", "[" + repeated("1,", 50'000'000) + "1]");
+          folder.write("job.out/summary.json", "[" + repeated("1,", 20'000'000) + "1]");
         },
         "2: error: job.out/summary.json: is larger than 32 MiB\n"),
     edited(
