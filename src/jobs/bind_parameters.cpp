@@ -108,7 +108,14 @@ std::optional<Base::Quantity> bind_text(const std::string& name, const Value& va
          value.span, units_advice(declared)});
     return std::nullopt;
   }
-  return Base::Quantity(read.value, read.units);
+  const Base::Quantity bound(read.value, read.units);
+  if (!std::isfinite(bound.get(Base::category_of(declared.units)))) {
+    faults.push_back({fmt::format("`{}` is {}, but {} is too large", name, kind_of(declared.units),
+                                  shown(value)),
+                      value.span, ""});
+    return std::nullopt;
+  }
+  return bound;
 }
 
 // The library takes seeds modulo 2^32, and without their fractions.

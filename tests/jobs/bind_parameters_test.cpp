@@ -163,6 +163,12 @@ TEST(BindParameters, RefusesNumbersThatAreNotFinite) {
             "3:9+3 `gamma` is not a finite number ()\n");
 }
 
+TEST(BindParameters, RefusesValuesThatAreTooLargeInBaseUnits) {
+  EXPECT_EQ(refused("hs = \"-1e308 km\"\ntp = \"2 s\""),
+            "1:6+11 `hs` is a length, but \"-1e308 km\" is too large ()\n");
+  EXPECT_EQ(bound("hs = \"1e308 m\"\ntp = \"2 s\"").read("hs", Category::length), 1e308);
+}
+
 TEST(BindParameters, ListsTheMembersOfAnEnumeration) {
   EXPECT_EQ(refused("hs = \"1 m\"\ntp = \"2 s\"\nfunction = \"Gauss\""),
             "3:12+7 `function` cannot be \"Gauss\" (use CosS, Cos2S)\n");
