@@ -53,6 +53,7 @@ class Reader {
     table_ = Jobs::read_csv(text, records_.file);
     const std::vector<const Jobs::CsvColumn*> columns = probe_columns();
     find_rate(text, *columns.front());
+    require_finite_times(columns.front()->values.size());
     const Window cut = window(columns.front()->values.size());
     for (std::size_t i = 0; i < columns.size(); ++i) add_probe(*columns[i], i, cut);
     return std::move(records_);
@@ -101,9 +102,11 @@ class Reader {
   void find_rate(const std::string& text, const Jobs::CsvColumn& signal) {
     for (const Jobs::CsvColumn& column : table_.columns) {
       if (!is_time(column) || &column == &signal) continue;
-      const std::string units = column.units.empty() ? "s" : column.units;
-      records_.start = column.values.front() * Base::factor(Base::resolve_units(units),
-                                                            Base::default_units(Category::time));
+      try {
+        records_.start = column.values.front() * Jobs::seconds_in(column);
+      } catch (const std::string& fault) {
+        fail("{}", fault);
+      }
     }
     if (!options_.rate.empty()) {
       records_.rate = option_value("--rate", options_.rate, Category::frequency);
@@ -128,6 +131,12 @@ class Reader {
     }
   }
 
+  void require_finite_times(std::size_t count) const {
+    const double end = records_.start + static_cast<double>(count) / records_.rate;
+    if (std::isfinite(records_.rate) && std::isfinite(records_.start) && std::isfinite(end)) return;
+    fail("the times or the rate are too large or too small to compute with");
+  }
+
   // The samples that the library takes between two times (docs/analysis.md).
   Window window(std::size_t count) {
     const double begin = records_.start;
@@ -145,10 +154,10 @@ class Reader {
     const double start = bound("--start", options_.start, begin);
     const double stop = bound("--stop", options_.stop, end);
     const auto sample = [&](double time) {
-      return static_cast<std::size_t>(
-          std::floor(std::max(time - begin, 0.0) * records_.rate + 0.5));
+      const double samples = std::floor(std::max(time - begin, 0.0) * records_.rate + 0.5);
+      return static_cast<std::size_t>(std::min(samples, static_cast<double>(count)));
     };
-    const Window found{sample(start), std::min(sample(stop), count)};
+    const Window found{sample(start), sample(stop)};
     if (found.first >= found.last) fail("there is no sample between --start and --stop");
     records_.start = begin + static_cast<double>(found.first) / records_.rate;
     return found;
@@ -171,7 +180,12 @@ class Reader {
     double sum = 0.0;
     for (double& sample : probe.samples) sum += sample *= factor;
     probe.mean = sum / static_cast<double>(probe.samples.size());
-    for (double& sample : probe.samples) sample -= probe.mean;
+    double squares = 0.0;
+    for (double& sample : probe.samples) {
+      sample -= probe.mean;
+      squares += sample * sample;
+    }
+    if (!std::isfinite(squares)) fail("the record of {} is too large to compute with", probe.name);
     records_.probes.push_back(std::move(probe));
   }
 

@@ -46,6 +46,18 @@ const CsvColumn* record_column(Preparation& p, const Part& part, const TableFile
   }
 }
 
+// A fault for times in units that cannot be used.
+TimeColumn times_of(Preparation& p, const TableFile& file, const CsvColumn& signal) {
+  try {
+    return time_column(file.table, signal);
+  } catch (const std::string& message) {
+    add_fault(p, file, fmt::format("{}: {}", file.given, message), "such as `time [s]`");
+    TimeColumn any;
+    any.rate = 1.0;
+    return any;
+  }
+}
+
 }  // namespace
 
 void add_record(Preparation& p, const WavePlace& wave) {
@@ -58,7 +70,7 @@ void add_record(Preparation& p, const WavePlace& wave) {
   const auto file = read_table(p, part);
   const CsvColumn* column = file ? record_column(p, part, *file) : nullptr;
   if (column != nullptr && part.parameters.find("rate") == nullptr) {
-    const TimeColumn time = time_column(file->table, *column);
+    const TimeColumn time = times_of(p, *file, *column);
     if (time.uneven_row) {
       add_fault(p, *file,
                 fmt::format("{}: the times of column `{}` are not evenly spaced",

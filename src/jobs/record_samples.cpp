@@ -6,6 +6,7 @@
 
 #include "base/units.h"
 #include "jobs/asked_density.h"
+#include "jobs/quantity_text.h"
 
 namespace Jobs {
 namespace {
@@ -14,11 +15,6 @@ bool is_time(const CsvColumn& column) {
   std::string name = column.name;
   for (char& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return name == "t" || name == "time";
-}
-
-double seconds(const CsvColumn& column) {
-  if (column.units.empty()) return 1.0;
-  return Base::factor(Base::resolve_units(column.units), Base::default_units(Base::Category::time));
 }
 
 bool is_even(const std::vector<double>& t) {
@@ -58,6 +54,21 @@ const CsvColumn* only_signal(const CsvTable& table) {
   return found;
 }
 
+double seconds_in(const CsvColumn& times) {
+  if (times.units.empty()) return 1.0;
+  Base::Units units;
+  try {
+    units = Base::resolve_units(times.units);
+  } catch (const std::string&) {
+    throw "column " + times.head + " has unknown units \"" + times.units + "\"";
+  }
+  try {
+    return Base::factor(units, Base::default_units(Base::Category::time));
+  } catch (const std::string&) {
+    throw "column " + times.head + " is " + kind_of(units) + ", not a time";
+  }
+}
+
 TimeColumn time_column(const CsvTable& table, const CsvColumn& signal) {
   TimeColumn result;
   for (const CsvColumn& column : table.columns) {
@@ -66,7 +77,7 @@ TimeColumn time_column(const CsvTable& table, const CsvColumn& signal) {
     const std::vector<double>& t = column.values;
     if (t.size() < 2) return result;
     if (!is_even(t)) result.uneven_row = most_uneven_row(t);
-    result.rate = static_cast<double>(t.size() - 1) / ((t.back() - t.front()) * seconds(column));
+    result.rate = static_cast<double>(t.size() - 1) / ((t.back() - t.front()) * seconds_in(column));
     return result;
   }
   return result;

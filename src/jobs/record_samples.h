@@ -16,6 +16,10 @@ namespace Jobs {
 // The only column that is not the time, or null if there are several.
 const CsvColumn* only_signal(const CsvTable& table);
 
+// The seconds in one of the units of a column of times, whose head may leave them out. Throws
+// std::string with the head for units that are not known, or not those of a time.
+double seconds_in(const CsvColumn& times);
+
 struct TimeColumn {
   std::string name;
   double rate = 0.0;                      // Hz; 0 without a time column
@@ -24,7 +28,7 @@ struct TimeColumn {
 
 // The sampling rate from a column named "t" or "time", in seconds unless its head has other units.
 // A time may differ from an even spacing by a millionth of the record, and a step by a hundredth:
-// written times are rounded. `signal` is not taken for a time.
+// written times are rounded. `signal` is not taken for a time. Throws as seconds_in.
 TimeColumn time_column(const CsvTable& table, const CsvColumn& signal);
 
 // The line in the text of a row of the table, from 1.

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "jobs/record_samples.h"
 
@@ -49,7 +50,14 @@ std::optional<std::vector<double>> in_base_units(Preparation& p, const TableFile
     return std::nullopt;
   }
   std::vector<double> values = column.values;
-  for (double& value : values) value *= factor;
+  for (double& value : values) {
+    value *= factor;
+    if (std::isfinite(value)) continue;
+    add_fault(
+        p, file,
+        fmt::format("column `{}` of {} has values that are too large", column.name, file.given));
+    return std::nullopt;
+  }
   return values;
 }
 

@@ -113,6 +113,8 @@ TEST_F(ReadProbeRecords, RefusesWhatItCannotUse) {
       {two("n,a [mm],b [mm]"),
        "r.csv: there is no column of times; call it \"time [s]\", or give the rate, as in --rate "
        "\"50 Hz\""},
+      {two("time [ticks],a [mm],b [mm]"), "r.csv: column time [ticks] has unknown units \"ticks\""},
+      {two("time [mm],a [mm],b [mm]"), "r.csv: column time [mm] is a length, not a time"},
       {two("time [s],x=9 s [mm],b [mm]"),
        "r.csv: the position of probe 1: \"9 s\" is a time, not a length"},
       {two("time [s],x=far [mm],b [mm]"),
@@ -155,6 +157,29 @@ TEST_F(ReadProbeRecords, RefusesOptionsThatDoNotFit) {
   options.start = "30 s";
   options.stop = "20 s";
   EXPECT_EQ(fault(good), "r.csv: there is no sample between --start and --stop");
+}
+
+TEST_F(ReadProbeRecords, RefusesNumbersThatItCannotComputeWith) {
+  const std::string times =
+      "r.csv: the times or the rate are too large or too small to compute with";
+  // The rate is 1e-308 Hz, or above the largest double, and 1e308 h has too many seconds.
+  EXPECT_EQ(fault("t,a [mm]\n0,1\n1e308,2\n"), times);
+  EXPECT_EQ(fault("t,a [mm]\n0,1\n5e-324,2\n"), times);
+  options.rate = "1 Hz";
+  EXPECT_EQ(fault("t [h],a [mm]\n1e308,1\n2,2\n"), times);
+  options.rate = "1e308 kHz";
+  EXPECT_EQ(fault("a [mm]\n1\n2\n"), times);
+  options.rate = "1 Hz";
+  EXPECT_EQ(fault("a [km]\n1e308\n-1e308\n"),
+            "r.csv: the record of a is too large to compute with");
+  EXPECT_EQ(fault("a [m]\n1e200\n-1e200\n"), "r.csv: the record of a is too large to compute with");
+}
+
+TEST_F(ReadProbeRecords, FindsNoSampleWhereTheClockIsCoarserThanTheRate) {
+  // Doubles near 1e300 are 1.5e284 apart, so the record begins and ends at the same time.
+  options.rate = "1 Hz";
+  EXPECT_EQ(fault("t,a [mm]\n1e300,1\n1e300,2\n"),
+            "r.csv: there is no sample between --start and --stop");
 }
 
 TEST(ProbePlace, ReadsPositionsInAnyLengths) {

@@ -186,6 +186,16 @@ TEST(Waves, RefusesARecordThatCannotBeUsed) {
             "(give `rate`, or resample the record)\n");
   EXPECT_EQ(refusal("file = \"bare.csv\""),
             "7: column `eta` of bare.csv has no units (write `eta [mm]` in its head)\n");
+  folder.write("unknown.csv", "time [ticks],eta [mm]\n0,1\n0.1,2\n");
+  folder.write("length.csv", "time [mm],eta [mm]\n0,1\n0.1,2\n");
+  EXPECT_EQ(refusal("file = \"unknown.csv\""),
+            "7: unknown.csv: column time [ticks] has unknown units \"ticks\" "
+            "(such as `time [s]`)\n");
+  EXPECT_EQ(refusal("file = \"length.csv\""),
+            "7: length.csv: column time [mm] is a length, not a time (such as `time [s]`)\n");
+  folder.write("huge.csv", "time [s],eta [km]\n0,1e308\n0.1,2\n");
+  EXPECT_EQ(refusal("file = \"huge.csv\""),
+            "7: column `eta` of huge.csv has values that are too large\n");
   EXPECT_EQ(refusal("file = \"two.csv\"\nrate = \"10 Hz\""),
             "5: `column` is missing in a `record` wave "
             "(the name of a column, or its number from 1)\n");
