@@ -142,7 +142,6 @@ void check(const std::string& path, const Options& options) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Fuzz::Quiet quiet;
   const std::string input(reinterpret_cast<const char*>(data), size);
   Options options;
   std::string record = "t,eta [mm]\n0,1\n1,-1\n2,2\n3,0\n";

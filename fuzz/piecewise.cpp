@@ -87,7 +87,8 @@ std::uint32_t add(Experiment& site, std::uint32_t sea, const std::string& line) 
   const std::string text = line.substr(1);
   if (line[0] == 's') return site.add_spectrum(sea, "spectrum", text);
   if (line[0] == 't') return site.add_timeexp(sea, "elevation", text);
-  const std::size_t kind = static_cast<unsigned char>(line[0]) % std::size(modifiers);
+  // '0' is the first one.
+  const std::size_t kind = (static_cast<unsigned char>(line[0]) + 1) % std::size(modifiers);
   return site.add_modifier(sea, modifiers[kind], text);
 }
 
