@@ -147,11 +147,13 @@ void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 extern "C" {
 
+// NOLINTBEGIN(bugprone-reserved-identifier)
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* memory, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* memory);
+// NOLINTEND(bugprone-reserved-identifier)
 
 static void* counted(void* memory) {
   if (memory != nullptr) blocks.fetch_add(1, std::memory_order_relaxed);
@@ -195,6 +197,7 @@ void free(void* memory) {
 
 void* mmap(void* address, std::size_t length, int protection, int flags, int file, off_t offset) {
   if (fails_for(__builtin_return_address(0))) return MAP_FAILED;
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
   return reinterpret_cast<void*>(
       syscall(SYS_mmap, address, length, protection, flags, file, offset));
 }
