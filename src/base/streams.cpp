@@ -40,7 +40,6 @@ class Collected : public std::streambuf {
   }
 
   int_type overflow(int_type character) override {
-    if (traits_type::eq_int_type(character, traits_type::eof())) return 0;
     const char one = traits_type::to_char_type(character);
     xsputn(&one, 1);
     return character;

@@ -23,7 +23,8 @@ class Figures {
       std::uint64_t value = 0;
       if (!(words >> name >> value)) continue;
       if (name.back() == ':') name.pop_back();
-      if (words >> unit && unit == "kB") value *= 1024;
+      words >> unit;
+      if (unit == "kB") value *= 1024;
       values_[name] = value;
     }
   }

@@ -379,6 +379,27 @@ TEST(FftPlan, AcceptsZeroSamples) {
   plan.freeFFTBuffers();
 }
 
+TEST(FftPlan, ConsumesNothingForZeroSamples) {
+  FFT_Plan plan(0, 1, FFT_Type::freq_to_time);
+  Spectrum freq = {1.0};
+  Values time;
+  plan.consume(freq, time);
+  EXPECT_TRUE(time.empty());
+  EXPECT_EQ(freq, Spectrum{1.0});
+}
+
+TEST(FftPlan, ACopyHasNoBuffersEither) {
+  FFT_Plan empty(0, 1, FFT_Type::freq_to_time);
+  FFT_Plan freed(8, 5, FFT_Type::freq_to_time);
+  freed.freeFFTBuffers();
+  const Spectrum freq = harmonics(5);
+  Values time;
+  FFT_Plan(empty).execute(&freq, &time);
+  EXPECT_TRUE(time.empty());
+  time.resize(8);
+  EXPECT_EQ(thrown([&] { FFT_Plan(freed).execute(&freq, &time); }), "FFT plan without its buffers");
+}
+
 TEST(FftPlan, RefusesAVectorOfAnotherSize) {
   FFT_Plan plan(8, 5, FFT_Type::freq_to_time);
   const Spectrum freq = harmonics(5);

@@ -204,6 +204,26 @@ TEST(SignalTransform, NanAndInfinityComeOutAsInThePlainTransform) {
   }
 }
 
+TEST(SignalTransform, EitherOfTwoSignalsMayBeBroken) {
+  constexpr std::size_t samples = 1009;
+  constexpr std::size_t count = 40;
+  const Values good = drawn_band(count, samples, 1);
+  Values broken = drawn_band(count, samples, 2);
+  broken[0] = nan;
+  Values signal = good;
+  SignalTransform(samples, 0, count).run(broken.data(), signal.data());
+  EXPECT_LE(worst_error(signal, good, 0, count, samples), 1e-12);
+  for (const double value : broken) ASSERT_TRUE(std::isnan(value));
+}
+
+TEST(SignalTransform, ACopyOfNoSamplesHasNone) {
+  const SignalTransform none(0, 0, 0);
+  SignalTransform copy(none);
+  double untouched = 3.0;
+  copy.run(&untouched);
+  EXPECT_EQ(untouched, 3.0);
+}
+
 // A convolution adds in another order, and could stay finite where the plain transform does not.
 TEST(SignalTransform, SumsThatOverflowAreThoseOfThePlainTransform) {
   constexpr std::size_t samples = 1009;

@@ -4,6 +4,7 @@
 
 #include <iomanip>
 #include <iostream>
+#include <locale>
 #include <string>
 #include <thread>
 
@@ -75,6 +76,55 @@ TEST(Streams, CollectedNumbersHaveTheFormatOfTheStandardOutput) {
   std::cout.copyfmt(format);
   EXPECT_EQ(written, "0xff 0.67\n");
   EXPECT_EQ(Base::take_output(), written);
+}
+
+TEST(Streams, EachPartOfTheFormatIsThatOfTheStandardOutput) {
+  // Writes a point after three digits.
+  struct Grouped : std::numpunct<char> {
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  const auto collected = [](const auto& change) {
+    std::ios format(nullptr);
+    format.copyfmt(std::cout);
+    change();
+    {
+      const Collecting collecting;
+      Base::progress() << 1234.5678;
+    }
+    std::cout.copyfmt(format);
+    return Base::take_output();
+  };
+  EXPECT_EQ(collected([] {}), "1234.57");
+  EXPECT_EQ(collected([] { std::cout.precision(8); }), "1234.5678");
+  EXPECT_EQ(collected([] { std::cout.width(9); }), "  1234.57");
+  EXPECT_EQ(collected([] { std::cout << std::setw(9) << std::setfill('*'); }), "**1234.57");
+  EXPECT_EQ(collected([] { std::cout.imbue({std::locale(), new Grouped}); }), "1.234.57");
+  // Shows in the width of the next number only.
+  const Collecting collecting;
+  const char before = std::cout.fill('-');
+  Base::collect_output(false);
+  Base::collect_output(true);
+  std::cout.fill(before);
+  Base::progress() << std::setw(3) << 1;
+  EXPECT_EQ(Base::take_output(), "--1");
+}
+
+TEST(Streams, CollectingThatIsSwitchedOnTwiceKeepsTheLines) {
+  const Collecting collecting;
+  Base::progress_line("one");
+  Base::collect_output(true);
+  Base::progress_line("two");
+  EXPECT_EQ(Base::take_output(), "one\ntwo\n");
+}
+
+TEST(Streams, AThreadThatCollectsNothingHasNoLines) {
+  const Collecting collecting;
+  Base::progress_line("of this");
+  std::string taken = "?";
+  std::thread([&] { taken = Base::take_output(); }).join();
+  EXPECT_EQ(taken, "");
+  EXPECT_EQ(Base::take_output(), "of this\n");
 }
 
 TEST(Streams, ABoundedAmountIsCollected) {

@@ -138,6 +138,19 @@ TEST_F(SystemMemory, StrictOvercommitLimitsTheMemory) {
   EXPECT_EQ(room(), 800U * 1024U);
 }
 
+TEST_F(SystemMemory, LinesOfAnotherFormAreIgnored) {
+  write("/proc/meminfo",
+        "\nMemAvailable: many kB\nMemAvailable:\nMemAvailable: 30 kB\nSwapFree: 5 pages\n");
+  write("/proc/self/cgroup", "\nmemory\n4:memory\n0::jobs\n");
+  write("/sys/fs/cgroup/memory.max", "20000\n");
+  EXPECT_EQ(room(), 20000U + 5U);
+}
+
+TEST_F(SystemMemory, SwapAddsNothingToUnlimitedMemory) {
+  write("/proc/meminfo", "SwapFree: 500 kB\n");
+  EXPECT_EQ(room(), unlimited);
+}
+
 TEST_F(SystemMemory, OfThisMachineIsBelowItsTotal) {
   std::uint64_t total_kb = 0;
   std::ifstream meminfo("/proc/meminfo");

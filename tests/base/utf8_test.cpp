@@ -51,6 +51,7 @@ TEST(Utf8, ControlCharactersAreThoseThatATerminalObeys) {
   EXPECT_FALSE(is_control(" ", 0, 1));
   EXPECT_FALSE(is_control("\xC2\xA0", 0, 2));
   EXPECT_FALSE(is_control("\xC3\x80", 0, 2));
+  EXPECT_FALSE(is_control("\xE2\x82\xAC", 0, 3));
 }
 
 }  // namespace
