@@ -33,8 +33,7 @@ const char* long_token_name(int kind) {
 
 // Enough of a formula to recognise it in a message.
 std::string beginning(const std::string& formula) {
-  std::size_t length = 60;
-  if (formula.size() <= length) return formula;
+  std::size_t length = 60;  // below longest_token
   const auto continues_character = [](char byte) { return (byte & 0xC0) == 0x80; };  // in UTF-8
   while (length > 0 && continues_character(formula[length])) --length;
   return formula.substr(0, length) + "...";

@@ -21,7 +21,7 @@ void Program::constant(double value) { add(make_constant, 0, value); }
 // Most formulas read the variable in one unit, and many begin with it. It is then converted once,
 // and needs no step at the beginning.
 void Program::variable(double factor) {
-  if (steps_.empty() && !starts_) {
+  if (steps_.empty()) {
     factor_ = factor;
     starts_ = true;
   } else {
@@ -83,9 +83,8 @@ void Program::binary(OperatorNumber op) {
   --aside_;
   const std::size_t count = steps_.size();
   const Step last = steps_[count - 1];
-  // The variable alone at the right needs nothing set aside.
-  const bool plain_variable = last.code == make_variable && starts_ && last.number == factor_;
-  if (plain_variable && steps_[count - 2].code == put_aside) {
+  // The variable alone at the right needs nothing set aside. It is then the only step after that.
+  if (last.code == make_variable && starts_ && last.number == factor_) {
     steps_.resize(count - 2);
     add(with_variable, op);
   } else {

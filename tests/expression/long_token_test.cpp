@@ -100,5 +100,12 @@ TEST(LongToken, TheMessageDoesNotSplitACharacter) {
   EXPECT_TRUE(message.starts_with("Formula \"" + start + "...\" has a name")) << message;
 }
 
+TEST(LongToken, TheMessageQuotesNothingOfAFormulaWithoutCharacters) {
+  // Each byte continues a character that has not begun.
+  const std::string message =
+      thrown([] { Function(filled(70, '\x80') + filled(Longest + 1, 'x')); });
+  EXPECT_TRUE(message.starts_with("Formula \"...\" has a name")) << message;
+}
+
 }  // namespace
 }  // namespace Expression

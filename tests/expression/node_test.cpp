@@ -225,6 +225,19 @@ TEST(BinaryOp, BindsAndEvaluatesTheLeftSideFirst) {
   EXPECT_EQ(thrown([&] { chain->bind(source, target); }), "left::Not found");
 }
 
+TEST(BinaryOp, HasNoStepsIfTooMuchIsSetAside) {
+  const auto variable = [] { return std::make_unique<Value>(Base::resolve_units("m")); };
+  for (const auto& [depth, possible] : {std::pair{200, true}, std::pair{300, false}}) {
+    std::unique_ptr<Node> sum = variable();
+    for (int i = 0; i < depth; ++i) sum = binary(Binary::plus, variable(), std::move(sum));
+    Program program;
+    EXPECT_EQ(sum->compile(Base::resolve_units("m"), program), possible) << depth;
+    if (!possible) continue;
+    program.finish(1.0);
+    EXPECT_EQ(program.run(3.0), 3.0 * (depth + 1));
+  }
+}
+
 // Records its name when it is freed.
 class Mortal final : public Node {
  public:
@@ -260,6 +273,23 @@ TEST(UnaryOp, FreesItsChild) {
   UnaryOp node(Unary::negate, std::make_unique<Mortal>('a', freed));
   node.destroy_children();
   EXPECT_EQ(freed, "a");
+}
+
+TEST(Leaves, LoseNothingWhenTheNodesBelowAreFreed) {
+  Constant constant(2.5);
+  Value value(Base::resolve_units("cm"));
+  Parameter parameter("a", Base::resolve_units("m"));
+  Base::Params source;
+  Base::Params target;
+  source.insert("a", 4.0, "m");
+  parameter.bind(source, target);
+  for (Node* leaf : {static_cast<Node*>(&constant), static_cast<Node*>(&value),
+                     static_cast<Node*>(&parameter)}) {
+    leaf->destroy_children();
+  }
+  EXPECT_EQ(constant.eval({}), 2.5);
+  EXPECT_NEAR(value.eval(quantity(3.0, "m")), 300.0, 1e-12);
+  EXPECT_EQ(parameter.eval({}), 4.0);
 }
 
 TEST(UnaryOp, ReturnsTheAnswersOfItsChild) {
