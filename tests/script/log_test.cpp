@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "script/master.h"
+#include "support/output.h"
 #include "support/thrown.h"
 #include "support/thrown_item.h"
 
@@ -129,6 +130,16 @@ TEST(Log, SimpleLogWritesEachItemAtOnce) {
   log.message(LogItm("General", 5).add("one"));
   log.message(1.5f, LogItm("General", 4).add("two"));
   EXPECT_EQ(out.str(), "Info::one\n1.5::State::two\n");
+}
+
+TEST(Log, ProgressLogWritesToTheStandardOutput) {
+  const std::string written = Testing::printed([] {
+    Script::ProgressLog log;
+    log.build();
+    log.message(LogItm("General", 5).add("one"));
+    log.message(1.5f, LogItm("General", 4).add("two"));
+  });
+  EXPECT_EQ(written, "Info::one\n1.5::State::two\n");
 }
 
 TEST(Log, WithoutALogItemsAreDiscarded) {

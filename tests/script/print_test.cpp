@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "reading.h"
+#include "samples.h"
 #include "support/checksum.h"
 #include "support/comma_locale.h"
 #include "support/temp_dir.h"
@@ -179,6 +180,21 @@ TEST(Print, AbsentObjectsAndEmptyArraysAreSkipped) {
   list.array("Layer", layer);
   EXPECT_EQ(written(list, false, 1), "");
   EXPECT_EQ(printable_count(list, false), 0u);
+}
+
+TEST(Print, MembersOfAnEnumerationAreNoFields) {
+  TestTree::Units units;
+  EXPECT_FALSE(units.members().items().empty());
+  EXPECT_EQ(printable_count(units.members(), false), 0u);
+}
+
+TEST(Print, OnlyFieldsAndLiteralsHaveATextForm) {
+  const TestTree::Samples samples;
+  for (const std::size_t type : {0U, 2U, 4U, 13U, 14U}) {
+    EXPECT_EQ(thrown([&] { text_form(samples.all[type]); }),
+              "plain: No other types can be printed out")
+        << type;
+  }
 }
 
 TEST(Print, ABlockOfOneFieldIsOneLine) {

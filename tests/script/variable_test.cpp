@@ -59,6 +59,13 @@ TEST(Variable, MovingAStringEmptiesTheSource) {
   EXPECT_EQ(third.as_string(), "text");
 }
 
+TEST(Variable, AssigningAStringToItselfKeepsIt) {
+  Variable text(std::string("text"));
+  Variable& same = text;
+  text = std::move(same);
+  EXPECT_EQ(text.as_string(), "text");
+}
+
 TEST(Variable, MovingOtherTypesKeepsTheSource) {
   Variable first(7);
   const Variable second(std::move(first));
@@ -264,6 +271,12 @@ TEST(Variable, AWrapperMayRequireMoreThanItsRule) {
     bool required() const override { return true; }
   } array(TestTree::any_size);
   EXPECT_TRUE(Variable("a", static_cast<Script::BaseWrapAry*>(&array)).is_required());
+
+  struct WantedObject : Script::WrapObj<TestTree::Layer> {
+    using WrapObj::WrapObj;
+    bool required() const override { return true; }
+  } object(TestTree::optional_object);
+  EXPECT_TRUE(Variable("o", static_cast<Script::BaseWrapObj*>(&object)).is_required());
 }
 
 TEST(Variable, NoValueIsAcceptedForNumberFieldsOnly) {

@@ -172,6 +172,17 @@ TEST(List, ANullNameReadsTheName) {
   EXPECT_STREQ(list.name(nullptr), "Tank");
 }
 
+TEST(List, KeepsItsNameAndItemsWhenItMoves) {
+  double depth = 1.5;
+  Script::List first;
+  first.name("Tank");
+  first.fixed("depth", depth);
+  Script::List second(std::move(first));
+  EXPECT_STREQ(second.name(), "Tank");
+  ASSERT_EQ(second.items().size(), 1u);
+  EXPECT_EQ(&second.items()[0].real_field(), &depth);
+}
+
 TEST(Alternatives, AreStoredInTheirBaseInTheOrderOfBuilding) {
   Script::WrapBase<Shape> shapes({SizeRule::exactly, 2, 0, 0});
   Script::WrapAlternative<Round, Shape> round(shapes, 0);
