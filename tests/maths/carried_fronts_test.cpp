@@ -83,7 +83,8 @@ TEST(CarriedFronts, AreWhereEachFrontWouldBe) {
     for (double x = 0.0; x < 20.0; x += 0.37) expect_as_one_by_one(forward, tank, x);
     // Backward, in any order, and where the bottom changes.
     CarriedFronts anywhere(tank, run, set, 0, set.slots.size());
-    for (const double x : {20.0, -5.0, -3.3, -0.01, 0.0, 4.0, 10.0, 3.9, 15.0, 15.0, 1e-9, 12.0}) {
+    for (const double x :
+         {20.0, -5.0, -3.3, 8.0, -0.01, 0.0, 4.0, 10.0, 3.9, 15.0, 15.0, 1e-9, 12.0}) {
       expect_as_one_by_one(anywhere, tank, x);
     }
   }

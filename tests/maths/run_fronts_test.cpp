@@ -169,6 +169,14 @@ TEST(BuildMerged, APositionOutsideTheTankIsRefused) {
             "Value x=31 is outside dimensions of tank");
 }
 
+TEST(BuildMerged, WithoutSetsThereIsNothingToMerge) {
+  RunFronts fronts = with_sets(2);
+  fronts.resize(0);
+  EXPECT_TRUE(fronts.sets.empty());
+  fronts.build_merged(flat(), 1);
+  EXPECT_TRUE(fronts.merged.slots.empty());
+}
+
 TEST(ReferToPaddles, AWaveTooObliqueForThePaddlesBecomesParallelToThem) {
   // The water is deeper at the paddles, so k0 < k1, and sin(theta) k1 exceeds k0.
   RunFronts fronts = with_sets(1);

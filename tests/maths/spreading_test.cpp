@@ -240,6 +240,13 @@ TEST(SpreadAngle, StopsAtAStepOfAMillionth) {
   EXPECT_NEAR(std::numbers::pi / 2 - theta, x, 1e-8);
 }
 
+TEST(SpreadAngles, FollowAChangeOfThePowerAlone) {
+  Maths::SpreadAngles draws;
+  for (const double power : {4.0, 7.5, 4.0}) {
+    EXPECT_EQ(draws.draw(0.25, 1.0, -1.2, power), spread_angle(0.25, 1.0, -1.2, power)) << power;
+  }
+}
+
 TEST(SpreadAngles, DrawTheSameAnglesWhateverWasDrawnBefore) {
   Maths::SpreadAngles draws;
   const double infinite = std::numeric_limits<double>::infinity();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "support/thrown.h"
@@ -93,6 +94,14 @@ TEST(TankConfig, RefusesASpacingThatIsNotPositive) {
             "delta_x::Sample spacing must be above 0 but is nan");
   EXPECT_EQ(thrown([&] { tank.profile_samples(inf, out); }),
             "delta_x::Sample spacing must be above 0 but is inf");
+}
+
+TEST(TankConfig, ATankThatEndsBeforeItStartsHasNoSamples) {
+  TankConfig tank = sloping();
+  std::swap(tank.x_low, tank.x_high);
+  std::vector<double> out{1.0};
+  tank.profile_samples(2.0, out);
+  EXPECT_TRUE(out.empty());
 }
 
 TEST(TankConfig, RefusesAnExcessiveNumberOfSamples) {
