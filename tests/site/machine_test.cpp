@@ -142,6 +142,14 @@ TEST(Machine, HasThreeLimits) {
             "Unable to convert from \"mrad\" to \"s\"");
 }
 
+TEST(Machine, OfNoTypeHasNoRatioAndNoSignal) {
+  const Flap flap;
+  EXPECT_EQ(thrown_item([&] { flap.Machine::ratio(1.0, 1.0, 0.5); }),
+            "Unsupported type of machine found");
+  EXPECT_EQ(thrown_item([&] { flap.Machine::signal_units(); }),
+            "Unsupported type of machine found");
+}
+
 TEST(Machine, WithoutMotionIsNotBuilt) {
   Flap flap;
   Base::Params out;

@@ -3,7 +3,9 @@
 
 #include <cmath>
 
+#include "base/compose.h"
 #include "bottom.h"
+#include "site/tank_profile.h"
 
 namespace {
 
@@ -120,6 +122,49 @@ TEST(ProfileLimits, StepsMayBeUnbounded) {
   expect_points(config_of(sections({{"0", "Relative", "1 - $[m]/40"}}, "20",
                                    "delta_depth = $; delta_x = $;")),
                 {{1, 0}, {0.5, 20}});
+}
+
+// The depth at 0, 1 and 2 is given, and the parabola through it is the bottom of a section that
+// ends at 1. Where the depth changes too little up to there, the step ends at 2.
+std::string overshooting(double at_1, double at_2, const std::string& change) {
+  const double b = (at_2 - 1) / 2 - (at_1 - 1);
+  const double a = at_1 - 1 - b;
+  const std::string depth = Base::compose("1 + (", a, ")*$[m] + (", b, ")*$[m]*$[m]");
+  return sections({{"0", "Relative", depth}}, "1", "delta_x = 10; delta_depth = " + change + ";");
+}
+
+TEST(ProfileLimits, AStepBeyondTheEndIsFollowedBackToIt) {
+  const TankConfig config = config_of(overshooting(1.005, 0.9885, "0.01"));
+  ASSERT_EQ(config.profile.size(), 4u);
+  EXPECT_EQ(config.profile[0].x, 0.0);
+  EXPECT_NEAR(config.profile[1].x, 2.0, 1e-9);
+  EXPECT_NEAR(config.profile[1].depth, 0.9885, 1e-9);
+  // The whole way back changes the depth by 1.67 per cent, so that it is divided.
+  EXPECT_GT(config.profile[2].x, 1.0);
+  EXPECT_LT(config.profile[2].x, 2.0);
+  EXPECT_GT(config.profile[2].depth, 0.9885);
+  EXPECT_LE(config.profile[2].depth, 0.9885 * 1.012);
+  EXPECT_EQ(config.profile[3].x, 1.0);
+  EXPECT_NEAR(config.profile[3].depth, 1.005, 1e-9);
+}
+
+TEST(ProfileLimits, AStepBackThatPassesTheEndIsRefused) {
+  // After 2 the walk is at 2 - 0.01 / (0.013 / 0.992), and its next step passes 1.
+  EXPECT_EQ(refusal(overshooting(1.005, 0.992, "0.01")),
+            "Section[1]::depth profile does not get beyond x = 1.23692");
+  // No step back from the water line changes the depth by a finite part of it.
+  EXPECT_EQ(refusal(overshooting(1.5, 0, "1")),
+            "Section[1]::depth profile does not get beyond x = 2");
+}
+
+TEST(ProfileLimits, ATankWithoutSectionsHasNoProfile) {
+  TankConfig config;
+  config.profile = {{1.0, 0.0}};
+  config.paddle_index = 3;
+  Common::make_profile(Common::Tank(), config);
+  EXPECT_TRUE(config.profile.empty());
+  EXPECT_EQ(config.paddle_index, 0u);
+  EXPECT_EQ(config.paddle_depth, 0.0);
 }
 
 TEST(ProfileLimits, TheEndOfTheTankMayBeInfiniteOrWithoutAValue) {
