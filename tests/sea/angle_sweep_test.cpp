@@ -190,6 +190,21 @@ TEST(AngleSweep, MoreThanSixteenMillionFrontsAreRefused) {
             "AngleSweepModifier::delta_angle of 6.10352e-05" + no_usable_fan);
 }
 
+TEST(AngleSweep, AFanThatIsTooLargeIsRefusedBeforeItIsComplete) {
+  Sea sea(1000.0);
+  sea.tank.min_angle = 0.0;
+  sea.tank.max_angle = 1.0;
+  for (std::size_t h = 1; h <= 1024; ++h) sea.at(h) = {{0.1, 0.0, 0.0}};
+  AngleSweepModifier sweep("1");
+  set(sweep, Filled().with("delta_angle", 1.0 / (1 << 25), "rad"));
+  // The whole fan would take 512 MB.
+  EXPECT_TRUE(Testing::sanitized || Testing::good_alone([&] {
+                Testing::leave_room(64e6);
+                return thrown([&] { sea.modify(sweep); }) ==
+                       "AngleSweepModifier::delta_angle of 2.98023e-08" + no_usable_fan;
+              }));
+}
+
 TEST(AngleSweep, ARangeOfTooManyStepsIsRefusedEvenWithoutFronts) {
   for (const char* text : {"1", "0#0.25@rad#1#0.75@rad#0"}) {
     Sea sea;
