@@ -138,7 +138,7 @@ void BankMotion::build(const Common::Paddles& paddles, const Maths::FrontSet& fr
   for (std::vector<double>& samples : made) {
     Base::Vector signal("", Base::Units(), std::move(samples));
     std::vector<Maths::ClipPeak> peaks;
-    if (!signal.data.empty()) Maths::clip_scan(signal, clip_, peaks);
+    Maths::clip_scan(signal, clip_, peaks);
     series_.push_back(std::move(signal.data));
   }
 }

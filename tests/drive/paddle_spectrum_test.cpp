@@ -122,6 +122,21 @@ TEST(PaddleSpectrum, ZeroAmplitudeAddsNothingEvenWithANanPhase) {
   EXPECT_EQ(sum, Complex(0.25, -0.5));
 }
 
+TEST(PaddleSpectrum, ZeroAmplitudeAddsNothingBesideHugeSums) {
+  const PaddleRow row = row_of(0.5, {0.0}, {0.0}, {0.0});
+  const PaddleHarmonic harmonic(1.0, 1e-11, 0.5);
+  const HarmonicFront refused = {0.0, 0.0, std::numeric_limits<double>::quiet_NaN()};
+  std::ostringstream expected;
+  Complex sum;
+  const std::string line = printed([&] {
+    const std::vector<HarmonicFront> fronts = {refused, {1.0, 0.0, 0.0}, refused};
+    Testing::add_fronts(row, harmonic, fronts, &sum);
+    expected << sum << ":";
+  });
+  EXPECT_EQ(line, expected.str());
+  EXPECT_NEAR(sum.imag(), -1e11, 1.0);
+}
+
 TEST(PaddleSpectrum, HugeSumsAreWrittenAtEachAddition) {
   const PaddleRow row = row_of(0.5, {0.0, 0.0}, {0.0, 0.0}, {0.0, pi / 2.0});
   const PaddleHarmonic harmonic(1.0, 1e-11, 0.5);
