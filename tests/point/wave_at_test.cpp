@@ -122,4 +122,22 @@ TEST(WaveAt, TheFirstHarmonicThatFailsIsReported) {
   EXPECT_EQ(refusal(3.0), nothing_thrown);
 }
 
+TEST(WaveAt, NoWavePassesADryBar) {
+  Waves waves(true);
+  waves.tank.profile = {{1.0, 0.0}, {1.0, 5.0}, {-0.1, 5.0}, {-0.1, 6.0}, {0.5, 6.0}, {0.5, 20.0}};
+  waves.tank.paddle_index = 0;
+  const std::string lowest = "Knum calculation failed for omega=5.02655 and depth = -0.1";
+  waves.fronts.slots[8] = {{1.0, 0.0, 0.3}};
+  waves.fronts.slots[12] = {{1.0, 0.0, 0.3}};
+  EXPECT_EQ(thrown([&] { waves.surface({15.0, 0.0, 200}); }).substr(0, lowest.size()), lowest);
+  EXPECT_EQ(thrown([&] { waves.directions({15.0, 0.0, 200}); }).substr(0, lowest.size()), lowest);
+  EXPECT_EQ(thrown([&] { waves.directions({3.0, 0.0, 200}); }), nothing_thrown);
+  // A wave outside the angles of the tank in front of the one that fails.
+  waves.fronts.slots[8] = {{0.0, 0.0, 0.3}};
+  EXPECT_EQ(thrown([&] {
+              waves.directions({15.0, 0.0, 200});
+            }).substr(0, 34),
+            "Knum calculation failed for omega=");
+}
+
 }  // namespace
