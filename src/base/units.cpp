@@ -75,7 +75,7 @@ Units resolve_units(std::string_view text) {
   if (const auto row = find_row(text)) {
     return {*row, 0};
   }
-  const std::uint32_t prefix = text.empty() ? 0 : prefix_of(text.front());
+  const std::uint32_t prefix = prefix_of(text.front());  // no text is the unit of plain numbers
   if (prefix != 0) {
     if (const auto row = find_row(text.substr(1))) {
       return {*row, prefix};
