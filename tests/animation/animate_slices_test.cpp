@@ -191,6 +191,18 @@ TEST(AnimateSlices, EachSliceShowsTheFrontsAndTheTankOfItsMoment) {
   }
 }
 
+TEST(AnimateSlices, ASliceAfterAChangeOfTheRunIsThatOfAWholeBuild) {
+  AnimatedSea whole(oblique);
+  whole.build();
+  AnimatedSea sliced(oblique);
+  sliced.init();
+  sliced.slice(0, 10);
+  sliced.run.init(10.0, 100.0, 0.1, 1.9, false);
+  sliced.slice(10, 21);
+  EXPECT_TRUE(sliced.frames().complete());
+  EXPECT_EQ(sliced.all(), whole.all());
+}
+
 TEST(AnimateSlices, ASliceAfterAFailureIsThatOfAWholeBuild) {
   AnimatedSea whole(oblique);
   whole.build();

@@ -116,6 +116,22 @@ TEST(AnimateWorkers, ADryColumnEndsTheBuildAtTheSamePlace) {
   }
 }
 
+TEST(AnimateWorkers, TheFirstColumnAfterADryBarEndsTheBuild) {
+  Testing::SiteText text;
+  text.x_high = 10.0;
+  text.breaks = {4.1, 4.2};
+  text.depths = {"1@m", "0-0.1@m", "1@m"};
+  for (const unsigned workers : worker_counts) {
+    SharedSea sea(workers, {{5, {0.1, 0.3, 0.4}}}, text);
+    Base::Params params = GridText{}.params();
+    const std::string failure = thrown([&] { sea.build(params); });
+    EXPECT_TRUE(failure.starts_with("Knum calculation failed for omega=3.14159 and depth = -0.1"))
+        << failure;
+    // Those at 0 m to 4 m are stored, one in each half metre.
+    EXPECT_EQ(sea.frames().progress(), 9.0 / 21.0);
+  }
+}
+
 TEST(AnimateWorkers, SlicesThatDoNotFitTheFramesAreRefusedAlike) {
   for (const unsigned workers : worker_counts) {
     SharedSea sea(workers);

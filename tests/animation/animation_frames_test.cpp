@@ -116,6 +116,27 @@ TEST(AnimationFrames, ABlockFillsNeighbouringRows) {
   EXPECT_EQ(small.frames.progress(), 5.0 / 6.0);
 }
 
+TEST(AnimationFrames, ABlockWithoutRowsChangesNothing) {
+  AnimationFrames frames;
+  frames.begin();
+  frames.setup(2, 3, 40);
+  const std::vector<std::int16_t> series(40, 7);
+  frames.add_series(1, 1, {series.data(), series.size(), series.size(), 0});
+  for (std::uint32_t t = 0; t < 40; ++t) {
+    EXPECT_EQ(frames.data(t), std::vector<std::int16_t>(6, 0));
+  }
+  EXPECT_EQ(frames.progress(), 0.0);
+}
+
+TEST(AnimationFrames, TakeColumnsOfTheirOwnShapeOnly) {
+  EXPECT_EQ(AnimationFrames().columns_for(4, 3), 0u);
+  const SmallFrames small;
+  EXPECT_EQ(small.frames.columns_for(4, 3), 2u);
+  EXPECT_EQ(small.frames.columns_for(4, 2), 2u);
+  EXPECT_EQ(small.frames.columns_for(4, 4), 0u);
+  EXPECT_EQ(small.frames.columns_for(3, 3), 0u);
+}
+
 TEST(AnimationFrames, RefusalsComeInOrder) {
   AnimationFrames frames;
   const std::vector<std::int16_t> wrong(5);
@@ -222,6 +243,7 @@ TEST(AnimationFrames, NoFramesAreMadeOnceStopped) {
   small.frames.end();
   small.frames.setup(2, 3, 4);
   EXPECT_TRUE(small.frames.ready());
+  EXPECT_EQ(small.frames.columns_for(4, 3), 0u);
   EXPECT_EQ(thrown([&] { small.frames.data(0); }), "invalid vector<T> subscript");
   small.frames.begin();
   EXPECT_EQ(thrown([&] { small.frames.add_series(0, 0, row(small.series)); }),

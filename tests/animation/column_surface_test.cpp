@@ -110,6 +110,22 @@ TEST(ColumnSurface, EveryRowIsTheSumOfItsFronts) {
   }
 }
 
+TEST(ColumnSurface, ALongCycleIsTheSumOfItsFronts) {
+  constexpr std::uint32_t samples = 1u << 20;
+  const GridAxis axis{-1.0, 1.0, 1.0, 3};
+  ColumnSurface surface(samples, 1, 20);
+  const Sea sea(20, 2);
+  surface.sum(sea.column, axis, 2, 1);
+  const std::vector<double>& series = surface.series(0);
+  const std::vector<double> expected = heights(sea.column, 1.0, samples);
+  ASSERT_EQ(series.size(), samples);
+  double worst = 0.0;
+  for (std::size_t t = 0; t < samples; ++t) {
+    worst = std::max(worst, std::abs(series[t] - expected[t]));
+  }
+  EXPECT_LE(worst, 1e-12);
+}
+
 TEST(ColumnSurface, ABlockStartsFromZero) {
   const GridAxis axis{0.0, 10.0, 1.0, 11};
   ColumnSurface surface(50, 11, 20);
