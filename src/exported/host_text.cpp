@@ -103,7 +103,6 @@ jstring host_text(JNIEnv* env, std::string_view text) {
 }
 
 std::string text_of(JNIEnv* env, jstring text) {
-  if (text == nullptr) throw std::string("null string");
   std::u16string units(static_cast<std::size_t>(env->GetStringLength(text)), u'\0');
   static_assert(sizeof(char16_t) == sizeof(jchar));
   env->GetStringRegion(text, 0, static_cast<jsize>(units.size()),

@@ -18,10 +18,11 @@ std::string modified_utf8(std::string_view text);
 // UTF-16 as UTF-8. A surrogate without its other half becomes U+FFFD.
 std::string utf8_of(const std::u16string& text);
 
-// Each throws std::string for null, and PendingException.
+// Each throws PendingException.
 jstring host_text(JNIEnv* env, std::string_view text);
+// Of a string that is not null.
 std::string text_of(JNIEnv* env, jstring text);
-// The bytes of the array.
+// The bytes of the array. Throws std::string for null.
 std::string text_of(JNIEnv* env, jbyteArray bytes);
 
 // An array of strings.

@@ -42,10 +42,6 @@ Common::Context& SiteFacade::context() {
   return *context_;
 }
 
-Common::Tank& SiteFacade::tank() {
-  Common::Tank* built = context().tank.get();
-  if (built == nullptr) throw "Object not built";
-  return *built;
-}
+Common::Tank& SiteFacade::tank() { return context().tank.built(); }
 
 }  // namespace Kelpbox

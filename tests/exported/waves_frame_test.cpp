@@ -70,6 +70,8 @@ TEST_F(WavesFrame, TextsForJavaAreModifiedUtf8) {
 TEST_F(WavesFrame, TextsFromJavaBecomeUtf8) {
   EXPECT_EQ(utf8_of(u"a\u00E9\u20AC"), "a\xC3\xA9\xE2\x82\xAC");
   EXPECT_EQ(utf8_of(u"\U0001F600\U0010FFFF"), "\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF");
+  // Beside the surrogates.
+  EXPECT_EQ(utf8_of(u"\uD7FF\uE000\uFFFF"), "\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF");
   const std::string replaced = "\xEF\xBF\xBD";
   const char16_t high = 0xD83D;
   const char16_t low = 0xDE00;
