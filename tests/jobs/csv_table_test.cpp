@@ -104,6 +104,7 @@ TEST(CsvTable, AFieldThatIsNoFiniteNumberIsRefusedWithItsLine) {
 
 TEST(CsvTable, AMessageShowsAFieldWithoutControlCharactersAndShortened) {
   EXPECT_EQ(failure("t,eta\n0,\x1b[2J\n"), "waves.csv:2: \"?[2J\" is not a number");
+  EXPECT_EQ(failure("t,eta\n0,a\x7f\n"), "waves.csv:2: \"a?\" is not a number");
   EXPECT_EQ(failure("t,eta\n0," + std::string(1000, 'x') + "\n"),
             "waves.csv:2: \"" + std::string(40, 'x') + "...\" is not a number");
 }
@@ -113,6 +114,31 @@ TEST(CsvTable, ALineWithAnotherNumberOfFieldsIsRefused) {
             "waves.csv:3: 1 field where the lines before have 2, parted by commas");
   EXPECT_EQ(failure("t,eta\n0,1,2\n"),
             "waves.csv:2: 3 fields where the lines before have 2, parted by commas");
+}
+
+TEST(CsvTable, ALineWithAnotherNumberOfFieldsNamesTheSeparator) {
+  const auto refused = [](const std::string& separator) {
+    return "waves.csv:2: 1 field where the lines before have 2" + separator;
+  };
+  EXPECT_EQ(failure("0;1\n2\n"), refused(", parted by semicolons"));
+  EXPECT_EQ(failure("0\t1\n2\n"), refused(", parted by tabs"));
+  EXPECT_EQ(failure("0 1\n2\n"), refused(", parted by blanks"));
+}
+
+TEST(CsvTable, AHeadMayHaveAnUnfinishedBracketOrQuote) {
+  const CsvTable table = read_csv("eta],\"x,y\n1,2\n", "x.csv");
+  ASSERT_EQ(table.columns.size(), 2U);
+  EXPECT_EQ(table.columns[0].name, "eta]");
+  EXPECT_EQ(table.columns[0].units, "");
+  EXPECT_EQ(table.columns[1].name, "\"x,y");
+}
+
+TEST(CsvTable, AHeadMayBeginWithABracket) {
+  const CsvTable table = read_csv("[s] eta [mm]\n0 1\n", "x.csv");
+  ASSERT_EQ(table.columns.size(), 2U);
+  EXPECT_EQ(table.columns[0].name, "");
+  EXPECT_EQ(table.columns[0].units, "s");
+  EXPECT_EQ(table.columns[1].name, "eta");
 }
 
 TEST(CsvTable, ATextWithoutNumbersIsRefused) {

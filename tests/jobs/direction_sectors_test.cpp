@@ -105,6 +105,7 @@ TEST(DirectionSectors, OfAPowerOfZeroAreEqual) {
 TEST(DirectionSectors, OfAPowerThatIsNotFiniteAreNaN) {
   EXPECT_TRUE(std::isnan(sum(Jobs::sector_shares(law_of(true, 0), NAN))));
   EXPECT_TRUE(std::isnan(sum(Jobs::sector_shares(law_of(true, 0), -1))));
+  EXPECT_TRUE(std::isnan(sum(Jobs::sector_shares(law_of(true, 0), INFINITY))));
 }
 
 TEST(DirectionGrid, KeepsTheVarianceOfEveryHarmonic) {

@@ -34,6 +34,12 @@ TEST(ShowNumber, ShowsWhatIsNotFinite) {
   EXPECT_EQ(show_number(-std::numeric_limits<double>::infinity(), 3), "-infinite");
   EXPECT_EQ(show_number(-0.0, 3), "0");
   EXPECT_EQ(show_number(1.5e-300, 3), "1.50e-300");
+  EXPECT_EQ(show_number(2.5e12, 2), "2.5e+12");
+  const double infinite = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(show_quantity(infinite, "m", 3), "infinite m");
+  EXPECT_EQ(show_direction(infinite), "infinite deg");
+  EXPECT_EQ(Jobs::show_time(-infinite), "-infinite s");
+  EXPECT_EQ(show_share(infinite), "infinite %");
 }
 
 TEST(ShowNumber, ChoosesMilliForSmallLengthsAndStrokes) {
@@ -45,6 +51,8 @@ TEST(ShowNumber, ChoosesMilliForSmallLengthsAndStrokes) {
   EXPECT_EQ(show_quantity(1.6, "s", 3), "1.60 s");
   EXPECT_EQ(show_quantity(0.05, "1", 2), "0.050");
   EXPECT_EQ(show_quantity(0.0, "m", 3), "0 m");
+  EXPECT_EQ(show_quantity(0.0004, "m2", 3), "400 mm2");
+  EXPECT_EQ(show_quantity(0.5, "", 2), "0.50");
 }
 
 TEST(ShowNumber, ShowsDirectionsInDegreesAndSharesPerCent) {

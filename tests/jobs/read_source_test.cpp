@@ -90,6 +90,8 @@ TEST_F(ReadSource, BinaryFilesAreRefused) {
                        "a\0=\0",
                        6));
   EXPECT_EQ(fault_of(name).fault, name + ": written as UTF-16; save it as UTF-8");
+  file("\xFE\xFF" + std::string("\0a\0=", 4));
+  EXPECT_EQ(fault_of(name).fault, name + ": written as UTF-16; save it as UTF-8");
 }
 
 TEST_F(ReadSource, TextInAnotherEncodingIsShown) {

@@ -67,4 +67,8 @@ TEST(SpreadLaw, AVeryHighPowerHasNoSpread) {
 TEST(SpreadLaw, APowerThatIsNotFiniteIsNaN) {
   EXPECT_TRUE(std::isnan(std::abs(Jobs::first_moment(law_of(true, 0, 1, 1, true), NAN))));
   EXPECT_TRUE(std::isnan(std::abs(Jobs::asked_moment(law_of(true, 0, 1, 1, false), -1))));
+  for (const bool asked : {false, true}) {
+    const SpreadLaw law = law_of(false, 0, 1, 1, asked);
+    EXPECT_TRUE(std::isnan(std::abs(Jobs::asked_moment(law, INFINITY)))) << asked;
+  }
 }
