@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "jobs/job_folder.h"
 
@@ -98,6 +99,30 @@ TEST_F(WaveRefusals, ATimeFormulaThatIsNotFiniteIsRefused) {
   EXPECT_EQ(refusal(wave("kind = \"time\"\nformula = \"0@s#0.02/($[s]-1)@m#64@s\"\n"
                          "rate = \"16 Hz\"")),
             "7: `formula` is not finite at all times of the run\n");
+}
+
+TEST_F(WaveRefusals, AValueOfAnotherKindIsShownAsTheJobHasIt) {
+  const auto of_height = [&](const std::string& value) {
+    return refusal(wave("kind = \"jonswap\"\ntp = \"1.5 s\"\nhs = " + value));
+  };
+  for (const auto& [value, shown] :
+       {std::pair{"true", "true"}, std::pair{"false", "false"}, std::pair{"[1, 2]", "an array"},
+        std::pair{"{a = 1}", "a table"}, std::pair{"2026-01-01", "a value of another kind"}}) {
+    const std::string text = of_height(value);
+    EXPECT_TRUE(text.starts_with("8: ")) << text;
+    EXPECT_NE(text.find(shown), std::string::npos) << text;
+  }
+}
+
+TEST_F(WaveRefusals, AMemberOfAnEnumerationIsNamed) {
+  const std::string sea = wave("kind = \"jonswap\"\nhs = \"40 mm\"\ntp = \"1.5 s\"");
+  const std::string spread =
+      refusal(sea + change("kind = \"AngleSpread\"\nformula = \"9\"\nangle = \"10 deg\"\n"
+                           "function = 3"));
+  EXPECT_NE(spread.find("CosS, Cos2S"), std::string::npos) << spread;
+  const std::string set =
+      refusal(sea + change("kind = \"AngleChange\"\nformula = \"10@deg\"\nset = 3"));
+  EXPECT_NE(set.find("use False, True"), std::string::npos) << set;
 }
 
 TEST_F(WaveRefusals, AMissingListIsReportedForEachKind) {
