@@ -232,6 +232,20 @@ TEST_F(ReadJob, OutputsAcceptTheLibrarysWordsForABoolean) {
   EXPECT_TRUE(job.netcdf);
 }
 
+TEST_F(ReadJob, OutputsAreATableWithAReport) {
+  const Job job = read(shortest + "[outputs]\nreport = false\n");
+  EXPECT_EQ(lines_of(faults_), Lines());
+  EXPECT_FALSE(job.report);
+  EXPECT_EQ(faults("outputs = 3\n" + shortest),
+            (Lines{"[outputs] must be a table | 3 | this is a number"}));
+}
+
+TEST_F(ReadJob, AnUnknownListIsNamedAsItStandsInTheFile) {
+  EXPECT_EQ(faults("titles = [\"a\"]\ntitels = []\n" + shortest),
+            (Lines{"unknown key `titles` in the job | titles | did you mean `title`?",
+                   "unknown key `titels` in the job | titels | did you mean `title`?"}));
+}
+
 TEST_F(ReadJob, NamesAreUniqueAndNoNumbers) {
   EXPECT_EQ(faults(shortest + "[[sea]]\nname = \"sea 1\"\nwave = [{kind = \"x\"}]\n"
                               "[[point]]\nname = \"a\"\n[[point]]\nname = \"a\"\n"

@@ -65,6 +65,21 @@ TEST(SeaSentence, CutsLongListsAndSaysHowManyFollow) {
             "spectrum, a 1, b 1, c 1, d 1, e 1, f 1, g 1, h 1, and 2 more values");
 }
 
+TEST(SeaSentence, CountsTheWavesThatItLeavesOut) {
+  const std::string single = wave("kind = \"single\"\nf = \"0.8 Hz\"\n");
+  const std::string four = "single, f 0.8 Hz; single, f 0.8 Hz; single, f 0.8 Hz; single, f 0.8 Hz";
+  EXPECT_EQ(sentence(single + single + single + single), four);
+  EXPECT_EQ(sentence(single + single + single + single + single), four + "; and 1 more wave");
+  EXPECT_EQ(sentence(single + single + single + single + single + single),
+            four + "; and 2 more waves");
+}
+
+TEST(SeaSentence, ShowsEveryKindOfValue) {
+  EXPECT_EQ(sentence(wave("kind = \"spectrum\"\na = false\nb = true\nc = [1]\nfile = 3\n"
+                          "[[sea.change]]\nkind = \"PhaseRandom\"\nran_gen = \"Default\"\n")),
+            "spectrum, a false, b true, c ..., file 3; PhaseRandom");
+}
+
 TEST(SeaSentence, CutsLongTextsBetweenCharacters) {
   std::string long_text;
   std::string shown;
