@@ -31,7 +31,6 @@ class BaseWrapObj {
 
   const Rule& rule() const { return rule_; }
   List& list() { return list_; }
-  const List& list() const { return list_; }
 
  protected:
   Rule rule_;
@@ -91,7 +90,6 @@ class BaseWrapAry {
   // an unreplicated array object", "Accessing array out of bounds".
   List& element(std::int32_t index);
 
-  const Rule& rule() const { return rule_; }
   // The first script index.
   std::int32_t offset() const { return offset_; }
   // The script index of the element at a position.
