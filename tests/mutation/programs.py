@@ -12,8 +12,10 @@ import time
 # A planted fault may remove the wrong files, signal the wrong processes or take all the memory.
 # The tests see the machine read-only, a /tmp of their own and only their own processes.
 PROTECTED = """
-mount --bind "$1" "$1" && mount -t tmpfs -o size=2g,mode=1777 tmpfs /tmp &&
-mount -o remount,ro,bind / && ulimit -S -v "$2" && ulimit -c 0 || exit 99
+mounted=$(cut -d " " -f 2 /proc/self/mounts | grep -vE "^/(proc|sys|dev)(/|$)")
+for place in $mounted; do mount -o remount,ro,bind "$place" || exit 99; done
+mount --bind "$1" "$1" && mount -o remount,rw,bind "$1" &&
+mount -t tmpfs -o size=2g,mode=1777 tmpfs /tmp && ulimit -S -v "$2" && ulimit -c 0 || exit 99
 shift 2
 "$@"
 exit $?
@@ -60,7 +62,8 @@ class Copy:
         if not modules.exists():
             modules.symlink_to(self.source / "report" / "node_modules")
         subprocess.run(
-            ["cmake", "--preset", "release", "-DKELPBOX_COMMAND=ON", "-DKELPBOX_JVM=ON"],
+            ["cmake", "--preset", "release", "-DKELPBOX_COMMAND=ON", "-DKELPBOX_JVM=ON",
+             "-DKELPBOX_WARNINGS_AS_ERRORS=ON"],
             cwd=self.root, check=True, stdout=subprocess.DEVNULL)  # fmt: skip
         shown = subprocess.run(
             ["ctest", "--test-dir", self.build_folder, "--show-only=json-v1"],
@@ -119,7 +122,9 @@ class Copy:
                 more = os.read(process.stdout.fileno(), 65536)
                 if not more:
                     break
-                printed = (printed + more)[-4000:]
+                # The first failure: all later tests are skipped, each with a line.
+                if b"[  FAILED  ]" not in printed:
+                    printed = printed[-4000:] + more
         try:
             process.wait(max(left, 0.1))
         except subprocess.TimeoutExpired:
@@ -133,7 +138,7 @@ class Copy:
             raise TestsFail(f"cannot protect the machine from planted faults:\n{text}")
         if process.returncode == 0:
             return ""
-        names = re.findall(r"\[  FAILED  \] ([\w./]+)", text)
+        names = re.findall(r"\[  FAILED  \] ([A-Za-z]\w*\.[\w/]+)", text)
         return f"{test['name']}: " + (names[0] if names else f"ended with {process.returncode}")
 
     def measure(self, step):
