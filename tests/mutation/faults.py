@@ -27,6 +27,9 @@ SWAPS = {
     ],
     "constant": [("true", "false"), ("false", "true")],
 }
+# What would mostly not compile: text has no minus, and arguments of different kinds do not swap.
+TEXT = re.compile(r'"|string|\bfmt\b')
+MACRO = re.compile(r"\b(KELPBOX_\w+|call<?\w*>?)$")
 # Functions whose first two arguments may come in any order.
 COMMUTE = re.compile(r"\b(Mul|Add|min|max|hypot|fmin|fmax)$")
 STATEMENT = re.compile(
@@ -59,6 +62,8 @@ def edits_of_tokens(code):
             if old[0].isalpha():
                 pattern = r"\b" + pattern
             for found in re.finditer(pattern, code):
+                if old in (" + ", " += ") and TEXT.search(code):
+                    continue
                 yield kind, found.start(), found.end(), new
     for found in re.finditer(r"(?:(?<=[(\[{,=?:] )|(?<=[(\[{])|(?<=return ))-(?=[\w(.])", code):
         yield "operator", found.start(), found.end(), ""
@@ -73,7 +78,7 @@ def edits_of_tokens(code):
     for found in re.finditer(r"(?<![\w.])\d+\.\d*(?:[eE][-+]?\d+)?|(?<![\w.])\d+[eE][-+]?\d+", code):
         value = float(found.group())
         yield "constant", *found.span(), repr(value * 1.01) if value else "0.01"
-    for found in re.finditer(r"\[(\w+)\](?=[^({]|$)", code):
+    for found in re.finditer(r"(?<=[\w)\]])\[(\w+)\](?=[^({]|$)", code):
         yield "bound", found.start(1), found.end(1), found.group(1) + " + 1"
 
 
@@ -106,23 +111,44 @@ def arguments(code, opening, end):
     return spans
 
 
+def kind_of(argument):
+    if argument[0] in "\"'{[&":
+        return argument[0]
+    if argument[0].isdigit() or argument[0] == "-":
+        return "number"
+    return "string" if TEXT.search(argument) else "number"
+
+
 def edits_of_arguments(line, code):
     for found in re.finditer(r"(?<=[\w>])[({]", code):
         callee = code[: found.start()]
-        if re.search(r"\b(if|for|while|switch|catch|return)$", callee) or COMMUTE.search(callee):
+        if re.search(r"\b(if|for|while|switch|catch|return)$", callee) or MACRO.search(callee):
+            continue
+        if COMMUTE.search(callee):
             continue
         end = matching(code, found.start())
         spans = arguments(code, found.start(), end) if end > 0 else []
         for (a, b), (c, d) in zip(spans, spans[1:]):
-            if line[a:b] == line[c:d] or PARAMETER.match(line[a:b]):
+            if any(PARAMETER.match(one) for one in (line[a:b], line[c:d])):
+                continue
+            if line[a:b] == line[c:d] or kind_of(line[a:b]) != kind_of(line[c:d]):
                 continue
             yield "order", a, d, line[c:d] + ", " + line[a:b]
+
+
+def declares(code):
+    """A function declared or an object constructed with parameters, which cannot be left out."""
+    found = re.search(r"\((.*)\)", code)
+    inside = found.group(1).split(", ") if found else []
+    return any(PARAMETER.match(one) for one in inside)
 
 
 def faults_of_line(source, number):
     """All faults of one line, counted from 0."""
     line, code = source.lines[number], source.code[number]
     edits = []
+    if re.match(r"\s*virtual\b", code):
+        return []
     for kind, start, end, new in edits_of_tokens(code):
         edits.append((kind, line[:start] + new + line[end:]))
     for kind, start, _, new in edits_of_conditions(code):
@@ -135,7 +161,7 @@ def faults_of_line(source, number):
             at = start + found.start()
             edits.append(("message", line[:at] + ("x" if line[at] != "x" else "y") + line[at + 1 :]))
     before_ends = number > 0 and source.code[number - 1].rstrip().endswith((";", "{", "}", ":"))
-    if before_ends and STATEMENT.match(code) and not re.match(r"\s+(return|using)\b", code):
+    if before_ends and STATEMENT.match(code) and not declares(code):
         edits.append(("removed", ""))
     inner = re.match(r"^ {4,}", code) or re.match(r"^\s+if ", code)
     if LEAVES.match(code) and inner and (before_ends or code.lstrip().startswith("if ")):
