@@ -65,15 +65,18 @@ class Copy:
             ["cmake", "--preset", "release", "-DKELPBOX_COMMAND=ON", "-DKELPBOX_JVM=ON",
              "-DKELPBOX_WARNINGS_AS_ERRORS=ON"],
             cwd=self.root, check=True, stdout=subprocess.DEVNULL)  # fmt: skip
-        shown = subprocess.run(
-            ["ctest", "--test-dir", self.build_folder, "--show-only=json-v1"],
-            capture_output=True, check=True, text=True).stdout  # fmt: skip
-        self.tests = json.loads(shown)["tests"]
+        self.list_tests()
         order = (self.build_folder / "tests" / "house" / "order.txt").read_text()
         self.links = {
             name: set(links.split())
             for name, links in re.findall(r"^(\w+): ?(.*)$", order, re.MULTILINE)
         }
+
+    def list_tests(self):
+        shown = subprocess.run(
+            ["ctest", "--test-dir", self.build_folder, "--show-only=json-v1"],
+            capture_output=True, check=True, text=True).stdout  # fmt: skip
+        self.tests = json.loads(shown)["tests"]
 
     def far(self, folder):
         """The programs of the folders above, lowest first."""
@@ -146,6 +149,7 @@ class Copy:
         if step in self.times:
             return
         failed = self.build(step)
+        self.list_tests()  # programs that were not built had no command
         began = time.monotonic()
         failed = failed or self.run(step)
         if failed:
