@@ -1,4 +1,4 @@
-"""A copy of the project that faults are planted in, and the tests that can notice them there."""
+"""A copy of the project that is built once, and the tests that can notice a fault there."""
 import json
 import os
 import pathlib
@@ -7,11 +7,16 @@ import select
 import shutil
 import signal
 import subprocess
+import threading
 import time
 
+from planted import UNSHARE
+
 # A planted fault may remove the wrong files, signal the wrong processes or take all the memory.
-# The tests see the machine read-only, a /tmp of their own and only their own processes.
+# The tests see the machine read-only, a /tmp of their own and only their own processes. The
+# changed programs are mounted over the original ones.
 PROTECTED = """
+for pair in $PLANTED; do mount --bind "${pair%%:*}" "${pair#*:}" || exit 99; done
 mounted=$(cut -d " " -f 2 /proc/self/mounts | grep -vE "^/(proc|sys|dev)(/|$)")
 for place in $mounted; do mount -o remount,ro,bind "$place" || exit 99; done
 mount --bind "$1" "$1" && mount -o remount,rw,bind "$1" &&
@@ -20,12 +25,14 @@ shift 2
 "$@"
 exit $?
 """
-UNSHARE = ["unshare", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc"]
+OWN_PROCESSES = ["--pid", "--fork", "--kill-child", "--mount-proc"]
 
 # The first programs to notice a fault of a folder, where they are not the one of its name.
 OWN = {"cli": ["cli_tools", "cli"], "facade": ["facade", "exported"], "run": ["run", "facade"]}
-TARGETS = {"jvm": ["kelpbox_jvm_tests"], "docs": ["kelpbox", "kelpbox_jvm_tests"],
-           "report": ["kelpbox"], "cli": ["tests_cli", "kelpbox"]}  # fmt: skip
+OUTPUTS = {"cli": ["bin/tests_cli", "bin/kelpbox"], "jvm": ["lib/libKelpboxSwig.so"],
+           "docs": ["bin/kelpbox"], "report": ["bin/kelpbox"]}  # fmt: skip
+TARGETS = {"cli": ["tests_cli", "kelpbox"], "jvm": ["kelpbox_jvm_tests"], "report": ["kelpbox"],
+           "docs": ["kelpbox", "kelpbox_jvm_tests"]}  # fmt: skip
 LAST = ["exported", "jobs", "cli_tools", "cli", "outputs", "jvm", "report", "docs"]
 
 
@@ -37,16 +44,30 @@ def near(folder):
     return OWN.get(folder, [folder])
 
 
+def outputs(step):
+    return OUTPUTS.get(step, [f"bin/tests_{step}"])
+
+
+def last_line(text):
+    return text.rstrip("\n").rsplit("\n", 1)[-1]
+
+
 class Copy:
     def __init__(self, root, folder):
-        self.source = pathlib.Path(root)
-        self.root = pathlib.Path(folder).resolve()
+        self.source, self.root = pathlib.Path(root), pathlib.Path(folder).resolve()
         self.build_folder = self.root / "build" / "release"
         self.times_file = self.root / "times.json"
         self.times = json.loads(self.times_file.read_text()) if self.times_file.exists() else {}
+        self.lock = threading.RLock()
+        self.links_of, self.built = {}, set()
+
+    def ask(self, *command):
+        return subprocess.run(command, cwd=self.build_folder, check=True, text=True,
+                              capture_output=True).stdout  # fmt: skip
 
     def synchronise(self):
         """Brings the copy to the state of the working tree, and configures it."""
+        self.build_folder.mkdir(parents=True, exist_ok=True)
         listed = subprocess.run(
             ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
             cwd=self.source, capture_output=True, check=True, text=True).stdout  # fmt: skip
@@ -60,12 +81,19 @@ class Copy:
                 shutil.copy(original, copied)
         modules = self.root / "report" / "node_modules"
         if not modules.exists():
-            modules.symlink_to(self.source / "report" / "node_modules")
+            # Not one symbolic link: the page is built without the licences of linked packages.
+            original = self.source / "report" / "node_modules"
+            shutil.copytree(original, modules, symlinks=True, copy_function=os.link)
         subprocess.run(
             ["cmake", "--preset", "release", "-DKELPBOX_COMMAND=ON", "-DKELPBOX_JVM=ON",
              "-DKELPBOX_WARNINGS_AS_ERRORS=ON"],
             cwd=self.root, check=True, stdout=subprocess.DEVNULL)  # fmt: skip
         self.list_tests()
+        database = json.loads((self.build_folder / "compile_commands.json").read_text())
+        self.compile_commands = {
+            re.search(r" -o (\S+)", entry["command"]).group(1): entry["command"]
+            for entry in database
+        }
         order = (self.build_folder / "tests" / "house" / "order.txt").read_text()
         self.links = {
             name: set(links.split())
@@ -73,10 +101,7 @@ class Copy:
         }
 
     def list_tests(self):
-        shown = subprocess.run(
-            ["ctest", "--test-dir", self.build_folder, "--show-only=json-v1"],
-            capture_output=True, check=True, text=True).stdout  # fmt: skip
-        self.tests = json.loads(shown)["tests"]
+        self.tests = json.loads(self.ask("ctest", "--show-only=json-v1"))["tests"]
 
     def far(self, folder):
         """The programs of the folders above, lowest first."""
@@ -88,33 +113,49 @@ class Copy:
         own = near(folder)
         return [name for name in direct + LAST if name not in own]
 
-    def build(self, step):
-        """Returns the end of what the build printed where it fails."""
-        targets = TARGETS.get(step, [f"tests_{step}"])
-        done = subprocess.run(
-            ["cmake", "--build", self.build_folder, "-j2", "--target", *targets],
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")  # fmt: skip
-        return done.stdout[-2000:] if done.returncode else ""
+    def link_command(self, output):
+        with self.lock:
+            if output not in self.links_of:
+                self.links_of[output] = last_line(self.ask("ninja", "-t", "commands", output))
+            return self.links_of[output]
 
-    def run(self, step):
+    def objects_with(self, file):
+        """The objects that are compiled from a source or include a header."""
+        name = file.removeprefix("src/")
+        if not file.endswith(".h"):
+            folder, source = name.split("/")
+            return [f"src/{folder}/CMakeFiles/kelpbox_{folder}.dir/{source}.o"]
+        with self.lock:
+            listed = self.ask("ninja", "-t", "deps")
+        found = re.findall(r"^(\S+\.o): #deps.*\n((?: .*\n)*)", listed, re.MULTILINE)
+        return [
+            made for made, deps in found
+            if f"/{name}\n" in deps and made in self.compile_commands and "_headers.dir" not in made
+        ]  # fmt: skip
+
+    def run(self, step, replaced=None):
         """Returns what failed, or an empty string."""
         limit = 60 + 10 * self.times[step] if step in self.times else 1800
         for test in self.tests:
             group = test["name"].split(".")[0]
-            if group != step or re.search(r"\.[A-Z]\w+$|^jvm\.", test["name"]):
+            if group != step or re.search(r"^(jvm|exported)\.", test["name"]):
                 continue
-            failed = self.run_test(test, step, limit)
+            failed = self.run_test(test, step, limit, replaced or {})
             if failed:
                 return failed
         return ""
 
-    def run_test(self, test, step, limit):
+    def run_test(self, test, step, limit, replaced):
         properties = {entry["name"]: entry["value"] for entry in test.get("properties", [])}
         environment = dict(os.environ, GTEST_FAIL_FAST="1", TMPDIR="/tmp")
         environment.update(entry.split("=", 1) for entry in properties.get("ENVIRONMENT", []))
+        environment["PLANTED"] = " ".join(
+            f"{made}:{self.build_folder / output}" for output, made in replaced.items()
+        )
         memory = 16 if step in ("jvm", "docs", "report") else 6
-        command = [*UNSHARE, "sh", "-c", PROTECTED, "sh", self.build_folder / "tests",
-                   str(memory * 1024 * 1024), *test["command"]]  # fmt: skip
+        command = [*UNSHARE, *OWN_PROCESSES, "sh", "-c", PROTECTED, "sh",
+                   self.build_folder / "tests", str(memory * 1024 * 1024),
+                   *test["command"]]  # fmt: skip
         process = subprocess.Popen(
             command, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
             stderr=subprocess.STDOUT, start_new_session=True,
@@ -146,13 +187,21 @@ class Copy:
 
     def measure(self, step):
         """Builds and runs the tests without a fault: they must pass."""
-        if step in self.times:
-            return
-        failed = self.build(step)
-        self.list_tests()  # programs that were not built had no command
-        began = time.monotonic()
-        failed = failed or self.run(step)
-        if failed:
-            raise TestsFail(f"without a fault: {failed}")
-        self.times[step] = round(time.monotonic() - began, 2)
-        self.times_file.write_text(json.dumps(self.times))
+        with self.lock:
+            if step in self.built:
+                return
+            targets = TARGETS.get(step, [f"tests_{step}"])
+            built = subprocess.run(
+                ["cmake", "--build", self.build_folder, "-j2", "--target", *targets],
+                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)  # fmt: skip
+            if built.returncode:
+                raise TestsFail(f"without a fault: {built.stdout[-2000:]}")
+            self.list_tests()  # programs that were not built had no command
+            self.built.add(step)
+            if step in self.times:
+                return
+            began = time.monotonic()
+            if failed := self.run(step):
+                raise TestsFail(f"without a fault: {failed}")
+            self.times[step] = round(time.monotonic() - began, 2)
+            self.times_file.write_text(json.dumps(self.times))

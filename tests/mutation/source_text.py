@@ -87,6 +87,6 @@ def read_all(root):
     paths = sorted(
         str(path.relative_to(root))
         for path in (root / "src").glob("*/*")
-        if path.suffix in (".cpp", ".h", ".l", ".y")
+        if path.suffix in (".cpp", ".h")
     )
     return [read(root, path) for path in paths]

@@ -65,6 +65,11 @@ TEST(Array, TheOffsetIsCheckedUnderOffsetRuleTwoOnly) {
   EXPECT_EQ(build({SizeRule::any, 0, 0, 1}, 3, 0), nothing_thrown);
 }
 
+TEST(Array, AFixedOffsetIsZeroUnlessTheRuleNamesAnother) {
+  EXPECT_EQ(build({SizeRule::any, 0, 2}, 3, 0), nothing_thrown);
+  EXPECT_EQ(build({SizeRule::any, 0, 2}, 3, 1), "plain: Wrong offset value");
+}
+
 TEST(Array, TheSizeMustFollowTheRule) {
   const std::string bad = "plain: Size of array out of bounds";
   EXPECT_EQ(build({SizeRule::any, 4, 0, 0}, 9, 0), nothing_thrown);
