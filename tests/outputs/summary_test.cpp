@@ -54,6 +54,7 @@ TEST(Summary, DescribesTheRun) {
   EXPECT_EQ(summary["run"]["repeat"], 60.0);
   EXPECT_EQ(summary["run"]["lowest_harmonic"], 6);     // 0.1 Hz
   EXPECT_EQ(summary["run"]["highest_harmonic"], 120);  // 2 Hz
+  EXPECT_EQ(summary["run"]["side_walls"], false);
   EXPECT_EQ(summary["run"]["fronts"], 1);
   EXPECT_EQ(summary["seas"][0]["waves"], Json({"single"}));
   EXPECT_EQ(summary["drive"]["samples"], 1200);
@@ -66,6 +67,12 @@ TEST(Summary, DescribesTheRun) {
   EXPECT_EQ(point["statistics"]["Hs"]["units"], "m");
   EXPECT_NEAR(point["statistics"]["Ts"]["value"].get<double>(), 1.25, 1e-9);
   EXPECT_FALSE(summary.contains("field"));
+}
+
+TEST(Summary, SaysWhetherSideWallsReflect) {
+  const Testing::TempDir dir;
+  Testing::MadeRun made(dir.write("storm.toml", Testing::regular_job()), {"run.dalrymple=true"});
+  EXPECT_EQ(Json::parse(made.write(dir.file("x.out")))["run"]["side_walls"], true);
 }
 
 TEST(Summary, RemarksTooFewWavesForStatistics) {

@@ -299,7 +299,8 @@ TEST(SetFronts, FrequencyErrorIsReportedAsAHundredthAfterTheRepeatTime) {
             (Synthesis::Messages{"Repeat time 1 does not match synthetic wave 3.33333",
                                  "Frequency mismath of 0.0015%"}));
   // An error of 0.1 Hz or less is not reported.
-  EXPECT_EQ(evaluated(at({0.91, 1.09}), run_of(1.0, 1.0, 2.0)).messages.size(), 1U);
+  EXPECT_EQ(evaluated(at({0.9004, 1.0996}), run_of(1.0, 1.0, 2.0)).messages.size(), 1U);
+  EXPECT_EQ(evaluated(at({0.8996, 1.1004}), run_of(1.0, 1.0, 2.0)).messages.size(), 2U);
 }
 
 TEST(SetFronts, ASingleFrontIsMadeThoughItHasNoRepeatTime) {

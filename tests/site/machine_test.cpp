@@ -270,6 +270,13 @@ TEST(Transfer, OfAPistonFollowsTheory) {
   }
 }
 
+TEST(Transfer, WithoutAnAngleFollowsTheory) {
+  for (double k : wave_numbers) {
+    EXPECT_NEAR(Flap().ratio(k, depth, 0.9) / expected_flap(k, 0.9), 1.0, 1e-9) << k;
+    EXPECT_NEAR(Piston().ratio(k, depth, 0.9) / expected_piston(k, 0.9), 1.0, 1e-9) << k;
+  }
+}
+
 TEST(Transfer, OfAFullDepthPistonFollowsTheory) {
   Piston piston;
   set_up(piston, 0, 0.0);
