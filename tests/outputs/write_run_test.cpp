@@ -152,6 +152,18 @@ TEST_F(WriteRun, FrontsAreThoseOfTheJob) {
   }
 }
 
+TEST_F(WriteRun, FrontsSayWhereTheirPhasesHold) {
+  run(Testing::regular_job());
+  const std::string written = dir.contents("storm.out/fronts.csv");
+  EXPECT_EQ(written.substr(0, 10), "# kelpbox ");
+  EXPECT_EQ(written.substr(written.find(": ")),
+            ": merged fronts of the run\n"
+            "# phases hold at the paddle line: x = 0, y = 0, t = 0\n"
+            "# angle: direction of travel, from +x towards +y; phase: of a cosine, 0 is a crest\n"
+            "harmonic,f [Hz],a [m],angle [rad],phase [rad]\n"
+            "48,0.8,0.025,0,0\n");
+}
+
 TEST_F(WriteRun, FrontsCanBeTheWavesOfAnotherJob) {
   run(Testing::basin_job());
   const Jobs::CsvTable first = csv("fronts.csv");
