@@ -192,6 +192,15 @@ TEST(BindParameters, ReportsAllFaultsOfAPart) {
             "1:1+1 `tp` is missing in a `test` wave (a time in s, min, msec, h)\n");
 }
 
+TEST(BindParameters, NamesNoUnitsForAMissingNumberOrChoice) {
+  Declared declared = wave();
+  declared.fallbacks.clear();
+  EXPECT_EQ(refused("hs = \"1 m\"\ntp = \"2 s\"", declared),
+            "1:1+1 `function` is missing in a `test` wave (one of CosS, Cos2S)\n"
+            "1:1+1 `gamma` is missing in a `test` wave (a plain number)\n"
+            "1:1+1 `set` is missing in a `test` wave (true or false)\n");
+}
+
 TEST(BindParameters, SaysWhenAPartTakesNoKeys) {
   EXPECT_EQ(refused("x = 1", Declared()),
             "1:1+1 unknown key `x` in a `test` wave (it takes no keys)\n");
