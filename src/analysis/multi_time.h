@@ -15,7 +15,8 @@ class MultiTime final : public Process {
 
   // Finds the waves of each record and appends them to its list. A second call appends them again
   // on purpose: hosts see the doubled counts. When memory runs out, here or in `results`, nothing
-  // is appended, so that a host can try again. The settings are not read. Throws "Mismatched sizes".
+  // is appended, so that a host can try again. The settings are not read. Throws "Mismatched
+  // sizes".
   void process(const Base::Params& settings) override;
   // Adds means over the records: "sig_t" and "sig_h" if fewer than half of the records are regular,
   // "reg_t" otherwise. Throws the messages of wave_list.h.

@@ -163,9 +163,9 @@ TEST(Changes, RefusesLimitsThatFallWhereTheSiteHasLimits) {
                 band + change(spread + "min_angle = \"20 deg\"\nmax_angle = \"-20 deg\""))),
             "13: `max_angle` must not be below `min_angle`\n");
   // Reduced to one turn they would rise, and the mean would lie outside. That is not reported too.
-  EXPECT_EQ(JobFolder().refusal(basin_job(
-                band + change("kind = \"cos2s\"\ns = 10\nangle = \"180 deg\"\n"
-                              "min_angle = \"200 deg\"\nmax_angle = \"170 deg\""))),
+  EXPECT_EQ(JobFolder().refusal(
+                basin_job(band + change("kind = \"cos2s\"\ns = 10\nangle = \"180 deg\"\n"
+                                        "min_angle = \"200 deg\"\nmax_angle = \"170 deg\""))),
             "13: `max_angle` must not be below `min_angle`\n");
 }
 
