@@ -200,6 +200,26 @@ TEST_F(ReadJob, AKeyInTheWrongTableIsSentToItsOwn) {
                    "[[sea.wave]]"}));
 }
 
+TEST_F(ReadJob, EveryKeyOfOneTableIsSentThereFromTheJob) {
+  const std::pair<std::string, std::string> homes[] = {{"kind", "[[sea.wave]]"},
+                                                       {"holds", "[[sea]]"},
+                                                       {"rate", "[drive]"},
+                                                       {"ramp", "[drive]"},
+                                                       {"stop_at_limit", "[drive]"},
+                                                       {"delta_angle", "[[point]]"},
+                                                       {"csv", "[outputs]"},
+                                                       {"netcdf", "[outputs]"},
+                                                       {"report", "[outputs]"},
+                                                       {"repeat", "[run]"},
+                                                       {"wave", "[[sea]], as [[sea.wave]]"},
+                                                       {"change", "[[sea]], as [[sea.change]]"}};
+  for (const auto& [key, home] : homes) {
+    EXPECT_EQ(faults(key + " = 1\n" + shortest),
+              (Lines{"unknown key `" + key + "` in the job | " + key + " | `" + key +
+                     "` belongs in " + home}));
+  }
+}
+
 TEST_F(ReadJob, ValuesOfTheWrongTypeAreReported) {
   EXPECT_EQ(faults("title = 7\nsite = [\"a\"]\ntune = true\nfield = \"x\"\npoint = 3\n[run]\n"
                    "[[sea]]\nholds = \"x\"\nwave = [1, {kind = \"single\"}]\n[outputs]\ncsv = 1\n"
