@@ -32,7 +32,7 @@ class ExpressionScanner final : public ExpressionScanFlexLexer {
  private:
   // As the generated one, which yylex would call.
   using ExpressionScanFlexLexer::yy_create_buffer;
-  yy_buffer_state* yy_create_buffer(std::istream& in, int size);
+  yy_buffer_state* yy_create_buffer(std::istream& in, int size) override;
 
   int yylex() override;
   // Throws a std::string, where the generated scanner would end the process.

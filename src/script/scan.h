@@ -33,7 +33,7 @@ class ScriptScan : public ScriptScanFlexLexer {
  protected:
   // As the generated one, which yylex would call.
   using ScriptScanFlexLexer::yy_create_buffer;
-  yy_buffer_state* yy_create_buffer(std::istream& in, int size);
+  yy_buffer_state* yy_create_buffer(std::istream& in, int size) override;
 
   // Writes meaningless characters to standard output.
   void LexerOutput(const char* characters, int count) override;
