@@ -135,7 +135,7 @@ class Copy:
 
     def run(self, step, replaced=None):
         """Returns what failed, or an empty string."""
-        limit = 60 + 10 * self.times[step] if step in self.times else 1800
+        limit = 30 + 5 * self.times[step] if step in self.times else 1800
         for test in self.tests:
             group = test["name"].split(".")[0]
             if group != step or re.search(r"^(jvm|exported)\.", test["name"]):
