@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iterator>
 #include <string>
 
 #include "outputs/folder_listing.h"
@@ -54,6 +55,19 @@ TEST(FolderSwap, ReplacesAnEmptyFolder) {
   EXPECT_EQ(put_in_place(dir.file("new"), dir.file("place"), "place"), dir.file("new"));
   EXPECT_EQ(Testing::listing(dir.path()),
             (Files{{"new/", ""}, {"place/", ""}, {"place/a", "new"}}));
+}
+
+TEST(FolderSwap, FlushLeavesNoFileOpen) {
+  const auto open_files = [] {
+    const std::filesystem::directory_iterator all("/proc/self/fd");
+    return std::distance(begin(all), end(all));
+  };
+  const Testing::TempDir dir;
+  dir.write("a", "1");
+  dir.write("b", "2");
+  const auto before = open_files();
+  flush_folder(dir.path(), "x.out");
+  EXPECT_EQ(open_files(), before);
 }
 
 TEST(FolderSwap, FlushReportsAFolderThatIsGone) {
