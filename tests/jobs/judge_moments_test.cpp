@@ -128,6 +128,10 @@ TEST(SmoothedPeak, IgnoresASingleHighHarmonic) {
   EXPECT_NEAR(Jobs::smoothed_peak(hump, 8).value(), 50, 1e-9);
 }
 
+TEST(SmoothedPeak, ReachesDownToTheMean) {
+  EXPECT_EQ(Jobs::smoothed_peak({4, 4, 0}, 1).value(), 0.5);
+}
+
 TEST(SmoothedPeak, IsEmptyForStillWater) {
   EXPECT_FALSE(Jobs::smoothed_peak({0, 0, 0}, 2));
   EXPECT_FALSE(Jobs::smoothed_peak({}, 2));

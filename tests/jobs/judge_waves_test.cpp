@@ -108,7 +108,19 @@ TEST(JudgeWaves, ObliqueWavesOverASlopeArriveTooLow) {
     EXPECT_NEAR(error, angle == 20.0 ? -7.5 : -13.5, 0.05);
     EXPECT_NEAR(job.made("refraction"), error, 0.01);
     EXPECT_TRUE(job.look("refraction"));
+    EXPECT_FALSE(job.at("refraction").minor);
   }
+}
+
+TEST(JudgeWaves, ASmallErrorOfObliqueWavesIsMinor) {
+  const JudgedJob job =
+      judged(beach(), holds("{ x = \"20 m\" }") + single("0.45 Hz", "10 mm", "8 deg"), "60 s");
+  const double there = 8 * degree;
+  const double paddles = std::asin(std::sin(there) * k_of(0.45, 0.2) / k_of(0.45, 0.7));
+  EXPECT_NEAR(job.made("refraction"), 100 * (std::sqrt(std::cos(paddles) / std::cos(there)) - 1),
+              0.01);
+  EXPECT_TRUE(job.good("refraction"));
+  EXPECT_TRUE(job.at("refraction").minor);
 }
 
 TEST(JudgeWaves, NoRefractionIsReportedInConstantDepth) {

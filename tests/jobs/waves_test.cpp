@@ -63,6 +63,15 @@ TEST(Waves, SpectrumHasTheEnergyOfItsFormula) {
   EXPECT_TRUE(asked.breaks.empty());
 }
 
+TEST(Waves, EachReadySeaHasAPeakOfItsOwn) {
+  const auto run = JobFolder().build(
+      flume_job(wave("kind = \"jonswap\"\nhs = \"50 mm\"\ntp = \"2 s\"\n[[sea.wave]]\n"
+                     "kind = \"jonswap\"\nhs = \"20 mm\"\ntp = \"1.25 s\"")));
+  ASSERT_EQ(run->seas[0].asked.size(), 2u);
+  EXPECT_NEAR(run->seas[0].asked[0].peak, 0.5, 1e-12);
+  EXPECT_NEAR(run->seas[0].asked[1].peak, 0.8, 1e-12);
+}
+
 TEST(Waves, SpectrumKnowsWhereItsFormulaBends) {
   const Testing::SeaState sea{0.1, 0.6};
   const std::string text = Testing::jonswap_text("0.3@Hz", "1.5@Hz");
