@@ -87,6 +87,8 @@ TEST(JudgeMachine, ADeclaredVelocityLimitIsACriterion) {
 TEST(JudgeMachine, RampsLowerAPartOfTheRun) {
   const JudgedJob job(flume_job(wave + "[drive]\nramp = \"5 s\"\n"));
   EXPECT_NEAR(job.made("ramp_share"), 100 * 10.0 / 64, 1e-9);
+  EXPECT_EQ(job.at("ramp_share").quantity, "lowered by ramps");
+  EXPECT_EQ(job.at("ramp_share").units, "%");
   EXPECT_TRUE(job.look("ramp_share"));
   EXPECT_EQ(job.made("start_and_end.piston"), 0);
   EXPECT_EQ(job.at("start_and_end.piston").remark, "ramp of 5 s");

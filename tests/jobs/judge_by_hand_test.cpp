@@ -1,5 +1,7 @@
-// Whether a run is long and fine enough, exactly at the limits.
+// Findings about a run that is filled by hand, such as one exactly at a limit.
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 #include "jobs/judge_parts.h"
 
@@ -37,4 +39,23 @@ TEST(JudgeStatistics, FiveHarmonicsInThePeakAreEnough) {
   EXPECT_EQ(judged("peak_harmonics", 40.0).made, 5.0);
   EXPECT_EQ(judged("peak_harmonics", 39.0).verdict, Jobs::Verdict::look);
   EXPECT_EQ(judged("peak_harmonics", 39.0).remark, "repeat of 40 s would draw its shape");
+}
+
+TEST(JudgeDirections, DrawnOnesScatterAroundTheirLaw) {
+  Jobs::Run run;
+  Jobs::JudgedRun judged(run, nullptr);
+  judged.spread_by_law = true;
+  judged.fates.asked_directions.add(0.0, 1.0);
+  // Four equal waves 1.5 deg from the law: the mean scatters by a half of their spread.
+  const double middle = 1.5 * M_PI / 180;
+  for (const double side : {-0.1, 0.1, -0.1, 0.1}) {
+    judged.fates.made_directions.add(middle + side, 1.0);
+  }
+  Jobs::Findings findings;
+  judge_directions(judged, findings);
+  ASSERT_FALSE(findings.empty());
+  EXPECT_EQ(findings[0].key, "direction");
+  EXPECT_EQ(findings[0].verdict, Jobs::Verdict::good);
+  // sqrt(2 (1 - cos 0.1)) / 2 = 0.04998 rad.
+  EXPECT_EQ(findings[0].remark, "drawn for 4 waves that matter, which scatter the mean by 2.9 deg");
 }
