@@ -77,6 +77,9 @@ TEST(JudgeWaves, HeightDepthAndUrsellNumber) {
   const double length = 2 * M_PI / k;
   EXPECT_NEAR(job.made("relative_depth"), k * 0.7, 1e-4);
   EXPECT_NEAR(job.made("height_to_depth"), 0.08 / 0.7, 1e-4);
+  EXPECT_TRUE(job.good("height_to_depth"));
+  const JudgedJob high(flume_job("[[sea]]\n" + single("0.25 Hz", "200 mm")));
+  EXPECT_TRUE(high.look("height_to_depth"));  // 0.4 m in 0.7 m is above 0.55
   EXPECT_NEAR(job.made("ursell") / (0.08 * length * length / std::pow(0.7, 3)), 1, 1e-3);
   EXPECT_TRUE(job.look("ursell"));
 }
