@@ -78,114 +78,87 @@ std::string rows_of_waves(std::size_t count) {
   return text;
 }
 
+// What `kelpbox check` reports at the record of the job above.
+std::string at_record(const std::string& message, const std::string& advice = {},
+                      const std::string& file = "r.csv") {
+  return "2: error: " + message + "\n --> job.toml:7:10\n  |\n7 |   file = \"" + file +
+         "\"\n  |          " + std::string(file.size() + 2, '^') + advice +
+         "\njob.toml: 1 error, nothing was built\n";
+}
+
+// A file that both refuse with the same message.
+void refuse(Rows& rows, const std::string& name, const Contents& contents,
+            const std::string& message) {
+  add_file(rows, name, contents, at_record(message), "2: error: " + message + "\n");
+}
+
+void refuse_uneven(Rows& rows, const std::string& name, const Contents& contents,
+                   const std::string& line) {
+  add_file(rows, name, contents,
+           at_record(line + ": the times of column `time` are not evenly spaced",
+                     " give `rate`, or resample the record"),
+           "2: error: " + line +
+               ": the times are not evenly spaced; if they are only rounded, give the rate, as in "
+               "--rate \"50 Hz\"\n");
+}
+
+const std::string no_numbers = "r.csv: there are no numbers";
+const std::string too_long = "r.csv:1: a line of 50000000 characters: at most 16777216 can be read";
+
 Rows all() {
   Rows rows;
-  const auto with = [&](const std::string& name, const Contents& contents,
-                        const std::string& of_job, const std::string& of_analysis) {
-    add_file(rows, name, contents, of_job, of_analysis);
-  };
-  with(
-      "OfAMillionColumns",
+  refuse(
+      rows, "OfAMillionColumns",
       [] { return "a" + repeated(",a", million) + "\n1" + repeated(",1", million) + "\n"; },
-      "2: error: r.csv:1: 1000001 columns: at most 100000 can be read\n --> job.toml:7:10\n  |\n7 "
-      "|   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv:1: 1000001 columns: at most 100000 can be read\n");
-  with(
-      "OfALineOfFiftyMegabytes", [] { return std::string(50 * million, '1'); },
-      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n --> "
-      "job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, "
-      "nothing was built\n",
-      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n");
-  with(
-      "OfAHeadOfFiftyMegabytes", [] { return std::string(50 * million, 'x') + "\n1\n2\n"; },
-      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n --> "
-      "job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, "
-      "nothing was built\n",
-      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n");
-  with(
-      "OfACommentOfFiftyMegabytes", [] { return "#" + std::string(50 * million, 'x') + "\n"; },
-      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
-      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv: there are no numbers\n");
-  with(
-      "OfFiftyMegabytesOfBlanks", [] { return std::string(50 * million, ' '); },
-      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
-      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv: there are no numbers\n");
-  with(
-      "OfFiftyMegabytesOfEmptyLines", [] { return std::string(50 * million, '\n'); },
-      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
-      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv: there are no numbers\n");
-  with(
-      "OfFiftyMegabytesOfCommas", [] { return std::string(50 * million, ','); },
-      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n --> "
-      "job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, "
-      "nothing was built\n",
-      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n");
-  with(
-      "OfFiftyMegabytesOfQuotes", [] { return std::string(50 * million, '"'); },
-      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n --> "
-      "job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, "
-      "nothing was built\n",
-      "2: error: r.csv:1: a line of 50000000 characters: at most 16777216 can be read\n");
-  with(
-      "OfZeroBytes", [] { return std::string(million, '\0'); },
-      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
-      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv: there are no numbers\n");
-  with(
-      "OfAMillionRows", [] { return rows_of_waves(million); },
+      "r.csv:1: 1000001 columns: at most 100000 can be read");
+  refuse(
+      rows, "OfALineOfFiftyMegabytes", [] { return std::string(50 * million, '1'); }, too_long);
+  refuse(
+      rows, "OfAHeadOfFiftyMegabytes", [] { return std::string(50 * million, 'x') + "\n1\n2\n"; },
+      too_long);
+  refuse(
+      rows, "OfFiftyMegabytesOfCommas", [] { return std::string(50 * million, ','); }, too_long);
+  refuse(
+      rows, "OfFiftyMegabytesOfQuotes", [] { return std::string(50 * million, '"'); }, too_long);
+  refuse(
+      rows, "OfACommentOfFiftyMegabytes",
+      [] { return "#" + std::string(50 * million, 'x') + "\n"; }, no_numbers);
+  refuse(
+      rows, "OfFiftyMegabytesOfBlanks", [] { return std::string(50 * million, ' '); }, no_numbers);
+  refuse(
+      rows, "OfFiftyMegabytesOfEmptyLines", [] { return std::string(50 * million, '\n'); },
+      no_numbers);
+  refuse(
+      rows, "OfZeroBytes", [] { return std::string(million, '\0'); }, no_numbers);
+  refuse(
+      rows, "OfNothing", [] { return std::string(); }, no_numbers);
+  add_file(
+      rows, "OfAMillionRows", [] { return rows_of_waves(million); },
       "0: ", "0: note: no wave trains: they need at least three probes\n");
-  with(
-      "OfNumbersThatAreNone", [] { return std::string("time [s],eta [mm]\n0,nan\n1,inf\n"); },
-      "2: error: r.csv:2: \"nan\" is not a finite number\n --> job.toml:7:10\n  |\n7 |   file = "
-      "\"r.csv\"\n  |          ^^^^^^^\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv:2: \"nan\" is not a finite number\n");
-  with(
-      "OfNumbersOf1e308",
-      [] { return "time [s],eta [mm]\n" + repeated("0,1e308\n1,-1e308\n", 20); },
-      "2: error: r.csv:4: the times of column `time` are not evenly spaced\n --> job.toml:7:10\n  "
-      "|\n7 |   file = \"r.csv\"\n  |          ^^^^^^^ give `rate`, or resample the "
-      "record\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv:4: the times are not evenly spaced; if they are only rounded, give the "
-      "rate, as in --rate \"50 Hz\"\n");
-  with(
-      "OfTimesThatFall", [] { return "time [s],eta [mm]\n" + repeated("1,1\n0,2\n", 20); },
-      "2: error: r.csv:4: the times of column `time` are not evenly spaced\n --> job.toml:7:10\n  "
-      "|\n7 |   file = \"r.csv\"\n  |          ^^^^^^^ give `rate`, or resample the "
-      "record\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv:4: the times are not evenly spaced; if they are only rounded, give the "
-      "rate, as in --rate \"50 Hz\"\n");
-  with(
-      "OfTimesThatStandStill", [] { return "time [s],eta [mm]\n" + repeated("1,1\n1,2\n", 20); },
-      "2: error: the times of column `time` do not increase\n --> job.toml:7:10\n  |\n7 |   file = "
-      "\"r.csv\"\n  |          ^^^^^^^ give `rate`\njob.toml: 1 error, nothing was built\n",
+  refuse(
+      rows, "OfNumbersThatAreNone", [] { return std::string("time [s],eta [mm]\n0,nan\n1,inf\n"); },
+      "r.csv:2: \"nan\" is not a finite number");
+  refuse_uneven(
+      rows, "OfNumbersOf1e308",
+      [] { return "time [s],eta [mm]\n" + repeated("0,1e308\n1,-1e308\n", 20); }, "r.csv:4");
+  refuse_uneven(
+      rows, "OfTimesThatFall", [] { return "time [s],eta [mm]\n" + repeated("1,1\n0,2\n", 20); },
+      "r.csv:4");
+  refuse_uneven(
+      rows, "OfTimesFarApart", [] { return std::string("time [s],eta [mm]\n-1e308,1\n1e308,2\n"); },
+      "r.csv:3");
+  add_file(
+      rows, "OfTimesThatStandStill",
+      [] { return "time [s],eta [mm]\n" + repeated("1,1\n1,2\n", 20); },
+      at_record("the times of column `time` do not increase", " give `rate`"),
       "2: error: r.csv: the times do not increase\n");
-  with(
-      "OfTimesFarApart", [] { return std::string("time [s],eta [mm]\n-1e308,1\n1e308,2\n"); },
-      "2: error: r.csv:3: the times of column `time` are not evenly spaced\n --> job.toml:7:10\n  "
-      "|\n7 |   file = \"r.csv\"\n  |          ^^^^^^^ give `rate`, or resample the "
-      "record\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv:3: the times are not evenly spaced; if they are only rounded, give the "
-      "rate, as in --rate \"50 Hz\"\n");
-  with(
-      "OfNothing", [] { return std::string(); },
-      "2: error: r.csv: there are no numbers\n --> job.toml:7:10\n  |\n7 |   file = \"r.csv\"\n  | "
-      "         ^^^^^^^\njob.toml: 1 error, nothing was built\n",
-      "2: error: r.csv: there are no numbers\n");
   add_other(rows, "FromAFifo", "fifo",
-            "2: error: the file `fifo` is not a regular file\n --> job.toml:7:10\n  |\n7 |   file "
-            "= \"fifo\"\n  |          ^^^^^^\njob.toml: 1 error, nothing was built\n",
+            at_record("the file `fifo` is not a regular file", "", "fifo"),
             "2: error: fifo is not a regular file\n");
-  add_other(
-      rows, "FromADevice", "/dev/zero",
-      "2: error: the file `/dev/zero` is not a regular file\n --> job.toml:7:10\n  |\n7 |   file = "
-      "\"/dev/zero\"\n  |          ^^^^^^^^^^^\njob.toml: 1 error, nothing was built\n",
-      "2: error: /dev/zero is not a regular file\n");
-  add_other(rows, "FromAFolder", ".",
-            "2: error: the file `.` is a folder, not a file\n --> job.toml:7:10\n  |\n7 |   file = "
-            "\".\"\n  |          ^^^\njob.toml: 1 error, nothing was built\n",
+  add_other(rows, "FromADevice", "/dev/zero",
+            at_record("the file `/dev/zero` is not a regular file", "", "/dev/zero"),
+            "2: error: /dev/zero is not a regular file\n");
+  add_other(rows, "FromAFolder", ".", at_record("the file `.` is a folder, not a file", "", "."),
             "2: error: . is a folder, not a file\n");
   return rows;
 }
