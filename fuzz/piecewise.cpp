@@ -122,7 +122,8 @@ void require_same(const std::vector<Synthesis::Front>& first,
 
 void check_signals(Experiment& site, std::uint32_t run) {
   Base::Params params = Testing::rate_params(10.0);
-  site.paddle_motion_build(run, params);
+  // A signal far above the limit of the machine may be refused.
+  if (Fuzz::refusal([&] { site.paddle_motion_build(run, params); })) return;
   Fuzz::require(all_finite(site.paddle_motion_data(run, 0, 0)), "the drive signal is finite");
   Base::Params point = Testing::rate_params(10.0);
   point.insert("x", 3.0, "m");
