@@ -117,6 +117,7 @@ void follow_fronts(JudgedRun& judged) {
     judged.made_moments.add(static_cast<double>(h) / judged.repeat, judged.made[h]);
     squares += judged.made[h] * judged.made[h];
   }
+  if (!std::isfinite(judged.made_moments.m0)) throw std::string("their variance is not finite");
   // Each variance is exponentially distributed, and Hs goes with the root of their sum.
   if (judged.random_amplitudes && judged.made_moments.m0 > 0.0) {
     judged.amplitude_chance = 0.5 * std::sqrt(squares / 2.0) / judged.made_moments.m0;

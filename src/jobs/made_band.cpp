@@ -1,5 +1,6 @@
 #include "jobs/made_band.h"
 
+#include <cmath>
 #include <cstddef>
 
 #include "jobs/judge_criteria.h"
@@ -11,7 +12,7 @@ std::optional<MadeBand> made_band(const std::vector<double>& variance) {
   for (const double v : variance) {
     if (v > 0.0) all += v;
   }
-  if (!(all > 0.0)) return std::nullopt;
+  if (!(all > 0.0) || !std::isfinite(all)) return std::nullopt;
   const double trace = Criteria::lost_trace * all;
   MadeBand band;
   double outside = 0.0;

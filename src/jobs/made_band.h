@@ -14,7 +14,8 @@ struct MadeBand {
 };
 
 // From the variance of each harmonic from 0. Leaves out a millionth of the variance at either end
-// at most: densities fall far below what can be seen without ever being 0. Empty for still water.
+// at most: densities fall far below what can be seen without ever being 0. Empty for still water,
+// and for a variance that is not finite.
 std::optional<MadeBand> made_band(const std::vector<double>& variance);
 
 }  // namespace Jobs

@@ -132,3 +132,17 @@ TEST(SeaDirections, OfWavesThatAreNotMadeAreAbsent) {
   const JudgedJob job(flume_job("[[sea]]\n" + single("3 Hz", "20 mm")));
   EXPECT_FALSE(job.judgement.directions.has_value());
 }
+
+// A variance beyond all numbers has no band of harmonics.
+TEST(SeaDirections, WavesWithoutAFiniteVarianceAreRefused) {
+  for (const char* amplitude : {"2e154 m", "1e160 m", "1e250 m"}) {
+    const JobFolder folder;
+    const auto run = folder.build(flume_job("[[sea]]\n" + single("0.5 Hz", amplitude)));
+    try {
+      Jobs::judge(*run, nullptr);
+      ADD_FAILURE() << amplitude << " is judged";
+    } catch (const Jobs::BadJob& bad) {
+      EXPECT_EQ(bad.faults.at(0).fault, "the waves cannot be judged: their variance is not finite");
+    }
+  }
+}
