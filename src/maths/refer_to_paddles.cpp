@@ -2,10 +2,23 @@
 
 #include <cmath>
 
+#include "base/compose.h"
 #include "base/constants.h"
 #include "maths/dalrymple.h"
 
 namespace Maths {
+namespace {
+
+// A number that is not finite is passed on. Without this check, finite ones could give NaN too.
+void require_phase(const HarmonicFront& front, double before, const Position& position) {
+  if (std::isfinite(front.phase) || front.amp == 0) return;
+  if (!std::isfinite(front.angle) || !std::isfinite(before)) return;
+  if (!std::isfinite(position.t) || !std::isfinite(position.y)) return;
+  throw Base::compose("Front set::t = ", position.t, " s or y = ", position.y,
+                      " m is too large: the phase at the paddles is not finite");
+}
+
+}  // namespace
 
 void carry_to_paddles(FrontSet& set, const TankRun& before, TankRun& tank) {
   const TankConfig& config = tank.tank();
@@ -31,7 +44,9 @@ void refer_to_paddles(FrontSet& set, const TankRun& tank, double y_ref) {
       if (std::cos(theta) < 0) a = a > 0 ? Base::Pi - a : -Base::Pi - a;
       front.angle = a;
       if (!tank.angle_in_range(a)) front.amp = 0;
-      front.phase = front.phase - ((y_ref - set.position.y) * ky + w * set.position.t);
+      const double before = front.phase;
+      front.phase = before - ((y_ref - set.position.y) * ky + w * set.position.t);
+      require_phase(front, before, set.position);
     }
   }
 }

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <complex>
+#include <limits>
 #include <numbers>
 #include <vector>
 
@@ -119,6 +120,27 @@ TEST(BuildMerged, SetsAreSummedAndNotChanged) {
   EXPECT_EQ(fronts.sets[1].position.t, 4.0);
   EXPECT_EQ(fronts.sets[1].slots[10][0].phase, 0.25);
   EXPECT_EQ(fronts.sets[2].slots[11][0].amp, 0.4);
+}
+
+// The phase at the paddles would be infinite, and the drive signals NaN.
+TEST(BuildMerged, ATimeOrPlaceWithoutAFinitePhaseIsRefused) {
+  const auto built = [](double y, double t, double amp) {
+    RunFronts fronts = with_sets(1);
+    fronts.sets[0].position = {12.0, y, t};
+    fronts.sets[0].add_front(20, {amp, 0.4, 0.0});
+    fronts.build_merged(flat());
+    return fronts.merged.slots[20].at(0).phase;
+  };
+  const std::string refused = " m is too large: the phase at the paddles is not finite";
+  ASSERT_GT(omega_of(20) * 1e308, std::numeric_limits<double>::max());
+  EXPECT_EQ(thrown([&] { built(0.0, 1e308, 0.1); }), "Front set::t = 1e+308 s or y = 0" + refused);
+  EXPECT_EQ(thrown([&] { built(0.0, -1e308, 0.1); }),
+            "Front set::t = -1e+308 s or y = 0" + refused);
+  EXPECT_EQ(thrown([&] { built(1e308, 0.0, 0.1); }), "Front set::t = 0 s or y = 1e+308" + refused);
+  EXPECT_TRUE(std::isfinite(built(0.0, 1e306, 0.1)));
+  // A wave of height 0 moves no paddle, and a time that is not finite is passed on.
+  EXPECT_TRUE(std::isnan(built(0.0, 1e308, 0.0)));
+  EXPECT_TRUE(std::isnan(built(0.0, std::numeric_limits<double>::infinity(), 0.1)));
 }
 
 TEST(BuildMerged, WithoutSetsTheMergedSetIsUnchanged) {
