@@ -46,8 +46,9 @@ constexpr const char* form = R"({
   "files": [{"name": "text", "bytes": "number", "sha256": "text"}]
 })";
 
-// Above what any run can have, and far below what would overflow.
-constexpr double largest_number = 1e15;
+// The page computes with rates. Other numbers may stand for "no limit" in a site.
+constexpr double largest_rate = 1e15;
+constexpr double largest_number = 1e300;
 constexpr double largest_count = 4294967295.0;
 
 std::string fault_of_number(const Json& value, std::string_view type) {
@@ -57,8 +58,10 @@ std::string fault_of_number(const Json& value, std::string_view type) {
   if (type == "count" && (number != std::floor(number) || number < 0.0)) {
     return "is not a whole number";
   }
-  const bool is_too_large = std::abs(number) > (type == "count" ? largest_count : largest_number);
-  return is_too_large ? "is too large" : "";
+  const double largest = type == "count"  ? largest_count
+                         : type == "rate" ? largest_rate
+                                          : largest_number;
+  return std::abs(number) > largest ? "is too large" : "";
 }
 
 std::string fault_of_type(const Json& value, std::string_view type) {

@@ -107,7 +107,7 @@ const Rows rows = {
             "large\n"),
     summary("FourBillionHarmonics", "\"highest_harmonic\": 128", "\"highest_harmonic\": 4294967295",
             "2: error: job.out/summary.json: is not a summary of `kelpbox run`\n"),
-    summary("ADepthOf1e300Metres", "\"depth\": [0.7", "\"depth\": [1e300",
+    summary("ADepthOf1e301Metres", "\"depth\": [0.7", "\"depth\": [1e301",
             "2: error: job.out/summary.json: is not a summary of `kelpbox run`: "
             "plan.profile.depth[0] is too large\n"),
     summary("ANumberBeyondAllNumbers", samples, "\"samples\": 1e999",

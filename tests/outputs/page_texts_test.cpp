@@ -203,7 +203,7 @@ TEST_F(BrokenResults, AreReportedForNumbersThatNoRunHas) {
       {"/field/frames", true, "field.frames is not a number"},
       {"/field/x/count", 1e300, "field.x.count is too large"},
       {"/field/rate", 1e16, "field.rate is too large"},
-      {"/plan", {{"x", {0, -1e300}}}, "plan.x[1] is too large"},
+      {"/plan", {{"x", {0, -1e301}}}, "plan.x[1] is too large"},
   };
   for (const Wrong& wrong : all) {
     summary = good;
@@ -211,6 +211,16 @@ TEST_F(BrokenResults, AreReportedForNumbersThatNoRunHas) {
     EXPECT_EQ(why(),
               "x.out/summary.json: is not a summary of `kelpbox run`: " + std::string(wrong.fault));
   }
+}
+
+// A site may write "no limit" as a large number.
+TEST_F(BrokenResults, AreNotReportedForLargeLimits) {
+  const std::string others = why();
+  for (const char* name : {"maximum", "minimum", "clip_limit"}) {
+    summary["drive"]["banks"][0][name] = 1e30;
+  }
+  summary["plan"] = {{"y", {-1e20, 1e20}}};
+  EXPECT_EQ(why(), others);
 }
 
 // To open a FIFO waits for a writer, and the zeros of a device never end.
