@@ -7,8 +7,8 @@
 namespace Common {
 namespace {
 
-// Enough for a million points whose depth has a formula of 30 characters.
-constexpr std::size_t most_evaluated = 100000000;
+// About two seconds.
+constexpr std::size_t most_evaluated = 250'000'000;
 
 }  // namespace
 
@@ -18,7 +18,10 @@ SectionDepth::SectionDepth(const Section& section, std::int32_t script_index)
       origin_(section.offset.number == Section::Offset_enum::Absolute ? 0.0 : section.x) {}
 
 double SectionDepth::at(double x) {
-  if (evaluated_ > most_evaluated) fail_endless(x);
+  if (evaluated_ > most_evaluated) {
+    fail(Base::compose("depth profile takes too many steps for a formula of ",
+                       section_.depth.size(), " characters, stopped at x = ", x));
+  }
   evaluated_ += section_.depth.size();
   const Base::Quantity depth =
       section_.function.evaluate(Base::Quantity(x - origin_, Base::Category::length));

@@ -17,8 +17,8 @@ class SectionDepth {
   SectionDepth(const Section& section, std::int32_t script_index);
 
   // The depth in m at a position along the tank in m. It may be NaN or infinite. Throws as
-  // Expression::Function does, if its units are not a length, and if a depth with so long a formula
-  // was evaluated so often that the walk along the section would take minutes.
+  // Expression::Function does, if its units are not a length, and "depth profile takes too many
+  // steps for a formula of ... characters, stopped at x = ..." after some seconds.
   double at(double x);
   // Throws "depth <depth> at x = <x> is not a number" unless the depth is finite. A depth below 0
   // is dry ground, which is allowed.

@@ -82,7 +82,8 @@ TEST(ProfileLimits, AWalkOverManyPointsIsRefusedIfTheFormulaIsLong) {
   EXPECT_GT(config_of(sections({{"0", "Relative", depth}}, "20")).profile.size(), 20u);
   const std::string message = refusal(sections({{"0", "Relative", depth}}, "20", steps));
   EXPECT_TRUE(
-      message.starts_with("Section[1]::depth profile does not come to an end, stopped at x = "))
+      message.starts_with("Section[1]::depth profile takes too many steps for a formula of " +
+                          std::to_string(depth.size()) + " characters, stopped at x = "))
       << message;
 }
 
