@@ -14,6 +14,7 @@
 #include <exception>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "base/compose.h"
 #include "script/log.h"
@@ -22,14 +23,8 @@ namespace Kelpbox {
 
 enum class LogItems { hidden, shown };
 
-// "<fixed message>: <reason>". If memory has run out, the fixed message alone, or the part of it
-// that a string holds without memory.
-template <typename Reason>
-std::string with_reason(const char* fixed_message, const Reason& reason) {
-  try {
-    return Base::compose(fixed_message, ": ", reason);
-  } catch (const std::bad_alloc&) {
-  }
+// The message, or the part of it that a string holds without memory.
+inline std::string text_of(const char* fixed_message) {
   try {
     return fixed_message;
   } catch (const std::bad_alloc&) {
@@ -37,20 +32,31 @@ std::string with_reason(const char* fixed_message, const Reason& reason) {
   }
 }
 
+// "<fixed message>: <reason>", or the fixed message alone if memory has run out.
+template <typename Reason>
+std::string with_reason(std::string fixed_message, const Reason& reason) {
+  try {
+    return Base::compose(fixed_message, ": ", reason);
+  } catch (const std::bad_alloc&) {
+    return fixed_message;
+  }
+}
+
 // Returns what the operation returns.
 template <LogItems log_items = LogItems::hidden, typename Operation>
 auto guarded(const char* fixed_message, Operation operation) -> decltype(operation()) {
+  std::string text = text_of(fixed_message);  // made while there is memory
   try {
     return operation();
   } catch (const Script::LogItm& item) {
-    if constexpr (log_items == LogItems::shown) throw with_reason(fixed_message, item.text);
-    throw std::string(fixed_message);
+    if constexpr (log_items == LogItems::shown) throw with_reason(std::move(text), item.text);
+    throw std::move(text);
   } catch (const std::string&) {
     throw;
   } catch (const std::exception& failure) {
-    throw with_reason(fixed_message, failure.what());
+    throw with_reason(std::move(text), failure.what());
   } catch (...) {
-    throw std::string(fixed_message);
+    throw std::move(text);
   }
 }
 
