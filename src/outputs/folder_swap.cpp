@@ -66,6 +66,7 @@ std::string swap_in_two_steps(const std::string& folder, const std::string& plac
 
 std::string put_in_place(const std::string& folder, const std::string& place,
                          const std::string& shown) {
+  const std::string parent = fs::path(place).parent_path().string();
   // Another process may make or remove the place meanwhile.
   int error = 0;
   std::string old;
@@ -89,8 +90,8 @@ std::string put_in_place(const std::string& folder, const std::string& place,
   }
   if (error != 0) cannot_write(shown, error);
   try {
-    flush_to_disk(fs::path(place).parent_path().string(), shown);
-  } catch (const CannotWrite&) {
+    flush_to_disk(parent, shown);
+  } catch (...) {
     take_back(folder, place, old);
     throw;
   }
