@@ -86,7 +86,7 @@ void collect_output(bool on) {
   if (on && !collecting) {
     if (!collector) collector = std::make_unique<Collector>();
     if (!same_format(collector->stream, std::cout)) collector->stream.copyfmt(std::cout);
-    collector->stream.clear();
+    collector->stream.clear();  // a number that did not fit into memory leaves the stream bad
   }
   collecting = on;
 }

@@ -11,22 +11,34 @@ namespace {
 
 constexpr std::uint64_t no_limit = std::numeric_limits<std::uint64_t>::max();
 
+// Calls `read` with each line of the file, as far as it can be read. A line that does not fit into
+// memory is a failure: without its figures there would be no limit.
+template <typename Read>
+void for_each_line(const std::string& path, const Read& read) {
+  std::ifstream file(path);
+  file.exceptions(std::ios_base::badbit);
+  try {
+    for (std::string line; std::getline(file, line);) read(line);
+  } catch (const std::ios_base::failure&) {  // the file cannot be read to its end
+  }
+}
+
 // The numbers in a file of lines such as "MemFree:   100 kB" or "anon 100", by name.
 class Figures {
  public:
   explicit Figures(const std::string& path) {
-    std::ifstream file(path);
-    for (std::string line; std::getline(file, line);) {
+    for_each_line(path, [this](const std::string& line) {
       std::istringstream words(line);
+      words.exceptions(std::ios_base::badbit);
       std::string name;
       std::string unit;
       std::uint64_t value = 0;
-      if (!(words >> name >> value)) continue;
+      if (!(words >> name >> value)) return;
       if (name.back() == ':') name.pop_back();
       words >> unit;
       if (unit == "kB") value *= 1024;
       values_[name] = value;
-    }
+    });
   }
 
   std::uint64_t get(const std::string& name, std::uint64_t missing) const {
@@ -128,19 +140,18 @@ Room nested_groups_room(const std::string& mount, std::string path, const GroupF
 // "<number>:<controllers>:<path>" for each. Version 2 has one line without controllers.
 Room groups_room(const std::string& root) {
   Room room;
-  std::ifstream groups(root + "/proc/self/cgroup");
-  for (std::string line; std::getline(groups, line);) {
+  for_each_line(root + "/proc/self/cgroup", [&](const std::string& line) {
     const std::size_t first = line.find(':');
     const std::size_t second = line.find(':', first + 1);
-    if (first == std::string::npos || second == std::string::npos) continue;
+    if (first == std::string::npos || second == std::string::npos) return;
     const std::string controllers = line.substr(first + 1, second - first - 1);
     const bool memory = ("," + controllers + ",").find(",memory,") != std::string::npos;
-    if (!controllers.empty() && !memory) continue;
+    if (!controllers.empty() && !memory) return;
     const GroupFiles& files = memory ? version_1 : version_2;
     std::string path = line.substr(second + 1);
     if (path == "/") path.clear();
     room.limit(nested_groups_room(root + files.mount, path, files));
-  }
+  });
   return room;
 }
 

@@ -111,6 +111,7 @@ std::string unquoted_path(std::string_view text) {
 std::vector<std::string> opened_files(const std::string& progress) {
   std::vector<std::string> files;
   std::istringstream lines(progress);
+  lines.exceptions(std::ios_base::badbit);  // a line that does not fit into memory is a failure
   for (std::string line; std::getline(lines, line);) {
     const std::string_view text =
         std::string_view(line).substr(std::min(line.find_first_not_of(' '), line.size()));
