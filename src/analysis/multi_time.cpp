@@ -24,10 +24,12 @@ void MultiTime::process(const Base::Params&) {
 }
 
 void MultiTime::results(Base::Params& out) {
+  std::vector<WaveList> earlier = std::exchange(earlier_, {});
   try {
     report(out);
   } catch (const std::bad_alloc&) {
-    if (!earlier_.empty()) waves_ = std::exchange(earlier_, {});
+    if (!earlier.empty()) waves_ = std::move(earlier);
+    data_.clear();
     throw;
   }
 }
