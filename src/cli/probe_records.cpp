@@ -125,6 +125,7 @@ class Reader {
           "rate, as in --rate \"50 Hz\"",
           records_.file, Jobs::line_of_row(text, table_, *time.uneven_row));
     }
+    if (signal.values.size() < 2) fail("there is only one time");
     records_.rate = time.rate;
     if (!(records_.rate > 0.0) || !std::isfinite(records_.rate)) {
       fail("the times do not increase");

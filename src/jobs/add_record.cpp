@@ -78,7 +78,10 @@ void add_record(Preparation& p, const WavePlace& wave) {
                 "give `rate`, or resample the record");
       declared.fallbacks["rate"] = "1 Hz";
     } else if (!time.name.empty() && !(time.rate > 0.0 && std::isfinite(time.rate))) {
-      add_fault(p, *file, fmt::format("the times of column `{}` do not increase", time.name),
+      const bool one_time = column->values.size() < 2;
+      add_fault(p, *file,
+                one_time ? fmt::format("there is only one time in column `{}`", time.name)
+                         : fmt::format("the times of column `{}` do not increase", time.name),
                 "give `rate`");
       declared.fallbacks["rate"] = "1 Hz";
     } else if (time.rate > 0.0) {

@@ -75,7 +75,7 @@ TimeColumn time_column(const CsvTable& table, const CsvColumn& signal) {
     if (&column == &signal || !is_time(column)) continue;
     result.name = column.name;
     const std::vector<double>& t = column.values;
-    if (t.size() < 2) return result;
+    if (t.size() < 2 || !(t.back() > t.front())) return result;
     if (!is_even(t)) result.uneven_row = most_uneven_row(t);
     result.rate = static_cast<double>(t.size() - 1) / ((t.back() - t.front()) * seconds_in(column));
     return result;

@@ -122,6 +122,8 @@ TEST_F(ReadProbeRecords, RefusesWhatItCannotUse) {
       {"time [s],a [mm]\n0,1\n0.1,2\n0.2,3\n0.4,4\n",
        "r.csv:5: the times are not evenly spaced; if they are only rounded, give the rate, as in "
        "--rate \"50 Hz\""},
+      {"time [s],a [mm]\n0.2,1\n0.1,2\n0,3\n", "r.csv: the times do not increase"},
+      {"time [s],a [mm]\n0.3,1\n", "r.csv: there is only one time"},
       {"time [s],a [mm]\n0,1\n0.1,1\n0.2,1\n", "r.csv: the record of a is constant"},
       {"time [s]\n0\n0.1\n", "r.csv: there is no column besides the time"},
       {"time [s],a [mm]\n0,1\n0.1,x\n", "r.csv:3: \"x\" is not a number"},

@@ -195,6 +195,12 @@ TEST(Waves, RefusesARecordThatCannotBeUsed) {
             "(give `rate`, or resample the record)\n");
   EXPECT_EQ(refusal("file = \"bare.csv\""),
             "7: column `eta` of bare.csv has no units (write `eta [mm]` in its head)\n");
+  folder.write("falling.csv", "time [s],eta [mm]\n0.2,1\n0.1,2\n0,3\n");
+  folder.write("short.csv", "time [s],eta [mm]\n0.3,1\n");
+  EXPECT_EQ(refusal("file = \"falling.csv\""),
+            "7: the times of column `time` do not increase (give `rate`)\n");
+  EXPECT_EQ(refusal("file = \"short.csv\""),
+            "7: there is only one time in column `time` (give `rate`)\n");
   folder.write("unknown.csv", "time [ticks],eta [mm]\n0,1\n0.1,2\n");
   folder.write("length.csv", "time [mm],eta [mm]\n0,1\n0.1,2\n");
   EXPECT_EQ(refusal("file = \"unknown.csv\""),
