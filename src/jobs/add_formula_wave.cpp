@@ -90,7 +90,7 @@ void add_time(Preparation& p, const WavePlace& wave) {
     asked.variance = time_variance(*formulas->pieces, rate, repeat);
   });
   if (!evaluated) return;
-  if (asked.variance && !std::isfinite(*asked.variance)) {
+  if (!std::isfinite(*asked.variance)) {
     p.faults.push_back({"`formula` is not finite at all times of the run", formulas->place, ""});
     return;
   }

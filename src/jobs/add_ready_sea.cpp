@@ -6,11 +6,9 @@
 #include "jobs/add_wave.h"
 #include "jobs/bind_parameters.h"
 #include "jobs/failure.h"
-#include "jobs/fallbacks.h"
 #include "jobs/ready_sea.h"
 #include "jobs/wave_steps.h"
 #include "sea/piecewise_text.h"
-#include "sea/single.h"
 
 namespace Jobs {
 namespace {
@@ -22,15 +20,6 @@ Declared declared_by(const ReadySea& sea) {
     declared.meanings[parameter.name] = parameter.meaning;
     if (parameter.fallback) declared.fallbacks[parameter.name] = *parameter.fallback;
     if (!parameter.required()) declared.optional.push_back(parameter.name);
-  }
-  if (sea.makes == ReadySea::Makes::single_wave) {
-    Base::Params single;
-    Synthesis::Single().query(single);
-    for (const auto& [name, fallback] : fallbacks_of("single")) {
-      if (declared.params.contains(name)) continue;
-      declared.params.merge(*single.find(name));
-      declared.fallbacks[name] = fallback;
-    }
   }
   return declared;
 }

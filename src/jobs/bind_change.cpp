@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "base/constants.h"
 #include "jobs/bind_parameters.h"
 #include "jobs/change_kinds.h"
@@ -60,7 +62,6 @@ Declared declared_by(Preparation& p, const Change& change, Synthesis::Modifier& 
   }
   for (const ReadyParameter& parameter : ready->parameters) {
     declared.meanings[parameter.name] = parameter.meaning;
-    if (parameter.fallback) declared.fallbacks[parameter.name] = *parameter.fallback;
   }
   return declared;
 }
@@ -70,25 +71,23 @@ Declared without_fixed(const Declared& declared, const ReadyChange& ready) {
   Declared open = declared;
   open.params = {};
   for (const Base::Params::Entry& entry : declared.params.entries()) {
-    bool fixed = false;
-    for (const auto& [name, value] : ready.fixed) fixed = fixed || name == entry.first;
+    const bool fixed = std::any_of(ready.fixed.begin(), ready.fixed.end(), [&](const auto& value) {
+      return value.first == entry.first;
+    });
     if (!fixed) open.params.merge(entry);
   }
   return open;
 }
 
-bool add_fixed(Preparation& p, const Change& change, const Declared& declared,
+void add_fixed(Preparation& p, const Change& change, const Declared& declared,
                const ReadyChange& ready, Base::Params& params) {
-  const std::size_t before = p.faults.size();
   for (const auto& [name, text] : ready.fixed) {
     Value value;
     value.kind = Value::Kind::text;
     value.text = text;
     value.span = change.part.span;
-    const auto bound = bind_value(name, value, declared.params.at(name), p.faults);
-    if (bound) params.merge({name, *bound});
+    params.merge({name, bind_value(name, value, declared.params.at(name), p.faults).value()});
   }
-  return p.faults.size() == before;
 }
 
 // Beyond the limits of the site, a range through 180 deg is none that was meant.
@@ -153,7 +152,7 @@ std::optional<Base::Params> bind_declared(Preparation& p, const Change& change,
     add_refusal(p, change.part, message);
     return std::nullopt;
   }
-  if (!add_fixed(p, change, declared, *ready, *params)) return std::nullopt;
+  add_fixed(p, change, declared, *ready, *params);
   return params;
 }
 

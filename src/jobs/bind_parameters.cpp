@@ -158,7 +158,6 @@ std::vector<std::string> members_of(const Base::Quantity& enumeration) {
 }
 
 std::string advice(const std::string& name, const std::vector<std::string>& known) {
-  if (known.empty()) return "there are none";
   if (const auto near = nearest(name, known)) return fmt::format("did you mean `{}`?", *near);
   return fmt::format("use {}", fmt::join(known, ", "));
 }

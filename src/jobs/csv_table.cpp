@@ -131,8 +131,7 @@ class Reader {
     }
     if (found == table_.columns.size()) return;
     throw where() + count(found, "field") + " where the lines before have " +
-        std::to_string(table_.columns.size()) +
-        (separator_ ? ", parted by " + name_of(separator) : std::string());
+        std::to_string(table_.columns.size()) + ", parted by " + name_of(separator);
   }
 
   static std::string not_a_number(std::string_view field, std::size_t place) {

@@ -43,7 +43,7 @@ class Names {
 };
 
 std::string with_article(const std::string& kind) {
-  const bool vowel = !kind.empty() && std::string("aeiouAEIOU").find(kind[0]) != std::string::npos;
+  const bool vowel = std::string("aeiouAEIOU").find(kind[0]) != std::string::npos;
   return (vowel ? "an `" : "a `") + kind + "`";
 }
 
