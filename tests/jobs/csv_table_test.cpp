@@ -186,4 +186,13 @@ TEST(CsvTable, AMillionLinesAreReadInWellUnderASecond) {
   EXPECT_LT(took.count(), 5.0);  // ten times what a loaded machine needs without optimisation
 }
 
+TEST(CsvTable, AHeadMayEndWithAnUnderscoreOrBeEmpty) {
+  const CsvTable table = read_csv("time_,,\"\"\n1,2,3\n", "waves.csv");
+  ASSERT_EQ(table.columns.size(), 3u);
+  EXPECT_EQ(table.columns[0].name, "time_");
+  EXPECT_EQ(table.columns[0].units, "");
+  EXPECT_EQ(table.columns[1].name, "");
+  EXPECT_EQ(table.columns[2].name, "");
+}
+
 }  // namespace

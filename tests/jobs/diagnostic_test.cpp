@@ -6,6 +6,9 @@
 #include <memory>
 #include <string>
 
+#include "jobs/failure.h"
+#include "jobs/marked_line.h"
+
 namespace {
 
 using Jobs::Colour;
@@ -224,6 +227,38 @@ TEST(Diagnostic, SortsByPlaceWithinEachSource) {
     order += fault.fault + ", ";
   }
   EXPECT_EQ(order, "none, none again, b1, b2, a whole, a2 left, a2 again, a2, ");
+}
+
+TEST(Diagnostic, AnEmptyLineIsShown) {
+  EXPECT_EQ(show({"bad", {source("a = 1\n\nb = 2"), 2, 1, 1}, ""}),
+            "error: bad\n"
+            " --> storm.toml:2:1\n"
+            "  |\n"
+            "2 |\n"
+            "  | ^\n");
+}
+
+// A mark has three bytes and no column, so that hundreds of them make a line long but not wide.
+TEST(Diagnostic, ALineThatOnlyMarksMakeLongIsCutToo) {
+  std::string marks;
+  for (int i = 0; i < 400; ++i) marks += "\xEF\xBB\xBF";
+  const Jobs::MarkedLine late = Jobs::marked_line({source("a" + marks + "x = 1"), 1, 1202, 1});
+  EXPECT_EQ(late.text, "...x = 1");
+  EXPECT_EQ(late.blanks, 3u);
+  const Jobs::MarkedLine early = Jobs::marked_line({source("xy" + marks + "a = 1"), 1, 1, 1});
+  EXPECT_EQ(early.text, "xy...");
+  EXPECT_EQ(early.blanks, 0u);
+}
+
+TEST(Diagnostic, ALineWithoutAColumnIsMarkedAtItsBeginning) {
+  const Jobs::MarkedLine marked = Jobs::marked_line({source("a = 1"), 1, 0, 1});
+  EXPECT_EQ(marked.blanks, 0u);
+  EXPECT_EQ(marked.carets, 1u);
+}
+
+TEST(CommentText, LosesTheWordForItsKind) {
+  EXPECT_EQ(Jobs::comment_text("Warning::Poor match"), "Poor match");
+  EXPECT_EQ(Jobs::comment_text("Poor match"), "Poor match");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 #include "jobs/front_fate.h"
+#include "jobs/made_surface.h"
 #include "support/integral.h"
 #include "support/wave_number.h"
 
@@ -210,4 +211,61 @@ TEST(FrontFate, FrontsThatAreNotFiniteAreCountedApart) {
 
 TEST(FrontFate, APositionOutsideTheTankIsRefused) {
   EXPECT_THROW(fates_of({{0.01, 0, 0, 20}}, sloping_path(), {50, 0, 0}), std::string);
+}
+
+TEST(FrontFate, WavesTowardsThePaddlesAreTurnedOnEitherSide) {
+  WavePath path = sloping_path();
+  path.tank.max_angle = 180 * degree;
+  path.tank.min_angle = -180 * degree;
+  path.banks = {{0.3, {{180 * degree, 20}}}};  // paddles at the other end, which face back
+  const FrontFates left = fates_of({{0.03, 150 * degree, 0, 32}}, path, {25, 0, 0});
+  const FrontFates right = fates_of({{0.03, -150 * degree, 0, 32}}, path, {25, 0, 0});
+  EXPECT_GT(left.made_total(), 0);
+  EXPECT_NEAR(left.made_total(), right.made_total(), 1e-15);
+  EXPECT_NEAR(left.made_directions.mean(), -right.made_directions.mean(), 1e-12);
+}
+
+TEST(FrontFate, BetweenWallsAWaveAlongTheTankStaysOne) {
+  WavePath path = sloping_path(true);
+  path.tank.has_walls = true;
+  EXPECT_DOUBLE_EQ(fates_of({{0.03, 0, 0, 32}}, path).made_total(), half_square(0.03));
+  // So many modes that the library makes none of them: the wave is taken as it is.
+  path.tank.width = 1e6;
+  const FrontFates wide = fates_of({{0.03, 30 * degree, 0, 32}}, path);
+  EXPECT_EQ(wide.evanescent, 0);
+  EXPECT_NEAR(wide.asked, half_square(0.03), 1e-15);
+}
+
+TEST(FrontFate, BetweenWallsAWaveTowardsThePaddlesIsNotMade) {
+  WavePath path = sloping_path(true);
+  path.tank.has_walls = true;
+  path.tank.max_angle = 180 * degree;
+  path.tank.min_angle = -180 * degree;
+  for (const double angle : {150.0, -150.0}) {
+    const FrontFates fates = fates_of({{0.03, angle * degree, 0, 32}}, path);
+    EXPECT_EQ(fates.made_total(), 0) << angle;
+    EXPECT_NEAR((fates.behind + fates.evanescent) / fates.asked, 1, 1e-9) << angle;
+  }
+}
+
+TEST(FrontFate, ADirectionThatIsNaNIsUndefined) {
+  EXPECT_EQ(fates_of({{0.01, NAN, 0, 20}}, sloping_path()).undefined, 1u);
+}
+
+TEST(PaddleShares, WithoutPaddlesAWaveIsTakenAsMade) {
+  WavePath path = sloping_path();
+  path.banks.clear();
+  EXPECT_EQ(Jobs::paddle_shares(path, 32, 0.1).made, 1.0);
+}
+
+TEST(MadeSurface, IgnoresFrontsThatAreNaNZeroOrOutsideTheRun) {
+  const WavePath path = sloping_path();
+  std::vector<Synthesis::Front> fronts = {{1.0, 0.03, 0.1, 0.2}};
+  const auto surface = Jobs::made_surface(fronts, path, 5, 1);
+  fronts.emplace_back(0.5, NAN, 0.0, 0.0);
+  fronts.emplace_back(0.5, 0.01, 0.0, NAN);
+  fronts.emplace_back(0.5, 0.0, 0.0, 0.0);
+  fronts.emplace_back(5.0, 0.01, 0.0, 0.0);  // above the highest harmonic, 2 Hz
+  EXPECT_EQ(Jobs::made_surface(fronts, path, 5, 1), surface);
+  EXPECT_NEAR(std::abs(surface[32]), 0.03, 1e-12);
 }

@@ -1,8 +1,12 @@
 #include <cmath>
 #include <filesystem>
+#include <fstream>
+#include <utility>
+#include <vector>
 
 #include "gtest/gtest.h"
 #include "jobs/judged_job.h"
+#include "jobs/show_number.h"
 #include "support/test_run.h"
 #include "support/wave_number.h"
 
@@ -16,15 +20,31 @@ std::string replaced(std::string text, const std::string& from, const std::strin
   return text.replace(at, from.size(), to);
 }
 
-// The flume of the examples with a part of its script replaced.
-JudgedJob in_flume(const std::string& from, const std::string& to, const std::string& rest) {
+using Replacements = std::vector<std::pair<std::string, std::string>>;
+
+// The flume of the examples with parts of its script replaced.
+JudgedJob in_flume(const Replacements& replacements, const std::string& rest,
+                   const std::string& repeat = "64 s") {
   const JobFolder folder;
   std::ifstream file(example("flume.site"));
-  const std::string script((std::istreambuf_iterator<char>(file)), {});
-  folder.write("own.site", replaced(script, from, to));
+  std::string script((std::istreambuf_iterator<char>(file)), {});
+  for (const auto& [from, to] : replacements) script = replaced(script, from, to);
+  folder.write("own.site", script);
   std::filesystem::copy(example("common"), folder.file("common"));
-  return JudgedJob(folder, own_job(rest));
+  return JudgedJob(folder, own_job(rest, repeat));
 }
+
+// The same with other limits of the stroke in m.
+JudgedJob with_stroke(const std::string& minimum, const std::string& maximum,
+                      const std::string& rest) {
+  return in_flume(
+      {{"maximum = 0.45", "maximum = " + maximum}, {"minimum = -0.45", "minimum = " + minimum}},
+      rest);
+}
+
+const std::string screw_pitch =
+    "name = \"screw_pitch\";\n                units = \"mm\";\n"
+    "                value = 20;";
 
 // The stroke of the flume's piston for a wave of that amplitude: 0.7 m of water, down to the bed.
 double stroke(double a, double f) {
@@ -74,11 +94,9 @@ TEST(JudgeMachine, ASampleHeldAtTheStopNeedsALook) {
 TEST(JudgeMachine, ADeclaredVelocityLimitIsACriterion) {
   const double v = stroke(0.03, 0.5) * M_PI;
   const auto limited = [&](double limit) {
-    return in_flume(
-        "name = \"screw_pitch\";\n                units = \"mm\";\n"
-        "                value = 20;",
-        "name = \"max_velocity\"; units = \"mm/s\"; value = " + std::to_string(1000 * limit) + ";",
-        wave);
+    return in_flume({{screw_pitch, "name = \"max_velocity\"; units = \"mm/s\"; value = " +
+                                       std::to_string(1000 * limit) + ";"}},
+                    wave);
   };
   EXPECT_TRUE(limited(1.05 * v).good("velocity_peak.piston"));
   EXPECT_TRUE(limited(0.95 * v).look("velocity_peak.piston"));
@@ -115,4 +133,73 @@ TEST(JudgeMachine, WithoutSignalsThereIsNoMachine) {
   const JudgedJob job(flume_job(wave), false);
   EXPECT_TRUE(job.has("height"));
   EXPECT_FALSE(job.has("stroke_peak.piston"));
+}
+
+TEST(JudgeMachine, ALimitThatIsNoVelocityOrZeroIsNone) {
+  for (const char* constant : {"units = \"mm\"; value = 1;", "units = \"mm/s\"; value = 0;"}) {
+    const JudgedJob job =
+        in_flume({{screw_pitch, "name = \"max_velocity\"; " + std::string(constant)}}, wave);
+    EXPECT_EQ(job.at("velocity_peak.piston").verdict, Jobs::Verdict::none) << constant;
+  }
+}
+
+TEST(JudgeMachine, AFlapHasLimitsOfItsAngularVelocityAndAcceleration) {
+  const auto flap = [](const std::string& velocity, const std::string& acceleration) {
+    return in_flume(
+        {{"piston {", "flap {"},
+         {"units = \"m\";", "units = \"rad\";"},
+         {"constant[1..1] {",
+          "constant[2..1]; constant[1] { name = \"max_velocity\"; units = "
+          "\"rad/s\"; value = " +
+              velocity + "; } constant[2] {"},
+         {screw_pitch, "name = \"max_acceleration\"; units = \"\"; value = " + acceleration + ";"}},
+        wave);
+  };
+  // A sine of 0.5 Hz: pi and pi^2 times its amplitude.
+  const double amplitude = flap("9", "9").made("stroke_peak.piston");
+  const double v = M_PI * amplitude;
+  const double a = M_PI * v;
+  const JudgedJob fast = flap(std::to_string(1.05 * v), std::to_string(0.95 * a));
+  EXPECT_TRUE(fast.good("velocity_peak.piston"));
+  EXPECT_TRUE(fast.look("acceleration_peak.piston"));
+  const JudgedJob slow = flap(std::to_string(0.95 * v), std::to_string(1.05 * a));
+  EXPECT_TRUE(slow.look("velocity_peak.piston"));
+  EXPECT_TRUE(slow.good("acceleration_peak.piston"));
+}
+
+TEST(JudgeMachine, LimitsOfTheStrokeMayDiffer) {
+  const double s = stroke(0.03, 0.5);
+  ASSERT_GT(s, 0.02);
+  const std::string fits =
+      "; waves of " + std::to_string(static_cast<int>(100 * 0.02 / s)) + " % of this height";
+  const JudgedJob behind = with_stroke("-0.02", "0.45", wave);
+  EXPECT_TRUE(behind.look("stroke_peak.piston"));
+  EXPECT_EQ(behind.at("stroke_peak.piston").criterion, "-20 mm to 450 mm");
+  EXPECT_NE(behind.at("stroke_peak.piston").remark.find(fits), std::string::npos);
+  const JudgedJob ahead = with_stroke("-0.45", "0.02", wave);
+  EXPECT_NE(ahead.at("stroke_peak.piston").remark.find(fits), std::string::npos);
+}
+
+TEST(JudgeMachine, NoHeightFitsALimitBeyondTheMiddle) {
+  const JudgedJob job = with_stroke("0.1", "0.45", wave);
+  EXPECT_TRUE(job.look("stroke_peak.piston"));
+  EXPECT_EQ(job.at("stroke_peak.piston").remark.find("would fit"), std::string::npos);
+}
+
+TEST(JudgeMachine, AMachineWithoutARangeIsNotJudgedByIt) {
+  EXPECT_EQ(with_stroke("0", "0", wave).at("stroke_peak.piston").verdict, Jobs::Verdict::none);
+}
+
+// Three samples of one sine: -sin 60, 0 and sin 60 deg of the amplitude, in either order.
+TEST(JudgeMachine, AnEndThatJumpsFurtherThanOtherStepsNeedsALook) {
+  const JudgedJob job = in_flume(
+      {},
+      "[[sea]]\n" + single("0.5 Hz", "10 mm") + "phase = \"60 deg\"\n[drive]\nrate = \"1.5 Hz\"\n",
+      "2 s");
+  const double step = std::sin(M_PI / 3) * stroke(0.01, 0.5);
+  EXPECT_TRUE(job.look("start_and_end.piston"));
+  EXPECT_NEAR(job.made("start_and_end.piston") / (2 * step), 1, 1e-4);
+  EXPECT_EQ(
+      job.at("start_and_end.piston").remark,
+      "other steps are up to " + Jobs::show_quantity(step, "m", 2) + "; a ramp would mend it");
 }

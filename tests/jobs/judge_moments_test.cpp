@@ -137,3 +137,37 @@ TEST(SmoothedPeak, IsEmptyForStillWater) {
   EXPECT_FALSE(Jobs::smoothed_peak({}, 2));
   EXPECT_EQ(Jobs::smoothed_peak({0, 3}, 0.1).value(), 1);
 }
+
+TEST(DensityMoments, HintsThatAreNoFrequenciesAreIgnored) {
+  const Moments m =
+      density_moments(pierson_moskowitz(storm), 0, infinity, {0.0}, {0.0, -1.0, infinity});
+  EXPECT_NEAR(m.m0 / (0.08 * 0.08 / 16), 1, 1e-6);
+}
+
+TEST(DensityMoments, OfAnEmptyBandAreZero) {
+  const Moments m = density_moments(pierson_moskowitz(storm), 2, 1, {}, {});
+  EXPECT_EQ(m.m0, 0);
+  EXPECT_EQ(m.second, 0);
+}
+
+TEST(DensityPeak, MayLieAtAnEndOfTheRange) {
+  const auto falling = Jobs::density_peak([](double f) { return 1 / f; }, 1, 4, {});
+  ASSERT_TRUE(falling);
+  EXPECT_NEAR(falling->frequency, 1, 1e-9);
+  EXPECT_NEAR(falling->width, 1, 1e-9);  // down to 1/2 at 2 Hz
+  const auto rising = Jobs::density_peak([](double f) { return f; }, 1, 4, {});
+  ASSERT_TRUE(rising);
+  EXPECT_NEAR(rising->frequency, 4, 1e-9);
+  EXPECT_NEAR(rising->width, 2, 1e-9);
+  const auto level = Jobs::density_peak([](double) { return 1.0; }, 1, 4, {});
+  ASSERT_TRUE(level);
+  EXPECT_NEAR(level->width, 3, 1e-9);
+}
+
+TEST(DensityPeak, IsEmptyForAnInfiniteDensity) {
+  EXPECT_FALSE(Jobs::density_peak([](double) { return infinity; }, 1, 4, {}));
+}
+
+TEST(SmoothedPeak, OfEqualHarmonicsIsTheirCentre) {
+  EXPECT_EQ(Jobs::smoothed_peak({1, 1, 1, 1, 1}, 1), 2.0);
+}

@@ -91,3 +91,12 @@ TEST(BelowBedRatio, IsTheRatioOfTheTwoIntegrals) {
   EXPECT_EQ(Jobs::below_bed_ratio(3, 0.7, 0.7, false), 1.0);
   EXPECT_EQ(Jobs::below_bed_ratio(3, 0.7, 0.5, true), 1.0);
 }
+
+// Three samples at 1 m and three at -1 m. The parabola through -1, 1 and 1 m has its vertex at
+// 1.25 m.
+TEST(HighestWave, OfARectangleIsFinite) {
+  const auto wave = Jobs::highest_wave({1, 1, 1, -1, -1, -1}, 1);
+  ASSERT_TRUE(wave);
+  EXPECT_DOUBLE_EQ(wave->period, 6);
+  EXPECT_DOUBLE_EQ(wave->height, 2.5);
+}

@@ -142,3 +142,31 @@ TEST(JudgeWaves, AFootBelowTheBedMakesLowWaves) {
   EXPECT_TRUE(job.look("below_bed.bank"));
   EXPECT_FALSE(judged(SiteText(), "[[sea]]\n" + single("0.5 Hz", "10 mm")).has("below_bed.bank"));
 }
+
+TEST(JudgeWaves, AHingeBelowTheBedMakesLowWaves) {
+  SiteText site;
+  site.depths = {"0.7@m"};
+  site.banks[0].machine = "flap";
+  site.banks[0].units = "rad";
+  site.banks[0].critical_dimension = -0.1;
+  const JudgedJob job = judged(site, "[[sea]]\n" + single("0.5 Hz", "10 mm"));
+  // The flap's shape z + 0.8 reaches down to the bed only.
+  const double k = k_of(0.5, 0.7);
+  const double kd = 0.7 * k;
+  const double above_bed = Testing::simpson(
+      [&](double z) { return (z + 0.8) * std::cosh(k * (z + 0.7)); }, -0.7, 0.0, 1000);
+  const double ratio = 2 * std::sinh(kd) / (std::sinh(kd) * std::cosh(kd) + kd) * k * above_bed;
+  const double low = 1 - ratio / theory_ratio(k, 0.7, 0.8, true);
+  EXPECT_NEAR(job.made("below_bed.bank"), -100 * low, 1e-2);
+  EXPECT_EQ(job.at("below_bed.bank").quantity, "hinge below the bed");
+}
+
+TEST(JudgeWaves, AFootJustBelowTheBedIsMinor) {
+  SiteText site;
+  site.banks[0].critical_dimension = -0.001;
+  site.banks.push_back(site.banks[0]);
+  const JudgedJob job = judged(site, "[[sea]]\n" + single("0.5 Hz", "10 mm"));
+  EXPECT_TRUE(job.good("below_bed.bank"));
+  EXPECT_EQ(job.at("below_bed.bank").quantity, "foot below the bed, bank");
+  EXPECT_EQ(job.at("below_bed.bank").remark.find("a gain"), std::string::npos);
+}

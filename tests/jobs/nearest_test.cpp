@@ -74,4 +74,10 @@ TEST(Nearest, AVeryLongNameIsNotCompared) {
   EXPECT_EQ(nearest(std::string(1 << 24, 'a'), {"aaa", "gamma"}), std::nullopt);
 }
 
+TEST(Nearest, WordsMayBeInAnotherOrder) {
+  EXPECT_EQ(nearest("angle max", {"min_angle", "max_angle"}), "max_angle");
+  EXPECT_EQ(nearest("angle-max", {"max_angle"}), "max_angle");
+  EXPECT_EQ(nearest("angle_of_all", {"max_angle", "ran_gen"}), std::nullopt);
+}
+
 }  // namespace

@@ -134,4 +134,11 @@ TEST(QuantityText, UsualUnitsConvertToTheGivenOnes) {
   }
 }
 
+TEST(QuantityText, AnExponentWithoutDigitsIsNone) {
+  EXPECT_EQ(fault_of("5e"), fault_of("5 e"));
+  EXPECT_NE(fault_of("5e"), "no fault");
+  EXPECT_NE(fault_of("5 {m}"), "no fault");
+  EXPECT_NE(fault_of("5 _m"), "no fault");
+}
+
 }  // namespace

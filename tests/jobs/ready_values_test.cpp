@@ -188,3 +188,13 @@ TEST(ReadyValues, PowersThatTheLawDoesNotCoverAreRefused) {
 }
 
 }  // namespace
+
+TEST(ReadyValues, ARangeIsDescribedByTheLimitsThatItHas) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  Jobs::ReadyParameter parameter;
+  parameter.above = parameter.least = -infinity;
+  parameter.most = 5;
+  EXPECT_EQ(Jobs::range_of(parameter), "at most 5");
+  parameter.most = infinity;
+  EXPECT_EQ(Jobs::range_of(parameter), "");
+}

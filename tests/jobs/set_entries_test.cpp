@@ -136,4 +136,24 @@ TEST(SetEntries, AnyTextIsATomlString) {
   EXPECT_EQ(parse("a = " + Jobs::toml_string(text)).find("a")->text, text);
 }
 
+TEST(SetEntries, AListInTextPointsAtTheText) {
+  Value job = parse("[run]\nr = 1\n[[set]]\nkey = \"run.r\"\nvalue = \"[1, {a = 2}]\"\n");
+  Diagnostics faults;
+  Jobs::apply_overrides(job, {}, faults);
+  ASSERT_EQ(lines_of(faults), Lines());
+  const Value& list = *job.find("run")->find("r");
+  ASSERT_EQ(list.items.size(), 2u);
+  EXPECT_EQ(JobFiles::covered(list.items[0].span), "\"[1, {a = 2}]\"");
+}
+
+TEST(SetEntries, AListOfTablesOnSeveralLinesIsNoEntry) {
+  const Lines faults = faults_of("set = [\n  {key = \"title\", value = 1}\n]\n", {});
+  ASSERT_EQ(faults.size(), 1U);
+  EXPECT_EQ(faults[0].rfind("`set` must be written as [[set]] tables | ", 0), 0U) << faults[0];
+}
+
+TEST(SetEntries, AnOptionWithoutAValueIsNoEntry) {
+  EXPECT_EQ(Jobs::with_overrides("a = 1", {"b"}), "a = 1");
+}
+
 }  // namespace
