@@ -4,8 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "jobs/asked_density.h"
+#include "sea/piecewise_text.h"
 
 namespace {
 
@@ -85,6 +89,33 @@ TEST(AskedSea, AFormulaThatFailsIsNaNThere) {
   };
   EXPECT_EQ(Jobs::value_or_nan(fails, 0.5), 0.5);
   EXPECT_TRUE(std::isnan(Jobs::value_or_nan(fails, 2.0)));
+}
+
+std::shared_ptr<const Synthesis::Piecewise> pieces(const std::string& text) {
+  auto parsed = std::make_shared<Synthesis::Piecewise>(Synthesis::parse_component_text(text));
+  Base::Params unused;
+  parsed->bind_with_limits({}, unused);
+  return parsed;
+}
+
+TEST(AskedDensity, OfTheWholeAxisIsZeroAtZero) {
+  const AskedWave wave = Jobs::asked_density(pieces("0.2@Hz#0.0001@m2s#2@Hz"), {true, true});
+  EXPECT_EQ(wave.density(0.0), 0.0);
+  EXPECT_EQ(wave.density(0.1), 0.0001);
+  EXPECT_EQ(wave.density(3.0), 0.0001);
+}
+
+TEST(TimeVariance, OfAFormulaThatBeginsLateCountsTheStillWater) {
+  // 12 mm from 3 s to 4 s of 4 s: 3 of 4 samples are 0, and 12^2 (1/4 - 1/16) are 27 mm2.
+  EXPECT_NEAR(Jobs::time_variance(*pieces("3@s#0.012@m#4@s"), 1.0, 100.0), 27e-6, 1e-15);
+}
+
+TEST(TimeVariance, OfTooFewOrTooManySamplesIsZero) {
+  const auto formula = pieces("0@s#0.012*$[s]@m#4@s");
+  EXPECT_GT(Jobs::time_variance(*formula, 1.0, 100.0), 0.0);
+  EXPECT_EQ(Jobs::time_variance(*formula, 0.1, 100.0), 0.0);
+  EXPECT_EQ(Jobs::time_variance(*formula, 1e12, 100.0), 0.0);
+  EXPECT_EQ(Jobs::variance_of({}), 0.0);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "jobs/job_folder.h"
+#include "jobs/signal_fault.h"
 
 namespace Jobs {
 namespace {
@@ -213,6 +214,29 @@ TEST(DriveSignals, AWholeSignalIsThatOfItsSamples) {
     if (std::abs(signal[i]) == drive.banks()[0].limits.maximum) ++held;
   }
   EXPECT_GT(held, 0u);
+}
+
+// From one sample to the next, such a signal changes from beyond one limit to beyond the other.
+TEST(DriveSignals, HintAtLowerWavesWhereASignalJumpsFromLimitToLimit) {
+  const auto run = JobFolder().build(flume_job(wave("1e300 m")));
+  try {
+    const DriveSignals drive(*run);
+    ADD_FAILURE() << "it is built";
+  } catch (const BadJob& bad) {
+    EXPECT_EQ(bad.faults[0].fault, "the drive signals cannot be built: Unmatched zero crossings");
+    EXPECT_TRUE(bad.faults[0].label.ends_with("a lower wave or a higher rate"));
+  }
+}
+
+TEST(SignalFault, NamesTheValueOfAFrontThatIsNotFinite) {
+  const std::string first = "paddle 1 of bank `piston` gets ";
+  const std::string change = "[[sea.change]]\nformula = \"1/($[Hz]-0.8125)@deg\"\nkind = ";
+  const std::string from_52 = first + "no finite signal from harmonic 52 (0.8125 Hz): its ";
+  const auto shifted = JobFolder().build(flume_job(wave() + change + "\"PhaseChange\"\n"));
+  EXPECT_TRUE(signal_fault(*shifted, 0, 0).starts_with(from_52 + "phase is not finite"));
+  // Neither the front of amplitude 0 nor the sine explains it.
+  const auto sound = JobFolder().build(flume_job(wave("0 mm") + wave("10 mm", "1 Hz")));
+  EXPECT_EQ(signal_fault(*sound, 0, 0), first + "a signal that is not finite");
 }
 
 }  // namespace

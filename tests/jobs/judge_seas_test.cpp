@@ -91,3 +91,11 @@ TEST(JudgeSeas, ADensityOfZeroIsStillWater) {
   EXPECT_EQ(job.made("hs"), 0);
   EXPECT_FALSE(job.judgement.spectrum.has_value());
 }
+
+TEST(JudgeSeas, ADirectionThatIsInfiniteIsUndefined) {
+  const JudgedJob job(flume_job("[[sea]]\n" + single("0.5 Hz", "20 mm") + single("1 Hz", "20 mm") +
+                                change("kind = \"AngleChange\"\nformula = \"1/($[Hz]-0.5)@deg\"")),
+                      false);
+  EXPECT_EQ(job.made("undefined"), 1);
+  EXPECT_TRUE(job.judgement.directions.has_value());
+}

@@ -230,4 +230,21 @@ TEST(Overrides, ReplacedValuesPointIntoTheOption) {
             "  |        ^^^^ use m, mm\n");
 }
 
+TEST(Overrides, OfManyCandidatesEightAreListed) {
+  std::string text = "[[sea]]\n";
+  std::string paths;
+  for (int i = 1; i <= 9; ++i) {
+    text += "[[sea.wave]]\nkind = \"single\"\na = " + std::to_string(i) + "\n";
+    if (i <= 8) paths += (i > 1 ? ", " : "") + ("sea.wave." + std::to_string(i) + ".a");
+  }
+  const auto faults = faults_of(text, {"sea.a=3"});
+  ASSERT_EQ(faults.size(), 1u);
+  EXPECT_NE(faults[0].find("one of " + paths + ", ..."), std::string::npos) << faults[0];
+}
+
+TEST(Overrides, APointMayBeATableOrAListOfOtherValuesToo) {
+  EXPECT_EQ(after("point = {x = 1}", {"point.x=2"}), "{point={x=2}}");
+  EXPECT_EQ(after("point = [1, {x = 1}]", {"point.x=2"}), "{point=[1, {x=2}]}");
+}
+
 }  // namespace

@@ -229,5 +229,25 @@ TEST(ReadSite, FindsFilesWithQuotationMarksInTheirNames) {
   EXPECT_EQ(run->log.find(folder.path()), std::string::npos) << run->log;
 }
 
+TEST(ReadSite, AnIncludeOfTwoSpellingsIsOneInput) {
+  const JobFolder folder;
+  const std::string include = "include \"common/limits.site\"";
+  write_flume(folder, "flume.site", include,
+              include + " include \"empty.site\" include \"common/../empty.site\"");
+  folder.write("empty.site", "# nothing\n");
+  const auto run = folder.prepare(job("flume.site"));
+  std::size_t empty = 0;
+  for (const InputFile& input : run->inputs) empty += input.text == "# nothing\n" ? 1 : 0;
+  EXPECT_EQ(empty, 1u);
+}
+
+TEST(ReadSite, AScriptThatEndsTooEarlyIsNamed) {
+  const JobFolder folder;
+  folder.write("open.site", "context {\n");
+  const std::string text = folder.refusal(job("open.site"));
+  EXPECT_TRUE(text.starts_with("1: the site `open.site`: syntax error, unexpected end of input"))
+      << text;
+}
+
 }  // namespace
 }  // namespace Jobs
