@@ -101,7 +101,6 @@ void write_drive_netcdf(Jobs::Run& run, const Jobs::DriveSignals& drive, OutputF
   std::vector<BankVariables> banks;
   std::size_t paddles = 0;
   for (std::uint32_t bank = 0; bank < drive.banks().size(); ++bank) {
-    if (drive.banks()[bank].paddles == 0) continue;
     banks.push_back(define_bank(file, drive, time, bank));
     paddles += drive.banks()[bank].paddles;
   }
