@@ -16,7 +16,6 @@ constexpr std::size_t largest_block = 8'000'000;  // bytes
 FieldReader::FieldReader(const PageSource& source, std::size_t frames, const FieldAxis& x,
                          const FieldAxis& y)
     : file_(source.path("field.nc"), source.shown("field.nc")),
-      frames_(frames),
       x_(x),
       y_(y),
       eta_(file_.variable("eta", {frames, y.count, x.count})),

@@ -19,7 +19,6 @@ class FieldReader {
  public:
   FieldReader(const PageSource& source, std::size_t frames, const FieldAxis& x, const FieldAxis& y);
 
-  std::size_t frames() const { return frames_; }
   const FieldAxis& x() const { return x_; }
   const FieldAxis& y() const { return y_; }
   std::size_t points() const { return x_.count * y_.count; }
@@ -34,7 +33,6 @@ class FieldReader {
 
  private:
   NetcdfReader file_;
-  std::size_t frames_;
   FieldAxis x_;
   FieldAxis y_;
   int eta_;
