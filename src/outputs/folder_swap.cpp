@@ -28,9 +28,9 @@ int rename_with(unsigned flags, const std::string& from, const std::string& to) 
 // Keeps the access rights that the user gave to the old folder.
 void copy_rights(const std::string& from, const std::string& to) {
   struct stat old {};
-  if (stat(from.c_str(), &old) == 0 && chmod(to.c_str(), old.st_mode & 07777) != 0) {
-    // The results matter more than the rights of their folder.
-  }
+  if (stat(from.c_str(), &old) != 0) return;
+  // The results matter more than the rights of their folder.
+  static_cast<void>(chmod(to.c_str(), old.st_mode & 07777));
 }
 
 // Undoes what put_in_place has done. Nothing more can be done if this fails too.
