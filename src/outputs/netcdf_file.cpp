@@ -12,17 +12,9 @@ namespace Outputs {
 namespace {
 
 nc_type type_of(NetcdfType type) {
-  switch (type) {
-    case NetcdfType::text:
-      return NC_STRING;
-    case NetcdfType::int16:
-      return NC_SHORT;
-    case NetcdfType::int32:
-      return NC_INT;
-    case NetcdfType::real64:
-      break;
-  }
-  return NC_DOUBLE;
+  if (type == NetcdfType::text) return NC_STRING;
+  if (type == NetcdfType::int16) return NC_SHORT;
+  return type == NetcdfType::int32 ? NC_INT : NC_DOUBLE;
 }
 
 }  // namespace
