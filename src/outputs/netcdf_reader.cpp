@@ -35,7 +35,7 @@ NetcdfReader::NetcdfReader(const std::string& path, const std::string& shown) : 
 }
 
 NetcdfReader::~NetcdfReader() {
-  if (id_ != -1) netcdf_alone([&] { return nc_close(id_); });
+  netcdf_alone([&] { return nc_close(id_); });
 }
 
 int NetcdfReader::find(const std::string& name) {
@@ -84,10 +84,8 @@ double NetcdfReader::attribute(int variable, const std::string& name) {
   std::size_t length = 0;
   const int status =
       netcdf_alone([&] { return nc_inq_attlen(id_, variable, name.c_str(), &length); });
-  if (status == NC_ENOTATT || (status == NC_NOERR && length != 1)) {
-    throw CannotRead{shown_ + ": has no attribute " + name};
-  }
-  require(status);
+  if (status != NC_ENOTATT) require(status);
+  if (length != 1) throw CannotRead{shown_ + ": has no attribute " + name};
   double value = 0.0;
   require(netcdf_alone([&] { return nc_get_att_double(id_, variable, name.c_str(), &value); }));
   return value;
