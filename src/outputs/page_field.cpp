@@ -122,7 +122,7 @@ Json stills_of(FieldReader& field, double rate, const FieldExtremes& extremes,
   return stills;
 }
 
-// Collects the frames that the page keeps.
+// Collects the frames that the page keeps, from those between its first and its last.
 struct KeptFrames {
   std::size_t first;
   std::size_t count;
@@ -130,9 +130,7 @@ struct KeptFrames {
   Counts counts{};
 
   void add(std::size_t frame, const std::int16_t* from, const FieldReader& field) {
-    if (frame < first || (frame - first) % every.time != 0) return;
-    if ((frame - first) / every.time >= count) return;
-    append_thinned(counts, from, field, every.x, every.y);
+    if ((frame - first) % every.time == 0) append_thinned(counts, from, field, every.x, every.y);
   }
 };
 
