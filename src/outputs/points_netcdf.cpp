@@ -59,7 +59,7 @@ int define_axis(NetcdfFile& file, const std::string& name, std::size_t count,
 }
 
 void put_row(NetcdfFile& file, int variable, std::size_t row, const std::vector<double>& values) {
-  if (!values.empty()) file.put(variable, {row, 0}, {1, values.size()}, values.data());
+  file.put(variable, {row, 0}, {1, values.size()}, values.data());
 }
 
 }  // namespace
@@ -141,8 +141,8 @@ void PointsNetcdf::put(std::size_t point, const PointReport& report, const Point
 }
 
 void PointsNetcdf::close() {
-  if (elevations_) elevations_->close();
-  if (spectra_) spectra_->close();
+  elevations_->close();
+  spectra_->close();
 }
 
 }  // namespace Outputs

@@ -19,7 +19,7 @@ namespace Outputs {
 bool share_axes(const std::vector<Jobs::PointRequest>& points);
 
 // The two files of `count` points from `first`. They are made with the first point that is put, and
-// complete after `close`. Each call may throw CannotWrite.
+// complete after `close`, which needs one. Each call may throw CannotWrite.
 class PointsNetcdf {
  public:
   PointsNetcdf(Jobs::Run& run, OutputFolder& folder, std::size_t first, std::size_t count);
