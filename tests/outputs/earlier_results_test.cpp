@@ -6,6 +6,7 @@
 #include <string>
 
 #include "outputs/refused.h"
+#include "support/own_process.h"
 #include "support/temp_dir.h"
 
 namespace Outputs {
@@ -54,7 +55,7 @@ TEST_F(EarlierResults, AreNotKnownByABrokenSummary) {
 }
 
 TEST_F(EarlierResults, DoNotCoverFilesOfTheSameNameInOtherFolders) {
-  summary(R"([{"name": "inputs/a.site"}, {"name": 3}, 4])");
+  summary(R"([{"name": "inputs/a.site"}, {"name": 3}, {}, 4])");
   std::filesystem::create_directories(dir.file("inputs/deep"));
   dir.write("inputs/a.site", "1");
   EXPECT_EQ(check(), because("inputs/deep"));
@@ -68,6 +69,25 @@ TEST_F(EarlierResults, DoNotCoverAFolderInPlaceOfAFile) {
   summary(R"([{"name": "a.csv"}])");
   std::filesystem::create_directory(dir.file("a.csv"));
   EXPECT_EQ(check(), because("a.csv"));
+}
+
+TEST_F(EarlierResults, AreNotAFile) {
+  const std::string file = dir.write("a.csv", "1");
+  EXPECT_EQ(Testing::refused([&] { require_replaceable(file, "x"); }),
+            "x: is a file, not a folder");
+}
+
+TEST_F(EarlierResults, AreNotNeededWhereNothingIs) {
+  EXPECT_EQ(Testing::refused([&] { require_replaceable(dir.file("none"), "x"); }), "(written)");
+}
+
+TEST_F(EarlierResults, AreReportedIfTheFolderCannotBeListed) {
+  std::filesystem::permissions(dir.path(), std::filesystem::perms(0111));
+  EXPECT_TRUE(Testing::good_alone([&] {
+    Testing::give_up_privileges();
+    return check() == "x: Permission denied";
+  }));
+  std::filesystem::permissions(dir.path(), std::filesystem::perms(0755));
 }
 
 TEST_F(EarlierResults, AreNotLookedForBehindLinks) {

@@ -90,5 +90,15 @@ TEST(FieldExtremes, HaveNoSlopeAtASinglePoint) {
   EXPECT_EQ(extremes.highest(), 9);
 }
 
+TEST(FieldExtremes, HaveNoSlopeAlongAnAxisWithoutStep) {
+  const Frame frame{0, 300, 0, 100};
+  FieldExtremes across({0.0, 0.0, 2}, {0.0, 2.0, 2}, 0.01);
+  across.add(0, frame.data());
+  EXPECT_NEAR(across.slope(), 1.0, 1e-12);  // from 3 m to 1 m over 2 m
+  FieldExtremes none({0.0, 0.0, 2}, {0.0, -1.0, 2}, 0.01);
+  none.add(0, frame.data());
+  EXPECT_EQ(none.slope(), 0.0);
+}
+
 }  // namespace
 }  // namespace Outputs

@@ -47,6 +47,15 @@ TEST(FieldThinning, KeepsEightPointsPerWaveLength) {
   EXPECT_LE(values(made, x, y), 2'000'000U);
 }
 
+TEST(FieldThinning, GoesOnAlongOneAxisAfterTheOther) {
+  const FieldAxis x{0.0, 0.15, 300};  // 10 points per wave length
+  const FieldAxis y{0.0, 0.04, 300};  // 39
+  const FieldThinning made = field_thinning(x, y, 10, 1.0, wave(), 300 * 75 * 10);
+  EXPECT_EQ(made.x, 1U);
+  EXPECT_EQ(made.y, 4U);
+  EXPECT_EQ(made.most_frames, 10U);
+}
+
 TEST(FieldThinning, KnowsThatWavesAreShorterInShallowWater) {
   // In 0.1 m of water, a wave of 1 Hz is 0.92 m long (linear dispersion).
   PageFacts shallow = wave();

@@ -15,7 +15,7 @@ TEST(JsonText, GivesALineToEachMemberAndOneToAnArrayOfNumbers) {
   json["title"] = "a \"b\"\n<script>";
   json["empty"] = Json::array();
   json["none"] = Json::object();
-  json["row"] = {1, 2.5, NAN};
+  json["row"] = {1, 2.5, NAN, nullptr};
   json["rows"] = {{0.1, 2}, {3, 4}};
   json["texts"] = {"x", "y"};
   EXPECT_EQ(json_text(json),
@@ -23,7 +23,7 @@ TEST(JsonText, GivesALineToEachMemberAndOneToAnArrayOfNumbers) {
             "  \"title\": \"a \\\"b\\\"\\n<script>\",\n"
             "  \"empty\": [],\n"
             "  \"none\": {},\n"
-            "  \"row\": [1, 2.5, null],\n"
+            "  \"row\": [1, 2.5, null, null],\n"
             "  \"rows\": [\n"
             "    [0.1, 2],\n"
             "    [3, 4]\n"

@@ -69,5 +69,9 @@ TEST(KeptPaddles, AreFewerIfAWorstOneIsAnEvenStep) {
   EXPECT_EQ(kept_paddles(100, 3, {7, 9}), (Numbers{7, 9, 50}));
 }
 
+TEST(KeptPaddles, AreTheWorstEvenIfTheyAreMoreThanFit) {
+  EXPECT_EQ(kept_paddles(10, 1, {5, 2}), (Numbers{2, 5}));
+}
+
 }  // namespace
 }  // namespace Outputs

@@ -40,5 +40,14 @@ TEST(MainPoints, KeepBothSidesOfAStepAndAreLimited) {
   EXPECT_EQ(main_points({}, 3, 0.0).size(), 0U);
 }
 
+// A wall from 1 m to 0 m of depth, with a point half-way.
+TEST(MainPoints, KeepTheEndsOfAWall) {
+  const std::vector<Maths::ProfilePoint> wall{{1.0, 4}, {0.5, 4}, {0.0, 4}};
+  const auto points = main_points(wall, 10, 0.75);
+  ASSERT_EQ(points.size(), 2U);
+  EXPECT_EQ(points[0].depth, 1.0);
+  EXPECT_EQ(points[1].depth, 0.0);
+}
+
 }  // namespace
 }  // namespace Outputs

@@ -1,6 +1,7 @@
 // Signals, points and spectra of pages that are made from files written by hand.
 #include <gtest/gtest.h>
 
+#include "outputs/made_netcdf.h"
 #include "outputs/made_page.h"
 
 namespace Outputs {
@@ -86,10 +87,40 @@ TEST_F(PageSignals, MayBeOneSampleOfOnePaddle) {
   EXPECT_EQ(numbers_of(bank.at("spectrum").at("amplitude")), std::vector<double>{0.25});
 }
 
-TEST_F(PageSignals, OfAThousandPaddlesAreSomeOfThemWithTheWorst) {
-  // 1,000,000 samples are 250 signals of 4,000. Paddle 617 goes farthest, 123 is the fastest.
+TEST_F(PageSignals, AreThoseOfBanksWithPaddles) {
+  write_drive(1, 2, 1.0, [](std::size_t, std::size_t) { return 0.5; });
+  std::filesystem::rename(dir.file("drive_1.csv"), dir.file("drive_2.csv"));
+  Json& banks = summary["drive"]["banks"];
+  banks = {banks[0], banks[0]};
+  banks[0]["paddles"] = 0;
+  const Json drive = page().at("drive");
+  ASSERT_EQ(drive.size(), 1U);
+  EXPECT_EQ(drive.at(0).at("bank"), 1);
+  EXPECT_EQ(numbers_of(drive.at(0).at("signals")), (std::vector<double>{0.5, 0.5}));
+}
+
+TEST_F(PageSignals, AreNoneWithoutSamples) {
+  write_drive(1, 0, 1.0, [](std::size_t, std::size_t) { return 0.5; });
+  EXPECT_EQ(page().at("drive"), Json::array());
+}
+
+TEST_F(PageSignals, ThatAreNotFiniteAreReportedWithTheirFile) {
+  summary["drive"] = Testing::drive_of(2, 2, 1.0);
+  {
+    Testing::MadeNetcdf file(dir.file("drive.nc"));
+    file.put(file.variable("drive_1", NC_DOUBLE, {2, 2}), {0.0, 1.0, 2.0, HUGE_VAL});
+  }
+  dir.write("summary.json", summary.dump());
+  EXPECT_EQ(Testing::no_page(dir.path()),
+            "x.out/drive.nc: the signal of paddle 2 of bank 1 is not finite");
+}
+
+TEST_F(PageSignals, OfOverAThousandPaddlesAreSomeOfThemWithTheWorst) {
+  // 1,000,000 samples are 250 signals of 4,000. The file has more than are held at a time: it is
+  // read in two parts, and again for the signals that are kept. Paddle 617 goes farthest, 123 is
+  // the fastest.
   summary["run"]["highest_harmonic"] = 4000;
-  write_drive(1000, 4000, 400.0, [](std::size_t paddle, std::size_t i) {
+  write_drive(1100, 4000, 400.0, [](std::size_t paddle, std::size_t i) {
     if (paddle == 617) return i < 2000 ? 9.0 : 8.0;
     if (paddle == 123) return 7.0 * std::cos(static_cast<double>(i) * pi / 4.0);
     return 1.0;
@@ -99,7 +130,7 @@ TEST_F(PageSignals, OfAThousandPaddlesAreSomeOfThemWithTheWorst) {
   EXPECT_EQ(bank.at("every"), 1);
   EXPECT_LE(paddles.size(), 250U);
   EXPECT_GE(paddles.size(), 248U);
-  EXPECT_EQ(bank.at("highest").size(), 1000U);
+  EXPECT_EQ(bank.at("highest").size(), 1100U);
   EXPECT_EQ(bank.at("highest").at(617), 9);
   EXPECT_NEAR(bank.at("lowest").at(123), -7.0, 1e-9);
   const std::vector<double> signals = numbers_of(bank.at("signals"));
@@ -151,6 +182,30 @@ TEST_F(PageSignals, AtAPointKeepTheVarianceInBands) {
   const std::size_t first = spectrum.at("first");
   EXPECT_EQ(first, 7U);  // harmonics 98 to 112
   EXPECT_NEAR(density[0] * df, 7 * 0.5e-6, 1e-9);
+}
+
+// 6,608 harmonics in bands of 15: the last one has its middle at 6,615.
+TEST_F(PageSignals, AtAPointEndWithTheLastBand) {
+  summary["run"] = {{"repeat", 1000.0}, {"highest_harmonic", 6008}};
+  std::size_t i = 0;
+  write_point(20'000, 20.0, [&](double) {
+    const auto wave = [&](std::size_t h) {
+      return std::cos(2.0 * pi * static_cast<double>(h * i % 20'000) / 20'000.0);
+    };
+    const double eta = 0.02 * wave(6620) + 0.01 * wave(6623);
+    ++i;
+    return std::to_string(eta);
+  });
+  const Json spectrum = page().at("points").at(0).at("spectrum");
+  EXPECT_EQ(spectrum.at("first"), 441);
+  const std::vector<double> density = numbers_of(spectrum.at("density"));
+  ASSERT_EQ(density.size(), 1U);
+  EXPECT_NEAR(density[0] * spectrum.at("df").get<double>(), 0.5 * 0.02 * 0.02, 1e-8);
+}
+
+TEST_F(PageSignals, AtPointsWithoutSamplesAreNotShown) {
+  write_point(0, 4.0, [](double) { return "0"; });
+  EXPECT_EQ(page().at("points"), Json::array());
 }
 
 TEST_F(PageSignals, AtAPointMayBeNaN) {

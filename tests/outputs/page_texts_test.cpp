@@ -8,6 +8,7 @@
 #include "outputs/made_page.h"
 #include "outputs/made_run.h"
 #include "outputs/page_shell.h"
+#include "support/own_process.h"
 
 namespace Outputs {
 namespace {
@@ -41,6 +42,11 @@ TEST(PageJson, HoldsNothingThatEndsItsElement) {
   EXPECT_EQ(json_for_html("[\"</script><!--\"]"), "[\"\\u003c/script>\\u003c!--\"]");
   EXPECT_EQ(json_for_html("\xE2\x80\xA8\xE2\x80\xA9\xE2\x80\xA6\xE2\x80"),
             "\\u2028\\u2029\xE2\x80\xA6\xE2\x80");
+}
+
+TEST(PageShell, ShowsATitleAsItIs) {
+  const std::string page = filled_shell("a < b > c & \"d\" 'e'", "{}");
+  EXPECT_EQ(count(page, "<title>a &lt; b &gt; c &amp; &quot;d&quot; &#39;e&#39;"), 1U);
 }
 
 TEST(PageTexts, CannotAddAScript) {
@@ -99,6 +105,15 @@ TEST(PageTexts, LoseTheMiddleOfALongLog) {
   EXPECT_LT(without_middle(std::string(100'000, 'x'), 500).size(), 600U);
 }
 
+// Of 500 characters, 250 remain at each end. A line of more than half of them is cut.
+TEST(PageTexts, LoseTheMiddleOfLongLines) {
+  const std::string log = "first\n" + std::string(1000, 'x') + "\nlast\n";
+  const std::string cut = without_middle(log, 500);
+  EXPECT_EQ(cut, "first\n" + std::string(244, 'x') +
+                     "\n[0 lines are left out here; log.txt has them]" + std::string(244, 'x') +
+                     "\nlast\n");
+}
+
 class BrokenResults : public testing::Test {
  protected:
   BrokenResults() {
@@ -126,6 +141,29 @@ class BrokenResults : public testing::Test {
 TEST_F(BrokenResults, AreReportedForAFolderWithoutSummary) {
   EXPECT_EQ(Testing::no_page(dir.path()),
             "x.out: is not a folder of results of `kelpbox run`: it has no summary.json");
+}
+
+TEST_F(BrokenResults, AreReportedForAFolderThatIsNotThere) {
+  EXPECT_EQ(Testing::no_page(dir.file("none")), "x.out: there is no such folder");
+}
+
+TEST_F(BrokenResults, AreReportedForFilesThatMayNotBeRead) {
+  summary["drive"] = Testing::drive_of(1, 1, 1.0);
+  dir.write("summary.json", summary.dump());
+  dir.write("drive_1.csv", "time [s],paddle 1 [m]\n0,1\n");
+  std::filesystem::permissions(dir.path(), std::filesystem::perms(0755));
+  for (const std::string name : {"drive_1.csv", "summary.json"}) {
+    std::filesystem::permissions(dir.file(name), std::filesystem::perms::none);
+    EXPECT_TRUE(Testing::good_alone([&] {
+      Testing::give_up_privileges();
+      return Testing::no_page(dir.path()) == "x.out/" + name + ": Permission denied";
+    })) << name;
+  }
+}
+
+TEST_F(BrokenResults, AreReportedForMoreHarmonicsThanAnyRunHas) {
+  summary["run"]["highest_harmonic"] = 1'000'000'001;
+  EXPECT_EQ(why(), "x.out/summary.json: is not a summary of `kelpbox run`");
 }
 
 TEST_F(BrokenResults, AreReportedForFoldersInPlaceOfFiles) {
@@ -305,11 +343,19 @@ TEST_F(BrokenResults, AreReportedForBrokenCsvFiles) {
   EXPECT_EQ(why(), "x.out/drive_1.csv: has 1 samples, but summary.json says 3");
   dir.write("drive_1.csv", head + "0,1,2\n0,1,nan\n0,1,2\n");
   EXPECT_EQ(why(), "x.out/drive_1.csv: the signal of paddle 2 of bank 1 is not finite");
+  dir.write("drive_1.csv", head + "0,1,2\n0,1,2\n0,1,2\n0,1,2\n");
+  EXPECT_EQ(why(), "x.out/drive_1.csv: has 4 samples, but summary.json says 3");
+  dir.write("drive_1.csv", "time [s],paddle 1 [m]\n0,1\n0,1\n0,1\n");
+  EXPECT_EQ(why(), "x.out/drive_1.csv: has 1 paddle, but summary.json says 2");
   dir.write("drive_1.csv", "# nothing\n");
   EXPECT_EQ(why(), "x.out/drive_1.csv: has no columns");
   std::filesystem::remove(dir.file("drive_1.csv"));
   dir.write("point_1.csv", "time [s],eta [m]\n0,1\n0,2\n0,3\n");
   EXPECT_EQ(why(), "x.out/point_1.csv: has 3 samples, but summary.json says 2");
+  for (const char* other : {"time [s]\n0\n0\n", "\ntime [s],eta [m]\n0,1\n0,2\n", "t,a,b\n"}) {
+    dir.write("point_1.csv", other);
+    EXPECT_EQ(why(), "x.out/point_1.csv: has not two columns") << other;
+  }
 }
 
 }  // namespace
