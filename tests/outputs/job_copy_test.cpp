@@ -87,6 +87,16 @@ TEST_F(JobCopy, LeavesOptionsThatAreNoPathsAsTheyAre) {
   EXPECT_EQ(copy(text), text);
 }
 
+TEST_F(JobCopy, LeavesWhatIsNoPathInThePlaceOfOne) {
+  for (const std::string text :
+       {"title=''\nsite=3\n", "title=''\n[[sea]]\n[[sea.wave]]\nfile=3\n",
+        "title=''\n[[set]]\nkey='site'\n", "title=''\n[[set]]\nvalue='basin.site'\n",
+        "title=''\n[[set]]\nkey='a..site'\nvalue='basin.site'\n",
+        "title=''\n[[set]]\nkey='site'\nvalue='3'\n"}) {
+    EXPECT_EQ(copy(text), text);
+  }
+}
+
 TEST_F(JobCopy, DropsAByteOrderMark) {
   EXPECT_EQ(copy("\xEF\xBB\xBFsite='basin.site'\ntitle='x'"),
             "site=\"inputs/basin.site\"\ntitle='x'");
