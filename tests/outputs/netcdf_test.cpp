@@ -1,5 +1,6 @@
 // The NetCDF files as other programs read them: check_netcdf.py opens them with xarray.
 #include <gtest/gtest.h>
+#include <netcdf.h>
 
 #include <cstdint>
 #include <cstdlib>
@@ -7,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "outputs/cf_attributes.h"
 #include "outputs/field_frames.h"
 #include "outputs/made_run.h"
 #include "outputs/point_wave.h"
@@ -104,6 +106,27 @@ TEST_F(Netcdf, HistoryHasTheTimeThatTheEnvironmentGives) {
   made.write(dir.file("x.out"));
   unsetenv("SOURCE_DATE_EPOCH");
   check("history");
+}
+
+TEST_F(Netcdf, HistoryIsLeftOutForATimeThatIsNoDate) {
+  Testing::MadeRun made(dir.write("storm.toml", Testing::regular_job()));
+  // Text, a fraction, more seconds than a number holds, and than years have numbers.
+  for (const char* time :
+       {"", "now", "1700000000.5", "10000000000000000000", "9000000000000000000"}) {
+    setenv("SOURCE_DATE_EPOCH", time, 1);
+    OutputFolder folder(dir.file("x.out"));
+    NetcdfFile file(folder, "a.nc");
+    put_file_attributes(file, *made.run, "");
+    file.close();
+    unsetenv("SOURCE_DATE_EPOCH");
+    int id = 0;
+    ASSERT_EQ(nc_open(folder.path_of("a.nc").c_str(), NC_NOWRITE, &id), NC_NOERR);
+    int number = 0;
+    EXPECT_EQ(nc_inq_attid(id, NC_GLOBAL, "title", &number), NC_NOERR);
+    EXPECT_EQ(nc_inq_attid(id, NC_GLOBAL, "comment", &number), NC_ENOTATT);
+    EXPECT_EQ(nc_inq_attid(id, NC_GLOBAL, "history", &number), NC_ENOTATT) << time;
+    nc_close(id);
+  }
 }
 
 }  // namespace
