@@ -8,6 +8,7 @@
 
 #include "outputs/folder_listing.h"
 #include "outputs/refused.h"
+#include "support/own_process.h"
 #include "support/temp_dir.h"
 
 namespace fs = std::filesystem;
@@ -137,6 +138,37 @@ TEST(OutputFolder, RefusesTheCurrentFolderAndThoseAboveIt) {
   fs::current_path(before);
 }
 
+TEST(OutputFolder, CannotBeInAFolderThatIsGone) {
+  const Testing::TempDir dir;
+  fs::create_directory(dir.file("gone"));
+  EXPECT_TRUE(Testing::good_alone([&] {
+    fs::current_path(dir.file("gone"));
+    fs::remove(dir.file("gone"));
+    return Testing::refused([] { OutputFolder folder("x.out"); }) ==
+           "x.out: No such file or directory";
+  }));
+}
+
+TEST(OutputFolder, CannotBeInAFolderThatMayNotBeEntered) {
+  const Testing::TempDir dir;
+  fs::create_directory(dir.file("closed"));
+  const std::string target = dir.file("closed/x.out");
+  fs::permissions(dir.path(), fs::perms(0755));
+  fs::permissions(dir.file("closed"), fs::perms::none);
+  EXPECT_TRUE(Testing::good_alone([&] {
+    Testing::give_up_privileges();
+    return Testing::refused([&] { OutputFolder folder(target); }) == target + ": Permission denied";
+  }));
+  fs::permissions(dir.file("closed"), fs::perms(0755));
+}
+
+TEST(OutputFolder, CannotBeALinkThatLeadsToItself) {
+  const Testing::TempDir dir;
+  fs::create_symlink("x.out", dir.file("x.out"));
+  EXPECT_EQ(Testing::refused([&] { OutputFolder folder(dir.file("x.out")); }),
+            dir.file("x.out") + ": Too many levels of symbolic links");
+}
+
 TEST(OutputFolder, FollowsASymbolicLinkAndKeepsIt) {
   const Testing::TempDir dir;
   fs::create_directory(dir.file("disk"));
@@ -159,7 +191,7 @@ TEST(OutputFolder, RefusesALinkThatLeadsNowhere) {
 TEST(OutputFolder, RefusesNamesThatLeadOutOfIt) {
   const Testing::TempDir dir;
   OutputFolder folder(dir.file("x.out"));
-  for (const std::string name : {"../a", "/a", "a/../../b", "", "a//b", "a/", "./a"}) {
+  for (const std::string name : {"../a", "/a", "a/../../b", "", "a//b", "a/", "./a", "."}) {
     EXPECT_EQ(Testing::refused([&] { folder.path_of(name); }),
               dir.file("x.out/") + name + ": is not a name within the folder");
   }
@@ -178,12 +210,30 @@ TEST(OutputFolder, RecordsSizeAndChecksum) {
   const Testing::TempDir dir;
   OutputFolder folder(dir.file("x.out"));
   folder.write("a.txt", "abc");
-  const FileRecord& record = folder.record("a.txt");
+  const FileRecord record = folder.record("a.txt");
   EXPECT_EQ(record.bytes, 3u);
   // FIPS 180-2, appendix B.1.
   EXPECT_EQ(record.sha256, "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
   EXPECT_EQ(Testing::refused([&] { folder.record("b.txt"); }),
             dir.file("x.out/b.txt") + ": No such file or directory");
+}
+
+TEST(OutputFolder, ReadsAFileOnceForItsRecord) {
+  const Testing::TempDir dir;
+  OutputFolder folder(dir.file("x.out"));
+  folder.write("a.txt", "abc");
+  const std::string first = folder.record("a.txt").sha256;
+  fs::remove(folder.path_of("a.txt"));
+  EXPECT_EQ(folder.record("a.txt").sha256, first);
+}
+
+TEST(OutputFolder, HasItsFilesInTheTargetAfterCommit) {
+  const Testing::TempDir dir;
+  OutputFolder folder(dir.file("x.out"));
+  folder.write("a.txt", "abc");
+  EXPECT_NE(folder.path_of("a.txt"), dir.file("x.out/a.txt"));
+  folder.commit();
+  EXPECT_EQ(folder.path_of("a.txt"), dir.file("x.out/a.txt"));
 }
 
 TEST(OutputFolder, ListsItsNamesInOrder) {
