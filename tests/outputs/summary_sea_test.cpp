@@ -7,6 +7,7 @@
 #include <string>
 
 #include "outputs/made_run.h"
+#include "outputs/summary_parts.h"
 #include "outputs/write_run.h"
 #include "support/temp_dir.h"
 
@@ -73,6 +74,13 @@ TEST(SummarySea, HasTheDirectionsOfARandomSea) {
   const auto& asked = directions["asked"];
   const auto top = std::max_element(asked.begin(), asked.end()) - asked.begin();
   EXPECT_NEAR(directions["angle"][top].get<double>(), 12.5 * M_PI / 180, 1e-12);
+}
+
+TEST(SummarySea, HasNoAskedDirectionsWithoutALaw) {
+  Jobs::SeaDirections directions;
+  EXPECT_FALSE(directions_json(directions).contains("asked"));
+  directions.asked = Jobs::Sectors{};
+  EXPECT_EQ(directions_json(directions)["asked"].size(), 72u);
 }
 
 TEST(SummarySea, OfStillWaterHasNeither) {

@@ -128,6 +128,27 @@ TEST(Summary, WithoutDriveSignalsHasNone) {
   EXPECT_FALSE(Json::parse(summary_json(*made.run, nullptr, made.judgement)).contains("drive"));
 }
 
+TEST(Summary, ListsNoFileThatIsNotRead) {
+  const Testing::TempDir dir;
+  Testing::MadeRun made(dir.write("storm.toml", Testing::regular_job()));
+  made.run->inputs.clear();
+  const Json summary = Json::parse(summary_json(*made.run, nullptr, made.judgement));
+  EXPECT_FALSE(summary["site"].contains("file"));
+  EXPECT_EQ(summary["inputs"], Json::array());
+}
+
+TEST(Summary, DoesNotListItself) {
+  const Testing::TempDir dir;
+  Testing::MadeRun made(dir.write("storm.toml", Testing::regular_job()));
+  OutputFolder folder(dir.file("x.out"));
+  folder.write("a.txt", "abc");
+  folder.write("summary.json", "{}");
+  const Json summary =
+      Json::parse(summary_text(*made.run, nullptr, made.judgement, Reports{}, &folder));
+  ASSERT_EQ(summary["files"].size(), 1u);
+  EXPECT_EQ(summary["files"][0]["name"], "a.txt");
+}
+
 TEST(Summary, RemarksASurfaceThatMayWrap) {
   const Testing::TempDir dir;
   const std::string field =
