@@ -77,6 +77,15 @@ TEST_F(WriteRun, GivesPointsOfDifferentRatesFilesOfTheirOwn) {
   EXPECT_EQ(names.count("points.nc"), 0u);
 }
 
+TEST_F(WriteRun, GivesPointsOfDifferentSectorsFilesOfTheirOwn) {
+  run(
+      Testing::regular_job("[[point]]\nx = \"3 m\"\ny = \"0 m\"\ndelta_angle = \"10 deg\"\n"
+                           "[[point]]\nx = \"3 m\"\ny = \"0 m\"\ndelta_angle = \"20 deg\"\n"));
+  const std::set<std::string> names = names_in(dir.file("storm.out"));
+  EXPECT_EQ(names.count("point_2.nc"), 1u);
+  EXPECT_EQ(names.count("points.nc"), 0u);
+}
+
 TEST_F(WriteRun, KeepsTheSiteWithItsIncludes) {
   run(Testing::regular_job());
   for (const char* name : {"flume.site", "common/limits.site", "common/water.site"}) {
