@@ -54,7 +54,10 @@ def last_line(text):
 
 class Copy:
     def __init__(self, root, folder):
-        self.source, self.root = pathlib.Path(root), pathlib.Path(folder).resolve()
+        self.source, self.root = pathlib.Path(root).resolve(), pathlib.Path(folder).absolute()
+        # Files are overwritten in the copy: through a link they would be those of another folder.
+        if self.root != self.root.resolve() or self.root == self.source:
+            raise TestsFail(f"{self.root} must be a folder, not a link")
         self.build_folder = self.root / "build" / "release"
         self.times_file = self.root / "times.json"
         self.times = json.loads(self.times_file.read_text()) if self.times_file.exists() else {}
