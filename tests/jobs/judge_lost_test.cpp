@@ -23,6 +23,23 @@ TEST(JudgeLost, TheTailAboveTheBand) {
   EXPECT_FALSE(job.has("cut_below"));
 }
 
+TEST(JudgeLost, TheShareOfARecordAboveTheBand) {
+  // 20 mm at 0.5 Hz, and 10 mm at 3 Hz, which the flume does not make.
+  std::string record = "time [s],eta [mm]\n";
+  for (int i = 0; i < 1024; ++i) {
+    const double t = i / 16.0;
+    const double eta = 20 * std::cos(2 * M_PI * 0.5 * t) + 10 * std::cos(2 * M_PI * 3 * t);
+    record += std::to_string(t) + "," + std::to_string(eta) + "\n";
+  }
+  const JobFolder folder;
+  folder.write("probe.csv", record);
+  const JudgedJob job(folder, flume_job("[[sea]]\n[[sea.wave]]\nkind = \"record\"\n"
+                                        "file = \"probe.csv\"\n"));
+  EXPECT_NEAR(job.made("cut_record"), share(10, 20), 1e-5);
+  EXPECT_TRUE(job.look("cut_record"));
+  EXPECT_EQ(job.at("cut_record").quantity, "outside the band");
+}
+
 TEST(JudgeLost, FrontsOutsideTheAngleLimits) {
   const JudgedJob job(basin_job("[[sea]]\n" + single("0.5 Hz", "30 mm", "20 deg") +
                                 single("0.625 Hz", "10 mm", "70 deg")));
