@@ -119,6 +119,14 @@ TEST(JudgeMachine, ARepeatingSignalHasNoJump) {
   EXPECT_TRUE(job.good("start_and_end.piston"));
 }
 
+TEST(JudgeMachine, AStepAtTheEndIsShownHoweverSmallTheStroke) {
+  const JudgedJob job(flume_job("[[sea]]\n" + single("0.5 Hz", "0.002 mm")));
+  // The sine starts at 0, with 50 samples a second.
+  const double step = stroke(2e-6, 0.5) * std::sin(M_PI / 50);
+  EXPECT_NEAR(job.made("start_and_end.piston") / step, 1, 1e-4);
+  EXPECT_EQ(job.at("start_and_end.piston").made_text, "0.00013 mm");
+}
+
 TEST(JudgeMachine, AThousandPaddlesAreJudged) {
   SiteText site;
   site.banks[0].paddles.clear();
