@@ -128,6 +128,18 @@ TEST(SeaDirections, AreThoseAtTheReferencePoint) {
   EXPECT_NEAR((*directions.asked)[sector_of(20 * degree)], 0.5e-4, 1e-12);
 }
 
+TEST(SeaDirections, AskedForLeaveOutFrontsThatAreInfinite) {
+  // The gain is infinite at 0.5 Hz and 2 at 1 Hz.
+  const JudgedJob job(flume_job("[[sea]]\n" + single("0.5 Hz", "20 mm") + single("1 Hz", "20 mm") +
+                                "[[sea.change]]\nkind = \"GainAdjust\"\n"
+                                "formula = \"1/($[Hz]-0.5)\"\n"),
+                      false);
+  const auto directions = directions_of(job);
+  ASSERT_TRUE(directions.asked);
+  EXPECT_NEAR(sum(*directions.asked), 0.04 * 0.04 / 2, 1e-12);
+  EXPECT_NEAR((*directions.asked)[sector_of(0)], 0.04 * 0.04 / 2, 1e-12);
+}
+
 TEST(SeaDirections, OfWavesThatAreNotMadeAreAbsent) {
   const JudgedJob job(flume_job("[[sea]]\n" + single("3 Hz", "20 mm")));
   EXPECT_FALSE(job.judgement.directions.has_value());
