@@ -1,7 +1,10 @@
 #include "outputs/checksum.h"
 
 #include <gtest/gtest.h>
+#include <openssl/crypto.h>
 
+#include <cstdlib>
+#include <new>
 #include <string>
 
 #include "outputs/refused.h"
@@ -33,6 +36,25 @@ TEST(Checksum, ReportsAFileThatCannotBeRead) {
             "x.out/none: No such file or directory");
   EXPECT_EQ(Testing::refused([&] { sha256_of_file(dir.path(), "x.out"); }),
             "x.out: Is a directory");
+}
+
+// The library that makes checksums takes its memory functions before it is used at all. So this
+// process starts anew.
+TEST(ChecksumDeathTest, ReportsThatMemoryRunsOut) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto without_memory = [] {
+    const auto none = [](std::size_t, const char*, int) -> void* { return nullptr; };
+    const auto no_more = [](void*, std::size_t, const char*, int) -> void* { return nullptr; };
+    const auto nothing = [](void*, const char*, int) {};
+    if (CRYPTO_set_mem_functions(none, no_more, nothing) != 1) std::_Exit(2);
+    try {
+      sha256("abc");
+    } catch (const std::bad_alloc&) {
+      std::_Exit(0);
+    }
+    std::_Exit(1);
+  };
+  EXPECT_EXIT(without_memory(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace
