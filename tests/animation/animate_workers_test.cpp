@@ -1,4 +1,6 @@
 // Animations of several workers: the same frames, lines and failures as those of one.
+#include <time.h>
+
 #include <algorithm>
 #include <iostream>
 #include <sstream>
@@ -43,6 +45,23 @@ TEST(AnimateWorkers, FramesAndLinesAreTheSameForEveryNumberOfWorkers) {
       }
     }
   }
+}
+
+TEST(AnimateWorkers, AWholeBuildIsShared) {
+  const auto seconds = [](clockid_t clock) {
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+  };
+  const Given many(100000, {5, {0.001, 0.3, 0.4}});
+  SharedSea sea(3, many);
+  const double all = seconds(CLOCK_PROCESS_CPUTIME_ID);
+  const double own = seconds(CLOCK_THREAD_CPUTIME_ID);
+  sea.build();
+  const double by_all = seconds(CLOCK_PROCESS_CPUTIME_ID) - all;
+  const double by_caller = seconds(CLOCK_THREAD_CPUTIME_ID) - own;
+  // One worker alone does everything in the calling thread. Three would each do a third.
+  EXPECT_GT(by_all - by_caller, 0.1 * by_all);
 }
 
 TEST(AnimateWorkers, SlicesAreTheSameForEveryNumberOfWorkers) {
