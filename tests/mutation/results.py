@@ -26,8 +26,9 @@ def listed(root):
 
 class Store:
     def __init__(self, root, seed, near):
-        self.root, self.near, self.lock = root, near, threading.Lock()
+        self.near, self.lock = near, threading.Lock()
         self.planned = set()
+        self.reasons = listed(root)
         self.path = root / "build" / "mutation" / f"results-{seed}.jsonl"
         self.path.parent.mkdir(parents=True, exist_ok=True)
         self.records = {}
@@ -35,6 +36,11 @@ class Store:
             for line in self.path.read_text(encoding="utf-8").splitlines():
                 record = json.loads(line)
                 self.records[record["key"]] = record
+
+    def unseeable(self, record):
+        """The reason why nobody can see the fault, if survivors.txt has one."""
+        place = (record["file"], shown(record["before"]), shown(record["after"]))
+        return self.reasons.get(place)
 
     def of(self, fault):
         empty = {"key": fault.key, "file": fault.file, "line": fault.line, "kind": fault.kind,
@@ -55,20 +61,17 @@ class Store:
                 quota -= outcome != "not compiled"
 
     def report(self):
-        reasons = listed(self.root)
-        rows, unseen, open_ones = {}, [], []
+        rows, open_ones = {}, []
         for key in self.planned:
             record = self.records.get(key, {"outcome": ""})
             if record["outcome"] not in ("noticed", "survived"):
                 continue
             row = rows.setdefault(record["file"].split("/")[1], [0, 0, 0, 0])
             row[0] += 1
-            place = (record["file"], shown(record["before"]), shown(record["after"]))
             if record["outcome"] == "noticed":
                 row[1] += 1
-            elif place in reasons:
+            elif self.unseeable(record):
                 row[2] += 1
-                unseen.append((record, reasons[place]))
             else:
                 row[3] += 1
                 open_ones.append(record)
