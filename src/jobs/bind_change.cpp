@@ -71,9 +71,8 @@ Declared without_fixed(const Declared& declared, const ReadyChange& ready) {
   Declared open = declared;
   open.params = {};
   for (const Base::Params::Entry& entry : declared.params.entries()) {
-    const bool fixed = std::any_of(ready.fixed.begin(), ready.fixed.end(), [&](const auto& value) {
-      return value.first == entry.first;
-    });
+    const bool fixed = std::any_of(ready.fixed.begin(), ready.fixed.end(),
+                                   [&](const auto& value) { return value.first == entry.first; });
     if (!fixed) open.params.merge(entry);
   }
   return open;
