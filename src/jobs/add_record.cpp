@@ -78,11 +78,10 @@ void add_record(Preparation& p, const WavePlace& wave) {
                 "give `rate`, or resample the record");
       declared.fallbacks["rate"] = "1 Hz";
     } else if (!time.name.empty() && !(time.rate > 0.0 && std::isfinite(time.rate))) {
-      const bool one_time = column->values.size() < 2;
-      add_fault(p, *file,
-                one_time ? fmt::format("there is only one time in column `{}`", time.name)
-                         : fmt::format("the times of column `{}` do not increase", time.name),
-                "give `rate`");
+      const char* form = "the times of column `{}` do not increase";
+      if (std::isinf(time.rate)) form = "the times of column `{}` are too close together";
+      if (column->values.size() < 2) form = "there is only one time in column `{}`";
+      add_fault(p, *file, fmt::format(fmt::runtime(form), time.name), "give `rate`");
       declared.fallbacks["rate"] = "1 Hz";
     } else if (time.rate > 0.0) {
       declared.fallbacks["rate"] = fmt::format("{} Hz", time.rate);

@@ -199,6 +199,9 @@ TEST(Waves, RefusesARecordThatCannotBeUsed) {
   folder.write("short.csv", "time [s],eta [mm]\n0.3,1\n");
   EXPECT_EQ(refusal("file = \"falling.csv\""),
             "7: the times of column `time` do not increase (give `rate`)\n");
+  folder.write("dense.csv", "time [s],eta [mm]\n0,1\n5e-324,2\n");
+  EXPECT_EQ(refusal("file = \"dense.csv\""),
+            "7: the times of column `time` are too close together (give `rate`)\n");
   EXPECT_EQ(refusal("file = \"short.csv\""),
             "7: there is only one time in column `time` (give `rate`)\n");
   folder.write("unknown.csv", "time [ticks],eta [mm]\n0,1\n0.1,2\n");
