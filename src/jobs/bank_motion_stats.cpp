@@ -53,10 +53,12 @@ BankMotionStats read_bank(Run& run, const DriveSignals& drive, std::uint32_t b) 
   Base::Params info;
   run.experiment.paddle_bank_info(b, info);
   using namespace Base::Category;
-  // There are no units of angular acceleration: such a limit is a plain number.
   const bool turns = motion.bank->units == "rad";
-  motion.max_velocity = constant(info, "max_velocity", {turns ? angrate : velocity, unit});
-  motion.max_acceleration = constant(info, "max_acceleration", {turns ? unit : acceleration, unit});
+  const Base::UnitCategory of_velocity = turns ? angrate : velocity;
+  // There are no units of angular acceleration: such a limit is a plain number.
+  const Base::UnitCategory of_acceleration = turns ? unit : acceleration;
+  motion.max_velocity = constant(info, "max_velocity", {of_velocity, unit});
+  motion.max_acceleration = constant(info, "max_acceleration", {of_acceleration, unit});
   return motion;
 }
 

@@ -73,7 +73,7 @@ class BankFindings {
         const double up = stats.highest > 0.0 ? limits.maximum / stats.highest : 1.0;
         const double down = stats.lowest < 0.0 ? limits.minimum / stats.lowest : 1.0;
         const double share = std::min(up, down);
-        if (share > 0.0) {
+        if (share > 0.0 && share < 1.0) {
           finding.remark += fmt::format("; waves of {} of this height would fit",
                                         show_share(std::floor(share * 100.0) / 100.0));
         }
@@ -138,7 +138,7 @@ class BankFindings {
     finding.made_text = show_quantity(shown, units_, 2);
     const double allowed = Criteria::end_step * stats.largest_step;
     finding.criterion = "no jump";
-    const bool good = stats.end_step <= allowed || stats.end_step == 0.0;
+    const bool good = stats.end_step <= allowed;
     finding.verdict = good ? Verdict::good : Verdict::look;
     if (ramp > 0.0) {
       finding.remark = "ramp of " + show_quantity(ramp, "s", 3, Zeros::drop);

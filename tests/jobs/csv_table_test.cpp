@@ -195,4 +195,13 @@ TEST(CsvTable, AHeadMayEndWithAnUnderscoreOrBeEmpty) {
   EXPECT_EQ(table.columns[2].name, "");
 }
 
+TEST(CsvTable, VeryLongLinesAndVeryManyColumnsAreRefused) {
+  EXPECT_EQ(failure("a\n" + std::string((16 << 20) + 1, '1') + "\n"),
+            "waves.csv:2: a line of 16777217 characters: at most 16777216 can be read");
+  std::string heads = "a";
+  for (int i = 1; i < 100'000; ++i) heads += ",a";
+  EXPECT_EQ(failure(heads + "\n"), "waves.csv: there are no numbers");
+  EXPECT_EQ(failure(heads + ",a\n"), "waves.csv:1: 100001 columns: at most 100000 can be read");
+}
+
 }  // namespace

@@ -228,6 +228,18 @@ TEST(DriveSignals, HintAtLowerWavesWhereASignalJumpsFromLimitToLimit) {
   }
 }
 
+TEST(DriveSignals, AWholeSignalMayBeOneRampUpAndDown) {
+  const auto run = JobFolder().build(flume_job(wave() + "[drive]\nramp = \"32 s\"\n"));
+  const DriveSignals drive(*run);
+  std::vector<double> signal;
+  drive.read(0, 0, signal);
+  for (std::size_t i = 0; i < signal.size(); ++i) {
+    const std::size_t from_end = std::min(i, signal.size() - 1 - i);
+    const double factor = std::sin(M_PI / 2 * static_cast<double>(from_end) / 50 / 32);
+    ASSERT_NEAR(signal[i], drive.raw(0, 0, i) * factor * factor, 1e-15) << i;
+  }
+}
+
 TEST(SignalFault, NamesTheValueOfAFrontThatIsNotFinite) {
   const std::string first = "paddle 1 of bank `piston` gets ";
   const std::string change = "[[sea.change]]\nformula = \"1/($[Hz]-0.8125)@deg\"\nkind = ";

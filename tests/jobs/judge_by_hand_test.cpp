@@ -59,3 +59,26 @@ TEST(JudgeDirections, DrawnOnesScatterAroundTheirLaw) {
   // sqrt(2 (1 - cos 0.1)) / 2 = 0.04998 rad.
   EXPECT_EQ(findings[0].remark, "drawn for 4 waves that matter, which scatter the mean by 2.9 deg");
 }
+
+TEST(JudgeStatistics, OnlySpectraHaveAPeak) {
+  Jobs::Run run;
+  Jobs::JudgedRun lines(run, nullptr);
+  lines.asked.kind = Jobs::SeaKind::lines;
+  lines.peak.emplace();
+  Jobs::Findings findings;
+  judge_statistics(lines, findings);
+  EXPECT_TRUE(findings.empty());
+}
+
+TEST(JudgeStatistics, NoRepeatDrawsAPeakWithoutAWidth) {
+  Jobs::Run run;
+  Jobs::JudgedRun judged(run, nullptr);
+  judged.asked.kind = Jobs::SeaKind::group;
+  judged.repeat = 64;
+  judged.peak.emplace();
+  Jobs::Findings findings;
+  judge_statistics(judged, findings);
+  ASSERT_EQ(findings.size(), 1u);
+  EXPECT_EQ(findings[0].verdict, Jobs::Verdict::look);
+  EXPECT_EQ(findings[0].remark, "within half of the greatest density");
+}

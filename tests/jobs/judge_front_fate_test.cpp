@@ -252,6 +252,21 @@ TEST(FrontFate, ADirectionThatIsNaNIsUndefined) {
   EXPECT_EQ(fates_of({{0.01, NAN, 0, 20}}, sloping_path()).undefined, 1u);
 }
 
+// 1 m of water at the paddles, at the sea and at the reference point, and 5 m between the two.
+TEST(FrontFate, AWaveThatTurnsBackBeforeTheReferencePointIsNotFinite) {
+  WavePath path = sloping_path();
+  path.tank.paddle_depth = 1;
+  path.tank.profile = {{1, 0}, {1, 5}, {5, 10}, {1, 15}, {1, 40}};
+  path.x = 20;
+  // Harmonic 10 has 0.3125 Hz.
+  const double turns = std::asin(k_of(10, 5) / k_of(10, 1));
+  ASSERT_LT(turns, 55 * degree);
+  EXPECT_EQ(fates_of({{0.03, turns - 0.05, 0, 10}}, path, {2, 0, 0}).not_finite, 0);
+  const FrontFates fates = fates_of({{0.03, turns + 0.05, 0, 10}}, path, {2, 0, 0});
+  EXPECT_GT(fates.not_finite, 0);
+  EXPECT_EQ(fates.not_finite, fates.asked);
+}
+
 TEST(PaddleShares, WithoutPaddlesAWaveIsTakenAsMade) {
   WavePath path = sloping_path();
   path.banks.clear();

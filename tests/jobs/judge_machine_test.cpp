@@ -192,6 +192,9 @@ TEST(JudgeMachine, NoHeightFitsALimitBeyondTheMiddle) {
   const JudgedJob job = with_stroke("0.1", "0.45", wave);
   EXPECT_TRUE(job.look("stroke_peak.piston"));
   EXPECT_EQ(job.at("stroke_peak.piston").remark.find("would fit"), std::string::npos);
+  const JudgedJob still = with_stroke("0.1", "0.45", "[[sea]]\n" + single("0.5 Hz", "0 mm"));
+  EXPECT_TRUE(still.look("stroke_peak.piston"));
+  EXPECT_EQ(still.at("stroke_peak.piston").remark, "");
 }
 
 TEST(JudgeMachine, AMachineWithoutARangeIsNotJudgedByIt) {

@@ -99,3 +99,13 @@ TEST(JudgeSeas, ADirectionThatIsInfiniteIsUndefined) {
   EXPECT_EQ(job.made("undefined"), 1);
   EXPECT_TRUE(job.judgement.directions.has_value());
 }
+
+// Each of them has a finite variance, but not all together. They are not made.
+TEST(JudgeSeas, DirectionsWhoseVariancesHaveNoFiniteSumAreNotShown) {
+  std::string waves = single("0.5 Hz", "20 mm");
+  for (int i = 0; i < 4; ++i) waves += single("0.625 Hz", "1.2e154 m", "80 deg");
+  const std::string second = "[[sea]]\n" + single("0.75 Hz", "1.8e154 m", "80 deg");
+  const JudgedJob job(basin_job("[[sea]]\n" + waves + second + second), false);
+  ASSERT_TRUE(job.judgement.directions.has_value());
+  EXPECT_FALSE(job.judgement.directions->asked.has_value());
+}

@@ -170,3 +170,12 @@ TEST(JudgeWaves, AFootJustBelowTheBedIsMinor) {
   EXPECT_EQ(job.at("below_bed.bank").quantity, "foot below the bed, bank");
   EXPECT_EQ(job.at("below_bed.bank").remark.find("a gain"), std::string::npos);
 }
+
+// The water at the bed is still: e^-789 of the motion at the surface.
+TEST(JudgeWaves, WavesFarTooShortForTheirDepthHaveNoErrorOfTheFoot) {
+  SiteText site;
+  site.max_freq = 20;
+  site.base_rate = 100;
+  site.banks[0].critical_dimension = -0.1;
+  EXPECT_FALSE(judged(site, "[[sea]]\n" + single("14 Hz", "0.1 mm"), "8 s").has("below_bed.bank"));
+}

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "jobs/job_folder.h"
 #include "support/test_site.h"
@@ -118,6 +119,8 @@ TEST(PartRefusals, AFormulaUsesAParameterInOneKindOfUnits) {
 TEST(PartRefusals, AFormulaLiesInTheRunAndRises) {
   EXPECT_EQ(of_wave("kind = \"spectrum\"\nformula = \"0.01@Hz#0.001@m2s#0.05@Hz\""),
             "7: the wave lies outside the run's harmonics, 0.09375 to 2 Hz\n");
+  EXPECT_EQ(of_wave("kind = \"white_noise\"\nhs = \"1 mm\"\nf_min = \"3 Hz\"\nf_max = \"4 Hz\""),
+            "5: the wave lies outside the run's harmonics, 0.09375 to 2 Hz\n");
   EXPECT_EQ(of_wave("kind = \"time\"\nformula = \"64@s#0.01@m#0@s\"\nrate = \"10 Hz\""),
             "7: Limit values do not increase in size\n");
   EXPECT_EQ(of_wave("kind = \"spectrum\"\nformula = \"0.5@Hz#0.001@m2s#1@Hz\"\nfoo = 1"),
@@ -149,6 +152,75 @@ TEST(PartRefusals, AFailureOfTwoPossibleChangesIsReportedAtTheRun) {
   EXPECT_EQ(refusal(sine + gain + sweep), "12: the waves cannot be built: Sweep has zero output\n");
   EXPECT_EQ(refusal(sine + sweep + sine + sweep),
             "2: the waves cannot be built: Sweep has zero output\n");
+}
+
+TEST(PartRefusals, AFormulaWithoutAValueIsReportedWhereItIs) {
+  const std::string no_gamma = "tgamma: Invalid input argument -";
+  EXPECT_TRUE(of_wave("kind = \"spectrum\"\nformula = \"0.5@Hz#tgamma(-2*$[Hz])@m2s#1@Hz\"")
+                  .starts_with("7: " + no_gamma));
+  EXPECT_TRUE(of_wave("kind = \"time\"\nformula = \"0@s#tgamma(-$[s])@m#64@s\"\nrate = \"10 Hz\"")
+                  .starts_with("7: " + no_gamma));
+  EXPECT_TRUE(of_change("kind = \"GainAdjust\"\nformula = \"tgamma(-$[Hz])\"")
+                  .starts_with("11: " + no_gamma));
+  EXPECT_TRUE(of_change("kind = \"PhaseChange\"\nformula = \"tgamma(-1)@deg\"")
+                  .starts_with("9: a `PhaseChange` change of sea 1: " + no_gamma));
+}
+
+TEST(PartRefusals, LimitsOfAChangeRise) {
+  EXPECT_EQ(of_change("kind = \"AngleSpread\"\nfunction = \"CosS\"\nangle = \"0 deg\"\n"
+                      "formula = \"10#0.5@Hz#10#0.4@Hz#3\""),
+            "9: an `AngleSpread` change of sea 1: Limits out of order\n");
+}
+
+TEST(PartRefusals, AFanHasStepsThatLeadSomewhere) {
+  for (const char* step : {"0 deg", "400 deg"}) {
+    EXPECT_EQ(of_change("kind = \"AngleSweep\"\nformula = \"1\"\ndelta_angle = \"" +
+                        std::string(step) + "\""),
+              "12: `delta_angle` must be between 0.001 and 360 deg "
+              "(the step between two directions)\n");
+  }
+}
+
+TEST(PartRefusals, AFormulaHasAtMostAHundredThousandCharacters) {
+  const std::string longest = "0.5@Hz#0.0001@m2s#1@Hz" + std::string(100'000 - 22, ' ');
+  EXPECT_EQ(of_wave("kind = \"spectrum\"\nformula = \"" + longest + "\""), "");
+  EXPECT_EQ(of_wave("kind = \"spectrum\"\nformula = \"" + longest + " \""),
+            "7: the formula has 100001 characters "
+            "(at most 100000 can be read; tables of values belong in a CSV file)\n");
+}
+
+TEST(PartRefusals, TheTimesOfARecordIncrease) {
+  const JobFolder folder;
+  const auto of_times = [&](const std::string& second) {
+    folder.write("r.csv", "time [s],eta [mm]\n1,1\n" + second + ",2\n");
+    return folder.refusal(
+        flume_job("[[sea]]\n[[sea.wave]]\nkind = \"record\"\nfile = \"r.csv\"\n"));
+  };
+  EXPECT_EQ(of_times("2"), "");
+  EXPECT_EQ(of_times("1"), "7: the times of column `time` do not increase (give `rate`)\n");
+  EXPECT_EQ(of_times("0"), "7: the times of column `time` do not increase (give `rate`)\n");
+}
+
+TEST(PartRefusals, AFrequencyIsReportedAtTheKeyThatIsGiven) {
+  EXPECT_EQ(of_wave("kind = \"jonswap\"\nhs = \"1 m\"\ntp = \"1.5 s\"\nf_max = \"0.05 Hz\""),
+            "9: `f_max` must be above f_min, which is 0.1 Hz\n");
+}
+
+TEST(PartRefusals, ANameOrAFileIsATextOnOneLine) {
+  EXPECT_EQ(of_wave("kind = \"record\"\nfile = \"\"\"abcdef\nx.csv\"\"\""),
+            "7: `file` must be a text on one line\n");
+  EXPECT_EQ(refusal("[[sea]]\nname = \"\"\n[[sea.wave]]\nkind = \"single\"\nf = \"0.5 Hz\"\n"
+                    "a = \"2 mm\"\n"),
+            "5: `name` must not be empty\n");
+}
+
+TEST(PartRefusals, ARunThatOnlyOptionsDescribeIsOne) {
+  const JobFolder folder;
+  folder.write("job.toml", "site = \"" + Testing::example("flume.site") + "\"\n" + sine);
+  Diagnostics faults;
+  Job job = read_job(folder.file("job.toml"), {"run.repeat=32 s"}, faults);
+  const auto run = prepare(std::move(job), std::move(faults));
+  EXPECT_EQ(run->experiment.repeat(run->definition).value(), 32.0);
 }
 
 }  // namespace

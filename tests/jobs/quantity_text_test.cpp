@@ -137,8 +137,12 @@ TEST(QuantityText, UsualUnitsConvertToTheGivenOnes) {
 TEST(QuantityText, AnExponentWithoutDigitsIsNone) {
   EXPECT_EQ(fault_of("5e"), fault_of("5 e"));
   EXPECT_NE(fault_of("5e"), "no fault");
-  EXPECT_NE(fault_of("5 {m}"), "no fault");
-  EXPECT_NE(fault_of("5 _m"), "no fault");
+}
+
+TEST(QuantityText, OnlyLettersMakeAWordForNoNumber) {
+  EXPECT_EQ(fault_of("inf_"), "\"inf_\" is not a finite number");
+  EXPECT_EQ(fault_of("-nan{"), "\"-nan{\" is not a finite number");
+  EXPECT_EQ(fault_of("in_f"), "\"in_f\" is not a number");
 }
 
 }  // namespace

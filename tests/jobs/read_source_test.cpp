@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <thread>
 
 #include "jobs/diagnostic.h"
 #include "jobs/read_toml.h"
@@ -102,6 +106,44 @@ TEST_F(ReadSource, TextInAnotherEncodingIsShown) {
   EXPECT_EQ(fault.span.line, 2U);
   EXPECT_EQ(fault.span.column, 10U);
   EXPECT_EQ(fault.label, "save the file as UTF-8");
+}
+
+// What read_source gives for a standard input that is a pipe with that many bytes.
+std::string from_pipe(std::size_t bytes) {
+  int ends[2];
+  EXPECT_EQ(::pipe(ends), 0);
+  const int before = ::dup(STDIN_FILENO);
+  ::dup2(ends[0], STDIN_FILENO);
+  ::close(ends[0]);
+  std::thread writer([&] {
+    const std::string block(1 << 16, '#');
+    for (std::size_t written = 0; written < bytes;) {
+      const std::size_t size = std::min(block.size(), bytes - written);
+      if (::write(ends[1], block.data(), size) != static_cast<ssize_t>(size)) break;
+      written += size;
+    }
+    ::close(ends[1]);
+  });
+  std::string result;
+  try {
+    const auto source = Jobs::read_source("-");
+    result = source->name + ": " + std::to_string(source->text.size());
+  } catch (const Jobs::BadJob& bad) {
+    result = bad.faults[0].fault;
+  }
+  // The writer may still wait for somebody to read.
+  std::string rest(1 << 16, ' ');
+  while (::read(STDIN_FILENO, rest.data(), rest.size()) > 0) continue;
+  writer.join();
+  ::dup2(before, STDIN_FILENO);
+  ::close(before);
+  return result;
+}
+
+TEST_F(ReadSource, StandardInputMayBeAPipeOfAtMost16MiB) {
+  EXPECT_EQ(from_pipe(3), "standard input: 3");
+  EXPECT_EQ(from_pipe(16 << 20), "standard input: 16777216");
+  EXPECT_EQ(from_pipe((16 << 20) + 1), "-: larger than 16 MiB");
 }
 
 }  // namespace

@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <ios>
+#include <new>
 
+#include "base/streams.h"
+#include "jobs/captured_lines.h"
 #include "jobs/job_folder.h"
 
 namespace Jobs {
@@ -230,6 +234,14 @@ TEST(Run, MergesSeasAsAsked) {
   const auto& fronts = one->experiment.fronts(one->definition, true);
   ASSERT_EQ(fronts.size(), 1u);
   EXPECT_NEAR(fronts[0].amp, 0.025, 1e-12);
+}
+
+TEST(CapturedLines, ThatDidNotFitIntoMemoryAreNotGivenInPart) {
+  const CapturedLines lines;
+  Base::progress() << "a line\n";
+  EXPECT_EQ(lines.progress(), "a line\n");
+  Base::progress().setstate(std::ios_base::badbit);
+  EXPECT_THROW(lines.progress(), std::bad_alloc);
 }
 
 }  // namespace
