@@ -216,9 +216,9 @@ TEST(DriveSignals, AWholeSignalIsThatOfItsSamples) {
   EXPECT_GT(held, 0u);
 }
 
-// From one sample to the next, such a signal changes from beyond one limit to beyond the other.
+// At 0.5 Hz and 50 Hz, such a signal changes from beyond one limit to beyond the other.
 TEST(DriveSignals, HintAtLowerWavesWhereASignalJumpsFromLimitToLimit) {
-  const auto run = JobFolder().build(flume_job(wave("1e300 m")));
+  const auto run = JobFolder().build(flume_job(wave("1e300 m", "0.5 Hz")));
   try {
     const DriveSignals drive(*run);
     ADD_FAILURE() << "it is built";

@@ -256,8 +256,8 @@ TEST(FrontFate, ADirectionThatIsNaNIsUndefined) {
 TEST(FrontFate, AWaveThatTurnsBackBeforeTheReferencePointIsNotFinite) {
   WavePath path = sloping_path();
   path.tank.paddle_depth = 1;
-  path.tank.profile = {{1, 0}, {1, 5}, {5, 10}, {1, 15}, {1, 40}};
-  path.x = 20;
+  path.tank.profile = {{1, 0}, {1, 5}, {5, 10}, {5, 20}, {1, 25}, {1, 40}};
+  path.x = 30;
   // Harmonic 10 has 0.3125 Hz.
   const double turns = std::asin(k_of(10, 5) / k_of(10, 1));
   ASSERT_LT(turns, 55 * degree);

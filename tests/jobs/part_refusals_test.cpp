@@ -182,9 +182,9 @@ TEST(PartRefusals, AFanHasStepsThatLeadSomewhere) {
 }
 
 TEST(PartRefusals, AFormulaHasAtMostAHundredThousandCharacters) {
-  const std::string longest = "0.5@Hz#0.0001@m2s#1@Hz" + std::string(100'000 - 22, ' ');
+  const std::string longest = "0.5@Hz#" + std::string(100'000 - 22, ' ') + "0.0001@m2s#1@Hz";
   EXPECT_EQ(of_wave("kind = \"spectrum\"\nformula = \"" + longest + "\""), "");
-  EXPECT_EQ(of_wave("kind = \"spectrum\"\nformula = \"" + longest + " \""),
+  EXPECT_EQ(of_wave("kind = \"spectrum\"\nformula = \" " + longest + "\""),
             "7: the formula has 100001 characters "
             "(at most 100000 can be read; tables of values belong in a CSV file)\n");
 }
@@ -192,13 +192,14 @@ TEST(PartRefusals, AFormulaHasAtMostAHundredThousandCharacters) {
 TEST(PartRefusals, TheTimesOfARecordIncrease) {
   const JobFolder folder;
   const auto of_times = [&](const std::string& second) {
-    folder.write("r.csv", "time [s],eta [mm]\n1,1\n" + second + ",2\n");
+    folder.write("r.csv", "time [s],eta [mm]\n0,1\n" + second + ",2\n");
     return folder.refusal(
         flume_job("[[sea]]\n[[sea.wave]]\nkind = \"record\"\nfile = \"r.csv\"\n"));
   };
-  EXPECT_EQ(of_times("2"), "");
-  EXPECT_EQ(of_times("1"), "7: the times of column `time` do not increase (give `rate`)\n");
+  EXPECT_EQ(of_times("1"), "");
   EXPECT_EQ(of_times("0"), "7: the times of column `time` do not increase (give `rate`)\n");
+  // The rate would be infinite.
+  EXPECT_EQ(of_times("5e-324"), "7: the times of column `time` do not increase (give `rate`)\n");
 }
 
 TEST(PartRefusals, AFrequencyIsReportedAtTheKeyThatIsGiven) {
