@@ -1,5 +1,7 @@
 #include "jobs/quantity_text.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 #include <cstddef>
 #include <vector>
@@ -175,11 +177,7 @@ std::string usual_units(Base::Units units) {
     default:
       break;
   }
-  std::string list;
-  for (const std::string& name : Base::alternate(units)) {
-    list += (list.empty() ? "" : ", ") + name;
-  }
-  return list;
+  return fmt::format("{}", fmt::join(Base::alternate(units), ", "));
 }
 
 }  // namespace Jobs
