@@ -7,7 +7,6 @@
 #include <string>
 
 #include "jobs/diagnostic.h"
-#include "jobs/job_files.h"
 
 namespace {
 
@@ -294,11 +293,6 @@ TEST(ReadToml, SixteenMebibytesOfCommentsAreRead) {
   const Value job = read(repeated("# x\n", 4 << 20) + "a = 1");
   EXPECT_EQ(job.find("a")->span.line, (4U << 20) + 1);
   EXPECT_EQ(job.find("a")->span.column, 5U);
-}
-
-TEST(ReadToml, AWholeNumberThatIsNoDoubleIsOfAnotherKind) {
-  EXPECT_EQ(JobFiles::dump(JobFiles::parse("a = 9007199254740992")), "{a=9.0072e+15}");
-  EXPECT_EQ(JobFiles::dump(JobFiles::parse("a = 9007199254740993")), "{a=other}");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "jobs/job_files.h"
 #include "jobs/key_path.h"
 #include "jobs/toml_bounds.h"
 #include "jobs/toml_fault.h"
@@ -67,6 +68,11 @@ TEST(TomlBounds, AStringWithoutAnEndEndsWithItsLine) {
   const std::string deep = std::string(Jobs::most_toml_levels + 1, '[');
   EXPECT_FALSE(Jobs::find_broken_bound("a = \"" + deep + "\n"));
   EXPECT_TRUE(Jobs::find_broken_bound("a = \"\n" + deep));
+}
+
+TEST(ReadToml, AWholeNumberThatIsNoDoubleIsOfAnotherKind) {
+  EXPECT_EQ(JobFiles::dump(JobFiles::parse("a = 9007199254740992")), "{a=9.0072e+15}");
+  EXPECT_EQ(JobFiles::dump(JobFiles::parse("a = 9007199254740993")), "{a=other}");
 }
 
 }  // namespace
