@@ -240,6 +240,24 @@ TEST(DriveSignals, AWholeSignalMayBeOneRampUpAndDown) {
   }
 }
 
+// A job is refused before, but a host may fill the request itself.
+TEST(DriveSignals, RefuseARequestOfTooFewSamplesOrANegativeRamp) {
+  const auto fault = [](double rate, double ramp) -> std::string {
+    const auto run = JobFolder().build(flume_job(wave()));
+    run->drive.rate = rate;
+    run->drive.ramp = ramp;
+    try {
+      const DriveSignals drive(*run);
+      return "";
+    } catch (const BadJob& bad) {
+      return bad.faults.at(0).fault;
+    }
+  };
+  EXPECT_EQ(fault(50, 3), "");
+  EXPECT_EQ(fault(50, -3), "the ramp is negative");
+  EXPECT_TRUE(fault(0.001, 0).starts_with("a rate of 0.001 Hz is too low"));
+}
+
 TEST(SignalFault, NamesTheValueOfAFrontThatIsNotFinite) {
   const std::string first = "paddle 1 of bank `piston` gets ";
   const std::string change = "[[sea.change]]\nformula = \"1/($[Hz]-0.8125)@deg\"\nkind = ";
