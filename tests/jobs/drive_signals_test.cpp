@@ -242,8 +242,8 @@ TEST(DriveSignals, AWholeSignalMayBeOneRampUpAndDown) {
 
 // A job is refused before, but a host may fill the request itself.
 TEST(DriveSignals, RefuseARequestOfTooFewSamplesOrANegativeRamp) {
-  const auto fault = [](double rate, double ramp) -> std::string {
-    const auto run = JobFolder().build(flume_job(wave()));
+  const auto fault = [](double rate, double ramp, const std::string& sea = wave()) -> std::string {
+    const auto run = JobFolder().build(flume_job(sea));
     run->drive.rate = rate;
     run->drive.ramp = ramp;
     try {
@@ -256,6 +256,9 @@ TEST(DriveSignals, RefuseARequestOfTooFewSamplesOrANegativeRamp) {
   EXPECT_EQ(fault(50, 3), "");
   EXPECT_EQ(fault(50, -3), "the ramp is negative");
   EXPECT_TRUE(fault(0.001, 0).starts_with("a rate of 0.001 Hz is too low"));
+  const std::string still =
+      "[[sea]]\n[[sea.wave]]\nkind = \"spectrum\"\nformula = \"0.5@Hz#0@m2s#1@Hz\"\n";
+  EXPECT_EQ(fault(0.001, 0, still), "a rate of 0.001 Hz gives no sample in a repeat of 64 s");
 }
 
 TEST(SignalFault, NamesTheValueOfAFrontThatIsNotFinite) {
