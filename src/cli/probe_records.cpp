@@ -100,13 +100,16 @@ class Reader {
   }
 
   void find_rate(const std::string& text, const Jobs::CsvColumn& signal) {
+    double span = 0.0;
     for (const Jobs::CsvColumn& column : table_.columns) {
       if (!is_time(column) || &column == &signal) continue;
+      span = column.values.back() - column.values.front();
       try {
         records_.start = column.values.front() * Jobs::seconds_in(column);
       } catch (const std::string& fault) {
         fail("{}", fault);
       }
+      break;  // the rate is that of the first one too
     }
     if (!options_.rate.empty()) {
       records_.rate = option_value("--rate", options_.rate, Category::frequency);
@@ -127,7 +130,7 @@ class Reader {
     }
     if (signal.values.size() < 2) fail("there is only one time");
     records_.rate = time.rate;
-    if (!(records_.rate > 0.0)) fail("the times do not increase");
+    if (!(span > 0.0)) fail("the times do not increase");
   }
 
   void require_finite_times(std::size_t count) const {
