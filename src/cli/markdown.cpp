@@ -34,8 +34,9 @@ std::vector<std::string> cells_of(std::string_view line) {
   return cells;
 }
 
+// Of a line of a table.
 bool is_rule(std::string_view line) {
-  return line.starts_with("|") && line.find_first_not_of("|-: ") == std::string_view::npos;
+  return line.find_first_not_of("|-: ") == std::string_view::npos;
 }
 
 class Reader {

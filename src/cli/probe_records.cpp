@@ -102,7 +102,7 @@ class Reader {
   void find_rate(const std::string& text, const Jobs::CsvColumn& signal) {
     double span = 0.0;
     for (const Jobs::CsvColumn& column : table_.columns) {
-      if (!is_time(column) || &column == &signal) continue;
+      if (!is_time(column)) continue;
       span = column.values.back() - column.values.front();
       try {
         records_.start = column.values.front() * Jobs::seconds_in(column);

@@ -91,8 +91,7 @@ std::vector<std::string> units_of_kind(Base::UnitCategory category) {
 
 std::string kind_name(Base::UnitCategory category) {
   const std::string kind = Jobs::kind_of(Base::default_units(category));
-  const auto blank = kind.find(' ');
-  return blank == std::string::npos ? kind : kind.substr(blank + 1);
+  return kind.substr(kind.find(' ') + 1);  // the whole if there is no blank
 }
 
 std::optional<std::string> likely_unit(std::string_view text) {

@@ -105,11 +105,13 @@ TEST(Explain, IgnoresWhatOthersPutBeforeAMessage) {
        {"Uncaught Exception in Run Build: ", "error: ",
         "tidelab.waves.component.WaveSynthesisException: ",
         "Exception in thread \"main\" tidelab.waves.component.WaveSynthesisException: ",
-        "tidelab.waves.component.WaveSynthesisException: Uncaught Exception in Run Build: "}) {
+        "tidelab.waves.component.WaveSynthesisException: Uncaught Exception in Run Build: ",
+        "error:   "}) {
     const Cli::Answer answer = Cli::explain_message(prefix + message);
     ASSERT_FALSE(answer.fitting.empty()) << prefix;
     EXPECT_EQ(answer.fitting[0].section, "AngleSweep") << prefix;
   }
+  EXPECT_FALSE(Cli::explain_message(message + " Error::  ").fitting.empty());
 }
 
 TEST(Explain, FindsAMessageByAPartOfIt) {
@@ -195,6 +197,51 @@ TEST_F(ExplainCommand, WritesSimilarMessagesAsJson) {
   const auto json = nlohmann::json::parse(out());
   EXPECT_EQ(json["error"]["code"], 2);
   EXPECT_FALSE(json["similar"].empty());
+}
+
+TEST_F(ExplainCommand, ShowsTheWholeExplanationOfEachMessage) {
+  for (const Known& known : known_messages()) {
+    out_stream.str("");
+    EXPECT_EQ(Cli::explain({known.message}, console), 0) << known.message;
+    EXPECT_NE(out().find("  " + known.page + ", " + known.section + "\n"), std::string::npos)
+        << known.message;
+  }
+}
+
+TEST_F(ExplainCommand, TakesTheFirstLineThatAPageHas) {
+  std::istringstream log("\n \nthe boat\nis sinking\nSweep has zero output\n");
+  std::streambuf* const before = std::cin.rdbuf(log.rdbuf());
+  EXPECT_EQ(Cli::explain({"-"}, console), 0);
+  std::cin.rdbuf(before);
+  EXPECT_NE(out().find("AngleSweep"), std::string::npos);
+}
+
+TEST_F(ExplainCommand, DoesNotReadALongLogToItsEnd) {
+  std::string text;
+  for (int i = 0; i < 200; ++i) text += "zzzz\n";
+  std::istringstream log(text + "Sweep has zero output\n");
+  std::streambuf* const before = std::cin.rdbuf(log.rdbuf());
+  EXPECT_EQ(Cli::explain({"-"}, console), 2);
+  std::cin.rdbuf(before);
+}
+
+TEST_F(ExplainCommand, SaysThatAMessageIsOnlySimilar) {
+  const std::string message = "output of the sweep has been zero";
+  EXPECT_EQ(Cli::explain({message}, console), 0);
+  EXPECT_NE(err().find("this one is the most similar"), std::string::npos);
+  EXPECT_NE(out().find("AngleSweep"), std::string::npos);
+  out_stream.str("");
+  console.json = true;
+  EXPECT_EQ(Cli::explain({message}, console), 0);
+  EXPECT_EQ(nlohmann::json::parse(out())["exact"], false);
+}
+
+TEST_F(ExplainCommand, ReportsAMessageLikeNoneAsJson) {
+  console.json = true;
+  EXPECT_EQ(Cli::explain({"zzzz"}, console), 2);
+  const auto json = nlohmann::json::parse(out());
+  EXPECT_EQ(json["error"]["code"], 2);
+  EXPECT_FALSE(json.contains("similar"));
 }
 
 TEST(Markdown, RemovesMarks) {

@@ -184,12 +184,67 @@ TEST_F(ReadProbeRecords, FindsNoSampleWhereTheClockIsCoarserThanTheRate) {
             "r.csv: there is no sample between --start and --stop");
 }
 
+TEST_F(ReadProbeRecords, KnowsTimesByAnyOfTheirNames) {
+  for (const char* name : {"t", "T", "time", "Time", "TIME"}) {
+    EXPECT_EQ(read(two(name + std::string(",a [mm],b [mm]"))).rate, 20.0) << name;
+  }
+}
+
+TEST_F(ReadProbeRecords, RefusesTimesThatStandStill) {
+  EXPECT_EQ(fault("time [s],a [mm]\n1,1\n1,2\n"), "r.csv: the times do not increase");
+}
+
+TEST_F(ReadProbeRecords, NumbersProbesWithoutAHead) {
+  options.rate = "1 Hz";
+  EXPECT_EQ(fault("1\n3\n").find("r.csv: column 1 has no units"), 0U);
+  options.units = "mm";
+  EXPECT_EQ(read("1\n3\n").probes[0].name, "probe 1");
+}
+
+TEST_F(ReadProbeRecords, CountsTheProbesThatHaveNoPosition) {
+  options.probes = {"x=1 m", "x=2 m"};
+  EXPECT_EQ(fault("time [s],a [mm]\n0,1\n1,2\n"),
+            "r.csv: --probe gives 2 positions, but there is 1 probe");
+  options.probes = {"x=1 m"};
+  EXPECT_EQ(fault(two("time [s],a [mm],b [mm]")),
+            "r.csv: --probe gives 1 position, but there are 2 probes");
+}
+
+TEST_F(ReadProbeRecords, TakesNoUnitsFromCommentsThatHaveNone) {
+  const std::string none =
+      "r.csv: column a has no units; write them in its head, as in \"probe 1 [mm]\", or give "
+      "--units mm";
+  for (const char* comment : {"elevation", "elevation of the surface", "elevation in",
+                              "elevation in front of the beach", "elevation in s"}) {
+    EXPECT_EQ(fault("# " + std::string(comment) + "\ntime [s],a\n0,1\n1,2\n"), none) << comment;
+  }
+  EXPECT_EQ(read("# elevation in front, in mm.\ntime [s],a\n0,1\n1,3\n").probes[0].mean, 0.002);
+}
+
+TEST_F(ReadProbeRecords, NamesNoUnitForWhatIsLikeNone) {
+  EXPECT_EQ(fault("time [s],a [xyzzyplugh]\n0,1\n1,2\n"),
+            "r.csv: column a [xyzzyplugh] has unknown units \"xyzzyplugh\"; `kelpbox formulas` "
+            "lists all units");
+}
+
+TEST_F(ReadProbeRecords, NamesProbesWhoseHeadIsNoPlainNumber) {
+  const auto name = [&](const std::string& head) {
+    return read("# position in m\ntime [s]," + head + " [mm]\n0,1\n1,2\n").probes[0].name;
+  };
+  EXPECT_EQ(name("9.30"), "x = 9.30 m");
+  EXPECT_EQ(name("9.3.1"), "9.3.1");
+  const std::string long_number(400, '9');
+  EXPECT_EQ(name(long_number), long_number);
+}
+
 TEST(ProbePlace, ReadsPositionsInAnyLengths) {
   const Cli::ProbePlace place = Cli::place_in("probe 3: X = 1 ft, y=-20cm");
   EXPECT_EQ(place.name, "probe 3");
   EXPECT_DOUBLE_EQ(*place.x, 0.3048);
   EXPECT_DOUBLE_EQ(*place.y, -0.2);
   EXPECT_FALSE(Cli::place_in("max=3").x);
+  EXPECT_FALSE(Cli::place_in("x 3").x);
+  EXPECT_FALSE(Cli::place_in("probe x").x);
   EXPECT_DOUBLE_EQ(*Cli::place_in("y=2 x=3").x, 3.0);
   EXPECT_EQ(Cli::place_in("WG_2 eta").name, "WG_2 eta");
 }

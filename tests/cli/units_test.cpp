@@ -70,6 +70,12 @@ TEST_F(Units, AsksForTheUnitsOfAPlainNumber) {
 TEST_F(Units, ExplainsTheMetreSecond) {
   EXPECT_EQ(convert("20 ms", "s"), 2);
   EXPECT_NE(err().find("ms is the metre-second, a millisecond is msec"), std::string::npos);
+  EXPECT_EQ(convert("2 yds", "m"), 2);
+  EXPECT_NE(err().find("yds is the yard-second, the yard is yd"), std::string::npos);
+  EXPECT_EQ(convert("2 m", "fts"), 2);
+  EXPECT_NE(err().find("fts is the foot-second, the foot is ft"), std::string::npos);
+  EXPECT_EQ(convert("2 ins", "m"), 2);
+  EXPECT_NE(err().find("ins is the inch-second, the inch is in"), std::string::npos);
 }
 
 TEST_F(Units, NamesTheNearestUnit) {
@@ -81,8 +87,34 @@ TEST_F(Units, NamesTheNearestUnit) {
     EXPECT_EQ(err(), "error: unknown units \"" + std::string(written) +
                          "\"\n  = a unit with a similar name is \"" + meant + "\"\n");
   }
+  EXPECT_EQ(convert("1 METRES", "ft"), 2);
+  EXPECT_NE(err().find("similar name is \"m\""), std::string::npos);
   EXPECT_EQ(convert("1 m", "meters"), 2);
   EXPECT_NE(err().find("similar name is \"m\""), std::string::npos);
+}
+
+TEST_F(Units, NamesNoUnitForWhatIsLikeNone) {
+  for (const char* written : {"xyzzyplugh", "^*"}) {
+    EXPECT_EQ(convert("1 m", written), 2);
+    EXPECT_EQ(err(), "error: unknown units \"" + std::string(written) +
+                         "\"\n  = `kelpbox formulas` lists all units\n");
+  }
+}
+
+TEST_F(Units, ReportsErrorsAsJson) {
+  console.json = true;
+  EXPECT_EQ(convert("3 ft/s", "Hz"), 2);
+  EXPECT_EQ(err(), "");
+  const auto error = nlohmann::json::parse(out())["error"];
+  EXPECT_EQ(error["code"], 2);
+  EXPECT_EQ(error["message"].get<std::string>().find(
+                "\"ft/s\" is a velocity, but \"Hz\" is a frequency (a velocity can be"),
+            0U);
+}
+
+TEST_F(Units, TakesAPlainNumber) {
+  EXPECT_EQ(convert("3"), 0);
+  EXPECT_EQ(out(), "3\n");
 }
 
 TEST_F(Units, RefusesWhatIsNoQuantity) {
@@ -96,6 +128,13 @@ TEST_F(Units, RefusesWhatIsNoQuantity) {
 TEST_F(Units, SaysWhereTheTableIsNotWhatTheNameSays) {
   EXPECT_EQ(convert("1 usgal", "L"), 0);
   EXPECT_NE(err().find("ten times the real ones"), std::string::npos);
+  convert("1 imppt", "L");
+  EXPECT_NE(err().find("ten times the real ones"), std::string::npos);
+  // Once, although several units are listed.
+  convert("1 usgal");
+  EXPECT_EQ(err().find("ten times"), err().rfind("ten times"));
+  convert("1 m", "pm");
+  EXPECT_NE(err().find("p is nano"), std::string::npos);
   convert("1 pm", "m");
   EXPECT_EQ(out(), "1e-09 m\n");
   EXPECT_NE(err().find("p is nano"), std::string::npos);
