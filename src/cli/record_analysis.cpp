@@ -192,8 +192,8 @@ void require_places_in_tank(const ProbeRecords& records, Kelpbox::Experiment& si
 RecordAnalysis analyse_records(ProbeRecords records, double angle, Kelpbox::Experiment& site) {
   constexpr std::size_t least_samples = 16;
   if (records.samples() < least_samples) {
-    throw fmt::format("{}: {} sample{} too few, at least {} are needed", records.file,
-                      records.samples(), records.samples() == 1 ? " is" : "s are", least_samples);
+    throw fmt::format("{}: {} samples are too few, at least {} are needed", records.file,
+                      records.samples(), least_samples);
   }
   require_places_in_tank(records, site);
   RecordAnalysis found;

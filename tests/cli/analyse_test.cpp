@@ -54,6 +54,22 @@ class Analyse : public testing::Test, public Testing::TextConsole {
   std::string printed;  // by the library, to the standard output of the process
 };
 
+// Of probes at these phases of the wave, by the wave number of the library: the exact one differs
+// by more than layouts allow that it cannot solve.
+std::string records_at_phases(const std::vector<double>& phases) {
+  SyntheticRecords records;
+  const double k = Maths::knum(2.0 * Base::Pi * records.frequency, records.depth, 9.81);
+  char position[40];
+  std::string head = "time [s]";
+  records.probes.clear();
+  for (const double phase : phases) {
+    records.probes.push_back(9.0 + phase / k);
+    std::snprintf(position, sizeof position, ",x=%.12f m [mm]", records.probes.back());
+    head += position;
+  }
+  return head + "\n" + records.rows();
+}
+
 // The records hold an amplitude of 40 mm, a reflection of 0.12, and free second harmonics of 3.0
 // and 0.9 mm (examples/java/Beach.java). Noise of 0.2 mm leaves 0.01 mm in an element.
 TEST_F(Analyse, FindsTheReflectionOfTheExample) {
@@ -143,18 +159,8 @@ TEST_F(Analyse, WarnsOfSpacingsNearHalfAWaveLength) {
 
 // Such a layout cannot be built, but it can be typed.
 TEST_F(Analyse, RefusesALayoutThatTheLibraryCannotSolve) {
-  SyntheticRecords records;
-  // The library's own wave number: the exact one differs by more than such a layout allows.
-  const double k = Maths::knum(2.0 * Base::Pi * records.frequency, records.depth, 9.81);
-  const double sixth = std::numbers::pi / k / 3.0;
-  char position[40];
-  std::string head = "time [s]";
-  for (int p = 0; p < 3; ++p) {
-    records.probes[p] = 9.0 + p * sixth;
-    std::snprintf(position, sizeof position, ",x=%.12f m [mm]", records.probes[p]);
-    head += position;
-  }
-  EXPECT_EQ(analyse(head + "\n" + records.rows()), 0);
+  constexpr double third = std::numbers::pi / 3.0;
+  EXPECT_EQ(analyse(records_at_phases({0.0, third, 2.0 * third})), 0);
   EXPECT_TRUE(notes("the library cannot solve this layout")) << err();
   EXPECT_EQ(out().find("reflection"), std::string::npos);
 }
@@ -214,6 +220,12 @@ TEST_F(Analyse, RefusesAProbeOutsideTheTank) {
   options.probes = {"x=5 m", "x=6 m", "x=700 m"};
   EXPECT_EQ(analyse(SyntheticRecords().file()), 2);
   EXPECT_TRUE(notes("c at x = 700 m, y = 0 m is outside the tank")) << err();
+  options.probes.back() = "x=-1 m";
+  EXPECT_EQ(analyse(SyntheticRecords().file()), 2);
+  EXPECT_TRUE(notes("c at x = -1 m, y = 0 m is outside the tank")) << err();
+  options.probes.back() = "x=7 m,y=50 m";
+  EXPECT_EQ(analyse(SyntheticRecords().file()), 2);
+  EXPECT_TRUE(notes("c at x = 7 m, y = 50 m is outside the tank")) << err();
   options.probes.back() = "x=7 m,y=-50 m";
   EXPECT_EQ(analyse(SyntheticRecords().file()), 2);
   EXPECT_TRUE(notes("c at x = 7 m, y = -50 m is outside the tank")) << err();
@@ -222,6 +234,32 @@ TEST_F(Analyse, RefusesAProbeOutsideTheTank) {
 TEST_F(Analyse, SaysHowManySamplesAreNeeded) {
   EXPECT_EQ(analyse("time [s],a [mm]\n0,1\n0.1,2\n0.2,3\n0.3,1\n"), 2);
   EXPECT_TRUE(notes("r.csv: 4 samples are too few, at least 16 are needed")) << err();
+  options.rate = "1 Hz";
+  EXPECT_EQ(analyse("a [mm]\n0\n1\n"), 2);
+}
+
+TEST_F(Analyse, NeedsAnAngleWithUnits) {
+  options.angle = "30";
+  EXPECT_EQ(analyse(SyntheticRecords().file()), 2);
+  EXPECT_EQ(err(), "error: --angle \"30\": needs units, such as \"30 deg\"\n");
+}
+
+TEST_F(Analyse, FailsIfItFindsNothing) {
+  SyntheticRecords records;
+  records.probes = {9.0};
+  records.duration = 3.0;
+  EXPECT_EQ(analyse(records.file()), 2);
+  EXPECT_TRUE(notes("no waves by zero crossings: each probe needs at least six waves")) << err();
+  records = {.duration = 10.0};
+  EXPECT_EQ(analyse(records.file()), 0);
+}
+
+// Between probes lie whole multiples of half a wave length of the bound harmonic, so that both of
+// its directions look the same.
+TEST_F(Analyse, SaysThatALayoutDoesNotTellHarmonicsApart) {
+  constexpr double quarter = std::numbers::pi / 2.0;
+  EXPECT_EQ(analyse(records_at_phases({0.0, quarter, 2.0 * quarter, 4.0 * quarter})), 0);
+  EXPECT_TRUE(notes("no harmonics: the layout does not tell them apart")) << err();
 }
 
 TEST_F(Analyse, TabulatesSeveralFiles) {
@@ -239,6 +277,17 @@ TEST_F(Analyse, GoesOnAfterABadFile) {
   EXPECT_EQ(analyse(std::vector<std::string>{dir.file("missing.csv"), good}), 2);
   EXPECT_TRUE(notes("error: " + dir.file("missing.csv") + " does not exist\n"));
   EXPECT_NE(out().find("0.300\n"), std::string::npos);
+}
+
+TEST_F(Analyse, HasOneDocumentForABadFile) {
+  const std::string good = dir.write("good.csv", SyntheticRecords().file());
+  console.json = true;
+  EXPECT_EQ(analyse(std::vector<std::string>{good, dir.file("missing.csv")}), 2);
+  EXPECT_EQ(nlohmann::json::parse(out())["error"]["message"],
+            dir.file("missing.csv") + " does not exist");
+  console.json = false;
+  EXPECT_EQ(analyse(std::vector<std::string>{dir.file("a.csv"), dir.file("b.csv")}), 2);
+  EXPECT_EQ(out(), "");
 }
 
 TEST_F(Analyse, ReportsABadSiteWithItsPlace) {
