@@ -92,10 +92,11 @@ TEST(JudgementTable, CountsCharactersInsteadOfBytes) {
 
 TEST(JudgementTable, KeepsControlCharactersFromTheTerminal) {
   Judgement judgement = storm();
-  judgement.findings[0].quantity = "H\033[2Js";
+  judgement.findings[0].quantity = "H\033[2Js\x7F";
   judgement.findings[0].remark = "a\nb";
   const std::string table = Cli::findings_table(judgement);
   EXPECT_EQ(table.find('\033'), std::string::npos);
+  EXPECT_EQ(table.find('\x7F'), std::string::npos);
   EXPECT_NE(table.find("a b"), std::string::npos);
 }
 
@@ -110,6 +111,14 @@ TEST(JudgementTable, ColoursOnlyTheVerdicts) {
     }
   }
   EXPECT_EQ(coloured, plain);
+}
+
+TEST(JudgementTable, TakesWavesInOtherDirectionsForNoLoss) {
+  Finding lost = finding("refracted", "", "", "", "", Verdict::look, "");
+  lost.group = "lost";
+  EXPECT_EQ(Cli::verdict_word(lost), "LOST");
+  lost.key = "redirected";
+  EXPECT_EQ(Cli::verdict_word(lost), "LOOK");
 }
 
 TEST(JudgementTable, SumsUp) {

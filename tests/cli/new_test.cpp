@@ -72,6 +72,22 @@ TEST_F(New, KeepsASiteThatIsThere) {
   EXPECT_NE(out().find("flume.site is there already and stays as it is"), std::string::npos);
 }
 
+TEST_F(New, ListsJobsAndSitesAsJson) {
+  console.json = true;
+  EXPECT_EQ(Cli::make_new({}, console), 0);
+  const auto list = nlohmann::json::parse(out());
+  EXPECT_EQ(list["jobs"].size(), Cli::job_templates().size());
+  EXPECT_EQ(list["sites"].size(), Cli::site_templates().size());
+  EXPECT_EQ(list["sites"][0]["title"], Cli::site_templates()[0].title);
+}
+
+TEST_F(New, WritesNothingButTheFileIfItIsQuiet) {
+  console.quiet = true;
+  EXPECT_EQ(make("regular"), 0);
+  EXPECT_EQ(out(), "");
+  EXPECT_TRUE(fs::exists(dir.file("regular.toml")));
+}
+
 TEST_F(New, ReplacesNothingWithoutForce) {
   dir.write("regular.toml", "my own");
   EXPECT_EQ(make("regular"), 3);
