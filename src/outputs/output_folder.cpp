@@ -165,6 +165,7 @@ void OutputFolder::commit() {
 void OutputFolder::discard() noexcept {
   if (done_) return;
   done_ = true;
+  spare_.reset();
   std::error_code ignored;
   if (!hidden_.empty()) fs::remove_all(hidden_, ignored);
   if (lock_ != -1) close(lock_);

@@ -6,8 +6,10 @@
 #ifndef KELPBOX_OUTPUTS_OUTPUT_FOLDER_H_
 #define KELPBOX_OUTPUTS_OUTPUT_FOLDER_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,6 +64,8 @@ class OutputFolder {
   std::vector<std::string> made_;            // folders above the target, outermost first
   int lock_ = -1;                            // held on the hidden folder
   std::map<std::string, FileRecord> files_;  // without a checksum until it is asked for
+  // Freed before files are removed, because that takes memory as well.
+  std::unique_ptr<char[]> spare_ = std::make_unique<char[]>(std::size_t{1} << 17);
   bool done_ = false;
 };
 
