@@ -94,6 +94,21 @@ TEST(CommandLine, TakesNegativeNumbersAsArguments) {
   EXPECT_EQ(run_program({"units", "--", "-.5 m", "mm"}).code, 0);
 }
 
+TEST(CommandLine, RefusesWordsThatNameNoCommand) {
+  EXPECT_EQ(run_program({"-"}).err, "error: unknown command `-` (kelpbox help)\n");
+  EXPECT_EQ(run_program({""}).err, "error: unknown command `` (kelpbox help)\n");
+  EXPECT_EQ(run_program({"--json=3"}).code, 2);
+}
+
+TEST(CommandLine, RunsTheCommandsThatReadNoJob) {
+  EXPECT_NE(run_program({"formulas"}).out.find("\nFunctions\n"), std::string::npos);
+  EXPECT_NE(run_program({"seas"}).out.find("jonswap"), std::string::npos);
+  const Ran ran = run_program({"analyse", TEST_ROOT "/../examples/flume.site",
+                               TEST_ROOT "/../examples/records/reflecting_beach.csv"});
+  EXPECT_EQ(ran.code, 0);
+  EXPECT_NE(ran.out.find("reflection coefficient                   0.120"), std::string::npos);
+}
+
 TEST(CommandLine, NamesTheNearestCommand) {
   expect_refused({"rum"}, "unknown command `rum`: did you mean `run`? (kelpbox help)");
   expect_refused({"help", "sites"}, "unknown command `sites`: did you mean `site`? (kelpbox help)");
