@@ -124,6 +124,30 @@ TEST_F(Interrupt, EndsTheProcessesOfAllWorkers) {
   EXPECT_EQ(entries(), 5U);
 }
 
+TEST_F(Interrupt, OfACheckSaysNoMore) {
+  RunningProgram program({"check", "slow.toml"}, setting_);
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  program.send(SIGINT);
+  const Ran ran = program.wait();
+  EXPECT_EQ(ran.code, 130);
+  EXPECT_EQ(ran.err, "interrupted\n");
+}
+
+TEST_F(Interrupt, ShowsEveryFinishedJob) {
+  folder_.write("second.toml", Testing::quick_job());
+  RunningProgram program({"run", "slow.toml", "quick.toml", "second.toml", "-j", "2"}, setting_);
+  ASSERT_TRUE(wait_for("quick.out"));
+  ASSERT_TRUE(wait_for("second.out"));
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  program.send(SIGINT);
+  const Ran ran = program.wait();
+  EXPECT_EQ(ran.code, 130);
+  EXPECT_NE(ran.out.find("Written: quick.out\n"), std::string::npos);
+  EXPECT_NE(ran.out.find("Written: second.out\n"), std::string::npos);
+  EXPECT_EQ(ran.err,
+            "interrupted, nothing was written for slow.toml; complete: quick.out, second.out\n");
+}
+
 // Whatever ends the program, its workers do not outlive it.
 TEST_F(Interrupt, EndsTheWorkersOfAKilledProgram) {
   RunningProgram program({"check", "slow.toml"}, setting_);
