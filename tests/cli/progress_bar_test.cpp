@@ -68,6 +68,12 @@ TEST_F(ProgressBarOfARun, AppearsOnATerminalAndIsErased) {
   EXPECT_NE(ran.out.find("\r\033[Kinterrupted"), std::string::npos) << ran.out;
 }
 
+TEST_F(ProgressBarOfARun, DoesNotAppearIfTheRunIsQuiet) {
+  const Testing::Ran ran =
+      Testing::run_on_terminal({"run", "slow.toml", "--quiet"}, setting_, std::chrono::seconds(4));
+  EXPECT_EQ(ran.out.find("slow.toml, "), std::string::npos) << ran.out;
+}
+
 TEST_F(ProgressBarOfARun, DoesNotAppearForQuickWork) {
   const Testing::Ran ran = Testing::run_on_terminal({"run", "quick.toml"}, setting_);
   EXPECT_EQ(ran.code, 0);
