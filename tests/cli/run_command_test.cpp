@@ -1,6 +1,7 @@
 // `kelpbox run` and `kelpbox check`: jobs, folders, exit codes.
 #include <unistd.h>
 
+#include <nlohmann/json.hpp>
 #include <set>
 
 #include "cli/program_run.h"
@@ -166,6 +167,40 @@ TEST_F(RunCommand, ShowsTheSameWithAnyNumberOfWorkers) {
     EXPECT_EQ(ran.err, alone.err) << workers;
   }
   EXPECT_TRUE(has(alone.out, "Written: job11.out"));
+}
+
+TEST_F(RunCommand, NamesStandardInputInItsMessages) {
+  setting_.input = "site = 5\n";
+  const Ran ran = Testing::run_program({"check", "-"}, setting_);
+  EXPECT_EQ(ran.code, 2);
+  EXPECT_NE(ran.err.find("\nstandard input: "), std::string::npos) << ran.err;
+}
+
+TEST_F(RunCommand, SaysThatItCannotStartAProcess) {
+  folder_.write("small.toml", Testing::quick_job());
+  // The streams and one more file: the program can be loaded, but make no pipe.
+  const std::string script = "exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; ulimit -n 4; exec '" +
+                             Testing::program_path() + "' check small.toml";
+  const Ran ran = Testing::run_command({"sh", "-c", script}, setting_);
+  EXPECT_EQ(ran.code, 2);
+  EXPECT_EQ(ran.err, "error: small.toml: no pipe: Too many open files\n");
+}
+
+TEST_F(RunCommand, GivesNoPageWhereAJobAsksForNone) {
+  folder_.write("small.toml", Testing::quick_job() + "[outputs]\nreport = false\n");
+  const Ran shown = Testing::run_program({"run", "small.toml"}, setting_);
+  EXPECT_EQ(shown.out.find("Page: "), std::string::npos);
+  const Ran ran = Testing::run_program({"run", "small.toml", "--json"}, setting_);
+  const auto job = nlohmann::json::parse(ran.out).at("jobs").at(0);
+  EXPECT_EQ(job.at("folder"), "small.out");
+  EXPECT_FALSE(job.contains("page"));
+}
+
+TEST_F(RunCommand, NamesTheMachinesOfAllBanks) {
+  setting_.input = Testing::quick_job();
+  setting_.input.replace(setting_.input.find("flume"), 5, "l_basin");
+  const Ran ran = run_program({"check", "-"}, setting_);
+  EXPECT_TRUE(has(ran.out, "24 pistons and 16 pistons")) << ran.out << ran.err;
 }
 
 TEST_F(RunCommand, ChecksWithoutWriting) {

@@ -57,6 +57,16 @@ TEST_F(Streams, UseNoColourForABadCommandLineThatRefusesIt) {
   EXPECT_FALSE(has_colour(run_on_terminal({"xyzzy", "--no-color"}, setting_)));
 }
 
+TEST_F(Streams, MayLackTheStandardInput) {
+  const std::string program = "'" + Testing::program_path() + "' ";
+  const Ran ran = Testing::run_command({"sh", "-c", program + "units '1 m' mm <&-"}, setting_);
+  EXPECT_EQ(ran.out, "1000 mm\n");
+  EXPECT_EQ(ran.code, 0);
+  const Ran none = Testing::run_command({"sh", "-c", program + "check - <&-"}, setting_);
+  EXPECT_EQ(none.code, 2);
+  EXPECT_NE(none.err.find("standard input"), std::string::npos);
+}
+
 TEST_F(Streams, HaveErrorsOnStandardErrorAlone) {
   const Ran ran = run_program({"check", "bad.toml"}, setting_);
   EXPECT_EQ(ran.code, 2);
