@@ -57,5 +57,11 @@ TEST(ChecksumDeathTest, ReportsThatMemoryRunsOut) {
   EXPECT_EXIT(without_memory(), testing::ExitedWithCode(0), "");
 }
 
+TEST(Checksum, OfAFileThatCannotBeReadIsReported) {
+  // No address 0 is mapped.
+  EXPECT_EQ(Testing::refused([] { sha256_of_file("/proc/self/mem", "x"); }),
+            "x: Input/output error");
+}
+
 }  // namespace
 }  // namespace Outputs
