@@ -96,6 +96,11 @@ TEST_F(BrokenResults, AreReportedForASummaryThatClosesMoreThanItOpens) {
   EXPECT_EQ(Testing::no_page(dir.path()), "x.out/summary.json: is broken at byte 1");
 }
 
+TEST_F(BrokenResults, AreReportedForASwitchThatIsANumber) {
+  summary["run"]["side_walls"] = 3;
+  EXPECT_NE(why().find("is not a truth value"), std::string::npos);
+}
+
 TEST_F(BrokenResults, AreReportedForARunWithoutARepeatTime) {
   summary["run"]["repeat"] = 0.0;
   EXPECT_EQ(why().find("x.out/summary.json: is not a summary of `kelpbox run`"), 0U);
