@@ -264,6 +264,8 @@ TEST(ReadToml, DeeperNestingIsRefusedWhereItBegins) {
   EXPECT_EQ(fault_of("x = 1\n" + repeated("a . \"b\". ", 51) + "b = 1").span.line, 2U);
   EXPECT_EQ(fault_of("[" + repeated("a.", 100) + "b]").fault, message);
   EXPECT_EQ(fault_of("a = " + repeated("{ b.c = ", 51) + "1" + repeated("}", 51)).fault, message);
+  // A fourth quotation mark is the last character of the string.
+  EXPECT_EQ(fault_of("a = \"\"\"x\"\"\"\"\nb = " + std::string(101, '[')).fault, message);
   // These exhaust the stack of a parser without a bound.
   EXPECT_EQ(fault_of("a = " + std::string(8 << 20, '[')).fault, message);
   EXPECT_EQ(fault_of(repeated("a.", 4 << 20) + "b = 1").fault, message);
