@@ -110,6 +110,19 @@ TEST(JudgeSea, MeanPeriodsAreThoseOfTheMoments) {
   EXPECT_TRUE(job.good("tp"));
 }
 
+TEST(JudgeSea, APeakThatIsNotMadeIsExplained) {
+  // The flume makes harmonics 6 to 128 of 1/64 Hz. This peak lies at 2.5 Hz.
+  const JudgedJob outside(
+      flume_job("[[sea]]\n" + bretschneider("60 mm", "0.4 s") + random_phases(3)));
+  EXPECT_TRUE(outside.look("tp"));
+  EXPECT_EQ(outside.at("tp").remark, "the peak lies outside the band, 0.0859 Hz to 2.01 Hz");
+  // This peak lies at 1.25 Hz, above half the rate of the drive.
+  const JudgedJob lost(flume_job("[[sea]]\n" + bretschneider("60 mm", "0.8 s") + random_phases(3) +
+                                 "[drive]\nrate = \"2 Hz\"\n"));
+  EXPECT_TRUE(lost.look("tp"));
+  EXPECT_EQ(lost.at("tp").remark, "the waves at the peak are lost; see the losses");
+}
+
 TEST(JudgeSea, AGainBelongsToWhatIsAsked) {
   const JudgedJob job(flume_job("[[sea]]\n" + bretschneider("60 mm", "1.6 s") + random_phases(3) +
                                 "[[sea.change]]\nkind = \"gain\"\nfactor = 0.5\n"));
