@@ -62,6 +62,11 @@ TEST(SignalStats, MeasureTheStepAtTheEnd) {
   EXPECT_DOUBLE_EQ(stats.end_step, 3);
   EXPECT_DOUBLE_EQ(stats.largest_step, 1);
   EXPECT_EQ(stats.end_step_signal, 0u);
+  stats.add({1, 2, 3}, 1);
+  EXPECT_EQ(stats.end_step_signal, 0u);
+  stats.add({1, 3, 5}, 1);
+  EXPECT_DOUBLE_EQ(stats.end_step, 4);
+  EXPECT_EQ(stats.end_step_signal, 2u);
 }
 
 TEST(SignalStats, AcceptSignalsOfAnyLength) {
