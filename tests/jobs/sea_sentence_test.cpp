@@ -52,13 +52,19 @@ TEST(SeaSentence, NamesTheLibrarysOwnKindsAsTheyAre) {
 }
 
 TEST(SeaSentence, CutsLongListsAndSaysHowManyFollow) {
-  std::string waves;
-  for (int i = 1; i <= 6; ++i) {
-    waves += wave("kind = \"single\"\nf = \"0." + std::to_string(i) + " Hz\"\na = \"1 mm\"\n");
-  }
-  EXPECT_EQ(sentence(waves),
-            "single, f 0.1 Hz, a 1 mm; single, f 0.2 Hz, a 1 mm; single, f 0.3 Hz, a 1 mm; "
-            "single, f 0.4 Hz, a 1 mm; and 2 more waves");
+  const auto waves = [](int count) {
+    std::string text;
+    for (int i = 1; i <= count; ++i) {
+      text += wave("kind = \"single\"\nf = \"0." + std::to_string(i) + " Hz\"\na = \"1 mm\"\n");
+    }
+    return text;
+  };
+  const std::string four =
+      "single, f 0.1 Hz, a 1 mm; single, f 0.2 Hz, a 1 mm; single, f 0.3 Hz, a 1 mm; "
+      "single, f 0.4 Hz, a 1 mm";
+  EXPECT_EQ(sentence(waves(4)), four);
+  EXPECT_EQ(sentence(waves(5)), four + "; and 1 more wave");
+  EXPECT_EQ(sentence(waves(6)), four + "; and 2 more waves");
   std::string values;
   for (char name = 'a'; name <= 'j'; ++name) values += std::string(1, name) + " = 1\n";
   EXPECT_EQ(sentence(wave("kind = \"spectrum\"\n" + values)),
