@@ -63,6 +63,14 @@ TEST(DensityMoments, OfAConstantDensityBetweenJumps) {
   EXPECT_NEAR(m.second, 2 * (std::pow(1.5, 3) - std::pow(0.5, 3)) / 3, 1e-6);
 }
 
+TEST(DensityMoments, OfAnEndAtAnEnormousFrequency) {
+  // The square of 1e160 Hz is infinite.
+  const auto band = [](double f) { return f > 0.5 && f < 1.5 ? 2.0 : 0.0; };
+  const Moments m = density_moments(band, 0, infinity, {0.5, 1.5, 1e160}, {});
+  EXPECT_NEAR(m.m0, 2, 1e-6);
+  EXPECT_NEAR(m.second, 2 * (std::pow(1.5, 3) - std::pow(0.5, 3)) / 3, 1e-6);
+}
+
 TEST(DensityMoments, FindAVeryNarrowPeak) {
   const double sigma = 0.002;
   const auto swell = [&](double f) { return std::exp(-std::pow((f - 0.5) / sigma, 2) / 2); };
