@@ -66,6 +66,44 @@ TEST(ReadyValues, EverySeaOfTheListIsFoundByItsNameAndWorks) {
   EXPECT_EQ(Jobs::find_ready_sea(""), nullptr);
 }
 
+TEST(ReadyValues, SeasAndChangesCiteTheirPublications) {
+  const auto cites = [](const std::string& name, const std::string& publication) {
+    const ReadySea* sea = Jobs::find_ready_sea(name);
+    const std::string source = sea ? sea->source : Jobs::find_ready_change(name)->source;
+    EXPECT_NE(source.find(publication), std::string::npos) << name << ": " << source;
+  };
+  cites(
+      "pierson_moskowitz",
+      "Pierson and Moskowitz 1964, \"A proposed spectral form for fully developed wind seas based "
+      "on the similarity theory of S. A. Kitaigorodskii\"");
+  cites(
+      "bretschneider",
+      "Bretschneider 1959, \"Wave variability and wave spectra for wind-generated gravity waves\"");
+  cites("ittc", "International Towing Tank Conference 1978");
+  cites("ochi_hubble", "Ochi and Hubble 1976, \"Six-parameter wave spectra\"");
+  cites("jonswap",
+        "Hasselmann et al. 1973, \"Measurements of wind-wave growth and swell decay during the "
+        "Joint North Sea Wave Project (JONSWAP)\"");
+  cites("tma",
+        "Bouws, Guenther, Rosenthal and Vincent 1985, \"Similarity of the wind wave spectrum in "
+        "finite depth water: 1. Spectral form\"");
+  cites("tma", "Kitaigorodskii, Krasitskii and Zaslavskii 1975");
+  cites("tma", "Guo 2002, \"Simple and explicit solution of wave dispersion equation\"");
+  cites("focused",
+        "Tromans, Anaturk and Hagemeijer 1991, \"A new model for the kinematics of large ocean "
+        "waves - application as a design wave\"");
+  cites("cos2s",
+        "Longuet-Higgins, Cartwright and Smith 1963, \"Observations of the directional spectrum of "
+        "sea waves using the motions of a floating buoy\"");
+  cites("cosn",
+        "Pierson, Neumann and James 1955, \"Practical methods for observing and forecasting ocean "
+        "waves\"");
+  cites("goda",
+        "Goda and Suzuki 1975, \"Computation of refraction and diffraction of sea waves with "
+        "Mitsuyasu's directional spectrum\"");
+  cites("random_phases", "Rice 1944, \"Mathematical analysis of random noise\"");
+}
+
 // What the library declares for a text is what the sea says that its parameters are.
 TEST(ReadyValues, ParametersAreThoseOfTheFormula) {
   for (const ReadySea& sea : Jobs::ready_seas()) {
