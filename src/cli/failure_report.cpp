@@ -48,7 +48,8 @@ std::string shown(const Failure& failure, bool colour) {
   const std::size_t faults = std::min(failure.faults.size(), most_shown);
   for (std::size_t i = 0; i < faults; ++i) text += show(failure.faults[i], how);
   if (faults < failure.faults.size()) {
-    text += "and " + std::to_string(failure.faults.size() - faults) + " more errors\n";
+    const std::size_t rest = failure.faults.size() - faults;
+    text += "and " + std::to_string(rest) + (rest == 1 ? " more error\n" : " more errors\n");
   }
   return text + failure.message + "\n";
 }

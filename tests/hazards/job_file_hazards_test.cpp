@@ -23,6 +23,12 @@ Hazard job_file(const std::string& name, const std::function<std::string()>& tex
 const std::string known_keys =
     "known keys: title, site, tune, run, sea, drive, point, field, outputs, set";
 
+std::string with_unknown_keys(int count) {
+  std::string keys;
+  for (int i = 0; i < count; ++i) keys += "k" + std::to_string(i) + " = 1\n";
+  return keys + flume_job();
+}
+
 // The first hundred of many unknown keys.
 std::string unknown_keys(int count) {
   std::string text = "2: ";
@@ -35,7 +41,8 @@ std::string unknown_keys(int count) {
             std::string(key.size(), '^') + " " + known_keys + "\n";
   }
   return text + "and " + std::to_string(count - 100) +
-         " more errors\njob.toml: " + std::to_string(count) + " errors, nothing was built\n";
+         (count == 101 ? " more error" : " more errors") + "\njob.toml: " + std::to_string(count) +
+         " errors, nothing was built\n";
 }
 
 const Rows files = {
@@ -72,13 +79,9 @@ const Rows files = {
         "1,1,1,1,1,1,1...\n  |                                  ^ at most 100000; measured records "
         "belong in a CSV file\njob.toml: 1 error, nothing was built\n"),
     job_file(
-        "FiftyThousandUnknownKeys",
-        [] {
-          std::string keys;
-          for (int i = 0; i < 50'000; ++i) keys += "k" + std::to_string(i) + " = 1\n";
-          return keys + flume_job();
-        },
-        unknown_keys(50'000)),
+        "FiftyThousandUnknownKeys", [] { return with_unknown_keys(50'000); }, unknown_keys(50'000)),
+    job_file(
+        "AHundredAndOneUnknownKeys", [] { return with_unknown_keys(101); }, unknown_keys(101)),
     job_file(
         "ZeroBytes", [] { return std::string(million, '\0'); },
         "2: error: job.toml: not a text file\njob.toml: 1 error, nothing was built\n"),
