@@ -5,6 +5,7 @@
 #include "jobs/bind_parameters.h"
 #include "jobs/fallbacks.h"
 #include "jobs/ready_sea.h"
+#include "jobs/request_limits.h"
 #include "jobs/wave_steps.h"
 #include "sea/single.h"
 
@@ -21,7 +22,9 @@ void add_single(Preparation& p, const WavePlace& wave) {
   Synthesis::Single().query(declared.params);
   declared.fallbacks = fallbacks_of("single");
   auto params = bind_parameters(wave.part, declared, p.faults);
-  if (params) add_single_wave(p, wave, *params);
+  if (!params) return;
+  const double frequency = params->read("f", Base::Category::frequency);
+  if (require_above_0(p, wave.part, "f", frequency)) add_single_wave(p, wave, *params);
 }
 
 const WaveKind kinds[] = {

@@ -6,9 +6,10 @@
 
 namespace Jobs {
 
-void require_above_0(Preparation& p, const Part& part, const char* name, double value) {
-  if (value > 0.0) return;
+bool require_above_0(Preparation& p, const Part& part, const char* name, double value) {
+  if (value > 0.0) return true;
   p.faults.push_back({fmt::format("`{}` must be above 0", name), span_of(part, name), ""});
+  return false;
 }
 
 bool require_samples(Preparation& p, double rate, const Span& place) {

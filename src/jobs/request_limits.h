@@ -8,7 +8,8 @@
 
 namespace Jobs {
 
-void require_above_0(Preparation& p, const Part& part, const char* name, double value);
+// Adds a fault unless the value is above 0.
+bool require_above_0(Preparation& p, const Part& part, const char* name, double value);
 
 // Adds a fault unless the rate in Hz is above 0 and gives 1 to 2^27 samples in the repeat time as
 // fitted. Without a repeat time only the sign is judged.
