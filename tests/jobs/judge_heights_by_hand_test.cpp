@@ -134,6 +134,8 @@ TEST(JudgeLost, RandomAmplitudesSayNothingAboutTheBandOfARecord) {
     sea.judged.random_amplitudes = random;
     const std::vector<Jobs::Loss> losses = losses_of(sea.judged);
     ASSERT_EQ(losses.size(), random ? 0u : 1u);
-    if (!random) EXPECT_NEAR(losses[0].share, 0.25, 1e-12);
+    if (!random) {
+      EXPECT_NEAR(losses[0].share, 0.25, 1e-12);
+    }
   }
 }
