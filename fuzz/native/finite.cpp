@@ -2,6 +2,8 @@
 // its reason.
 #include <cmath>
 #include <initializer_list>
+#include <limits>
+#include <set>
 #include <string>
 
 #include "fuzz/native/session.h"
@@ -18,21 +20,21 @@ bool all_finite(const std::vector<double>& values) {
   return true;
 }
 
-// Finite, and so small that sums and squares are finite too.
-bool all_sane(const std::vector<Synthesis::Front>& fronts) {
+constexpr double finite = std::numeric_limits<double>::max();
+// So small that sums and squares are finite too.
+constexpr double sane = 1e100;
+
+bool all_within(const std::vector<Synthesis::Front>& fronts, double most) {
   for (const Synthesis::Front& front : fronts) {
     for (const double value : {front.amp, front.angle, front.phase, front.freq}) {
-      if (!(std::abs(value) < 1e100)) return false;
+      if (!(std::abs(value) <= most)) return false;
     }
   }
   return true;
 }
 
-// The depth is the same everywhere, so that no wave is turned back on its way. Such a wave has no
-// phase: it is NaN as described, and so are the signals.
-bool is_flat(Session& session, jlong experiment) {
-  return session.sites()[experiment].file.ends_with("flume.site");
-}
+// No site of native/sites has deeper water than at its paddles, so that no wave is turned back on
+// its way. Such a wave would be NaN as described in docs/wave-at-a-point.md.
 
 const std::vector<Synthesis::Front>& fronts_of(Session& session, jlong experiment, std::uint32_t id,
                                                bool merged) {
@@ -42,27 +44,43 @@ const std::vector<Synthesis::Front>& fronts_of(Session& session, jlong experimen
 
 // The fronts that the next results are made of. Fronts of an earlier build may have no place in the
 // grid of a new `set`, which is refused.
-bool merged_are_sane(Session& session, jlong experiment, std::uint32_t id) {
+bool merged_are_within(Session& session, jlong experiment, std::uint32_t id, double most) {
   try {
-    return all_sane(fronts_of(session, experiment, id, true));
+    return all_within(fronts_of(session, experiment, id, true), most);
   } catch (const std::string&) {
     return false;
   }
 }
 
-void check_run(Session& session, jlong experiment, std::uint32_t id) {
-  const bool sane = all_sane(fronts_of(session, experiment, id, false));
-  // Formulas may give NaN, and pass it on. So may samples and values that are not finite.
-  if (session.tame_numbers && session.tame_formulas && session.untouched && !sane) {
-    fail("a front of a run that is not finite");
+// The places and moments of the specifications.
+bool places_are_sane(Facade& facade, std::uint32_t id) {
+  for (std::uint32_t index = 0;; ++index) {
+    try {
+      const Maths::Position& place = facade.position(id, index);
+      for (const double value : {place.x, place.y, place.t}) {
+        if (!(std::abs(value) <= sane)) return false;
+      }
+    } catch (const std::string&) {
+      return true;  // after the last one
+    }
   }
-  if (sane && is_flat(session, experiment) && !merged_are_sane(session, experiment, id)) {
+}
+
+void check_run(Session& session, jlong experiment, std::uint32_t id) {
+  const std::vector<Synthesis::Front>& fronts = fronts_of(session, experiment, id, false);
+  // Formulas may give NaN, and pass it on. So may samples and values that are not finite.
+  const bool tame = session.sites()[experiment].items.are_tame(id);
+  if (tame && !all_within(fronts, finite)) fail("a front of a run that is not finite");
+  const bool are_sane = all_within(fronts, sane) && places_are_sane(facade_at(experiment), id);
+  if ((tame || are_sane) && !merged_are_within(session, experiment, id, finite)) {
     fail("a merged front that is not finite");
   }
 }
 
 void check_signals(Session& session, jlong experiment, std::uint32_t id) {
-  if (!merged_are_sane(session, experiment, id)) return;
+  std::set<std::uint32_t>& finite_signals = session.sites()[experiment].finite_signals;
+  finite_signals.erase(id);
+  if (!merged_are_within(session, experiment, id, sane)) return;
   Facade& facade = facade_at(experiment);
   for (std::uint32_t bank = 0; bank < facade.paddle_banks(); ++bank) {
     for (std::uint32_t paddle = 0; paddle < facade.paddle_bank_size(bank); ++paddle) {
@@ -71,10 +89,11 @@ void check_signals(Session& session, jlong experiment, std::uint32_t id) {
       }
     }
   }
+  finite_signals.insert(id);
 }
 
 void check_point(Session& session, jlong experiment, std::uint32_t id) {
-  if (!is_flat(session, experiment) || !merged_are_sane(session, experiment, id)) return;
+  if (!merged_are_within(session, experiment, id, sane)) return;
   for (int which = 0; which < 4; ++which) {
     // A rate so low that it gives no sample is written back as 0. The record is then empty, and the
     // variance of its mean is 0 / 0.
@@ -124,15 +143,17 @@ void check_finite(Session& session, const Row& row, const std::vector<Given>& gi
   } else if (name == "Kelpbox_Experiment_twod_build" || name == "buildPoint") {
     check_point(session, experiment(), id());
   } else if (name == "Kelpbox_Experiment_twod_stats" || name == "pointStatistics") {
-    if (is_flat(session, experiment()) && merged_are_sane(session, experiment(), id())) {
+    if (session.tame_given && merged_are_within(session, experiment(), id(), sane)) {
       check_values(given[2].integer, statistics);
     }
   } else if (name == "Kelpbox_Experiment_paddle_motion_stats" || name == "motionStatistics") {
-    if (session.tame_numbers && session.tame_formulas && session.untouched) {
+    if (session.sites()[experiment()].finite_signals.count(id()) != 0) {
       check_values(given[3].integer, {"clip_power_ratio", "clip_peak_ratio"});
     }
   } else if (name == "Kelpbox_Analysis_get_results" || name == "evaluate") {
-    if (session.tame_numbers && session.untouched) check_values(given.back().integer, trains);
+    if (session.tame_given && !session.sites()[experiment()].wild_records) {
+      check_values(given.back().integer, trains);
+    }
   }
 }
 

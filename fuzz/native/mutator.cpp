@@ -17,6 +17,8 @@ const std::string& any_of(const std::vector<std::string>& list, Draws& draws) {
 
 std::string random_number(Draws& draws) {
   if (one_in(10, draws)) return any_of(odd_numbers(), draws);
+  // Seldom, since a sequence with one of them promises less.
+  if (one_in(100, draws)) return any_of(wild_numbers(), draws);
   if (one_in(8, draws)) return std::to_string(static_cast<double>(draws() % 20001) / 1000 - 10);
   return any_of(sane_numbers(), draws);
 }

@@ -1,10 +1,8 @@
 #include "fuzz/native/session.h"
 
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
-#include <set>
 #include <stdexcept>
 
 #include "base/utf8.h"
@@ -15,49 +13,6 @@ namespace Fuzz {
 namespace {
 
 constexpr const char* domain = "tidelab/waves/component/WaveSynthesisException";
-
-// Formulas without NaN, whatever the frequency, time or angle.
-const std::set<std::string>& tame_formulas() {
-  static const std::set<std::string> texts = {
-      "",
-      "0.1@Hz#0.001@m2s#2@Hz",
-      "0.2@Hz#0.01*$[Hz]@ms#1@Hz",
-      "0@s#0.02*sin(3*$[s])@m#8@s",
-      "0@s#0.02@m#4@s#0.01@m#8@s",
-      "2",
-      "1#0.8@Hz#2",
-      "cos($[rad])^2",
-      "30@deg",
-      "0.2*$[Hz]@rad",
-      "GainAdjust",
-      "AngleSweep",
-      "AngleSpread",
-      "AngleChange",
-      "PhaseRandom",
-      "PhaseWNoise",
-      "PhaseChange",
-      "sea",
-      "wave",
-      "run",
-  };
-  return texts;
-}
-
-bool is_tame(double number) {
-  const double magnitude = std::abs(number);
-  return number == 0.0 || (magnitude >= 1e-12 && magnitude <= 1e12);
-}
-
-// Functions whose texts are formulas.
-bool takes_formulas(const std::string& name) {
-  static const std::set<std::string> names = {"Kelpbox_Experiment_add_spectrum",
-                                              "Kelpbox_Experiment_add_timeexp",
-                                              "Kelpbox_Experiment_add_modifier",
-                                              "addSpectrum",
-                                              "addTimeExpression",
-                                              "addModifier"};
-  return names.count(name) != 0;
-}
 
 // What a call ends: the results of a definition that it makes anew.
 std::optional<Lent> ended_by(const std::string& name) {
@@ -86,10 +41,6 @@ bool changes_vector(const std::string& name) {
   return false;
 }
 
-std::uint32_t item_of(const std::vector<Given>& given) {
-  return given.size() > 1 ? static_cast<std::uint32_t>(given[1].integer) : 0;
-}
-
 // With the environment variable KELPBOX_FUZZ_SHOW, a replay shows the calls and their exceptions.
 void show(const Line& line, const Thrown& thrown) {
   static const bool shows = std::getenv("KELPBOX_FUZZ_SHOW") != nullptr;
@@ -99,6 +50,10 @@ void show(const Line& line, const Thrown& thrown) {
 }
 
 }  // namespace
+
+std::uint32_t item_of(const std::vector<Given>& given) {
+  return given.size() > 1 ? static_cast<std::uint32_t>(given[1].integer) : 0;
+}
 
 void fail(const std::string& what) {
   require(false, what);
@@ -146,25 +101,15 @@ bool Session::resolve(const Row& row, const Line& line, std::vector<Given>& give
           std::erase(one.text, '/');
           one.text = site_folder() + one.text;
         }
-        if (takes_formulas(row.name)) {
-          tame_formulas = tame_formulas && Fuzz::tame_formulas().count(one.text) != 0;
-        }
         break;
       case Kind::real:
         one.real = real_of(token);
-        tame_numbers = tame_numbers && is_tame(one.real);
         break;
       case Kind::integer:
       case Kind::boolean:
         one.integer = integer_of(token);
         break;
       case Kind::reals:
-        one.null = token == "none";
-        one.list = list_of(token);
-        for (const std::string& value : one.list) {
-          tame_numbers = tame_numbers && is_tame(real_of(value));
-        }
-        break;
       case Kind::integers:
       case Kind::texts:
         one.null = token == "none";
@@ -245,13 +190,13 @@ void Session::check_exception(const Row& row, const Thrown& thrown) {
 }
 
 void Session::before(const Row& row, const std::vector<Given>& given) {
+  note_before(row, given);
   if (const auto lent = ended_by(row.name)) {
     const bool of_item = row.name != "Kelpbox_Params_param_list";
     handles_.end_lent(given[0].integer, of_item ? std::optional(item_of(given)) : std::nullopt,
                       lent);
   } else if (changes_vector(row.name)) {
     handles_.end_elements(given[0].integer);
-    if (!handles_.owned(given[0].integer)) untouched = false;
   } else if (row.name == "Kelpbox_Experiment_remove") {
     handles_.end_lent(given[0].integer, item_of(given), std::nullopt);
   } else if (row.name == "Kelpbox_Experiment_clear" || row.name == "clear") {
@@ -282,6 +227,7 @@ void Session::after(const Row& row, const std::vector<Given>& given, const Retur
   if (row.name == "Kelpbox_Experiment_add_timeseries" || row.name == "addTimeSeries") {
     handles_.pin(given[2].integer, given[0].integer);
   }
+  note_after(row, given, returned);
   if (row.name.ends_with("initialise")) sites_[given[0].integer].file = given[1].text;
 }
 

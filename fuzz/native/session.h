@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,11 +15,15 @@
 #include "fuzz/native/handles.h"
 #include "fuzz/native/rows.h"
 #include "fuzz/native/script.h"
+#include "fuzz/native/tame.h"
 
 namespace Fuzz {
 
 // Prints the failure and ends the process, so that the fuzzer keeps the input.
 [[noreturn]] void fail(const std::string& what);
+
+// The second argument as a number.
+std::uint32_t item_of(const std::vector<Given>& given);
 
 // The folder of the site scripts, with a slash at its end.
 std::string site_folder();
@@ -27,6 +32,9 @@ std::string site_folder();
 struct Site {
   std::string file;           // read with success
   std::vector<double> rates;  // in Hz, of the components and modifiers that were set
+  Items items;
+  std::set<std::uint32_t> finite_signals;  // definitions whose signals were found to be finite
+  bool wild_records = false;               // whether the analysis holds one that is not tame
 };
 
 class Session {
@@ -39,19 +47,16 @@ class Session {
 
   // A line that names no function, or an object that does not exist, does nothing.
   void run(const Line& line);
-  // Builds a known wave on the newest experiment with a site, or on a new one.
+  // Builds a known wave and separates a known measurement: on all experiments with the flume, or on
+  // a new one if there is none.
   void check_usable();
 
   ArrayHost& host() { return host_; }
   Handles& handles() { return handles_; }
   std::map<jlong, Site>& sites() { return sites_; }
 
-  // Whether all numbers so far were finite and of a sane magnitude, and whether all formulas were
-  // known not to give NaN.
-  bool tame_numbers = true;
-  bool tame_formulas = true;
-  // Whether the host has written to results of the library, or to its own vectors in use.
-  bool untouched = true;
+  // Whether the parameters that the last call was given were tame before it.
+  bool tame_given = true;
   // Work that may still be asked for, in samples.
   double budget = 4e6;
 
@@ -60,6 +65,9 @@ class Session {
   void check_exception(const Row& row, const Thrown& thrown);
   void before(const Row& row, const std::vector<Given>& given);
   void after(const Row& row, const std::vector<Given>& given, const Returned& returned);
+  void note_before(const Row& row, const std::vector<Given>& given);
+  // Of a call that succeeded.
+  void note_after(const Row& row, const std::vector<Given>& given, const Returned& returned);
 
   ArrayHost host_;
   Handles handles_;

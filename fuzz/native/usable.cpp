@@ -82,24 +82,69 @@ void build_known_wave(Facade& facade) {
   facade.Experiment::remove(run);
 }
 
+// Three probes in a wave that travels forward.
+void separate_known_wave(Facade& facade) {
+  constexpr double sampling = 8.0;
+  constexpr std::size_t samples = 16;  // a period of the known wave
+  std::vector<std::uint32_t> probes;
+  Base::Params values;
+  for (const double x : {2.0, 2.7, 3.6}) {
+    std::vector<double> record;
+    for (std::size_t i = 0; i < samples; ++i) {
+      const double t = static_cast<double>(i) / sampling;
+      record.push_back(amplitude *
+                       std::cos(2 * std::numbers::pi * frequency * t - wave_number() * x));
+    }
+    values.clear();
+    values.insert("rate", sampling, "Hz");
+    values.insert("x", x, "m");
+    values.insert("y", 0.0, "m");
+    probes.push_back(facade.add_series(values, record));
+  }
+  values.clear();
+  values.insert("start_time", 0.0, "s");
+  values.insert("stop_time", static_cast<double>(samples) / sampling, "s");
+  const std::uint32_t set = facade.create_set(values, probes);
+  Base::Params site;
+  facade.Experiment::query(site);
+  facade.Kelpbox::Analysis::set(site);
+  const std::uint32_t process =
+      facade.create_process(set, static_cast<std::uint32_t>(Kelpbox::ProcessKind::wave_trains));
+  values.clear();
+  values.insert("freq", frequency, "Hz");
+  values.insert("angle", 0.0, "rad");
+  Base::Params results;
+  facade.get_results(process, values, results);
+  expect_near(results.at("Forward free fundamental").value, amplitude, "the forward amplitude");
+}
+
+void check_flume(Facade& facade) {
+  // What an analysis has added is never freed (docs/native-ownership.md).
+  constexpr int most_analyses = 100000;
+  static int analyses = 0;
+  if (++analyses <= most_analyses) separate_known_wave(facade);
+  // Makes the tank ready.
+  Base::Params site;
+  facade.Experiment::query(site);
+  facade.Experiment::set(site);
+  build_known_wave(facade);
+}
+
 }  // namespace
 
 void Session::check_usable() {
-  const auto newest = handles_.pick(Type::experiment, 0, false);
   std::string message;
   try {
-    if (newest && sites_[*newest].file.ends_with("flume.site")) {
-      Facade& facade = facade_at(*newest);
-      // Makes the tank ready after an analysis.
-      Base::Params site;
-      facade.Experiment::query(site);
-      facade.Experiment::set(site);
-      build_known_wave(facade);
-    } else if (newest && sites_[*newest].file.empty()) {
-      Facade facade;
-      facade.initialise(site_folder() + "flume.site");
-      build_known_wave(facade);
+    bool checked = false;
+    for (const auto& [address, site] : sites_) {
+      if (!site.file.ends_with("flume.site")) continue;
+      check_flume(facade_at(address));
+      checked = true;
     }
+    if (checked) return;
+    Facade facade;
+    facade.initialise(site_folder() + "flume.site");
+    check_flume(facade);
     return;
   } catch (const std::string& failure) {
     message = failure;
