@@ -1,5 +1,5 @@
 // Formulas that cannot give NaN or infinity, whatever their variable: made only of short numbers,
-// the variable, sums, differences and products, sines and cosines.
+// the variable, parameters, sums, differences and products, sines and cosines.
 #ifndef KELPBOX_FUZZ_BOUNDED_FORMULA_H_
 #define KELPBOX_FUZZ_BOUNDED_FORMULA_H_
 
@@ -24,8 +24,9 @@ inline bool is_bounded_formula(std::string_view text) {
       if (++digits > most_digits) return false;
     } else {
       digits = 0;
-      for (const std::string_view word : {"sin(", "cos(", "$[Hz]", "$[s]", "$[rad]", "@Hz", "@m2s",
-                                          "@ms", "@m", "@s", "@rad", "@deg"}) {
+      for (const std::string_view word :
+           {"sin(", "cos(", "$[Hz]", "$[s]", "$[rad]", "a[m]", "b[Hz]", "c[s]", "f[Hz]", "@Hz",
+            "@m2s", "@ms", "@m", "@s", "@rad", "@deg"}) {
         if (text.substr(0, word.size()) == word) {
           length = word.size();
           break;
@@ -41,12 +42,12 @@ inline bool is_bounded_formula(std::string_view text) {
 }
 
 // A spectrum that is not negative either: a negative variance density has no amplitude. It has one
-// function, since bands near a limit below the run's harmonics mix functions, and their sum may be
+// function: a limit below the band in which it counts mixes functions, and their sum may be
 // negative (docs/components.md).
 inline bool is_bounded_density(std::string_view text) {
   return is_bounded_formula(text) && std::count(text.begin(), text.end(), '#') == 2 &&
-         text.find('-') == std::string_view::npos && text.find("sin") == std::string_view::npos &&
-         text.find("cos") == std::string_view::npos;
+         text.find_first_of("-abcf") == std::string_view::npos &&
+         text.find("sin") == std::string_view::npos;
 }
 
 }  // namespace Fuzz

@@ -62,7 +62,10 @@ class Values {
     for (const std::string& name : names) {
       Base::Quantity& quantity = params.at(name);
       const char letter = next();
-      if (letter == '-') continue;  // not set
+      if (letter == '-') {  // not set
+        are_sane_ = false;
+        continue;
+      }
       quantity.value = value_of(letter, name);
       are_sane_ = are_sane_ && std::abs(quantity.value) <= 1e3;
       quantity.state = Base::ValueState();
