@@ -4,6 +4,7 @@
 //
 // The first line gives the values of the parameters in the order of their names, a letter each.
 // Each further line begins with a letter for the kind of the item, and the rest is its text.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -184,6 +185,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   site.set(sea, place);
 
   Values values(lines.front());
+  const bool has_waves = std::any_of(lines.begin() + 1, lines.end(), [](const std::string& line) {
+    return line[0] == 's' || line[0] == 't';  // '\0' if it is empty
+  });
+  // Something for modifiers to change.
+  if (!has_waves) values.set(site, add(site, sea, "s0.2@Hz#0.002@m2s#1.8@Hz"));
   bool complete = true;
   bool bounded = true;
   for (std::size_t i = 1; i < lines.size(); ++i) {
