@@ -150,6 +150,14 @@ const FileRecord& OutputFolder::record(const std::string& name) {
   return record;
 }
 
+void OutputFolder::require_files() const {
+  for (const auto& [name, record] : files_) {
+    std::error_code error;
+    fs::file_size(fs::path(hidden_) / name, error);
+    if (error) cannot_write(shown(name), error.value());
+  }
+}
+
 void OutputFolder::commit() {
   flush_folder(hidden_, target_);
   const std::string old = put_in_place(hidden_, place_, target_);

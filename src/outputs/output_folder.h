@@ -47,6 +47,9 @@ class OutputFolder {
   // Size and checksum of a finished file, read once. Throws CannotWrite.
   const FileRecord& record(const std::string& name);
 
+  // Throws CannotWrite if a file is gone again: something else has removed it.
+  void require_files() const;
+
   // Flushes all files to the disk and puts the folder in its place. Throws CannotWrite.
   void commit();
 

@@ -44,6 +44,7 @@ std::string write_run(Jobs::Run& run, const Jobs::DriveSignals& drive,
   std::string summary = summary_text(run, &drive, judgement, reports, &folder);
   folder.write("summary.json", summary);
   if (run.job.report) write_page(folder, progress);
+  folder.require_files();
   return summary;
 }
 

@@ -227,6 +227,17 @@ TEST(OutputFolder, ReadsAFileOnceForItsRecord) {
   EXPECT_EQ(folder.record("a.txt").sha256, first);
 }
 
+TEST(OutputFolder, NamesAFileThatWasRemoved) {
+  const Testing::TempDir dir;
+  OutputFolder folder(dir.file("x.out"));
+  folder.write("a.txt", "1");
+  folder.write("b.txt", "2");
+  EXPECT_EQ(Testing::refused([&] { folder.require_files(); }), "(written)");
+  fs::remove(folder.path_of("b.txt"));
+  EXPECT_EQ(Testing::refused([&] { folder.require_files(); }),
+            dir.file("x.out/b.txt") + ": No such file or directory");
+}
+
 TEST(OutputFolder, HasItsFilesInTheTargetAfterCommit) {
   const Testing::TempDir dir;
   OutputFolder folder(dir.file("x.out"));
