@@ -137,6 +137,54 @@ TEST_F(FailingDisk, ThatFailsOnceKeepsTheEarlierResultsOrDoesNoHarm) {
   EXPECT_EQ(harmless, "oooo");
 }
 
+// File systems without an exchange of folders say so with any of these errors.
+TEST_F(FailingDisk, ThatCannotExchangeFoldersPutsTheResultsInTheirPlaceInSteps) {
+  const std::size_t exchange = calls_of_a_run(EINVAL).rfind('r') + 1;
+  for (const int error : {EINVAL, ENOSYS, ENOTSUP}) {
+    const Result exchanged = run_failing(static_cast<long>(exchange), error);
+    EXPECT_STREQ(exchanged.plan.name, "renameat2");
+    EXPECT_EQ(exchanged.ran.code, 0);
+    EXPECT_TRUE(is_tidy());
+    EXPECT_TRUE(files() == second_);
+    std::filesystem::remove_all(folder_.file("job.out"));
+    const Result moved = run_failing(static_cast<long>(exchange), error);
+    EXPECT_STREQ(moved.plan.name, "renameat2");
+    EXPECT_EQ(moved.ran.code, 0);
+    EXPECT_TRUE(files() == second_);
+    bring_back_first();
+  }
+  const Result failed = run_failing(static_cast<long>(exchange), EINVAL, true);
+  EXPECT_EQ(failed.ran.code, 3);
+  EXPECT_EQ(failed.ran.err, "error: cannot write job.out: Invalid argument\n");
+  EXPECT_TRUE(is_tidy());
+  EXPECT_TRUE(files() == first_);
+}
+
+// Some file systems cannot flush a folder. The last one that is flushed holds the results.
+TEST_F(FailingDisk, ThatCannotFlushFoldersHasAllResults) {
+  const std::size_t flush = calls_of_a_run(EINVAL).rfind('s') + 1;
+  for (const int error : {EINVAL, ENOTSUP}) {
+    const Result flushed = run_failing(static_cast<long>(flush), error);
+    EXPECT_STREQ(flushed.plan.name, "sync");
+    EXPECT_EQ(flushed.ran.code, 0);
+    EXPECT_EQ(flushed.ran.err, "");
+    EXPECT_TRUE(files() == second_);
+    bring_back_first();
+  }
+}
+
+TEST_F(FailingDisk, WhoseCallsAreInterruptedBySignalsHasAllResults) {
+  const std::string calls = calls_of_a_run(EINTR);
+  const std::size_t write = calls.find('w');
+  for (const std::size_t call : {write, calls.find('c', write)}) {
+    ASSERT_NE(call, std::string::npos);
+    EXPECT_EQ(run_failing(static_cast<long>(call + 1), EINTR).ran.code, 0);
+    EXPECT_TRUE(is_tidy());
+    EXPECT_TRUE(files() == second_);
+    bring_back_first();
+  }
+}
+
 // From the first file that is flushed to the disk to the last one of the earlier results that is
 // removed.
 TEST_F(FailingDisk, ProgramsThatAreKilledAtAnyStepOfTheExchangeLeaveWholeResults) {
