@@ -28,9 +28,10 @@ Probe probe(std::vector<double> samples = std::vector<double>(16)) {
 
 // Of 16 samples in 16 s.
 Probe sine(double periods) {
-  std::vector<double> samples;
-  for (int i = 0; i < 16; ++i)
-    samples.push_back(std::cos(2.0 * std::numbers::pi * periods * i / 16));
+  std::vector<double> samples(16);
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    samples[i] = std::cos(2.0 * std::numbers::pi * periods * static_cast<double>(i) / 16.0);
+  }
   return probe(samples);
 }
 
