@@ -62,6 +62,8 @@ TEST_F(WavesBuilds, TheMotionIsBuiltWithItsStatistics) {
   const jlong calm = params({{"old", 1, "m"}});
   ASSERT_EQ(thrown_in(WAVES(motionStatistics), experiment, run, 0, calm), Thrown{});
   EXPECT_TRUE(names(calm).empty());
+  EXPECT_EQ(thrown_in(WAVES(motionStatistics), experiment, run, -1, calm),
+            domain("bank -1 is out of range"));
   EXPECT_EQ(thrown_in(WAVES(buildMotion), experiment, run, params()), domain("rate::Not found"));
 }
 
@@ -112,6 +114,8 @@ TEST_F(WavesBuilds, AnAnimationIsLaidOutAndBuiltByColumns) {
   }
   EXPECT_EQ(progress(), 1.0);
   EXPECT_EQ(thrown_in(WAVES(buildColumns), experiment, run, -1, 1),
+            domain("column -1 is out of range"));
+  EXPECT_EQ(thrown_in(WAVES(buildColumns), experiment, run, 0, -1),
             domain("column -1 is out of range"));
   EXPECT_EQ(thrown_in(WAVES(layOutFrames), experiment, run, params()), domain("rate::Not found"));
 }

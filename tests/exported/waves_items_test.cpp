@@ -111,6 +111,7 @@ TEST_F(WavesItems, BanksAndPaddlesAreThoseOfTheSite) {
 TEST_F(WavesItems, BanksThatDoNotExistAreFailures) {
   const Thrown missing = domain("Paddle bank out of range");
   EXPECT_EQ(thrown_in(WAVES(bank), experiment, 2, params()), missing);
+  EXPECT_EQ(thrown_in(WAVES(bank), experiment, -1, params()), domain("bank -1 is out of range"));
   EXPECT_EQ(thrown_in(WAVES(paddles), experiment, 2), missing);
   EXPECT_EQ(thrown_in(WAVES(paddles), experiment, -1), domain("bank -1 is out of range"));
 }

@@ -125,6 +125,7 @@ TEST_F(WavesRun, RefusedFrontsHaveTheMessagesOfTheLibrary) {
   EXPECT_NE(set, Thrown{});
   EXPECT_EQ(thrown_in(WAVES(transferFronts), experiment, run, -1),
             domain("set -1 is out of range"));
+  EXPECT_EQ(thrown_in(WAVES(position), experiment, run, -1), domain("set -1 is out of range"));
 }
 
 TEST_F(WavesRun, MessagesOfARunAreRead) {
