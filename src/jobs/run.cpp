@@ -14,6 +14,7 @@
 #include "jobs/failure.h"
 #include "jobs/fallbacks.h"
 #include "jobs/input_files.h"
+#include "jobs/judge_site.h"
 #include "jobs/preparation.h"
 #include "jobs/read_site.h"
 #include "jobs/signal_requests.h"
@@ -126,6 +127,7 @@ std::unique_ptr<Run> prepare(Job job, Diagnostics faults) {
   run->job = std::move(job);
   Preparation p{*run, faults};
   read_site(p);
+  judge_site(p);
   set_definition(p);
   for (const Sea& sea : run->job.seas) add_sea(p, sea);
   read_requests(p);
