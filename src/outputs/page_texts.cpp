@@ -11,6 +11,7 @@
 #include "outputs/cannot_read.h"
 #include "outputs/regular_file.h"
 #include "outputs/summary_form.h"
+#include "outputs/summary_lengths.h"
 
 namespace Outputs {
 namespace {
@@ -67,7 +68,8 @@ Json read_summary(const PageSource& source) {
     if (is_too_deep(text)) throw CannotRead{foreign};
     const Json summary = Json::parse(text);
     if (!is_complete(summary)) throw CannotRead{foreign};
-    const std::string fault = fault_of_form(summary);
+    std::string fault = fault_of_form(summary);
+    if (fault.empty()) fault = fault_of_lengths(summary);
     if (!fault.empty()) throw CannotRead{foreign + ": " + fault};
     return summary;
   } catch (const Json::parse_error& error) {

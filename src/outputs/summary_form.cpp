@@ -10,7 +10,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 // A question mark allows null. "*" stands for every key. A "rate" is above 0, and a "count" is a
-// whole number: the page divides by rates and makes room for counts.
+// whole number: the page divides by rates and makes room for counts. A "harmonic" is both. What has
+// an exclamation mark must be there, since the page reads it of each element of a list.
 constexpr const char* form = R"({
   "kelpbox": "text", "compiler": "text", "title": "text",
   "site": {"name": "text", "tank": "text", "identity": "text", "file": "text"},
@@ -20,7 +21,7 @@ constexpr const char* form = R"({
     "banks": [{"name": "text", "machine": "text", "paddle_width": "number", "paddles":
       {"number": ["number"], "x": ["number"], "y": ["number"], "angle": ["number"]}}]
   },
-  "run": {"repeat": "rate", "lowest_harmonic": "count", "highest_harmonic": "count",
+  "run": {"repeat": "rate", "lowest_harmonic": "count", "highest_harmonic": "harmonic",
     "side_walls": "truth value", "fronts": "count"},
   "seas": [{"name": "text", "sentence": "text", "waves": ["text"], "fronts": "count",
     "holds": {"x": "number", "y": "number", "t": "number"}}],
@@ -38,9 +39,9 @@ constexpr const char* form = R"({
     "x": {"from": "number", "step": "number", "count": "count"},
     "y": {"from": "number", "step": "number", "count": "count"}, "remarks": ["text"]},
   "judged": "count", "looks": "count",
-  "findings": [{"group": "text", "key": "text", "quantity": "text", "units": "text",
-    "asked": "number?", "made": "number?", "asked_text": "text", "made_text": "text",
-    "criterion": "text", "verdict": "text?", "remark": "text", "minor": "truth value"}],
+  "findings": [{"group": "!text", "key": "!text", "quantity": "!text", "units": "!text",
+    "asked": "!number?", "made": "!number?", "asked_text": "!text", "made_text": "!text",
+    "criterion": "!text", "verdict": "!text?", "remark": "!text", "minor": "!truth value"}],
   "remarks": ["text"],
   "inputs": [{"name": "text", "bytes": "number", "sha256": "text"}],
   "files": [{"name": "text", "bytes": "number", "sha256": "text"}]
@@ -50,18 +51,21 @@ constexpr const char* form = R"({
 constexpr double largest_rate = 1e15;
 constexpr double largest_number = 1e300;
 constexpr double largest_count = 4294967295.0;
+constexpr double largest_harmonic = 1e9;
+
+double largest(std::string_view type) {
+  if (type == "rate") return largest_rate;
+  if (type == "count") return largest_count;
+  return type == "harmonic" ? largest_harmonic : largest_number;
+}
 
 std::string fault_of_number(const Json& value, std::string_view type) {
   if (!value.is_number()) return "is not a number";
   const auto number = value.get<double>();
-  if (type == "rate" && !(number > 0.0)) return "is not above 0";
-  if (type == "count" && (number != std::floor(number) || number < 0.0)) {
-    return "is not a whole number";
-  }
-  const double largest = type == "count"  ? largest_count
-                         : type == "rate" ? largest_rate
-                                          : largest_number;
-  return std::abs(number) > largest ? "is too large" : "";
+  const bool is_whole = number == std::floor(number) && number >= 0.0;
+  if ((type == "count" || type == "harmonic") && !is_whole) return "is not a whole number";
+  if ((type == "rate" || type == "harmonic") && !(number > 0.0)) return "is not above 0";
+  return std::abs(number) > largest(type) ? "is too large" : "";
 }
 
 std::string fault_of_type(const Json& value, std::string_view type) {
@@ -70,9 +74,14 @@ std::string fault_of_type(const Json& value, std::string_view type) {
   return fault_of_number(value, type);
 }
 
+bool is_required(const Json& wanted) {
+  return wanted.is_string() && wanted.get_ref<const std::string&>().front() == '!';
+}
+
 std::string fault(const Json& value, const Json& wanted, const std::string& place);
 
 std::string fault_of_value(const Json& value, std::string type, const std::string& place) {
+  if (type.front() == '!') type.erase(0, 1);
   if (type.back() == '?') {
     if (value.is_null()) return "";
     type.pop_back();
@@ -98,6 +107,9 @@ std::string fault_of_object(const Json& value, const Json& members, const std::s
     if (wanted == members.end()) continue;
     std::string found = fault(member, *wanted, before + key);
     if (!found.empty()) return found;
+  }
+  for (const auto& [key, member] : members.items()) {
+    if (is_required(member) && !value.contains(key)) return before + key + " is missing";
   }
   return "";
 }

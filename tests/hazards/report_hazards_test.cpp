@@ -79,6 +79,7 @@ void write_empty(const std::string& path, const std::string& variable,
 const std::string frames = "\"frames\": 320";
 const std::string count = "\"count\": 21";
 const std::string samples = "\"samples\": 3200";
+const std::string rate = "\"rate\": 50.0";
 
 const Rows rows = {
     edited(
@@ -90,15 +91,27 @@ const Rows rows = {
             "2: error: job.out/summary.json: is not a summary of `kelpbox run`: drive.samples is "
             "too large\n"),
     summary("FourBillionSamples", samples, "\"samples\": 4294967295",
-            "2: error: job.out/drive.nc: drive_1 has 1 x 3200 values, but summary.json says 1 x "
-            "4294967295\n"),
+            "2: error: job.out/summary.json: is not a summary of `kelpbox run`: drive.samples is "
+            "not drive.rate times run.repeat\n"),
+    edited(
+        "FourBillionSamplesAtARateThatGivesThem",
+        [](const TempDir& folder) {
+          std::string text = folder.contents("job.out/summary.json");
+          text.replace(text.find(rate), rate.size(), "\"rate\": 67108864.0");
+          text.replace(text.find(samples), samples.size(), "\"samples\": 4294967295");
+          folder.write("job.out/summary.json", text);
+        },
+        "2: error: job.out/drive.nc: drive_1 has 1 x 3200 values, but summary.json says 1 x "
+        "4294967295\n"),
     summary("FourBillionPaddles", "\"paddles\": 1,", "\"paddles\": 4294967295,",
             "2: error: job.out/drive.nc: drive_1 has 1 x 3200 values, but summary.json says "
             "4294967295 x 3200\n"),
     summary("ARateOf1e300Hz", "\"rate\": 50.0", "\"rate\": 1e300",
             "2: error: job.out/summary.json: is not a summary of `kelpbox run`: drive.rate is too "
             "large\n"),
-    summary("ARateOf1eMinus300Hz", "\"rate\": 50.0", "\"rate\": 1e-300", "0: "),
+    summary("ARateOf1eMinus300Hz", "\"rate\": 50.0", "\"rate\": 1e-300",
+            "2: error: job.out/summary.json: is not a summary of `kelpbox run`: drive.samples is "
+            "not drive.rate times run.repeat\n"),
     summary("ARateOfZero", "\"rate\": 50.0", "\"rate\": 0.0",
             "2: error: job.out/summary.json: is not a summary of `kelpbox run`: drive.rate is not "
             "above 0\n"),
@@ -106,14 +119,19 @@ const Rows rows = {
             "2: error: job.out/summary.json: is not a summary of `kelpbox run`: run.repeat is too "
             "large\n"),
     summary("FourBillionHarmonics", "\"highest_harmonic\": 128", "\"highest_harmonic\": 4294967295",
-            "2: error: job.out/summary.json: is not a summary of `kelpbox run`\n"),
+            "2: error: job.out/summary.json: is not a summary of `kelpbox run`: "
+            "run.highest_harmonic is too large\n"),
+    summary("ABillionHarmonics", "\"highest_harmonic\": 128", "\"highest_harmonic\": 1000000000",
+            "0: "),
     summary("ADepthOf1e301Metres", "\"depth\": [0.7", "\"depth\": [1e301",
             "2: error: job.out/summary.json: is not a summary of `kelpbox run`: "
             "plan.profile.depth[0] is too large\n"),
     summary("ANumberBeyondAllNumbers", samples, "\"samples\": 1e999",
             "2: error: job.out/summary.json: has a number that is too large\n"),
-    summary("AMillionEmptyFindings", "\"findings\": [",
-            "\"findings\": [" + repeated("{},", 1'000'000), "0: "),
+    summary(
+        "AMillionEmptyFindings", "\"findings\": [", "\"findings\": [" + repeated("{},", 1'000'000),
+        "2: error: job.out/summary.json: is not a summary of `kelpbox run`: findings[0].group is "
+        "missing\n"),
     edited(
         "ASummaryOfNestedLists",
         [](const TempDir& folder) {
@@ -144,6 +162,7 @@ const Rows rows = {
         [](const TempDir& folder) {
           std::string text = folder.contents("job.out/summary.json");
           text.replace(text.find(frames), frames.size(), "\"frames\": 4294967295");
+          text.replace(text.find("\"rate\": 5.0"), 11, "\"rate\": 67108864.0");
           folder.write("job.out/summary.json", text);
           write_empty(folder.file("job.out/field.nc"), "eta", {4294967295, 3, 21});
         },

@@ -18,9 +18,9 @@ using Testing::Json;
 class BrokenResults : public testing::Test {
  protected:
   BrokenResults() {
-    summary["drive"] = Testing::drive_of(2, 3, 1.0);
-    summary["points"] = {{{"name", "p"}, {"rate", 1.0}, {"samples", 2}}};
-    summary["field"] = {{"rate", 1.0},
+    summary["drive"] = Testing::drive_of(2, 3, 0.3);
+    summary["points"] = {{{"name", "p"}, {"rate", 0.2}, {"samples", 2}}};
+    summary["field"] = {{"rate", 0.2},
                         {"frames", 2},
                         {"x", {{"from", 0.0}, {"step", 1.0}, {"count", 2}}},
                         {"y", {{"from", 0.0}, {"step", 1.0}, {"count", 2}}}};
@@ -49,7 +49,7 @@ TEST_F(BrokenResults, AreReportedForAFolderThatIsNotThere) {
 }
 
 TEST_F(BrokenResults, AreReportedForFilesThatMayNotBeRead) {
-  summary["drive"] = Testing::drive_of(1, 1, 1.0);
+  summary["drive"] = Testing::drive_of(1, 1, 0.1);
   dir.write("summary.json", summary.dump());
   dir.write("drive_1.csv", "time [s],paddle 1 [m]\n0,1\n");
   std::filesystem::permissions(dir.path(), std::filesystem::perms(0755));
@@ -106,11 +106,6 @@ TEST_F(BrokenResults, AreReportedForARunWithoutARepeatTime) {
   EXPECT_EQ(why().find("x.out/summary.json: is not a summary of `kelpbox run`"), 0U);
 }
 
-TEST_F(BrokenResults, AreReportedForMoreHarmonicsThanAnyRunHas) {
-  summary["run"]["highest_harmonic"] = 1'000'000'001;
-  EXPECT_EQ(why(), "x.out/summary.json: is not a summary of `kelpbox run`");
-}
-
 TEST_F(BrokenResults, AreReportedForFoldersInPlaceOfFiles) {
   std::filesystem::create_directory(dir.file("log.txt"));
   EXPECT_EQ(why(), "x.out/log.txt: Is a directory");
@@ -127,10 +122,6 @@ TEST_F(BrokenResults, AreReportedForForeignSummaries) {
     dir.write("summary.json", text);
     EXPECT_EQ(Testing::no_page(dir.path()), foreign) << text;
   }
-  const Json good = summary;
-  summary["run"]["highest_harmonic"] = 0;
-  EXPECT_EQ(why(), foreign);
-  summary = good;
   summary["plan"] = Json::object();
   EXPECT_EQ(why(), foreign);
 }
@@ -177,6 +168,8 @@ TEST_F(BrokenResults, AreReportedForNumbersThatNoRunHas) {
       {"/run/repeat", 0, "run.repeat is not above 0"},
       {"/run/repeat", -1, "run.repeat is not above 0"},
       {"/run/highest_harmonic", -1, "run.highest_harmonic is not a whole number"},
+      {"/run/highest_harmonic", 0, "run.highest_harmonic is not above 0"},
+      {"/run/highest_harmonic", 1'000'000'001, "run.highest_harmonic is too large"},
       {"/drive/rate", 0.0, "drive.rate is not above 0"},
       {"/drive/samples", -1, "drive.samples is not a whole number"},
       {"/drive/samples", 18446744073709551615U, "drive.samples is too large"},
@@ -204,6 +197,43 @@ TEST_F(BrokenResults, AreNotReportedForLargeLimits) {
   }
   summary["plan"] = {{"y", {-1e20, 1e20}}};
   EXPECT_EQ(why(), others);
+}
+
+// Repeat times are 10 s.
+TEST_F(BrokenResults, AreReportedForRatesThatDoNotAgreeWithTheirSamples) {
+  struct Wrong {
+    const char* place;
+    Json value;
+    const char* fault;
+  };
+  const Json good = summary;
+  const Wrong all[] = {
+      {"/drive/rate", 1e-300, "drive.samples is not drive.rate times run.repeat"},
+      {"/drive/samples", 5, "drive.samples is not drive.rate times run.repeat"},
+      {"/points/0/rate", 20.0, "points[0].samples is not points[0].rate times run.repeat"},
+      {"/field/frames", 0, "field.frames is not field.rate times run.repeat"},
+      {"/run/repeat", 100.0, "drive.samples is not drive.rate times run.repeat"},
+  };
+  for (const Wrong& wrong : all) {
+    summary = good;
+    summary[Json::json_pointer(wrong.place)] = wrong.value;
+    EXPECT_EQ(why(),
+              "x.out/summary.json: is not a summary of `kelpbox run`: " + std::string(wrong.fault));
+  }
+}
+
+TEST_F(BrokenResults, AreReportedForFindingsWithoutWhatThePageReads) {
+  const Json whole = {{"group", "sea"},     {"key", "hs"},          {"quantity", "Hs"},
+                      {"units", "m"},       {"asked", nullptr},     {"made", 0.1},
+                      {"asked_text", ""},   {"made_text", "10 cm"}, {"criterion", ""},
+                      {"verdict", nullptr}, {"remark", ""},         {"minor", false}};
+  for (const auto& [key, value] : whole.items()) {
+    Json part = whole;
+    part.erase(key);
+    summary["findings"] = {whole, part};
+    EXPECT_EQ(why(), "x.out/summary.json: is not a summary of `kelpbox run`: findings[1]." + key +
+                         " is missing");
+  }
 }
 
 // To open a FIFO waits for a writer, and the zeros of a device never end.

@@ -88,7 +88,7 @@ TEST_F(PageSignals, MayBeOneSampleOfOnePaddle) {
 }
 
 TEST_F(PageSignals, AreThoseOfBanksWithPaddles) {
-  write_drive(1, 2, 1.0, [](std::size_t, std::size_t) { return 0.5; });
+  write_drive(1, 2, 0.2, [](std::size_t, std::size_t) { return 0.5; });
   std::filesystem::rename(dir.file("drive_1.csv"), dir.file("drive_2.csv"));
   Json& banks = summary["drive"]["banks"];
   banks = {banks[0], banks[0]};
@@ -100,7 +100,7 @@ TEST_F(PageSignals, AreThoseOfBanksWithPaddles) {
 }
 
 TEST_F(PageSignals, AreNoneWithoutSamples) {
-  write_drive(1, 0, 1.0, [](std::size_t, std::size_t) { return 0.5; });
+  write_drive(1, 0, 0.1, [](std::size_t, std::size_t) { return 0.5; });
   EXPECT_EQ(page().at("drive"), Json::array());
 }
 
@@ -204,7 +204,7 @@ TEST_F(PageSignals, AtAPointEndWithTheLastBand) {
 }
 
 TEST_F(PageSignals, AtPointsWithoutSamplesAreNotShown) {
-  write_point(0, 4.0, [](double) { return "0"; });
+  write_point(0, 0.1, [](double) { return "0"; });
   EXPECT_EQ(page().at("points"), Json::array());
 }
 
