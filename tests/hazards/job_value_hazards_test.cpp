@@ -23,6 +23,12 @@ std::string field(const std::string& rate, const std::string& step) {
          "\" }\ny = { from = \"0 m\", to = \"0.8 m\", step = \"0.4 m\" }\n";
 }
 
+// Their squares are beyond all numbers.
+const std::string no_variance =
+    "2: error: the waves cannot be judged: their variance is not finite\n --> job.toml:4:1\n  |\n4 "
+    "| "
+    "[[sea]]\n  | ^^^^^^^\njob.toml: 1 error, nothing was built\n";
+
 const Rows values = {
     job_value("ARepeatOfMinusOneSecond", "run.repeat", "-1 s",
               "2: error: `repeat` must be above 0\n --> --set:1:12\n  |\n1 | run.repeat=-1 s\n  |  "
@@ -74,11 +80,24 @@ const Rows values = {
               "2: error: `ramp` must not be negative\n --> --set:1:12\n  |\n1 | drive.ramp=-1 s\n  "
               "|            ^^^^\njob.toml: 1 error, nothing was built\n"),
     job_value("AFrequencyOf1e300Hz", "sea.1.wave.1.f", "1e300 Hz", "0: "),
-    job_value("ANegativeFrequency", "sea.1.wave.1.f", "-0.5 Hz", "0: "),
+    job_value(
+        "ANegativeFrequency", "sea.1.wave.1.f", "-0.5 Hz",
+        "2: error: `f` must be above 0\n --> --set:1:16\n  |\n1 | sea.1.wave.1.f=-0.5 Hz\n  | "
+        "               ^^^^^^^\njob.toml: 1 error, nothing was built\n"),
+    job_value(
+        "AFrequencyOfZero", "sea.1.wave.1.f", "0 Hz",
+        "2: error: `f` must be above 0\n --> --set:1:16\n  |\n1 | sea.1.wave.1.f=0 Hz\n  |    "
+        "            ^^^^\njob.toml: 1 error, nothing was built\n"),
     job_value("AnAmplitudeOf1e300Metres", "sea.1.wave.1.a", "1e300 m",
               "2: error: the drive signals cannot be built: Unmatched zero crossings\n --> "
               "job.toml\n  = a signal jumps from beyond one limit to beyond the other: a lower "
               "wave or a higher rate\njob.toml: 1 error, nothing was built\n"),
+    job_value("AnAmplitudeOf2e154Metres", "sea.1.wave.1.a", "2e154 m", no_variance),
+    job_value("AnAmplitudeOf1e160Metres", "sea.1.wave.1.a", "1e160 m", no_variance),
+    job_value("AnAmplitudeOf1e250Metres", "sea.1.wave.1.a", "1e250 m", no_variance),
+    job_value("AnAmplitudeOf1e308Metres", "sea.1.wave.1.a", "1e308 m", no_variance),
+    job_lines("AGainThatOverflows", text(change("GainAdjust", "formula = \"exp(500)\"")),
+              no_variance),
     job_value("APhaseOf1e300Degrees", "sea.1.wave.1.phase", "1e300 deg", "0: "),
     job_value("AnAngleOf1e300Degrees", "sea.1.wave.1.angle", "1e300 deg", "0: "),
     job_value("APlaceOutsideTheTank", "sea.1.holds.x", "1e300 m",
@@ -86,6 +105,11 @@ const Rows values = {
               "--set:1:15\n  |\n1 | sea.1.holds.x=1e300 m\n  |               ^^^^^^^\njob.toml: 1 "
               "error, nothing was built\n"),
     job_value("ATimeOf1e300Seconds", "sea.1.holds.t", "1e300 s", "0: "),
+    job_value(
+        "ATimeOf1e308Seconds", "sea.1.holds.t", "1e308 s",
+        "2: error: the waves cannot be built: Front set::t = 1e+308 s or y = 0 m is too large: "
+        "the phase at the paddles is not finite\n --> job.toml:2:1\n  |\n2 | [run]\n  | "
+        "^^^^^\njob.toml: 1 error, nothing was built\n"),
     job_value(
         "AUnitOfAHundredKilobytes", "run.repeat", "1 " + std::string(100'000, 'x'),
         error_in_long_line("`repeat` is a time, but \"1 " + std::string(500, 'x'), "--set",
@@ -120,7 +144,7 @@ const Rows values = {
         "AFieldInStepsOfANanometre", text(field("5 Hz", "1e-9 m")),
         "2: error: the field has 3e+10 points\n --> job.toml:9:1\n  |\n9 | [field]\n  | ^^^^^^^ at "
         "most 4.29e+09 can be computed: a larger step\njob.toml: 1 error, nothing was built\n"),
-    job_lines("AFieldOfTenTerabytes", text(field("50 Hz", "1e-8 m")),
+    job_lines("AFieldOfNineteenTerabytes", text(field("50 Hz", "1e-8 m")),
               "2: error: the field needs 19000 GB, which this machine does not have\n --> "
               "job.toml:9:1\n  |\n9 | [field]\n  | ^^^^^^^ a larger step or a lower rate needs "
               "less\njob.toml: 1 error, nothing was built\n"),

@@ -78,6 +78,13 @@ std::string rows_of_waves(std::size_t count) {
   return text;
 }
 
+// Heights of 1e308 mm, and times that rise.
+std::string huge_heights() {
+  std::string text = "time [s],eta [mm]\n";
+  for (int i = 0; i < 40; ++i) text += std::to_string(i) + (i % 2 == 0 ? ",1e308\n" : ",-1e308\n");
+  return text;
+}
+
 // What `kelpbox check` reports at the record of the job above.
 std::string at_record(const std::string& message, const std::string& advice = {},
                       const std::string& file = "r.csv") {
@@ -138,12 +145,15 @@ Rows all() {
   refuse(
       rows, "OfNumbersThatAreNone", [] { return std::string("time [s],eta [mm]\n0,nan\n1,inf\n"); },
       "r.csv:2: \"nan\" is not a finite number");
+  add_file(
+      rows, "OfNumbersOf1e308", huge_heights,
+      "2: error: the drive signals cannot be built: Unmatched zero crossings\n --> job.toml\n  = a "
+      "signal jumps from beyond one limit to beyond the other: a lower wave or a higher "
+      "rate\njob.toml: 1 error, nothing was built\n",
+      "2: error: r.csv: the record of eta is too large to compute with\n");
   refuse_uneven(
-      rows, "OfNumbersOf1e308",
-      [] { return "time [s],eta [mm]\n" + repeated("0,1e308\n1,-1e308\n", 20); }, "r.csv:4");
-  refuse_uneven(
-      rows, "OfTimesThatFall", [] { return "time [s],eta [mm]\n" + repeated("1,1\n0,2\n", 20); },
-      "r.csv:4");
+      rows, "OfTimesThatJumpBack",
+      [] { return "time [s],eta [mm]\n" + repeated("0,1\n1,2\n", 20); }, "r.csv:4");
   refuse_uneven(
       rows, "OfTimesFarApart", [] { return std::string("time [s],eta [mm]\n-1e308,1\n1e308,2\n"); },
       "r.csv:3");
