@@ -57,6 +57,24 @@ TEST_F(Seas, ListsRequiredParametersBeforeThoseInParentheses) {
   EXPECT_NE(out().find("hs tp  (gamma sigma_a sigma_b f_min f_max)\n"), std::string::npos);
 }
 
+TEST_F(Seas, SayWhichColumnsAFileNeeds) {
+  const auto meaning_of_file = [](const std::string& kind) {
+    for (const Cli::SeaPage& page : Cli::sea_pages()) {
+      for (const Cli::PageParameter& parameter : page.parameters) {
+        if (page.name == kind && parameter.name == "file") return parameter.meaning;
+      }
+    }
+    return std::string();
+  };
+  EXPECT_EQ(meaning_of_file("fronts"),
+            "a CSV file, relative to the job, with the columns f and a, and angle and phase where "
+            "they are not 0; units in its heads, such as a [mm]");
+  EXPECT_EQ(meaning_of_file("table"),
+            "a CSV file, relative to the job, with the columns f and S; units in its heads, such "
+            "as S [m2/Hz]; straight lines between them");
+  EXPECT_EQ(meaning_of_file("record"), "a CSV file, relative to the job");
+}
+
 TEST_F(Seas, DescribesEachKindInLinesThatFitATerminal) {
   for (const Cli::SeaPage& page : Cli::sea_pages()) {
     SCOPED_TRACE(page.name);
