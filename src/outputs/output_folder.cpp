@@ -153,7 +153,7 @@ const FileRecord& OutputFolder::record(const std::string& name) {
 void OutputFolder::require_files() const {
   for (const auto& [name, record] : files_) {
     std::error_code error;
-    fs::file_size(fs::path(hidden_) / name, error);
+    static_cast<void>(fs::file_size(fs::path(hidden_) / name, error));
     if (error) cannot_write(shown(name), error.value());
   }
 }
