@@ -16,17 +16,18 @@ bool lies_in_tank(const Common::Tank& tank, double y, double width) {
   return y >= tank.min_y - 0.5 * width && y <= tank.max_y + 0.5 * width;
 }
 
-void judge_bank(const Common::Tank& tank, const Common::Paddles& bank,
-                std::vector<std::string>& faults) {
+// Such a bank may be meant: the library makes its signals.
+void remark_on_bank(const Common::Tank& tank, const Common::Paddles& bank,
+                    std::vector<std::string>& remarks) {
   const double width = bank.machine().paddle_width;
   if (!(width > 0.0)) {
-    faults.push_back(fmt::format("bank `{}`: `paddle_width` must be above 0", bank.name));
+    remarks.push_back(fmt::format("bank `{}`: its `paddle_width` is not above 0", bank.name));
     return;
   }
   for (std::size_t i = 0; i < bank.pad_pos.size(); ++i) {
     if (lies_in_tank(tank, bank.pad_pos[i].y, width)) continue;
     // One is sufficient: the others are often wrong in the same way.
-    faults.push_back(fmt::format(
+    remarks.push_back(fmt::format(
         "bank `{}`: paddle {} lies outside the tank, which reaches from {:g} to {:g} m across",
         bank.name, i + 1, tank.min_y, tank.max_y));
     return;
@@ -46,7 +47,7 @@ void judge_site(Preparation& p) {
     faults.emplace_back("its `base_g` must be above 0");
   }
   for (std::size_t i = 0; i < site.wavemaker_bank.size(); ++i) {
-    judge_bank(p.run.experiment.tank(), site.wavemaker_bank[i], faults);
+    remark_on_bank(p.run.experiment.tank(), site.wavemaker_bank[i], p.run.remarks);
   }
   for (const std::string& fault : faults) {
     p.faults.push_back(

@@ -4,26 +4,44 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "jobs/job_folder.h"
 
 namespace Jobs {
 namespace {
 
-// Why a run in an example with one change of its site is refused.
+const std::string job =
+    "[run]\nrepeat = \"64 s\"\n[[sea]]\n[[sea.wave]]\nkind = \"single\"\nf = \"0.5 Hz\"\na = \"20 "
+    "mm\"\n";
+
+// A folder with one change in the site of an example.
+struct ChangedSite : Testing::JobFolder {
+  ChangedSite(const std::string& site, const std::string& from, const std::string& to)
+      : job_text("site = \"" + site + "\"\n" + job) {
+    std::filesystem::copy(Testing::example("common"), file("common"));
+    std::ifstream in(Testing::example(site));
+    std::ostringstream script;
+    script << in.rdbuf();
+    std::string text = script.str();
+    const std::size_t at = text.find(from);
+    EXPECT_NE(at, text.npos) << site << " has no " << from;
+    if (at != text.npos) text.replace(at, from.size(), to);
+    write(site, text);
+  }
+  std::string job_text;
+};
+
+// Why a run is refused.
 std::string refusal(const std::string& site, const std::string& from, const std::string& to) {
-  const Testing::JobFolder folder;
-  std::filesystem::copy(Testing::example("common"), folder.file("common"));
-  std::ifstream in(Testing::example(site));
-  std::ostringstream script;
-  script << in.rdbuf();
-  std::string text = script.str();
-  const std::size_t at = text.find(from);
-  if (at == text.npos) return site + " has no " + from;
-  folder.write(site, text.replace(at, from.size(), to));
-  return folder.refusal("site = \"" + site +
-                        "\"\n[run]\nrepeat = \"64 s\"\n[[sea]]\n[[sea.wave]]\n"
-                        "kind = \"single\"\nf = \"0.5 Hz\"\na = \"20 mm\"\n");
+  const ChangedSite changed(site, from, to);
+  return changed.refusal(changed.job_text);
+}
+
+std::vector<std::string> remarks(const std::string& site, const std::string& from,
+                                 const std::string& to) {
+  const ChangedSite changed(site, from, to);
+  return changed.prepare(changed.job_text)->remarks;
 }
 
 std::string flume(const std::string& fault) { return "1: the site `flume.site`: " + fault + "\n"; }
@@ -43,29 +61,29 @@ TEST(JudgeSite, GravityMustBeAboveZero) {
             flume("its `base_g` must be above 0"));
 }
 
-TEST(JudgeSite, PaddlesMustHaveAWidth) {
+TEST(JudgeSite, PaddlesWithoutAWidthAreRemarkedOn) {
   for (const std::string width : {"0", "-0.8", "$"}) {
-    EXPECT_EQ(refusal("flume.site", "paddle_width = 0.8;", "paddle_width = " + width + ";"),
-              flume("bank `piston`: `paddle_width` must be above 0"))
+    EXPECT_EQ(remarks("flume.site", "paddle_width = 0.8;", "paddle_width = " + width + ";"),
+              std::vector<std::string>{"bank `piston`: its `paddle_width` is not above 0"})
         << width;
   }
 }
 
 // The flume reaches from 0 to 0.8 m, and its paddle is 0.8 m wide.
-TEST(JudgeSite, PaddlesMustReachIntoTheTank) {
-  const std::string outside =
-      flume("bank `piston`: paddle 1 lies outside the tank, which reaches from 0 to 0.8 m across");
+TEST(JudgeSite, PaddlesOutsideTheTankAreRemarkedOn) {
+  const std::vector<std::string> outside = {
+      "bank `piston`: paddle 1 lies outside the tank, which reaches from 0 to 0.8 m across"};
   for (const std::string y : {"1e308", "1.21", "-0.41", "$"}) {
-    EXPECT_EQ(refusal("flume.site", "y = 0.4;", "y = " + y + ";"), outside) << y;
+    EXPECT_EQ(remarks("flume.site", "y = 0.4;", "y = " + y + ";"), outside) << y;
   }
   for (const std::string y : {"1.19", "-0.39"}) {
-    EXPECT_EQ(refusal("flume.site", "y = 0.4;", "y = " + y + ";"), "") << y;
+    EXPECT_TRUE(remarks("flume.site", "y = 0.4;", "y = " + y + ";").empty()) << y;
   }
 }
 
 // A tank without side walls need not have a width.
 TEST(JudgeSite, PaddlesMayLieAnywhereWhereTheTankHasNoWidth) {
-  EXPECT_EQ(refusal("basin.site", "max_y = 20;", "max_y = 0;"), "");
+  EXPECT_TRUE(remarks("basin.site", "max_y = 20;", "max_y = 0;").empty());
 }
 
 TEST(JudgeSite, EachFaultIsReported) {
