@@ -41,14 +41,6 @@ TEST(PageFacts, TheDepthIsZeroWhereThePlanHasNone) {
   EXPECT_EQ(page_facts(summary).depth, 0.0);
 }
 
-TEST(PageFacts, NeedARepeatTimeAndHarmonics) {
-  for (const char* key : {"repeat", "highest_harmonic"}) {
-    Testing::Json summary = Testing::bare_summary();
-    summary["run"][key] = 0.0;
-    EXPECT_THROW(page_facts(summary), Testing::Json::other_error) << key;
-  }
-}
-
 TEST(PageFacts, ThePeakIsTheFrequencyOfTheGreatestDensity) {
   Testing::Json summary = Testing::bare_summary();
   summary["spectrum"] = {{"f", {0.5, 0.6, 0.7, 0.8}}, {"made", {nullptr, 0.2, 0.3, 0.1}}};
