@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/commands.h"
+#include "cli/unit_names.h"
 #include "text_console.h"
 
 namespace {
@@ -115,6 +116,19 @@ TEST_F(Units, ReportsErrorsAsJson) {
 TEST_F(Units, TakesAPlainNumber) {
   EXPECT_EQ(convert("3"), 0);
   EXPECT_EQ(out(), "3\n");
+}
+
+TEST(LikelyUnit, OfAWordIsItsSymbol) {
+  const std::pair<const char*, const char*> words[] = {
+      {"millimetres", "mm"}, {"centimeters", "cm"}, {"kilometre", "km"}, {"inches", "in"},
+      {"foot", "ft"},        {"yard", "yd"},        {"miles", "mi"},     {"knots", "kn"},
+      {"seconds", "s"},      {"minutes", "min"},    {"hour", "h"},       {"hertz", "Hz"},
+      {"radians", "rad"},    {"grams", "g"},        {"kilograms", "kg"}, {"pounds", "lb"},
+      {"ounces", "oz"},      {"newtons", "N"},      {"pascals", "Pa"},   {"litres", "L"},
+      {"joules", "J"},       {"watts", "W"},        {"volts", "V"},      {"amperes", "A"}};
+  for (const auto& [word, symbol] : words) EXPECT_EQ(Cli::likely_unit(word), symbol) << word;
+  EXPECT_EQ(Cli::likely_unit("tonnes"), "Mg");          // 1000 kg
+  EXPECT_EQ(Cli::likely_unit("milliseconds"), "msec");  // ms is the metre-second
 }
 
 TEST_F(Units, RefusesWhatIsNoQuantity) {
