@@ -171,6 +171,12 @@ TEST_F(ExplainCommand, FailsForAMessageThatNoPageHas) {
   EXPECT_EQ(Cli::explain({" "}, console), 2);
 }
 
+TEST_F(ExplainCommand, SaysThatAMessageIsOnlySimilar) {
+  EXPECT_EQ(Cli::explain({"the sweep has no output"}, console), 0);
+  EXPECT_NE(out().find("AngleSweep"), std::string::npos);
+  EXPECT_EQ(err(), "note: no page has exactly this message; this one is the most similar\n");
+}
+
 TEST_F(ExplainCommand, ReadsAStackTraceFromStandardInput) {
   std::istringstream trace(
       "Exception in thread \"main\" tidelab.waves.component.WaveSynthesisException: Value x=31 is "
