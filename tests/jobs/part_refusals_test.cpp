@@ -199,7 +199,8 @@ TEST(PartRefusals, TheTimesOfARecordIncrease) {
   EXPECT_EQ(of_times("1"), "");
   EXPECT_EQ(of_times("0"), "7: the times of column `time` do not increase (give `rate`)\n");
   // The rate would be infinite.
-  EXPECT_EQ(of_times("5e-324"), "7: the times of column `time` do not increase (give `rate`)\n");
+  EXPECT_EQ(of_times("5e-324"),
+            "7: the times of column `time` are too close together (give `rate`)\n");
 }
 
 TEST(PartRefusals, AFrequencyIsReportedAtTheKeyThatIsGiven) {
