@@ -14,7 +14,6 @@
 #include <exception>
 #include <new>
 #include <string>
-#include <utility>
 
 #include "base/compose.h"
 #include "script/log.h"
@@ -32,31 +31,30 @@ inline std::string text_of(const char* fixed_message) {
   }
 }
 
-// "<fixed message>: <reason>", or the fixed message alone if memory has run out.
+// "<fixed message>: <reason>". If memory has run out, the fixed message alone.
 template <typename Reason>
-std::string with_reason(std::string fixed_message, const Reason& reason) {
+std::string with_reason(const char* fixed_message, const Reason& reason) {
   try {
     return Base::compose(fixed_message, ": ", reason);
   } catch (const std::bad_alloc&) {
-    return fixed_message;
+    return text_of(fixed_message);
   }
 }
 
 // Returns what the operation returns.
 template <LogItems log_items = LogItems::hidden, typename Operation>
 auto guarded(const char* fixed_message, Operation operation) -> decltype(operation()) {
-  std::string text = text_of(fixed_message);  // made while there is memory
   try {
     return operation();
   } catch (const Script::LogItm& item) {
-    if constexpr (log_items == LogItems::shown) throw with_reason(std::move(text), item.text);
-    throw std::move(text);
+    if constexpr (log_items == LogItems::shown) throw with_reason(fixed_message, item.text);
+    throw text_of(fixed_message);
   } catch (const std::string&) {
     throw;
   } catch (const std::exception& failure) {
-    throw with_reason(std::move(text), failure.what());
+    throw with_reason(fixed_message, failure.what());
   } catch (...) {
-    throw std::move(text);
+    throw text_of(fixed_message);
   }
 }
 
