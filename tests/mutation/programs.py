@@ -209,7 +209,7 @@ class Copy:
             raise TestsFail(f"cannot protect the machine from planted faults:\n{text}")
         if process.returncode == 0:
             return "", ""
-        names = re.findall(r"\[  FAILED  \] ([A-Za-z]\w*\.[\w/]+)", text)
+        names = re.findall(r"\[  FAILED  \] ([A-Za-z][\w/]*\.[\w/]+)", text)
         name = names[0] if names else ""
         return f"{test['name']}: " + (name or f"ended with {process.returncode}"), name
 
