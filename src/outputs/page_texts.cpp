@@ -66,7 +66,7 @@ Json read_summary(const PageSource& source) {
   try {
     const std::string foreign = shown + ": is not a summary of `kelpbox run`";
     if (is_too_deep(text)) throw CannotRead{foreign};
-    const Json summary = Json::parse(text);
+    Json summary = Json::parse(text);
     if (!is_complete(summary)) throw CannotRead{foreign};
     std::string fault = fault_of_form(summary);
     if (fault.empty()) fault = fault_of_lengths(summary);
