@@ -6,6 +6,7 @@
 
 #include "cli/program_run.h"
 #include "cli/sample_jobs.h"
+#include "support/own_process.h"
 
 using Testing::Ran;
 using Testing::run_program;
@@ -177,6 +178,7 @@ TEST_F(RunCommand, NamesStandardInputInItsMessages) {
 }
 
 TEST_F(RunCommand, SaysThatItCannotStartAProcess) {
+  if (Testing::sanitized) GTEST_SKIP() << "a sanitizer needs pipes of its own";
   folder_.write("small.toml", Testing::quick_job());
   // The streams and one more file: the program can be loaded, but make no pipe.
   const std::string script = "exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; ulimit -n 4; exec '" +
