@@ -16,14 +16,10 @@ bool lies_in_tank(const Common::Tank& tank, double y, double width) {
   return y >= tank.min_y - 0.5 * width && y <= tank.max_y + 0.5 * width;
 }
 
-// Such a bank may be meant: the library makes its signals.
+// Such a bank may be meant: it may stand behind the wall.
 void remark_on_bank(const Common::Tank& tank, const Common::Paddles& bank,
                     std::vector<std::string>& remarks) {
   const double width = bank.machine().paddle_width;
-  if (!(width > 0.0)) {
-    remarks.push_back(fmt::format("bank `{}`: its `paddle_width` is not above 0", bank.name));
-    return;
-  }
   for (std::size_t i = 0; i < bank.pad_pos.size(); ++i) {
     if (lies_in_tank(tank, bank.pad_pos[i].y, width)) continue;
     // One is sufficient: the others are often wrong in the same way.
@@ -47,7 +43,13 @@ void judge_site(Preparation& p) {
     faults.emplace_back("its `base_g` must be above 0");
   }
   for (std::size_t i = 0; i < site.wavemaker_bank.size(); ++i) {
-    remark_on_bank(p.run.experiment.tank(), site.wavemaker_bank[i], p.run.remarks);
+    const Common::Paddles& bank = site.wavemaker_bank[i];
+    // Without a width, each wave would be judged as one that no paddle can make.
+    if (!(bank.machine().paddle_width > 0.0)) {
+      faults.push_back(fmt::format("bank `{}`: `paddle_width` must be above 0", bank.name));
+    } else {
+      remark_on_bank(p.run.experiment.tank(), bank, p.run.remarks);
+    }
   }
   for (const std::string& fault : faults) {
     p.faults.push_back(

@@ -9,10 +9,12 @@
 namespace Maths {
 namespace {
 
-// A number that is not finite is passed on. Without this check, finite ones could give NaN too.
-void require_phase(const HarmonicFront& front, double before, const Position& position) {
+// A number that is not finite is passed on. A time or place that is finite, but too large, would
+// give NaN all the same.
+void require_phase(const HarmonicFront& front, double before, const Position& position,
+                   double y_ref) {
   if (std::isfinite(front.phase) || front.amp == 0) return;
-  if (!std::isfinite(front.angle) || !std::isfinite(before)) return;
+  if (!std::isfinite(front.angle) || !std::isfinite(before) || !std::isfinite(y_ref)) return;
   if (!std::isfinite(position.t) || !std::isfinite(position.y)) return;
   throw Base::compose("Front set::t = ", position.t, " s or y = ", position.y,
                       " m is too large: the phase at the paddles is not finite");
@@ -46,7 +48,7 @@ void refer_to_paddles(FrontSet& set, const TankRun& tank, double y_ref) {
       if (!tank.angle_in_range(a)) front.amp = 0;
       const double before = front.phase;
       front.phase = before - ((y_ref - set.position.y) * ky + w * set.position.t);
-      require_phase(front, before, set.position);
+      require_phase(front, before, set.position, y_ref);
     }
   }
 }

@@ -70,6 +70,7 @@ std::string put_in_place(const std::string& folder, const std::string& place,
   // Another process may make or remove the place meanwhile.
   int error = 0;
   std::string old;
+  std::string exchanged = folder;  // copied while a failure still leaves everything in its place
   for (int attempt = 0; attempt < 10; ++attempt) {
     std::error_code ignored;
     const bool exists = fs::exists(fs::symlink_status(place, ignored));
@@ -77,7 +78,7 @@ std::string put_in_place(const std::string& folder, const std::string& place,
       require_replaceable(place, shown);
       copy_rights(place, folder);
       error = rename_with(RENAME_EXCHANGE, folder, place);
-      if (error == 0) old = folder;
+      if (error == 0) old = std::move(exchanged);
       if (unsupported(error)) {
         old = swap_in_two_steps(folder, place, shown);
         error = 0;

@@ -1,6 +1,7 @@
 #include "outputs/summary_form.h"
 
 #include <cmath>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
@@ -47,16 +48,15 @@ constexpr const char* form = R"({
   "files": [{"name": "text", "bytes": "number", "sha256": "text"}]
 })";
 
-// The page computes with rates. Other numbers may stand for "no limit" in a site.
+// Other numbers have no bound: a large one may stand for "no limit" in a site.
 constexpr double largest_rate = 1e15;
-constexpr double largest_number = 1e300;
 constexpr double largest_count = 4294967295.0;
 constexpr double largest_harmonic = 1e9;
 
 double largest(std::string_view type) {
   if (type == "rate") return largest_rate;
   if (type == "count") return largest_count;
-  return type == "harmonic" ? largest_harmonic : largest_number;
+  return type == "harmonic" ? largest_harmonic : std::numeric_limits<double>::max();
 }
 
 std::string fault_of_number(const Json& value, std::string_view type) {

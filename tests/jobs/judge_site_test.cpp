@@ -61,10 +61,10 @@ TEST(JudgeSite, GravityMustBeAboveZero) {
             flume("its `base_g` must be above 0"));
 }
 
-TEST(JudgeSite, PaddlesWithoutAWidthAreRemarkedOn) {
+TEST(JudgeSite, PaddlesMustHaveAWidth) {
   for (const std::string width : {"0", "-0.8", "$"}) {
-    EXPECT_EQ(remarks("flume.site", "paddle_width = 0.8;", "paddle_width = " + width + ";"),
-              std::vector<std::string>{"bank `piston`: its `paddle_width` is not above 0"})
+    EXPECT_EQ(refusal("flume.site", "paddle_width = 0.8;", "paddle_width = " + width + ";"),
+              flume("bank `piston`: `paddle_width` must be above 0"))
         << width;
   }
 }

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <limits>
+
 #include "outputs/csv_reader.h"
 #include "outputs/folder_listing.h"
 #include "outputs/made_page.h"
@@ -179,7 +181,6 @@ TEST_F(BrokenResults, AreReportedForNumbersThatNoRunHas) {
       {"/field/frames", true, "field.frames is not a number"},
       {"/field/x/count", 1e300, "field.x.count is too large"},
       {"/field/rate", 1e16, "field.rate is too large"},
-      {"/plan", {{"x", {0, -1e301}}}, "plan.x[1] is too large"},
   };
   for (const Wrong& wrong : all) {
     summary = good;
@@ -192,9 +193,9 @@ TEST_F(BrokenResults, AreReportedForNumbersThatNoRunHas) {
 // A site may write "no limit" as a large number.
 TEST_F(BrokenResults, AreNotReportedForLargeLimits) {
   for (const char* name : {"maximum", "minimum", "clip_limit"}) {
-    summary["drive"]["banks"][0][name] = 1e30;
+    summary["drive"]["banks"][0][name] = std::numeric_limits<double>::max();
   }
-  summary["plan"] = {{"y", {-1e20, 1e20}}, {"profile", {{"x", {0, 1}}, {"depth", {1, 1}}}}};
+  summary["plan"] = {{"y", {-1e308, 1e308}}, {"profile", {{"x", {0, 1}}, {"depth", {1, 1}}}}};
   dir.write("summary.json", summary.dump());
   EXPECT_EQ(Testing::no_page(dir.path()), "(written)");
 }
