@@ -68,6 +68,8 @@ TEST_F(Completion, OffersFilesOfTheRightKind) {
   EXPECT_EQ(offered("run --out = fo"), "folder\n");
   EXPECT_EQ(offered("run --out ="), "folder\n");
   EXPECT_EQ(offered("run --set s"), "\n");
+  EXPECT_EQ(offered("new --to ''"),
+            "a b.toml|folder|kelpbox.bash|other.txt|storm.toml|x.csv|x.site\n");
   EXPECT_EQ(offered("completion ''"), "bash|zsh\n");
   EXPECT_EQ(offered("seas jon"), "jonswap\n");
   EXPECT_EQ(offered("new jon"), "jonswap\n");
