@@ -1,6 +1,7 @@
 // `kelpbox seas`.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
@@ -102,6 +103,24 @@ TEST_F(Seas, AWrappedFormulaIsTheFormulaWithLineEndsAndIndents) {
     }
     EXPECT_EQ(joined, page.formula);
   }
+}
+
+TEST_F(Seas, BreaksFormulasBeforeOperatorsThatAreNotPartOfAUnit) {
+  int continued = 0;
+  for (const Cli::SeaPage& page : Cli::sea_pages()) {
+    if (page.formula.empty()) continue;
+    seas(page.name);
+    const std::size_t head = out().find("\nFormula");
+    for (const std::string& line : lines_of(out().substr(head, out().find("\n\n", head) - head))) {
+      EXPECT_EQ(std::count(line.begin(), line.end(), '['),
+                std::count(line.begin(), line.end(), ']'))
+          << line;
+      if (line.substr(0, 6) != "      ") continue;
+      ++continued;
+      EXPECT_NE(std::string("*/+").find(line.at(6)), std::string::npos) << line;
+    }
+  }
+  EXPECT_GT(continued, 5);
 }
 
 TEST_F(Seas, AnUnknownNameIsRefusedWithTheNearest) {
