@@ -100,6 +100,18 @@ TEST_F(ReadProbeRecords, ReadsOnlyTheChosenColumns) {
   EXPECT_EQ(found.probes[0].name, "b");
 }
 
+// The samples are 50 ms apart: half of that is 25 ms.
+TEST_F(ReadProbeRecords, BeginsWithTheNearestSample) {
+  const std::string text = two("time [s],a [mm],b [mm]");
+  options.stop = "20 s";
+  options.start = "10.0248 s";
+  EXPECT_DOUBLE_EQ(read(text).start, 10.0);
+  EXPECT_EQ(read(text).samples(), 200U);
+  options.start = "10.0252 s";
+  EXPECT_DOUBLE_EQ(read(text).start, 10.05);
+  EXPECT_EQ(read(text).samples(), 199U);
+}
+
 TEST_F(ReadProbeRecords, RefusesWhatItCannotUse) {
   const std::pair<std::string, std::string> cases[] = {
       {two("time [s],a,b"),
