@@ -9,6 +9,8 @@
 
 #include "base/constants.h"
 #include "cli/commands.h"
+#include "cli/record_analysis.h"
+#include "facade/experiment.h"
 #include "maths/dispersion.h"
 #include "support/output.h"
 #include "support/temp_dir.h"
@@ -180,8 +182,8 @@ TEST_F(Analyse, SaysThatProbesStandTooCloseTogether) {
   EXPECT_TRUE(notes("no wave trains: the probes stand too close together for waves of 0.5 Hz"));
 }
 
-TEST_F(Analyse, LabelsTheSignificantWaveOfIrregularRecords) {
-  // Two waves of 0.5 and 0.65 Hz beat, so their periods vary by far more than 1 per cent.
+// Two waves of 0.5 and 0.65 Hz beat, so their periods vary by far more than 1 per cent.
+std::string beat() {
   std::string text = "time [s],a [mm]\n";
   for (int j = 0; j < 2000; ++j) {
     const double t = 0.05 * j;
@@ -189,12 +191,44 @@ TEST_F(Analyse, LabelsTheSignificantWaveOfIrregularRecords) {
         30.0 * std::sin(std::numbers::pi * t) + 25.0 * std::sin(1.3 * std::numbers::pi * t + 1.0);
     text += std::to_string(t) + "," + std::to_string(surface) + "\n";
   }
-  EXPECT_EQ(analyse(text), 0);
+  return text;
+}
+
+TEST_F(Analyse, LabelsTheSignificantWaveOfIrregularRecords) {
+  EXPECT_EQ(analyse(beat()), 0);
   EXPECT_NE(out().find("waves by zero crossings: irregular"), std::string::npos);
   EXPECT_NE(out().find("of the same wave; not H1/3"), std::string::npos);
   // 4 sqrt((30^2 + 25^2) / 2) mm. 100 s hold whole periods of both waves.
   EXPECT_NE(out().find("4 standard deviations (Hm0)          110.45 mm"), std::string::npos)
       << out();
+}
+
+TEST_F(Analyse, JsonHasTheSignificantWaveOfIrregularRecords) {
+  const auto found = json(beat());
+  const auto& crossings = found["zero_crossings"];
+  EXPECT_EQ(crossings["regular"], false);
+  // Between the periods of the two waves, and not above the crest where they meet.
+  EXPECT_GT(crossings["sig_t"], 1.0 / 0.65);
+  EXPECT_LT(crossings["sig_t"], 1.0 / 0.5);
+  EXPECT_GT(crossings["sig_h"], 2.0 * 0.005);
+  EXPECT_LT(crossings["sig_h"], 2.0 * 0.055);
+}
+
+// The library refuses two values of one name. A script cannot have them.
+TEST_F(Analyse, NotesWhyTheLibraryFindsNoWaves) {
+  const Cli::ProbeRecords records =
+      Cli::read_probe_records(dir.write("r.csv", SyntheticRecords().file()), {});
+  Kelpbox::Experiment site;
+  Cli::RecordAnalysis found;
+  Testing::printed([&] {
+    site.initialise(options.site);
+    site.tank().param[1].name = site.tank().param[0].name;
+    found = Cli::analyse_records(records, 0.0, site);
+  });
+  EXPECT_FALSE(found.crossings);
+  ASSERT_FALSE(found.notes.empty());
+  EXPECT_EQ(found.notes.front(),
+            "no waves by zero crossings: \"still_water_correction\"::Duplicate parameter:");
 }
 
 TEST_F(Analyse, CutsTheWindowInTheTimesOfTheFile) {
