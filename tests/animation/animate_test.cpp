@@ -2,6 +2,7 @@
 #include <limits>
 #include <new>
 
+#include "base/streams.h"
 #include "test_animation.h"
 
 namespace {
@@ -38,6 +39,16 @@ TEST(Animate, EachColumnWritesTheAnglesOfItsFronts) {
   grid.x_step = 5.0;
   const std::string column = "0.25\n-0.5\n0.333333\n";
   EXPECT_EQ(sea.build(grid), column + column + column);
+}
+
+TEST(Animate, TheAnglesHaveTheFormatOfTheStream) {
+  AnimatedSea sea({{7, {0.1, 1.0 / 3, 0.0}}});
+  GridText grid;
+  grid.x_step = 10.0;
+  const std::streamsize before = Base::progress().precision(3);
+  const std::string lines = sea.build(grid);
+  Base::progress().precision(before);
+  EXPECT_EQ(lines, "0.333\n0.333\n");
 }
 
 TEST(Animate, AngleLinesEndWhereABuildFails) {
