@@ -86,6 +86,13 @@ TEST_F(WorkersTest, OneThreadIsTheDefault) {
   EXPECT_EQ(experiment.workers(), 1u);
 }
 
+TEST_F(WorkersTest, TheyReachTheDefinitionsThatWereNotRemoved) {
+  experiment.add_definition("kept");
+  experiment.remove(experiment.add_definition("removed"));
+  EXPECT_NO_THROW(experiment.set_workers(2));
+  EXPECT_EQ(experiment.workers(), 2u);
+}
+
 TEST_F(WorkersTest, TheyReachDefinitionsMadeBeforeAndAfter) {
   const std::uint32_t before = experiment.add_definition("before");
   build_run(before);
