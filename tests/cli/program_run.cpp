@@ -26,6 +26,8 @@ int open_output(const Setting& setting, const std::string& kept) {
 }
 
 [[noreturn]] void become(const Words& command, const Setting& setting) {
+  // A shell ignores some for a job in the background, and the program would keep that.
+  for (const int each : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) signal(each, SIG_DFL);
   setenv("TERM", "xterm", 1);
   unsetenv("NO_COLOR");
   for (const auto& [name, value] : setting.environment) setenv(name.c_str(), value.c_str(), 1);
@@ -44,7 +46,6 @@ pid_t start(const Words& command, const Setting& setting, const TempDir& streams
     return child;
   }
   setpgid(0, 0);
-  signal(SIGPIPE, SIG_DFL);
   dup2(open(streams.file("in").c_str(), O_RDONLY), STDIN_FILENO);
   dup2(open_output(setting, streams.file("out")), STDOUT_FILENO);
   dup2(open(streams.file("err").c_str(), O_WRONLY | O_CREAT, 0600), STDERR_FILENO);
