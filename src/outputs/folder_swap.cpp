@@ -78,7 +78,7 @@ std::string put_in_place(const std::string& folder, const std::string& place,
       require_replaceable(place, shown);
       copy_rights(place, folder);
       error = rename_with(RENAME_EXCHANGE, folder, place);
-      if (error == 0) old = std::move(exchanged);
+      if (error == 0) old.swap(exchanged);
       if (unsupported(error)) {
         old = swap_in_two_steps(folder, place, shown);
         error = 0;
