@@ -124,11 +124,12 @@ TEST(BuildMerged, SetsAreSummedAndNotChanged) {
 
 // The phase at the paddles would be infinite, and the drive signals NaN.
 TEST(BuildMerged, ATimeOrPlaceWithoutAFinitePhaseIsRefused) {
-  const auto built = [](double y, double t, double amp) {
+  const auto built = [](double y, double t, double amp, double angle = 0.4,
+                        const TankConfig& tank = flat()) {
     RunFronts fronts = with_sets(1);
     fronts.sets[0].position = {12.0, y, t};
-    fronts.sets[0].add_front(20, {amp, 0.4, 0.0});
-    fronts.build_merged(flat());
+    fronts.sets[0].add_front(20, {amp, angle, 0.0});
+    fronts.build_merged(tank);
     return fronts.merged.slots[20];
   };
   const std::string refused = " m is too large: the phase at the paddles is not finite";
@@ -140,7 +141,13 @@ TEST(BuildMerged, ATimeOrPlaceWithoutAFinitePhaseIsRefused) {
   EXPECT_TRUE(std::isfinite(built(0.0, 1e306, 0.1).at(0).phase));
   // A wave of height 0 moves no paddle, and a time that is not finite is passed on.
   EXPECT_EQ(thrown([&] { built(0.0, 1e308, 0.0); }), Testing::nothing_thrown);
-  EXPECT_TRUE(std::isnan(built(0.0, std::numeric_limits<double>::infinity(), 0.1).at(0).phase));
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  EXPECT_TRUE(std::isnan(built(0.0, infinity, 0.1).at(0).phase));
+  EXPECT_TRUE(std::isnan(built(infinity, 0.0, 0.1).at(0).phase));
+  EXPECT_EQ(thrown([&] { built(0.0, 0.0, 0.1, infinity); }), Testing::nothing_thrown);
+  TankConfig wide = flat();
+  wide.y_ref = infinity;
+  EXPECT_TRUE(std::isnan(built(0.0, 0.0, 0.1, 0.4, wide).at(0).phase));
 }
 
 TEST(BuildMerged, WithoutSetsTheMergedSetIsUnchanged) {

@@ -108,6 +108,17 @@ TEST_F(BrokenResults, AreReportedForARunWithoutARepeatTime) {
   EXPECT_EQ(why().find("x.out/summary.json: is not a summary of `kelpbox run`"), 0U);
 }
 
+TEST_F(BrokenResults, AreReportedForRatesAndNumbersOfSamplesThatAreMissing) {
+  const Json good = summary;
+  const std::pair<const char*, const char*> missing[] = {
+      {"run", "repeat"}, {"drive", "rate"}, {"drive", "samples"}};
+  for (const auto& [part, key] : missing) {
+    summary = good;
+    summary[part].erase(key);
+    EXPECT_EQ(why(), "x.out/summary.json: is not a summary of `kelpbox run`") << part << key;
+  }
+}
+
 TEST_F(BrokenResults, AreReportedForFoldersInPlaceOfFiles) {
   std::filesystem::create_directory(dir.file("log.txt"));
   EXPECT_EQ(why(), "x.out/log.txt: Is a directory");
