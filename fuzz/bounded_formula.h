@@ -11,8 +11,8 @@ namespace Fuzz {
 
 inline bool is_digit(char one) { return (one >= '0' && one <= '9') || one == '.'; }
 
-// Limits, formulas and units as in the text of an item. Products of so few short numbers are far
-// below the largest number.
+// Limits, formulas and units as a host gives them to an item. Products of so few short numbers are
+// far below the largest number.
 inline bool is_bounded_formula(std::string_view text) {
   constexpr std::size_t most_characters = 80;
   constexpr std::size_t most_digits = 5;

@@ -1,4 +1,4 @@
-// Formulas. The input is the text of one formula.
+// Formulas. The input is one formula.
 //
 // The properties: a formula that is refused has one of the known messages. One that is read is
 // written in a form that reads back the same. All ways to evaluate it give the same bits, or the

@@ -1,7 +1,7 @@
 // One reading of a script by a fuzz target, and what must hold for each tree of declared classes.
 //
-// The input is the text of the main script. A line "--- file NAME" begins the text of another file,
-// which the script can include.
+// The input is the main script. A line "--- file NAME" begins another file, which the script can
+// include.
 #ifndef KELPBOX_FUZZ_SCRIPT_READING_H_
 #define KELPBOX_FUZZ_SCRIPT_READING_H_
 

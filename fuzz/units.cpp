@@ -59,9 +59,9 @@ std::optional<Units> resolved(const std::string& text) {
 void check_text(Units units) {
   const std::string text = Base::units_text(units);
   const auto again = resolved(text);
-  require(again.has_value(), "the text of units is known");
+  require(again.has_value(), "units are read after they are written");
   const bool whole_name = again->prefix == 0 && units.prefix != 0;
-  require(*again == units || whole_name, "the text of units reads back as these units");
+  require(*again == units || whole_name, "units read back the same");
 }
 
 std::optional<double> factor_between(Units from, Units to) {

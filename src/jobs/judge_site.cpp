@@ -16,7 +16,7 @@ bool lies_in_tank(const Common::Tank& tank, double y, double width) {
   return y >= tank.min_y - 0.5 * width && y <= tank.max_y + 0.5 * width;
 }
 
-// Such a bank may be meant: it may stand behind the wall.
+// Not a fault: a bank may stand behind the wall.
 void remark_on_bank(const Common::Tank& tank, const Common::Paddles& bank,
                     std::vector<std::string>& remarks) {
   const double width = bank.machine().paddle_width;
