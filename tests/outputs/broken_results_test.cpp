@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 
 #include <limits>
+#include <string>
+#include <vector>
 
 #include "outputs/csv_reader.h"
 #include "outputs/folder_listing.h"
@@ -35,6 +37,22 @@ class BrokenResults : public testing::Test {
     std::string message = Testing::no_page(dir.path());
     EXPECT_EQ(Testing::listing(dir.path()), before);
     return message;
+  }
+
+  struct Wrong {
+    const char* place;
+    Json value;
+    const char* fault;
+  };
+  // Each value alone, in an otherwise good summary.
+  void expect_refused(const std::vector<Wrong>& all) {
+    const Json good = summary;
+    for (const Wrong& wrong : all) {
+      summary = good;
+      summary[Json::json_pointer(wrong.place)] = wrong.value;
+      EXPECT_EQ(why(), "x.out/summary.json: is not a summary of `kelpbox run`: " +
+                           std::string(wrong.fault));
+    }
   }
 
   Json summary = Testing::bare_summary();
@@ -140,13 +158,7 @@ TEST_F(BrokenResults, AreReportedForForeignSummaries) {
 }
 
 TEST_F(BrokenResults, AreReportedForValuesOfWrongTypes) {
-  struct Wrong {
-    const char* place;
-    Json value;
-    const char* fault;
-  };
-  const Json good = summary;
-  const Wrong all[] = {
+  expect_refused({
       {"/title", 3, "title is not a text"},
       {"/site", nullptr, "site is not an object"},
       {"/run/repeat", nullptr, "run.repeat is not a number"},
@@ -161,23 +173,11 @@ TEST_F(BrokenResults, AreReportedForValuesOfWrongTypes) {
       {"/plan",
        {{"banks", {{{"paddles", {{"x", 1e30}}}}}}},
        "plan.banks[0].paddles.x is not a list"},
-  };
-  for (const Wrong& wrong : all) {
-    summary = good;
-    summary[Json::json_pointer(wrong.place)] = wrong.value;
-    EXPECT_EQ(why(),
-              "x.out/summary.json: is not a summary of `kelpbox run`: " + std::string(wrong.fault));
-  }
+  });
 }
 
 TEST_F(BrokenResults, AreReportedForNumbersThatNoRunHas) {
-  struct Wrong {
-    const char* place;
-    Json value;
-    const char* fault;
-  };
-  const Json good = summary;
-  const Wrong all[] = {
+  expect_refused({
       {"/run/repeat", 0, "run.repeat is not above 0"},
       {"/run/repeat", -1, "run.repeat is not above 0"},
       {"/run/highest_harmonic", -1, "run.highest_harmonic is not a whole number"},
@@ -192,13 +192,7 @@ TEST_F(BrokenResults, AreReportedForNumbersThatNoRunHas) {
       {"/field/frames", true, "field.frames is not a number"},
       {"/field/x/count", 1e300, "field.x.count is too large"},
       {"/field/rate", 1e16, "field.rate is too large"},
-  };
-  for (const Wrong& wrong : all) {
-    summary = good;
-    summary[Json::json_pointer(wrong.place)] = wrong.value;
-    EXPECT_EQ(why(),
-              "x.out/summary.json: is not a summary of `kelpbox run`: " + std::string(wrong.fault));
-  }
+  });
 }
 
 // A site may write "no limit" as a large number.
@@ -213,25 +207,13 @@ TEST_F(BrokenResults, AreNotReportedForLargeLimits) {
 
 // Repeat times are 10 s.
 TEST_F(BrokenResults, AreReportedForRatesThatDoNotAgreeWithTheirSamples) {
-  struct Wrong {
-    const char* place;
-    Json value;
-    const char* fault;
-  };
-  const Json good = summary;
-  const Wrong all[] = {
+  expect_refused({
       {"/drive/rate", 1e-300, "drive.samples is not drive.rate times run.repeat"},
       {"/drive/samples", 5, "drive.samples is not drive.rate times run.repeat"},
       {"/points/0/rate", 20.0, "points[0].samples is not points[0].rate times run.repeat"},
       {"/field/frames", 0, "field.frames is not field.rate times run.repeat"},
       {"/run/repeat", 100.0, "drive.samples is not drive.rate times run.repeat"},
-  };
-  for (const Wrong& wrong : all) {
-    summary = good;
-    summary[Json::json_pointer(wrong.place)] = wrong.value;
-    EXPECT_EQ(why(),
-              "x.out/summary.json: is not a summary of `kelpbox run`: " + std::string(wrong.fault));
-  }
+  });
 }
 
 TEST_F(BrokenResults, AreReportedForFindingsWithoutWhatThePageReads) {
